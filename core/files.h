@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarnvik {
+
+/// True when something lies at the path. An empty path is nothing.
+bool File_Exists(const std::string& path);
+
+/// Whole content of a file; nothing when it cannot be read.
+std::optional<std::string> Read_File(const std::string& path);
+
+/// Replaces a file by new content: written beside it, flushed to the disk, renamed over it, so that a full
+/// disk or a crash leaves the old file whole. Answers the reason of a failure, empty when it went well.
+std::string Replace_File(const std::string& path, std::string_view content);
+
+/// Copies a file over another in the same safe way. Answers the reason of a failure, empty when it went well.
+std::string Copy_File(const std::string& from, const std::string& to);
+
+/// Folder of a path with its separator behind it (empty when there is none) and the name behind it. "\" and
+/// "/" both separate.
+std::string Folder_Of(std::string_view path);
+std::string Name_Of(std::string_view path);
+
+/// Name derived from a path: the first place of `ending` (any case) becomes `replacement`, all other letters
+/// stay. When no such file exists, a file of the same folder whose name differs only by case is taken
+/// instead.
+std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement);
+
+}  // namespace tarnvik

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "core/ports/picture.h"
+
+namespace tarnvik {
+
+/// The pictures of the program, by the names of their controls.
+enum class Canvas {
+    Dromo,      ///< travel-time curves
+    EchelleX,   ///< scale strip under them
+    EchelleY,   ///< scale strip beside them
+    Dromo2,     ///< the curves in the second window
+    Dromo1,     ///< seismic profile
+    EchelleY1,  ///< its elevation scale
+    Ecran,      ///< field record
+    Echelle3,   ///< its time scale
+    Regle,      ///< floating ruler strip
+    Profile2,   ///< sketch of the spread of a new profile
+    Sketch,     ///< small sketch of the line
+    SpeedEnd,   ///< Picture2 of SpeedF
+};
+
+/// The dialogs of the program, by the names of their forms.
+enum class Dialog {
+    frmSplash,
+    rechinfo,
+    Erase_TT,
+    SpeedF,
+    confirm,
+    SpeedF2,
+    SpeedF3,
+    dip,
+    vELINE,
+    FantomF,
+    quick_interpret,
+    Theoric_F,
+    Fcalcul,
+    DelayF,
+    ABCGridF,
+    GRM,
+    GRM_depth,
+    Zoom,
+    RulerF,
+    Travel_Time_2,
+    AutoPik,
+    Header,
+    rezize,
+    Update_FLDR,
+    resu,
+};
+
+/// The tabs of the main form (SSTab1).
+enum class Tab { Record = 0, Tables = 1, Curves = 2 };
+
+/// What logic may ask of the screen. Each redraw is done at once; without a screen it is done on pictures in
+/// memory or not at all.
+class Display {
+  public:
+    virtual ~Display() = default;
+
+    virtual Picture& Canvas_Of(Canvas canvas) = 0;
+
+    virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw; ends in mode "DROMO"
+    virtual void Display_Record() = 0;  ///< field record, full redraw
+    virtual void Show_Profile() = 0;    ///< seismic profile in the mode in force
+    virtual void Show_Grids() = 0;      ///< Buildgrid, Grille_Shot, remark_grid, size_grid changed
+    virtual void Show_Fields() = 0;     ///< texts and ticks of the main form or of an open dialog changed
+
+    virtual void Select_Tab(Tab tab) = 0;
+    /// Opens a dialog; a modal one returns when it is closed.
+    virtual void Open_Dialog(Dialog dialog, bool modal) = 0;
+    virtual void Close_Dialog(Dialog dialog) = 0;
+    virtual void Bring_To_Front(Dialog dialog) = 0;
+    virtual bool Is_Open(Dialog dialog) const = 0;
+};
+
+}  // namespace tarnvik

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "core/frame.h"
+#include "core/text_grid.h"
+
+namespace tarnvik {
+
+/// A point in whole pixels from the top left corner of a picture.
+struct PixelPoint {
+    int X = 0;
+    int Y = 0;
+    bool operator==(const PixelPoint&) const = default;
+};
+
+enum class DrawMode { Copy, Xor };
+enum class PointerShape { Arrow, Cross, Hourglass, PickMove, Resize };
+
+/// What the drawing routines draw on: a window's picture, a page, a file, or a list in a test. World
+/// coordinates are set by Scale; letters and pens are counted in points, so that they agree on a screen of
+/// any density and on paper. The pen (current position) is moved by lines, points and printed text, as told
+/// at each verb.
+class Picture {
+  public:
+    virtual ~Picture() = default;
+
+    /// World coordinates of the top left and the bottom right corner.
+    virtual void Scale(double left, double top, double right, double bottom) = 0;
+    /// The world coordinates in force and the size in pixels.
+    virtual Frame Current_Frame() const = 0;
+    /// Wipes the picture white and puts the pen at (0, 0).
+    virtual void Clear() = 0;
+
+    /// Straight line; the pen ends at (x2, y2).
+    virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
+    /// Upright rectangle of two opposite corners, outline or filled; the pen ends at (x2, y2).
+    virtual void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) = 0;
+    /// Circle, round on the device, its radius in horizontal world units; the pen ends at the centre.
+    virtual void Circle(double x, double y, double radius, Colour colour) = 0;
+    /// Arc of that circle from angle `start` to `end` in radians, counter-clockwise from three o'clock;
+    /// `aspect` is the ratio of height to width. The pen ends at the centre.
+    virtual void Arc(double x, double y, double radius, Colour colour, double start, double end,
+                     double aspect) = 0;
+    /// A dot of the pen's width; the pen ends there.
+    virtual void Point(double x, double y, Colour colour) = 0;
+    /// Text in `colour` whose top left corner is at the pen; the pen goes to the start of the next line of
+    /// text.
+    virtual void Print(std::string_view text, Colour colour) = 0;
+
+    /// Filled polygon and open line through pixel points, in the fill and line colour given.
+    virtual void Polygon(std::span<const PixelPoint> points, Colour fill) = 0;
+    virtual void Polyline(std::span<const PixelPoint> points, Colour colour) = 0;
+
+    virtual void Move_To(double x, double y) = 0;
+    virtual double Pen_X() const = 0;
+    virtual double Pen_Y() const = 0;
+
+    virtual void Set_Draw_Mode(DrawMode mode) = 0;
+    virtual void Set_Draw_Width(int points) = 0;
+    virtual void Set_Font_Size(int points) = 0;
+    virtual void Set_Pointer(PointerShape shape) = 0;
+    /// While off, the picture shows each verb at once (rubber bands); while on, at the end of the event.
+    virtual void Set_Buffering(bool on) = 0;
+
+    /// Line from the pen to (x, y).
+    void Line_To(double x, double y, Colour colour) { Line(Pen_X(), Pen_Y(), x, y, colour); }
+    /// Text with its top left corner at (x, y).
+    void Print_At(double x, double y, std::string_view text, Colour colour) {
+        Move_To(x, y);
+        Print(text, colour);
+    }
+};
+
+/// The sixteen-colour table's entries in use, and colours met in many pictures.
+namespace colours {
+inline constexpr Colour Black = 0;
+inline constexpr Colour Red = 255;
+inline constexpr Colour Green = 32768;
+inline constexpr Colour Lime = 65280;
+inline constexpr Colour Blue = 0xFF0000;
+inline constexpr Colour Magenta = 0xFF00FF;
+inline constexpr Colour Brown = 16512;
+inline constexpr Colour Cyan = 0xFFFF00;
+inline constexpr Colour Yellow = 65535;
+inline constexpr Colour White = 0xFFFFFF;
+inline constexpr Colour LightGrey = 0xC0C0C0;
+inline constexpr Colour Grey = 0x808080;
+inline constexpr Colour LightCyan = 0xFFFF00;                       ///< colour 11 of the sixteen
+inline constexpr Colour ScaleBlue = 115 + 173 * 256 + 214 * 65536;  ///< RGB(115, 173, 214) of the scale texts
+}  // namespace colours
+
+}  // namespace tarnvik

@@ -1,0 +1,22 @@
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+namespace {
+constexpr double picture_width = 96;
+}
+
+void Scale_Time_Grid(Workspace& workspace) {
+    workspace.Curves.MaxTime = Latest_Pick(workspace.Project);
+    workspace.Curves.TimeFactor = Time_Factor(workspace.Curves.MaxTime);
+}
+
+double Position_Ecran(const Project& project, int receiver) {
+    return project.ReceiverData(ReceiverDistance, receiver) * Divide(picture_width, project.LineLength);
+}
+
+double Shot_Position_Ecran(const Project& project, int shot) {
+    return project.ShotDistance(shot) * Divide(picture_width, project.LineLength);
+}
+
+}  // namespace tarnvik

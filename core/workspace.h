@@ -1,0 +1,180 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/project.h"
+#include "core/settings.h"
+
+namespace tarnvik {
+
+/// Position of a scroll bar.
+struct ScrollBar {
+    int Value = 0;
+    int Min = 0;
+    int Max = 0;
+};
+
+/// State of the travel-time picture, shared with the dialogs that work on it.
+struct CurveView {
+    double TimeFactor = 1;  ///< ms per unit of the picture's height
+    double MaxTime = 0;     ///< latest pick, ms
+    double PickFactor = 1;  ///< ms per unit as the pointer reads them
+    double ZoomX = 1;
+    double ZoomY = 1;
+    ScrollBar HScroll1;
+    ScrollBar VScroll1;
+    std::int16_t FrameDrawn = 0;  ///< 1 the frame stands, 2 curves and profile stand together
+    std::int16_t DoubleView = 0;  ///< 1 while the second window is open
+    std::string SavePart;         ///< second mode word; "PARTIE" keeps thicknesses out of the next store
+    bool ZeroOnTop = false;       ///< menu mark Zerop
+    bool ShowReceiverIntercepts = false;
+    std::int16_t LastLabelledShot = 0;
+    Colour LastColour = 0;  ///< of the curve drawn last; a shot without a colour rule takes it over
+
+    double MouseDistance = 0;
+    std::int16_t MouseReceiver = 0;
+    std::int16_t MouseTime = 0;
+    std::int16_t DownDistance = 0;
+    std::int16_t DownTime = 0;
+    std::int16_t DragStartX = 0;  ///< rubber band in world units; 0 means no drag
+    std::int16_t DragStartY = 0;
+    std::int16_t DragEndX = 0;
+    std::int16_t DragEndY = 0;
+    double DownX = 0;
+    double DownY = 0;
+
+    std::int16_t PickMoving = 0;
+    std::int16_t PickShot = 0;
+    std::int16_t PickReceiver = 0;
+    double RulerX = 0;
+    double RulerY = 0;
+    double RulerStep = 1;
+    bool RulerShown = false;
+};
+
+/// Working values that the picture, the velocity dialogs and the depth dialog hand to each other.
+struct VelocityWork {
+    std::int16_t CurrentShot = 1;
+    std::int16_t ShotSide = 0;  ///< 1 side A, 24 side B, 36 both
+    double VelocityResult = 0;
+    double InterceptResult = 0;
+    double Correlation = 0;
+    std::string FocusField;  ///< field that awaits a value from the picture, empty when none
+};
+
+/// State of the profile picture.
+struct ProfileView {
+    double ProfileMaxElevation = 0;
+    double ProfileMinElevation = 0;
+    std::int16_t ProfileVFactor = 1;
+    double ProfileVScale = 1;
+    bool ProfileOverlay = false;
+};
+
+/// State of the field-record display and of what is read from the SU file.
+struct RecordView {
+    std::int16_t SamplesWord = 0;
+    std::int32_t NbSamples = 0;
+    std::int16_t SampleInterval = 0;  ///< microseconds
+    std::int16_t RecordDelay = 0;     ///< ms
+    std::int32_t NbTraces = 0;
+    std::int16_t ChannelsPerRecord = 0;
+    std::int16_t NbRecords = 0;
+    std::string TwinSuFile;
+
+    std::int32_t FirstTrace = 0;
+    std::int32_t LastTrace = 0;
+    std::int16_t FirstSample = 0;
+    std::int16_t LastSample = 0;
+    double AmplitudeGain = 0;
+    std::int16_t DisplayPolarity = 1;
+    std::int16_t SampleStep = 1;
+    double RecordWidth = 0;
+    float ScaleLeft = 0;
+    float ScaleRight = 0;
+
+    std::int16_t PickedTrace = 0;
+    std::int16_t FieldChannel = 0;
+    double PickTimeShift = 0;  ///< ms added to every click
+    std::int16_t ZoomMode = 0;
+    std::int16_t SpectrumRequest = 0;
+    std::int16_t AutoPickMode = 0;  ///< -1 while AutoPik is open
+    double DownX = 0;
+    double DownY = 0;
+    double ClickX2 = 0;
+    double ClickY2 = 0;
+    std::int16_t SavedFirst = 0;
+    std::int16_t SavedLast = 0;
+    std::int32_t ReferenceTrace = 0;
+};
+
+/// Texts, ticks and choices of the main form that logic reads or writes, by the names of their controls.
+struct MainFields {
+    std::string Caption;
+    std::string Text1;            ///< status field: pointer read-out
+    std::string Text6;            ///< line length
+    std::string Text9 = "1";      ///< first trace of the record
+    std::string Text10 = "24";    ///< last trace
+    std::string Text11 = "1";     ///< gain
+    std::string Text12;           ///< record and FLDR
+    std::string Text13 = "1";     ///< shot station
+    std::string Text16;           ///< DistanceShift
+    std::string Text18 = "1";     ///< geophone station
+    std::string Text19;           ///< colour scale file
+    std::string Text21;           ///< travel-time curve on the record; below 1 all
+    std::string Text25;           ///< TotalTime
+    std::string Text27;           ///< maximum profile elevation
+    std::string Text32;           ///< profil total height
+    std::string Text33;           ///< minimum profile elevation
+    std::string Label16;          ///< path of the SU file
+    std::string Status;           ///< status label: zoom range, time shift, faults to be seen
+    std::string RecordReadout;    ///< time and trace under the pointer of ecran
+    std::string ProfileReadout;   ///< X and Z under the pointer of the profile
+    int Combo1 = 0;               ///< drawing style of the record, index
+    bool clip = false;            ///< Clip amplitude
+    bool Check2 = false;          ///< Multi spead profile
+    bool Check3 = false;          ///< Trace egalisation
+    bool Check6 = false;          ///< Display TT on record
+    bool Check7 = false;          ///< Overdraw records
+    bool Check8 = false;          ///< Recording direction inverted
+    bool Check11 = true;          ///< Display all shot
+    bool Check16 = false;         ///< Reverse picked traces
+    ScrollBar HScroll2{1, 1, 1};  ///< record number
+};
+
+/// Grids of the main form beside the project's own remark_grid.
+struct MainGrids {
+    TextGrid Buildgrid;
+    TextGrid Grille_Shot;  ///< one row a shot, column 0; a red cell leaves the shot out
+    TextGrid size_grid;    ///< one row a displayed trace
+};
+
+/// The project and all run-time values that several dialogs share. One object, handed around by reference;
+/// nobody copies it and nobody keeps a second truth.
+struct Workspace {
+    tarnvik::Project Project;
+    tarnvik::Settings Settings;
+    std::string AppTitle = "Tarnvik 16.5";
+    std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
+    bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
+    bool LegendPlaced = false;
+    CurveView Curves;
+    VelocityWork Velocity;
+    ProfileView Profile;
+    RecordView Record;
+    MainFields Fields;
+    MainGrids Grids;
+};
+
+/// Finds MaxTime and TimeFactor of the project in memory.
+void Scale_Time_Grid(Workspace& workspace);
+
+/// Place of a receiver on the travel-time picture (0..96 across the line) from its distance. A line of length
+/// 0 is a Fault.
+double Position_Ecran(const Project& project, int receiver);
+
+/// The same for a shot; outside 0..96 for an offset shot.
+double Shot_Position_Ecran(const Project& project, int shot);
+
+}  // namespace tarnvik

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+/// Full redraw of the travel-time curves with their frame, scales and shot grid; ends in mode "DROMO".
+void Show_Curves(Workspace& workspace, Ports& ports);
+
+/// Frame of the curves: axes, grid and scales, no curve.
+void Dessine_Cadre(Workspace& workspace, Ports& ports);
+
+/// One curve. `colour` 0 means the colour of Couleur_Tir, which is left in it. `shift` is a time in units of
+/// the picture that is taken from every point; `time_factor` in ms per unit (0 counts as 1).
+void Dessine_Tir(Workspace& workspace, Ports& ports, int shot, Colour& colour, double shift,
+                 double time_factor, double line_length);
+
+/// Colour of a shot's curve; `colour` stays as it is where no rule gives one.
+void Couleur_Tir(const Project& project, int shot, Colour& colour);
+
+/// Colour class of a segment's apparent velocity.
+Colour Couleur_Vitesse(const Settings& settings, double velocity);
+
+}  // namespace tarnvik
