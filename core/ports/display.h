@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/picture.h"
 
 namespace tarnvik {
@@ -49,6 +51,9 @@ enum class Dialog {
     resu,
 };
 
+/// What can be printed or saved as a picture, each with the scale strips that belong to it.
+enum class Page { Curves, Profile, Record };
+
 /// The tabs of the main form (SSTab1).
 enum class Tab { Record = 0, Tables = 1, Curves = 2 };
 
@@ -72,6 +77,16 @@ class Display {
     virtual void Close_Dialog(Dialog dialog) = 0;
     virtual void Bring_To_Front(Dialog dialog) = 0;
     virtual bool Is_Open(Dialog dialog) const = 0;
+
+    /// Prints a page by the same drawing routine as the screen, after the printer dialog; false when there is
+    /// no printer or nothing that can be printed.
+    virtual bool Print_Page(Page page) = 0;
+    /// Writes a page to a file whose ending tells the kind (.png, .bmp, .svg, .pdf). Answers the reason of a
+    /// failure, empty when it went well.
+    virtual std::string Save_Page(Page page, const std::string& path) = 0;
+    virtual void Choose_Printer() = 0;
+    /// Closes all windows and ends the program's event loop; no question is asked any more.
+    virtual void End_Program() = 0;
 };
 
 }  // namespace tarnvik

@@ -42,6 +42,17 @@ class RecordingDisplay : public Display {
         return std::find(Open.begin(), Open.end(), dialog) != Open.end();
     }
 
+    bool Print_Page(Page) override {
+        Calls.emplace_back("Print_Page");
+        return Printable;
+    }
+    std::string Save_Page(Page, const std::string& path) override {
+        Calls.push_back("Save_Page " + path);
+        return {};
+    }
+    void Choose_Printer() override { Calls.emplace_back("Choose_Printer"); }
+    void End_Program() override { Calls.emplace_back("End_Program"); }
+
     int Count(const std::string& call) const {
         return static_cast<int>(std::count(Calls.begin(), Calls.end(), call));
     }
@@ -52,6 +63,7 @@ class RecordingDisplay : public Display {
     std::vector<Dialog> Open;
     std::vector<Dialog> InFront;
     std::function<void()> OnShowCurves;
+    bool Printable = true;
 };
 
 /// Launcher that lists what would be started; Result is what each start returns.
