@@ -15,6 +15,8 @@ class Launcher {
                       const std::string& folder) = 0;
     /// Opens a document with whatever the desktop opens its type with. Below 32 it failed.
     virtual int Open_Document(const std::string& path) = 0;
+    /// Opens a text file of any type with the desktop's text editor ("Notepad"). Below 32 it failed.
+    virtual int Edit_Text(const std::string& path) = 0;
     /// Program that the desktop opens files of this extension ("PDF") with; empty when there is none.
     virtual std::string Find_Program(const std::string& extension) = 0;
 

@@ -77,6 +77,10 @@ class RecordingLauncher : public Launcher {
         Started.push_back(path);
         return Result;
     }
+    int Edit_Text(const std::string& path) override {
+        Started.push_back("editor|" + path);
+        return Result;
+    }
     std::string Find_Program(const std::string&) override { return Program; }
     std::string Program_Folder() const override { return Folder; }
     std::string Decimal_Separator() const override { return Separator; }
