@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+namespace tarnvik {
+
+/// How a header word is kept in the file; all little-endian, integers signed.
+enum class WordType { Int16, Int32, Float32 };
+
+/// One word of the 240-byte trace header.
+struct HeaderWord {
+    const char* Name;
+    int Offset;  ///< bytes from the start of the trace
+    WordType Type;
+    const char* Label;  ///< as the user sees it
+};
+
+inline constexpr int header_words = 90;
+inline constexpr int header_length = 240;  ///< bytes; the last four belong to no word
+
+/// Word 1 to 90; any other number is a Fault.
+const HeaderWord& Header_Word(int word);
+
+/// Entry of the word in the list beside the editing fields: its number and its label.
+std::string Listed_Label(int word);
+
+/// Numbers of the words that the program itself works with.
+namespace words {
+inline constexpr int tracl = 1;  ///< geophone station
+inline constexpr int fldr = 3;   ///< field record number
+inline constexpr int tracf = 4;  ///< channel within the record, from 1
+inline constexpr int ep = 5;     ///< shot station
+inline constexpr int trid = 8;   ///< 1 live, 2 dead
+inline constexpr int offset = 12;
+inline constexpr int delrt = 36;  ///< ms between shot and start of the recording
+inline constexpr int ns = 39;
+inline constexpr int dt = 40;            ///< microseconds
+inline constexpr int First_Breaks = 86;  ///< pick in tenths of a millisecond, 0 none
+}  // namespace words
+
+inline constexpr int live_trace = 1;
+inline constexpr int dead_trace = 2;
+
+}  // namespace tarnvik

@@ -1,0 +1,155 @@
+#include "records/su_file.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+static_assert(std::endian::native == std::endian::little,
+              "SU files are read as they are; a big-endian machine needs a swap here");
+
+namespace {
+
+template <class T>
+T Value_At(const char* bytes) {
+    T value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+double Word_From(const char* bytes, WordType type) {
+    switch (type) {
+        case WordType::Int16:
+            return Value_At<std::int16_t>(bytes);
+        case WordType::Int32:
+            return Value_At<std::int32_t>(bytes);
+        case WordType::Float32:
+            return Value_At<float>(bytes);
+    }
+    return 0;
+}
+
+constexpr int Size_Of(WordType type) {
+    return type == WordType::Int16 ? 2 : 4;
+}
+
+}  // namespace
+
+SuTraces::SuTraces(const std::string& path, Access access) : File(path, access) {
+    File.Read(Header_Word(words::ns).Offset, &Word_Of_Samples, 2);
+    File.Read(Header_Word(words::dt).Offset, &Interval, 2);
+}
+
+std::optional<std::int32_t> SuTraces::Nb_Traces() const {
+    const std::int64_t length = Trace_Length(Nb_Samples());
+    if (length == 0) return std::nullopt;
+    return CLng(static_cast<double>(File.Length()) / static_cast<double>(length));
+}
+
+std::optional<double> SuTraces::Word(std::int64_t trace, int word) {
+    const HeaderWord& entry = Header_Word(word);
+    std::array<char, 4> bytes{};
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + entry.Offset;
+    if (!File.Read(position, bytes.data(), Size_Of(entry.Type))) return std::nullopt;
+    return Word_From(bytes.data(), entry.Type);
+}
+
+std::optional<std::int16_t> SuTraces::Channel(std::int64_t trace) {
+    std::int16_t channel = 0;
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + Header_Word(words::tracf).Offset;
+    if (!File.Read(position, &channel, sizeof channel)) return std::nullopt;
+    return channel;
+}
+
+Stored SuTraces::Put(std::int64_t position, const void* source, std::int64_t count) {
+    return File.Write(position, source, count) ? Stored::Yes : Stored::No;
+}
+
+Stored SuTraces::Set_Word(std::int64_t trace, int word, double value) {
+    const HeaderWord& entry = Header_Word(word);
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + entry.Offset;
+    if (entry.Type == WordType::Int16) {
+        const auto whole = CInt(value);
+        return whole ? Put(position, &*whole, 2) : Stored::DoesNotFit;
+    }
+    const auto whole = CLng(value);
+    return whole ? Put(position, &*whole, 4) : Stored::DoesNotFit;
+}
+
+Stored SuTraces::Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel) {
+    const std::array<std::int32_t, 2> both = {record, channel};
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + Header_Word(words::fldr).Offset;
+    return Put(position, both.data(), sizeof both);
+}
+
+std::int32_t SuTraces::Samples(std::int64_t trace, std::span<float> target) {
+    const auto wanted = std::min<std::int64_t>(std::ssize(target), Nb_Samples());
+    if (wanted <= 0) return 0;
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + header_length;
+    return static_cast<std::int32_t>(File.Read_Some(position, target.data(), wanted * 4) / 4);
+}
+
+Stored SuTraces::Set_Samples(std::int64_t trace, std::span<const float> source) {
+    const auto count = std::clamp<std::int64_t>(Nb_Samples(), 0, std::ssize(source));
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + header_length;
+    return Put(position, source.data(), count * 4);
+}
+
+SuTraces::Trace SuTraces::Read_Trace(std::int64_t trace, std::span<float> samples) {
+    Trace result;
+    std::array<char, header_length> header{};
+    const std::int64_t position = Trace_Position(trace, Nb_Samples());
+    File.Read_Some(position, header.data(), header_length);
+    result.Identification = Value_At<std::int16_t>(header.data() + Header_Word(words::trid).Offset);
+    result.PickMs = Value_At<std::int16_t>(header.data() + Header_Word(words::First_Breaks).Offset) / 10.0;
+    result.SamplesRead = Samples(trace, samples);
+    return result;
+}
+
+bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t& traces,
+                        std::int32_t& second) {
+    second = 0;
+    const SuTraces file(path);
+    if (!file.Is_Open()) return false;
+    if (file.Length() >= Header_Word(words::ns).Offset + 2) {
+        view.SamplesWord = file.Samples_Word();
+        view.NbSamples = file.Nb_Samples();
+    }
+    if (file.Length() >= Header_Word(words::dt).Offset + 2) view.SampleInterval = file.Sample_Interval();
+    if (const auto count = file.Nb_Traces()) traces = *count;
+    return true;
+}
+
+Stored Enregistre_dans_Header(Workspace& workspace, std::int64_t trace, int word, double value) {
+    if (word < 1 || word > header_words) return Stored::No;
+    SuTraces file(workspace.Project.SuFile, SuTraces::Access::Write);
+    return file.Is_Open() ? file.Set_Word(trace, word, value) : Stored::No;
+}
+
+void lecture_data(Workspace& workspace, std::int32_t first, std::int32_t last, HeaderArray& header) {
+    // No more columns than any grid could show, whatever the range asked for.
+    constexpr std::int64_t most = 1'000'000;
+    const auto count = static_cast<int>(std::clamp<std::int64_t>(std::int64_t{last} - first + 1, 0, most));
+    if (header.Last_Row() != header_words || header.Last_Column() != count) {
+        header = HeaderArray(header_words, count);
+    }
+    SuTraces file(workspace.Project.SuFile);
+    for (int column = 1; column <= count; ++column) {
+        for (int word = 1; word <= header_words; ++word) {
+            if (const auto value = file.Word(std::int64_t{first} + column - 1, word)) {
+                header(word, column) = *value;
+            }
+        }
+    }
+}
+
+std::string Header_Text(int word, double value) {
+    if (Header_Word(word).Type == WordType::Float32) return CStr(static_cast<float>(value));
+    return CStr(value);
+}
+
+}  // namespace tarnvik
