@@ -16,6 +16,10 @@ void Dessine_Cadre(Workspace& workspace, Ports& ports);
 void Dessine_Tir(Workspace& workspace, Ports& ports, int shot, Colour& colour, double shift,
                  double time_factor, double line_length);
 
+/// The curves of a second project over the present ones: in the present frame and time scale, across the line
+/// by its own length. The project in memory stays as it is.
+void Superpose(Workspace& workspace, Ports& ports, const Project& other);
+
 /// Colour of a shot's curve; `colour` stays as it is where no rule gives one.
 void Couleur_Tir(const Project& project, int shot, Colour& colour);
 

@@ -1,0 +1,295 @@
+#include "traveltime/curve_drawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "core/text/number.h"
+#include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr int scale_font = 8;
+constexpr int shot_number_font = 9;
+constexpr double point_radius = 0.3;
+constexpr double velocity_of_no_delay = 10000;  // two picks at the same time
+constexpr double ms_per_s = 1000;
+
+double Factor_Or_One(double factor) {
+    return factor > 0 ? factor : 1;
+}
+
+bool Has_Receivers(const Project& project) {
+    return project.NbReceivers > 0 && project.LineLength != 0 &&
+           project.ReceiverData.Has(ReceiverDistance, project.NbReceivers);
+}
+
+void Scale_Time_Strip(Picture& strip, const CurveView& view) {
+    const CurveWindow window = Visible_Window(view);
+    if (view.ZeroOnTop) {
+        strip.Scale(0, window.Yv + 1, 10, window.Yw - 1);
+    } else {
+        strip.Scale(0, window.Yw + 1, 10, window.Yv - 1);
+    }
+}
+
+void Print_Time_Labels(Picture& strip, double time_factor) {
+    const TimeGrid grid = Time_Grid(time_factor);
+    for (int t = grid.Step; t <= grid.Last; t += grid.Step) {
+        strip.Print_At(1, t / time_factor + 2, CStr(t) + (t < 100 ? "   ms" : " ms"), colours::LightCyan);
+    }
+}
+
+std::string Distance_Label(const Project& project, int receiver, double x) {
+    const float distance = project.ReceiverData(ReceiverDistance, receiver);
+    if (project.NbReceivers >= 49) return CStr(Int(project.LineLength * x / curve_picture_width));
+    if (project.NbReceivers > 24) return CStr(Int(distance));
+    // The product stays in single precision: in double a distance typed as 4.6 would read 4.5.
+    return CStr(Int(10 * distance) / 10);
+}
+
+void Draw_Receiver_Lines(const Project& project, const CurvePictures& pictures) {
+    const int receivers = project.NbReceivers;
+    const int step = receivers < 25 ? 1 : receivers < 49 ? 2 : 4;
+    // Beyond 48 receivers the stepped ones are thinned once more.
+    const int thinning = receivers < 49 ? 1 : static_cast<int>(Rounded(receivers / 24.0));
+    bool first = true;
+    for (int i = 1; i <= receivers; i += step * thinning) {
+        const double x = Position_Ecran(project, i);
+        pictures.Dromo.Line(x, 0, x, curve_picture_height, colours::LightGrey);
+        if (pictures.EchelleX != nullptr) {
+            pictures.EchelleX->Print_At(x - 1, 1, (first ? "g=" : "") + CStr(i), colours::ScaleBlue);
+            pictures.EchelleX->Print_At(x - 1, 5, (first ? "m=" : "") + Distance_Label(project, i, x),
+                                        colours::ScaleBlue);
+        }
+        first = false;
+    }
+}
+
+void Draw_Receiver_Intercepts(const Project& project, double time_factor, Picture& dromo) {
+    for (int i = 1; i <= project.NbReceivers; ++i) {
+        const double intercept = project.ReceiverData(ReceiverIntercept, i);
+        if (intercept == 0) continue;
+        dromo.Circle(Position_Ecran(project, i), intercept / time_factor, point_radius, colours::Magenta);
+        dromo.Print(CStr(std::trunc(intercept)), colours::Black);
+    }
+}
+
+/// The drawing of one curve: where its points lie and in which colour its segments stand.
+class CurveDrawing {
+  public:
+    CurveDrawing(Picture& dromo, const Project& project, const Settings& settings, int shot,
+                 const CurveStyle& style)
+        : Dromo(dromo),
+          Line(project),
+          UserSettings(settings),
+          Shot(shot),
+          Style(style),
+          InColour(style.InColour),
+          Scale(Divide(curve_picture_width, style.LineLength)),
+          // Places are compared as the receivers hold them, in single precision.
+          ShotDistance(static_cast<float>(project.ShotDistance(shot))) {}
+
+    bool Draw();
+
+  private:
+    float Time(int j) const { return Line.ShotTimes(Shot, j); }
+    float Distance(int j) const { return Line.ReceiverData(ReceiverDistance, j); }
+    double X(int j) const { return Distance(j) * Scale; }
+    double Shot_X() const { return Line.ShotDistance(Shot) * Scale; }
+    std::optional<double> Y(int j) const;
+    void Take_Segment_Colour(int j);
+    void Take_Velocity(double velocity) { InColour = Couleur_Vitesse(UserSettings, velocity); }
+    void Draw_Point(int j);
+    void Draw_Shot_Between(int j);
+    void Print_Number(double x, double y);
+
+    Picture& Dromo;
+    const Project& Line;
+    const Settings& UserSettings;
+    int Shot;
+    const CurveStyle& Style;
+    Colour InColour;
+    double Scale;
+    float ShotDistance;
+    bool PointDrawn = false;
+    bool Numbered = false;
+};
+
+/// Height of a pick on the picture; nothing without a pick or for one that the shift carries out of sight.
+std::optional<double> CurveDrawing::Y(int j) const {
+    const double raw = Time(j) / Style.TimeFactor;
+    if (raw == 0) return std::nullopt;
+    double y = raw - Style.Shift;
+    if (y < 0 && Style.Shift > 0) y = 0.5;  // stays visible on the axis
+    return y > 0 ? std::optional(y) : std::nullopt;
+}
+
+void CurveDrawing::Take_Segment_Colour(int j) {
+    if (j == 1) {
+        // The segment that rises from a shot at the first receiver.
+        if (ShotDistance == Distance(1) && Time(1) != 0)
+            Take_Velocity(static_cast<double>(Distance(1)) / Time(1) * ms_per_s);
+        return;
+    }
+    for (int earlier = j - 1; earlier >= std::max(1, j - 3); --earlier) {
+        if (Time(earlier) <= 0) continue;
+        const double distance = std::abs(static_cast<double>(Distance(j)) - Distance(earlier));
+        const double time = std::abs(static_cast<double>(Time(j)) - Time(earlier));
+        Take_Velocity(time == 0 ? velocity_of_no_delay : distance / time * ms_per_s);
+        return;
+    }
+}
+
+void CurveDrawing::Draw_Point(int j) {
+    const std::optional<double> y = Y(j);
+    if (!y) return;
+    if (Style.ByVelocity) Take_Segment_Colour(j);
+    Dromo.Line_To(X(j), *y, InColour);
+    Dromo.Circle(X(j), *y, point_radius / Factor_Or_One(Style.ZoomX), InColour);
+    PointDrawn = true;
+}
+
+void CurveDrawing::Print_Number(double x, double y) {
+    Dromo.Set_Font_Size(shot_number_font);
+    Dromo.Point(x, y, colours::White);
+    Dromo.Print(CStr(Shot), colours::Black);
+    Numbered = true;
+}
+
+void CurveDrawing::Draw_Shot_Between(int j) {
+    const double xs = Shot_X();
+    if (Style.ByVelocity && Time(j) + Time(j + 1) != 0) {
+        const double spacing = static_cast<double>(Distance(j + 1)) - Distance(j);
+        Take_Velocity(spacing / (static_cast<double>(Time(j)) + Time(j + 1)) * ms_per_s);
+    }
+    // Before the first pick of the curve there is nothing to come down from.
+    if (PointDrawn) Dromo.Line_To(xs, 0, InColour);
+    Dromo.Line(xs, curve_picture_height, xs, 0, InColour);
+    Print_Number(xs - 1, 4);
+    Dromo.Move_To(xs, 0);
+    if (const std::optional<double> y = Y(j + 1)) Dromo.Line_To(X(j + 1), *y, InColour);
+}
+
+bool CurveDrawing::Draw() {
+    const int receivers = Line.NbReceivers;
+    Dromo.Move_To(0, 0);
+    for (int j = 1; j <= receivers; ++j) {
+        if (j == 1 && ShotDistance == Distance(1)) {
+            Print_Number(0, 4);
+            Dromo.Move_To(0, 0);  // the first segment rises from the shot
+        }
+        Draw_Point(j);
+        if (j == receivers) {
+            if (PointDrawn && ShotDistance == Distance(j)) Dromo.Line_To(curve_picture_width, 0, InColour);
+        } else if (Distance(j) < ShotDistance && ShotDistance < Distance(j + 1)) {
+            Draw_Shot_Between(j);
+        }
+    }
+    if (Numbered || Shot == Style.LastLabelled) return false;
+    const double x = Dromo.Pen_X() - 1.5;
+    const double y = Dromo.Pen_Y() + 4;
+    if (Style.LabelOffsetShot) {
+        Print_Number(x, y);
+    } else {
+        Dromo.Point(x, y, colours::White);
+    }
+    return Style.LabelOffsetShot;
+}
+
+}  // namespace
+
+CurveWindow Visible_Window(const CurveView& view) {
+    CurveWindow window;
+    window.X1 = view.HScroll1.Value;
+    window.X2 = Rounded(window.X1 + curve_picture_width / Factor_Or_One(view.ZoomX));
+    window.Yv = view.VScroll1.Value;
+    window.Yw = Rounded(window.Yv + curve_picture_height / Factor_Or_One(view.ZoomY));
+    return window;
+}
+
+TimeGrid Time_Grid(double time_factor) {
+    const double factor = Factor_Or_One(time_factor);
+    return {std::max(1, static_cast<int>(Rounded(10 * factor))), static_cast<int>(Rounded(99 * factor))};
+}
+
+void Draw_Time_Strip(Picture& strip, const CurveView& view) {
+    strip.Set_Font_Size(scale_font);
+    strip.Clear();
+    Scale_Time_Strip(strip, view);
+    Print_Time_Labels(strip, Factor_Or_One(view.TimeFactor));
+}
+
+void Draw_Frame_On(Workspace& workspace, const CurvePictures& pictures) {
+    const Project& project = workspace.Project;
+    const CurveView& view = workspace.Curves;
+    Picture& dromo = pictures.Dromo;
+    for (Picture* picture : {&dromo, pictures.EchelleX, pictures.EchelleY}) {
+        if (picture == nullptr) continue;
+        picture->Set_Font_Size(scale_font);
+        picture->Clear();
+    }
+    const CurveWindow window = Visible_Window(view);
+    if (view.ZeroOnTop) {
+        dromo.Scale(window.X1, window.Yv, window.X2, window.Yw);
+    } else {
+        dromo.Scale(window.X1, window.Yw, window.X2, window.Yv);
+    }
+    if (pictures.EchelleX != nullptr) pictures.EchelleX->Scale(window.X1, 0, window.X2, 10);
+
+    dromo.Set_Draw_Mode(DrawMode::Copy);
+    dromo.Set_Draw_Width(1);
+    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::White, true);
+    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::Black, false);
+    if (Has_Receivers(project)) Draw_Receiver_Lines(project, pictures);
+
+    Scale_Time_Grid(workspace);
+    const double time_factor = view.TimeFactor;
+    const TimeGrid grid = Time_Grid(time_factor);
+    for (int t = grid.Step; t <= grid.Last; t += grid.Step) {
+        dromo.Line(0, t / time_factor, curve_picture_width, t / time_factor, colours::LightGrey);
+    }
+    if (pictures.EchelleY != nullptr) {
+        Scale_Time_Strip(*pictures.EchelleY, view);
+        Print_Time_Labels(*pictures.EchelleY, time_factor);
+    }
+    dromo.Print_At(-5, curve_picture_height, " ms", colours::Black);
+    dromo.Print_At(curve_picture_width, -5, workspace.Settings.Metric() ? "m" : "f", colours::Black);
+    dromo.Print_At(-3.5, -1, "0", colours::Black);
+    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::Black, false);
+    if (view.ShowReceiverIntercepts && Has_Receivers(project))
+        Draw_Receiver_Intercepts(project, time_factor, dromo);
+}
+
+bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& settings, int shot,
+                   const CurveStyle& style) {
+    return CurveDrawing(dromo, project, settings, shot, style).Draw();
+}
+
+bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
+    Draw_Frame_On(workspace, pictures);
+    CurveStyle style;
+    style.TimeFactor = workspace.Curves.TimeFactor;
+    style.LineLength = workspace.Project.LineLength;
+    style.ZoomX = workspace.Curves.ZoomX;
+    style.ByVelocity = workspace.Settings.ColorChoice;
+    style.LabelOffsetShot = true;
+    bool all_drawn = true;
+    for (int shot = 1; shot <= workspace.Project.NbShots; ++shot) {
+        if (!Shot_Displayed(workspace, shot)) continue;
+        Couleur_Tir(workspace.Project, shot, style.InColour);
+        try {
+            if (Draw_Curve_On(pictures.Dromo, workspace.Project, workspace.Settings, shot, style))
+                style.LastLabelled = static_cast<std::int16_t>(shot);
+        } catch (const Fault&) {
+            all_drawn = false;
+        }
+    }
+    return all_drawn;
+}
+
+}  // namespace tarnvik
