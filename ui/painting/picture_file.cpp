@@ -1,0 +1,156 @@
+#include "ui/painting/picture_file.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <cmath>
+
+#include "core/files.h"
+#include "ui/painting/image_picture.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr double pixels_an_inch = 96;
+constexpr double points_an_inch = 72;
+constexpr int pdf_dots_an_inch = 600;
+// A drawing file keeps a fine grid below its nominal pixels, so that pixel points are not seen as steps.
+constexpr int svg_grid = 8;
+
+/// One of several pictures on a common painter: whoever draws next takes it over with its own clip, pen and
+/// font.
+class SharedPicture : public PainterPicture {
+  public:
+    SharedPicture(QPainter& painter, SharedPicture*& holder) : Common(painter), Holder(holder) {}
+    bool Hidden = false;
+
+  protected:
+    QPainter* Active_Painter() override {
+        if (Hidden) return nullptr;
+        if (Holder != this) {
+            Holder = this;
+            Forget_State();
+        }
+        return &Common;
+    }
+
+  private:
+    QPainter& Common;
+    SharedPicture*& Holder;
+};
+
+QByteArray Bitmap_Bytes(const QImage& image, const char* format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format)) bytes.clear();
+    return bytes;
+}
+
+}  // namespace
+
+PageLayout Curves_Layout() {
+    return {{.Left = 22, .Top = 6, .Right = 14, .Bottom = 14}, 30, 44};
+}
+
+PageLayout Profile_Layout() {
+    return {{.Left = 6, .Top = 6, .Right = 6, .Bottom = 6}, 0, 44};
+}
+
+PageLayout Record_Layout() {
+    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 44};
+}
+
+void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
+               const PageLayout& layout, const QString& font_family, const DrawPage& draw) {
+    double below = layout.StripX * pixels_per_point;
+    double beside = layout.StripY * pixels_per_point;
+    if (raster) {
+        below = std::round(below);
+        beside = std::round(beside);
+    }
+    const QRectF main_area = area.adjusted(beside, 0, 0, -below);
+    const QRectF x_area(main_area.left(), main_area.bottom(), main_area.width(), below);
+    const QRectF y_area(area.left(), area.top(), beside, main_area.height());
+
+    SharedPicture* holder = nullptr;
+    SharedPicture main(painter, holder);
+    SharedPicture strip_x(painter, holder);
+    SharedPicture strip_y(painter, holder);
+    strip_x.Hidden = layout.StripX <= 0;
+    strip_y.Hidden = layout.StripY <= 0;
+    strip_x.Follow_Columns_Of(&main);
+    strip_y.Follow_Rows_Of(&main);
+    main.Set_Margins(layout.Margins);
+    for (SharedPicture* picture : {&main, &strip_x, &strip_y})
+        picture->Set_Font_Family(font_family);
+    main.Attach(nullptr, main_area, pixels_per_point, raster);
+    strip_x.Attach(nullptr, x_area, pixels_per_point, raster);
+    strip_y.Attach(nullptr, y_area, pixels_per_point, raster);
+
+    painter.save();
+    painter.fillRect(area, Qt::white);
+    draw(main, strip_x, strip_y);
+    painter.restore();
+}
+
+QImage Page_Image(QSize size, double zoom, const PageLayout& layout, const QString& font_family,
+                  const DrawPage& draw) {
+    QImage image((QSizeF(size) * zoom).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Draw_Page(painter, image.rect(), zoom * pixels_an_inch / points_an_inch, true, layout, font_family, draw);
+    return image;
+}
+
+std::string Print_Page(QPagedPaintDevice& device, const PageLayout& layout, const QString& font_family,
+                       const DrawPage& draw) {
+    QPainter painter;
+    if (!painter.begin(&device)) return "The page cannot be printed";
+    const double density = device.logicalDpiX() / points_an_inch;
+    const QRectF area(0, 0, device.width(), device.height());
+    Draw_Page(painter, area, density, false, layout, font_family, draw);
+    return painter.end() ? std::string() : "The page cannot be printed";
+}
+
+std::string Write_Picture_File(const std::string& path, QSize size, const PageLayout& layout,
+                               const QString& font_family, const DrawPage& draw) {
+    const QString ending = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+    QByteArray bytes;
+    std::string reason;
+    if (ending == "png" || ending == "jpg" || ending == "jpeg" || ending == "bmp") {
+        const QByteArray format = ending.toLatin1();
+        bytes = Bitmap_Bytes(Page_Image(size, 1, layout, font_family, draw), format.constData());
+    } else if (ending == "svg") {
+        QBuffer buffer(&bytes);
+        QSvgGenerator generator;
+        generator.setOutputDevice(&buffer);
+        generator.setTitle("Tarnvik");
+        generator.setResolution(static_cast<int>(pixels_an_inch));
+        generator.setSize(size);
+        generator.setViewBox(QRect(QPoint(0, 0), size * svg_grid));
+        QPainter painter(&generator);
+        Draw_Page(painter, QRectF(QPointF(0, 0), QSizeF(size * svg_grid)),
+                  svg_grid * pixels_an_inch / points_an_inch, false, layout, font_family, draw);
+    } else if (ending == "pdf") {
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setCreator("Tarnvik");
+        writer.setResolution(pdf_dots_an_inch);
+        writer.setPageSize(QPageSize(QSizeF(size) * (points_an_inch / pixels_an_inch), QPageSize::Point,
+                                     QString(), QPageSize::ExactMatch));
+        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+        reason = Print_Page(writer, layout, font_family, draw);
+    } else {
+        return "No picture of this type can be written: " + path;
+    }
+    if (!reason.empty()) return reason;
+    if (bytes.isEmpty()) return "The picture cannot be made: " + path;
+    return Replace_File(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QPagedPaintDevice>
+#include <QSize>
+#include <QString>
+#include <functional>
+#include <string>
+
+#include "ui/painting/painter_picture.h"
+
+namespace tarnvik {
+
+/// How a picture and its scale strips stand on one page: the strip of x under the picture, the strip of y
+/// left of it. Sizes in points; a strip of size 0 is not there.
+struct PageLayout {
+    PictureMargins Margins;  ///< of the picture itself
+    double StripX = 0;       ///< height of the strip under the picture
+    double StripY = 0;       ///< width of the strip beside it
+};
+
+/// The layouts of the program's pictures; the screen uses the same numbers.
+PageLayout Curves_Layout();
+PageLayout Profile_Layout();
+PageLayout Record_Layout();
+
+/// Draws the page on three pictures. A strip that the layout lacks swallows what is drawn on it.
+using DrawPage = std::function<void(Picture& main, Picture& strip_x, Picture& strip_y)>;
+
+/// One page on a painter whose coordinates are pixels.
+void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
+               const PageLayout& layout, const QString& font_family, const DrawPage& draw);
+
+/// One page as a bitmap of `size` pixels at 96 pixels an inch times `zoom`.
+QImage Page_Image(QSize size, double zoom, const PageLayout& layout, const QString& font_family,
+                  const DrawPage& draw);
+
+/// One page on a printer or PDF, as large as the paper allows; the orientation is the device's. Answers the
+/// reason of a failure, empty when it went well.
+std::string Print_Page(QPagedPaintDevice& device, const PageLayout& layout, const QString& font_family,
+                       const DrawPage& draw);
+
+/// Writes the page to a ".png", ".svg", ".pdf", ".jpg" or ".bmp" file, by its ending. `size` is in pixels at
+/// 96 an inch, which is also the size of the page in the vector files. The old file stays whole when the new
+/// one cannot be written. Answers the reason of a failure, empty when it went well.
+std::string Write_Picture_File(const std::string& path, QSize size, const PageLayout& layout,
+                               const QString& font_family, const DrawPage& draw);
+
+}  // namespace tarnvik
