@@ -68,7 +68,9 @@ std::string Replace_File(const std::string& path, std::string_view content) {
     std::error_code failed;
     // A link is followed, so that the file it stands for is replaced and not the link.
     fs::path target(path);
-    if (fs::is_symlink(target, failed)) target = fs::canonical(target, failed);
+    const bool link = fs::is_symlink(target, failed);
+    failed.clear();  // a file that is not there yet is no fault
+    if (link) target = fs::canonical(target, failed);
     if (failed) return failed.message();
     const fs::path beside = target.string() + ".new";
     std::FILE* file = std::fopen(beside.string().c_str(), "wb");
