@@ -15,6 +15,27 @@ struct ScrollBar {
     int Max = 0;
 };
 
+/// A line that stands on the travel-time picture in XOR, in world units; drawn once more it is gone.
+struct DrawnBand {
+    bool Stands = false;
+    double X1 = 0;
+    double Y1 = 0;
+    double X2 = 0;
+    double Y2 = 0;
+    Colour InColour = 0;
+};
+
+/// The velocity cross that stands on the travel-time picture in XOR, likewise: its centre, the half width and
+/// the rise of its two legs.
+struct DrawnCross {
+    bool Stands = false;
+    double X = 0;
+    double Y = 0;
+    double HalfWidth = 0;
+    double Rise1 = 0;
+    double Rise2 = 0;
+};
+
 /// State of the travel-time picture, shared with the dialogs that work on it.
 struct CurveView {
     double TimeFactor = 1;  ///< ms per unit of the picture's height
@@ -51,6 +72,10 @@ struct CurveView {
     double RulerY = 0;
     double RulerStep = 1;
     bool RulerShown = false;
+    double CrossVelocity1 = 0;  ///< velocities of the velocity cross, from Text4 and Text5 of vELINE
+    double CrossVelocity2 = 0;
+    DrawnBand Band;
+    DrawnCross Cross;
 };
 
 /// Working values that the picture, the velocity dialogs and the depth dialog hand to each other.
