@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -85,7 +86,28 @@ struct VelocityWork {
     double VelocityResult = 0;
     double InterceptResult = 0;
     double Correlation = 0;
-    std::string FocusField;  ///< field that awaits a value from the picture, empty when none
+    std::string FocusField;   ///< field that awaits a value from the picture, empty when none
+    std::string QuickStatus;  ///< status label of quick_interpret
+};
+
+/// Working values of the depth computations, kept from one shot and one dialog to the next. Elements count
+/// from 1.
+struct DepthWork {
+    using PerLayer = std::array<double, Project::MaxLayers + 1>;
+    using PerRefractor = std::array<double, Project::MaxRefractors + 1>;
+    using LayerMatrix = std::array<PerLayer, Project::MaxLayers + 1>;
+
+    int NbLayers = 0;      ///< in use for the shot
+    PerLayer TrueV{};      ///< true layer velocities
+    PerRefractor Thick{};  ///< layer thicknesses
+    PerRefractor IT{};     ///< mean intercept times, seconds
+    PerRefractor CD{};     ///< mean critical distances
+    double HalfShotDepth = 0;
+    LayerMatrix
+        AngleCritique{};  ///< (i, j) critical angle in radians at the top of layer i of the ray in layer j
+    LayerMatrix
+        RetardCouche{};  ///< (i, j) two-way delay in s of layer j for the refractor at the top of layer i
+    bool VelocityFault = false;  ///< a velocity order was wrong
 };
 
 /// State of the profile picture.
@@ -186,6 +208,7 @@ struct Workspace {
     bool LegendPlaced = false;
     CurveView Curves;
     VelocityWork Velocity;
+    DepthWork Depth;
     ProfileView Profile;
     RecordView Record;
     MainFields Fields;

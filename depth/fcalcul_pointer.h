@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "depth/fcalcul.h"
+#include "traveltime/curve_pointer.h"
+
+namespace tarnvik {
+
+/// The picture in mode "Calcul": a click fills the intercept or critical-distance field that has the focus, a
+/// drag along a curve the velocity field, with its intercept.
+class FcalculPointer : public CurvePointerHandler {
+  public:
+    FcalculPointer(Workspace& workspace, Ports& ports, Fcalcul& dialog)
+        : Work(workspace), Outside(ports), Dialog_(dialog) {}
+    void Press(const PointerEvent& event) override;
+    void Move(const PointerEvent& event) override;
+    void Release(const PointerEvent& event) override;
+
+  private:
+    void Fill_Velocity(double velocity);
+
+    Workspace& Work;
+    Ports& Outside;
+    Fcalcul& Dialog_;
+};
+
+}  // namespace tarnvik
