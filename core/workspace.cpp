@@ -6,6 +6,13 @@ namespace {
 constexpr double picture_width = 96;
 }
 
+void Clear_Selection(CurveView& curves) {
+    curves.DragStartX = 0;
+    curves.DragStartY = 0;
+    curves.DragEndX = 0;
+    curves.DragEndY = 0;
+}
+
 void Scale_Time_Grid(Workspace& workspace) {
     workspace.Curves.MaxTime = Latest_Pick(workspace.Project);
     workspace.Curves.TimeFactor = Time_Factor(workspace.Curves.MaxTime);

@@ -175,6 +175,7 @@ struct MainFields {
     std::string Text32;           ///< profil total height
     std::string Text33;           ///< minimum profile elevation
     std::string Label16;          ///< path of the SU file
+    std::string FirstTabCaption;  ///< path of the project file on the first tab
     std::string Status;           ///< status label: zoom range, time shift, faults to be seen
     std::string RecordReadout;    ///< time and trace under the pointer of ecran
     std::string ProfileReadout;   ///< X and Z under the pointer of the profile
@@ -214,6 +215,9 @@ struct Workspace {
     MainFields Fields;
     MainGrids Grids;
 };
+
+/// Forgets what is marked on the Dromo picture; nothing is redrawn.
+void Clear_Selection(CurveView& curves);
 
 /// Finds MaxTime and TimeFactor of the project in memory.
 void Scale_Time_Grid(Workspace& workspace);
