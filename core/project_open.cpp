@@ -1,0 +1,211 @@
+#include "core/project_open.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/files.h"
+#include "core/project_file.h"
+#include "core/text/letters.h"
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t longest_path = 90;
+constexpr std::size_t shortest_recent_path = 6;
+constexpr std::size_t caption_letters = 35;
+constexpr double offset_shot_distance = -5;
+
+void Run(const std::function<void()>& hook) {
+    if (hook) hook();
+}
+
+bool Starts_A_Letter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+/// The last letters of a text, counted as letters and not as bytes.
+std::string Last_Letters(const std::string& text, std::size_t count) {
+    std::size_t start = text.size();
+    for (std::size_t letters = 0; start > 0 && letters < count;) {
+        if (Starts_A_Letter(text[--start])) ++letters;
+    }
+    return text.substr(start);
+}
+
+std::size_t Letter_Count(const std::string& text) {
+    std::size_t letters = 0;
+    for (const char byte : text)
+        letters += Starts_A_Letter(byte) ? 1 : 0;
+    return letters;
+}
+
+bool Is_Untouched_Default(const std::string& path) {
+    return UCase(path) == "*.TV5";
+}
+
+/// Offset shots are only ever found, never forgotten: a later file without any still counts as having them.
+void Look_For_Offset_Shots(Workspace& workspace) {
+    const Project& project = workspace.Project;
+    if (project.ShotDistance.Has(1) && project.ShotDistance(1) < offset_shot_distance) {
+        workspace.NoOffsetShots = false;
+    }
+    if (project.ShotDistance.Has(project.NbShots) &&
+        project.ShotDistance(project.NbShots) > project.LineLength) {
+        workspace.NoOffsetShots = false;
+    }
+}
+
+/// The word that refuses CurrentFile; empty when it may be opened.
+std::string Refusal_Of(const std::string& path) {
+    if (UCase(Right(path, 3)) != "TV5") return "No TV5 file selected ";
+    if (!File_Exists(path)) return "This file does not exist !";
+    // Found out before the previous project is thrown away.
+    if (!Read_File(path)) return path + " cannot be read";
+    return {};
+}
+
+void Reset_Views(Workspace& workspace) {
+    CurveView& curves = workspace.Curves;
+    curves.ZoomX = 1;
+    curves.ZoomY = 1;
+    curves.HScroll1.Value = 0;
+    curves.VScroll1.Value = 0;
+    workspace.Velocity.CurrentShot = 1;
+    workspace.Fields.HScroll2.Value = 1;
+}
+
+}  // namespace
+
+void Read_Project(Workspace& workspace, const std::string& path) {
+    if (Is_Untouched_Default(path)) return;
+    Project& project = workspace.Project;
+    project.CurrentFile = path;
+    Parse_Project(Read_File(path).value_or(""), project);
+    workspace.Fields.Label16 = project.SuFile;
+    workspace.Fields.Text25 = CStr(project.TotalTime);
+    workspace.Fields.Text16 = CStr(project.DistanceShift);
+    Look_For_Offset_Shots(workspace);
+    Split_Project_Path(project, path);
+}
+
+bool Open_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+    Run(hooks.HideFrames);
+    workspace.Fields.Text1.clear();
+    // A copy, since the hooks may set another CurrentFile.
+    const std::string path = workspace.Project.CurrentFile;
+    const std::string refusal = Refusal_Of(path);
+    if (!refusal.empty()) {
+        ports.Ask.Say(refusal, workspace.AppTitle, Icon::Critical);
+        return false;
+    }
+    workspace.Fields.Caption = Last_Letters(path, caption_letters) + "  [" + workspace.AppTitle + "]";
+    Erase_Project(workspace.Project);
+    Check_Project_Name(workspace, ports, path);
+    Read_Project(workspace, path);
+    workspace.Fields.FirstTabCaption = path;
+    Scale_Time_Grid(workspace);
+    Reset_Views(workspace);
+    Run(hooks.OfferSuFile);
+    const std::string reason = Backup_Project(path);
+    if (!reason.empty()) workspace.Fields.Status = "No backup copy: " + reason;
+    Run(hooks.ReadGrmFile);
+    ports.Show.Show_Grids();
+    ports.Show.Show_Fields();
+    return true;
+}
+
+bool Open_Named_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks,
+                        const std::string& path) {
+    Project& project = workspace.Project;
+    const std::string former_file = project.CurrentFile;
+    const std::string former_folder = project.ProjectDir;
+    const std::string former_name = project.ProjectName;
+    project.CurrentFile = path;
+    if (Open_Project(workspace, ports, hooks)) return true;
+    project.CurrentFile = former_file;
+    project.ProjectDir = former_folder;
+    project.ProjectName = former_name;
+    return false;
+}
+
+bool Select_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+    Clear_Selection(workspace.Curves);
+    workspace.Curves.PickMoving = 0;
+    workspace.Curves.SavePart = "DROMO";
+    const std::string path =
+        ports.Ask.Open_File({"Tarnvik File selection", "File Tarnvik TV5 |*.TV5|File Tarnvik BAK |*.BAK|",
+                             "*.TV5", workspace.Project.ProjectDir});
+    if (path.empty() || Is_Untouched_Default(path)) return false;
+    bool opened = false;
+    if (Letter_Count(path) > longest_path) {
+        ports.Ask.Say(path + " path is too long", workspace.AppTitle, Icon::Critical);
+    } else {
+        opened = Open_Named_Project(workspace, ports, hooks, path);
+    }
+    if (Letter_Count(path) >= shortest_recent_path) Add_Recent_File(workspace.Settings, path);
+    workspace.Fields.HScroll2.Value = 1;
+    ports.Show.Show_Fields();
+    return opened;
+}
+
+void Add_Recent_File(Settings& settings, const std::string& path) {
+    for (std::size_t i = settings.RecentFiles.size() - 1; i > 0; --i)
+        settings.RecentFiles[i] = settings.RecentFiles[i - 1];
+    settings.RecentFiles[0] = path;
+}
+
+void Check_Project_Name(Workspace& workspace, Ports& ports, const std::string& path) {
+    std::error_code failed;
+    const auto blank = path.find(' ');
+    if (blank != std::string::npos &&
+        ports.Ask.Ask_Yes(
+            path + " file name contains a space, correct it ? (FOR DIRECTORY DO NOT CORRECT HERE ! ) ",
+            workspace.AppTitle)) {
+        const std::string corrected = path.substr(0, blank) + path.substr(blank + 1);
+        if (!File_Exists(corrected)) fs::rename(path, corrected, failed);
+    }
+    const auto state = fs::status(path, failed);
+    if (!fs::exists(state) || (state.permissions() & fs::perms::owner_write) != fs::perms::none) return;
+    ports.Ask.Say(path + "has READ ONLY attribut," + workspace.AppTitle + " will modify it",
+                  workspace.AppTitle);
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, failed);
+}
+
+std::string Backup_Project(const std::string& path) {
+    const std::string backup = Folder_Of(path) + Replace_First(Name_Of(path), ".tv5", ".bak");
+    if (backup == path) return path + " is no TV5 file";
+    return Copy_File(path, backup);
+}
+
+bool Backup_To_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+    workspace.DisplayMode.clear();
+    const std::string backup = ports.Ask.Open_File(
+        {"Tarnvik BAK TV5 selection", "File Tarnvik TV5 |*.BAK|", "*.BAK", workspace.Project.ProjectDir});
+    if (backup.empty()) {
+        workspace.DisplayMode = "DROMO";
+        return false;
+    }
+    const std::string path = Folder_Of(backup) + Replace_First(Name_Of(backup), ".bak", ".tv5");
+    const std::string reason = path == backup ? std::string() : Copy_File(backup, path);
+    if (!reason.empty()) {
+        ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
+        workspace.DisplayMode = "DROMO";
+        return false;
+    }
+    Run(hooks.ClearDisplay);
+    const bool opened = Open_Named_Project(workspace, ports, hooks, path);
+    workspace.DisplayMode = "DROMO";
+    ports.Show.Show_Curves();
+    const std::string su_file = Derived_File(path, ".tv5", ".su");
+    if (opened && su_file != path && File_Exists(su_file)) {
+        workspace.Project.SuFile = su_file;
+        Run(hooks.LoadSuFile);
+    }
+    return opened;
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+/// The only road to the project file: writes the project to CurrentFile, sets the caption, confirms in the
+/// modes "BUILD" and "CORRECT", clears the selection and goes back to mode "DROMO". TotalTime in memory
+/// stands 1 higher afterwards; this is meant.
+///
+/// A value beyond the file's 16 bits, arrays without content, or a disk that refuses is told to the user;
+/// then nothing is written, the old file stays whole, nothing in memory changes, and the answer is false.
+/// Without a file name nothing is saved and no message comes.
+bool Write_Project(Workspace& workspace, Ports& ports);
+
+/// Asks for a new name and saves the project there. When the dialog is cancelled or the file cannot be
+/// written, the project goes to ERROR.TV5 in the program's folder (or, where that cannot be written, in the
+/// project's or the temporary folder), so that nothing is lost, and CurrentFile names that file. True when
+/// the project was saved under the chosen name.
+bool Save_Project_As(Workspace& workspace, Ports& ports);
+
+}  // namespace tarnvik
