@@ -206,9 +206,11 @@ bool CurveDrawing::Draw() {
 CurveWindow Visible_Window(const CurveView& view) {
     CurveWindow window;
     window.X1 = view.HScroll1.Value;
-    window.X2 = Rounded(window.X1 + curve_picture_width / Factor_Or_One(view.ZoomX));
+    // At least one unit stays in sight however strong the enlargement.
+    window.X2 = std::max(window.X1 + 1, Rounded(window.X1 + curve_picture_width / Factor_Or_One(view.ZoomX)));
     window.Yv = view.VScroll1.Value;
-    window.Yw = Rounded(window.Yv + curve_picture_height / Factor_Or_One(view.ZoomY));
+    window.Yw =
+        std::max(window.Yv + 1, Rounded(window.Yv + curve_picture_height / Factor_Or_One(view.ZoomY)));
     return window;
 }
 

@@ -1,8 +1,16 @@
 #pragma once
 
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "core/ports/ports.h"
 #include "core/workspace.h"
 
 namespace tarnvik {
+
+class MovePick;
 
 /// A press, move or release on the Dromo picture, in its world coordinates.
 struct PointerEvent {
@@ -21,6 +29,54 @@ class CurvePointerHandler {
     virtual void Press(const PointerEvent&) {}
     virtual void Move(const PointerEvent&) {}
     virtual void Release(const PointerEvent&) {}
+};
+
+/// Moments of the pointer; the receiver under it is found differently at each.
+enum class PointerMoment { Press, Move, Release };
+
+/// ms per unit of the picture as the pointer reads them, from the latest pick. Exactly 50 ms gives 0.5 here,
+/// where the time grid keeps 1; this is meant.
+double Pick_Factor(double max_time);
+
+/// Number of the receiver nearest to a place on the picture. While moving it is one more than at a press;
+/// this is meant. At a release it is kept within 1..`receivers`, which is at least 1.
+double Receiver_At(double x, int receivers, PointerMoment moment);
+
+/// The mouse and the keys on the travel-time picture: keeps the read-out, moves picks, and hands each event
+/// to what the display mode in force makes of it. Without a project nothing reacts.
+class CurvePointer {
+  public:
+    CurvePointer(Workspace& workspace, Ports& ports);
+    ~CurvePointer();
+    CurvePointer(const CurvePointer&) = delete;
+    CurvePointer& operator=(const CurvePointer&) = delete;
+
+    void Press(const PointerEvent& event);
+    void Move(const PointerEvent& event);
+    void Release(const PointerEvent& event);
+    void Double_Click(const PointerEvent& event);
+    /// A key by its code: 107 plus, 109 minus, 33 and 34 Page Up and Down, 37 to 40 left, up, right, down.
+    void Key(int code);
+
+    /// The handler of a display mode, which must live until it is unregistered. It goes before the built-in
+    /// one of mode "DROMO".
+    void Register(const std::string& mode, CurvePointerHandler* handler);
+    void Unregister(const std::string& mode);
+
+    /// The pick caught by a double click: its writer and the saving of the project are set here.
+    MovePick& Pick_In_Hand() { return *Moving; }
+
+  private:
+    bool Read_Out(const PointerEvent& event, PointerMoment moment);
+    void Take_Pick_Factor();
+    std::string Read_Out_Text(PointerMoment moment) const;
+    void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
+
+    Workspace& Space;
+    Ports& World;
+    std::unique_ptr<CurvePointerHandler> DromoMode;
+    std::unique_ptr<MovePick> Moving;
+    std::map<std::string, CurvePointerHandler*> Handlers;
 };
 
 }  // namespace tarnvik

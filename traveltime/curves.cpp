@@ -47,7 +47,10 @@ void Dessine_Cadre(Workspace& workspace, Ports& ports) {
     Draw_Frame_On(workspace, Main_Pictures(ports));
     ports.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
     workspace.Curves.FrameDrawn = 1;
-    workspace.Curves.LastLabelledShot = 0;  // the numbers went with the old picture
+    // The numbers, the band and the cross went with the old picture.
+    workspace.Curves.LastLabelledShot = 0;
+    workspace.Curves.Band = {};
+    workspace.Curves.Cross = {};
     if (Second_Window_Open(workspace)) Draw_Frame_On(workspace, {ports.Show.Canvas_Of(Canvas::Dromo2)});
 }
 

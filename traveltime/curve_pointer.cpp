@@ -1,0 +1,177 @@
+#include "traveltime/curve_pointer.h"
+
+#include <algorithm>
+
+#include "core/text/number.h"
+#include "traveltime/curve_drawing.h"
+#include "traveltime/move_pick.h"
+#include "traveltime/rubber_band.h"
+#include "traveltime/velocity_ruler.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// Mode "DROMO": with the left button a band that tells its velocity.
+class DromoPointer : public CurvePointerHandler {
+  public:
+    DromoPointer(Workspace& workspace, Ports& ports) : Space(workspace), Band(workspace, ports) {}
+
+    void Press(const PointerEvent& event) override {
+        if (event.LeftButton) Band.Start(event);
+    }
+    void Move(const PointerEvent& event) override {
+        if (!event.LeftButton || !Band.Is_Open()) return;
+        Band.Update(event);
+        const CurveView& view = Space.Curves;
+        if (const auto velocity =
+                Band_Velocity(view.DownDistance, view.DownTime, view.MouseDistance, view.MouseTime))
+            Space.Fields.Text1 = Velocity_Text(Space.Settings, *velocity);
+    }
+    void Release(const PointerEvent& event) override {
+        if (event.LeftButton) Band.End(event);
+    }
+
+  private:
+    Workspace& Space;
+    RubberBand Band;
+};
+
+bool Begins_With_Prof(const std::string& mode) {
+    return mode.starts_with("Prof");
+}
+
+bool Has_Project(const Project& project) {
+    return project.NbReceivers > 0 && project.ReceiverData.Has(ReceiverDistance, project.NbReceivers);
+}
+
+}  // namespace
+
+double Pick_Factor(double max_time) {
+    return max_time <= 50 ? 0.5 : Time_Factor(max_time);
+}
+
+double Receiver_At(double x, int receivers, PointerMoment moment) {
+    const double spacing = curve_picture_width / receivers;
+    if (moment == PointerMoment::Move) return Rounded((x + spacing) / spacing);
+    const double nearest = Rounded(x / spacing);
+    return moment == PointerMoment::Press ? nearest : std::clamp<double>(nearest, 1, receivers);
+}
+
+CurvePointer::CurvePointer(Workspace& workspace, Ports& ports)
+    : Space(workspace),
+      World(ports),
+      DromoMode(std::make_unique<DromoPointer>(workspace, ports)),
+      Moving(std::make_unique<MovePick>(workspace, ports)) {}
+
+CurvePointer::~CurvePointer() = default;
+
+void CurvePointer::Register(const std::string& mode, CurvePointerHandler* handler) {
+    Handlers[mode] = handler;
+}
+
+void CurvePointer::Unregister(const std::string& mode) {
+    Handlers.erase(mode);
+}
+
+void CurvePointer::Take_Pick_Factor() {
+    CurveView& view = Space.Curves;
+    const std::string& mode = Space.DisplayMode;
+    if (mode == "quick") return;
+    const bool as_drawn = Begins_With_Prof(mode) || mode == "ABC" || mode == "Fantom";
+    view.PickFactor = as_drawn ? view.TimeFactor : Pick_Factor(view.MaxTime);
+}
+
+std::string CurvePointer::Read_Out_Text(PointerMoment moment) const {
+    const CurveView& view = Space.Curves;
+    const std::string unit = Space.Settings.Metric() ? "m" : "f";
+    const bool abc = Space.DisplayMode == "ABC";
+    if (abc || Begins_With_Prof(Space.DisplayMode)) {
+        const ProfileView& profile = Space.Profile;
+        const double factor = profile.ProfileVFactor * (abc ? 4.0 : 1.0);
+        const double elevation =
+            Divide((100 - view.MouseTime) * factor, profile.ProfileVScale) - profile.ProfileMinElevation;
+        return " Elevation= " + CStr(elevation) + unit;
+    }
+    std::string text = CStr(view.MouseTime) + "ms Coord= " + CStr(view.MouseDistance) + unit;
+    if (moment != PointerMoment::Press) text += " Geo=" + CStr(view.MouseReceiver);
+    return text;
+}
+
+bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
+    const Project& project = Space.Project;
+    CurveView& view = Space.Curves;
+    if (!Has_Project(project)) return false;
+    Take_Pick_Factor();
+    const double distance = Int(100 * (project.LineLength * event.X / curve_picture_width)) / 100;
+    view.MouseDistance = std::clamp(distance, 0.0, std::max(0.0, project.LineLength));
+    Store_If_It_Fits(view.MouseReceiver, Receiver_At(event.X, project.NbReceivers, moment));
+    const double latest = Rounded(view.PickFactor * curve_picture_height);
+    Store_If_It_Fits(view.MouseTime, std::clamp(Int(view.PickFactor * event.Y), 0.0, latest));
+    if (moment == PointerMoment::Press) {
+        Store_If_It_Fits(view.DownDistance, view.MouseDistance);
+        view.DownTime = view.MouseTime;
+        view.DownX = event.X;
+        view.DownY = event.Y;
+    }
+    try {
+        Space.Fields.Text1 = Read_Out_Text(moment);
+    } catch (const Fault&) {
+        // No profile has been drawn: the text stays.
+    }
+    return true;
+}
+
+void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
+                            const PointerEvent& event) {
+    const auto found = Handlers.find(Space.DisplayMode);
+    CurvePointerHandler* handler = found != Handlers.end()        ? found->second
+                                   : Space.DisplayMode == "DROMO" ? DromoMode.get()
+                                                                  : nullptr;
+    if (handler == nullptr) return;
+    try {
+        (handler->*what)(event);
+    } catch (const Fault&) {
+        // What could not be computed is left as it was.
+    }
+}
+
+void CurvePointer::Press(const PointerEvent& event) {
+    if (!Read_Out(event, PointerMoment::Press)) return;
+    if (Space.Curves.PickMoving != 0) {
+        Moving->Press(event);
+    } else {
+        Dispatch(&CurvePointerHandler::Press, event);
+    }
+    World.Show.Show_Fields();
+}
+
+void CurvePointer::Move(const PointerEvent& event) {
+    if (!Read_Out(event, PointerMoment::Move)) return;
+    if (Space.Curves.PickMoving == 0) Dispatch(&CurvePointerHandler::Move, event);
+    if (Space.Curves.RulerShown) Move_Velocity_Cross(Space, World, event.X, event.Y);
+    World.Show.Show_Fields();
+}
+
+void CurvePointer::Release(const PointerEvent& event) {
+    if (!Read_Out(event, PointerMoment::Release)) return;
+    if (Space.Curves.PickMoving != 0) {
+        Moving->Release(event);
+    } else {
+        Dispatch(&CurvePointerHandler::Release, event);
+    }
+    World.Show.Show_Fields();
+}
+
+void CurvePointer::Double_Click(const PointerEvent& event) {
+    if (!Read_Out(event, PointerMoment::Press)) return;
+    Moving->Catch();
+    World.Show.Show_Fields();
+}
+
+void CurvePointer::Key(int code) {
+    if (!Has_Project(Space.Project)) return;
+    Velocity_Ruler_Key(Space, World, code);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,74 @@
+#include "traveltime/move_pick.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+constexpr double catch_distance = 3;  // length units of the project
+constexpr double catch_time = 3;      // ms
+}  // namespace
+
+std::optional<PickPlace> Pick_Near(const Project& project, double distance, double time) {
+    std::optional<PickPlace> caught;
+    const int shots = std::min<int>(project.NbShots, project.ShotTimes.Last_Row());
+    const int receivers = std::min<int>(project.NbReceivers, project.ShotTimes.Last_Column());
+    for (int shot = 1; shot <= shots; ++shot) {
+        for (int receiver = 1; receiver <= receivers; ++receiver) {
+            const double pick = project.ShotTimes(shot, receiver);
+            if (pick == 0 || std::abs(time - pick) >= catch_time) continue;
+            const double place = project.ReceiverData(ReceiverDistance, receiver);
+            if (std::abs(distance - place) < catch_distance) caught = PickPlace{shot, receiver};
+        }
+    }
+    return caught;
+}
+
+void MovePick::Catch() {
+    CurveView& view = Space.Curves;
+    if (view.PickMoving != 0) return;
+    const std::optional<PickPlace> caught = Pick_Near(Space.Project, view.MouseDistance, view.MouseTime);
+    if (!caught) return;
+    view.PickMoving = 1;
+    view.PickShot = static_cast<std::int16_t>(caught->Shot);
+    view.PickReceiver = static_cast<std::int16_t>(caught->Receiver);
+    view.DragStartX = 0;  // the first click of the two began a band
+    Pressed.reset();
+    World.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::PickMove);
+}
+
+void MovePick::Press(const PointerEvent& press) {
+    Pressed = press;
+}
+
+void MovePick::Release(const PointerEvent& release) {
+    if (!Pressed) return;
+    CurveView& view = Space.Curves;
+    const bool same_place = release.X == Pressed->X && release.Y == Pressed->Y;
+    Pressed.reset();
+    const bool deleted =
+        same_place && World.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver), Space.AppTitle);
+    // Answered with no, the pick takes the pointer's time like any other move.
+    const double y = deleted ? 0 : std::max(0.0, release.Y);
+    view.PickMoving = 0;
+    World.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
+    Store(view.PickFactor * y);
+}
+
+void MovePick::Store(double time_ms) {
+    const int shot = Space.Curves.PickShot;
+    const int receiver = Space.Curves.PickReceiver;
+    // Another project may have been opened between the double click and the release.
+    if (!Space.Project.ShotTimes.Has(shot, receiver)) return;
+    const float time = static_cast<float>(time_ms);
+    Space.Project.ShotTimes(shot, receiver) = time;
+    Space.Grids.Buildgrid.Set_Text(receiver, shot, Format(time, "##00.00"));
+    if (Writer != nullptr) Writer->Write_Pick(shot, receiver, time);
+    if (Save) Save();
+    World.Show.Show_Curves();
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "traveltime/curve_pointer.h"
+
+namespace tarnvik {
+
+/// Takes a changed pick into the field records: the header word of its trace and the marks on the record.
+class PickWriter {
+  public:
+    virtual ~PickWriter() = default;
+    /// Shot and receiver from 1, time in ms; 0 means that the pick is deleted.
+    virtual void Write_Pick(int shot, int receiver, double time_ms) = 0;
+};
+
+struct PickPlace {
+    int Shot = 0;
+    int Receiver = 0;
+    bool operator==(const PickPlace&) const = default;
+};
+
+/// The pick that lies within 3 length units and 3 ms of a place, both strictly; of several the last one in
+/// the order of shots and receivers.
+std::optional<PickPlace> Pick_Near(const Project& project, double distance, double time);
+
+/// Moving a pick on the curves: a double click catches it, the next press and release put it elsewhere, or
+/// delete it when the pointer did not move between them.
+class MovePick {
+  public:
+    MovePick(Workspace& workspace, Ports& ports) : Space(workspace), World(ports) {}
+
+    /// Double click at MouseDistance and MouseTime; nothing while a pick is already in hand.
+    void Catch();
+    void Press(const PointerEvent& press);
+    /// Ends the move, stores the time, saves the project and redraws. A release that no press went before
+    /// (the one of the double click itself) is passed over.
+    void Release(const PointerEvent& release);
+
+    PickWriter* Writer = nullptr;  ///< none while there are no field records
+    std::function<void()> Save;    ///< writes the project file
+
+  private:
+    void Store(double time_ms);
+
+    Workspace& Space;
+    Ports& World;
+    std::optional<PointerEvent> Pressed;
+};
+
+}  // namespace tarnvik
