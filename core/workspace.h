@@ -154,6 +154,8 @@ struct RecordView {
     std::int16_t SavedFirst = 0;
     std::int16_t SavedLast = 0;
     std::int32_t ReferenceTrace = 0;
+    double TraceScale = 0;              ///< amplitude scale of the record drawn last, 0 before the first
+    std::int32_t StationsAskedFor = 0;  ///< first trace of the record whose stations were asked for
 };
 
 /// Texts, ticks and choices of the main form that logic reads or writes, by the names of their controls.

@@ -1,0 +1,262 @@
+#include "records/su_loading.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/fault.h"
+#include "core/files.h"
+#include "core/text/letters.h"
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr std::size_t longest_path = 90;
+constexpr double long_recording = 0.5;  // seconds
+
+/// Takes a quotient into a 16-bit count; a division by zero or a result too large leaves it as it was.
+void Store_Quotient(std::int16_t& target, double dividend, double divisor) {
+    if (divisor != 0) Store_If_It_Fits(target, dividend / divisor);
+}
+
+/// What the loading of another file changes, to put it back when the user gives up.
+struct Former {
+    explicit Former(const Workspace& workspace)
+        : SuFile(workspace.Project.SuFile),
+          CurrentFile(workspace.Project.CurrentFile),
+          Record(workspace.Record),
+          TraceSizes(workspace.Grids.size_grid) {}
+    void Put_Back(Workspace& workspace) const {
+        workspace.Project.SuFile = SuFile;
+        workspace.Project.CurrentFile = CurrentFile;
+        workspace.Record = Record;
+        workspace.Grids.size_grid = TraceSizes;
+    }
+    std::string SuFile;
+    std::string CurrentFile;
+    RecordView Record;
+    TextGrid TraceSizes;
+};
+
+/// A path the user chose and that can be used; empty when he gave up.
+std::string Choose_SU_File(Workspace& workspace, Ports& ports) {
+    for (;;) {
+        const std::string path = ports.Ask.Open_File(
+            {"Load ", "Seismic Unix (SU)|*.SU|All files|*.*|", "*.SU", workspace.Project.ProjectDir});
+        if (path.empty()) return path;
+        const std::string refusal = Path_Refusal(path);
+        if (refusal.empty()) return path;
+        ports.Ask.Say(refusal, workspace.AppTitle, Icon::Critical);
+        if (To_Windows_1252(path).size() > longest_path) return {};
+        if (!ports.Ask.Ask_Yes(refusal, "Search another SU file location ?) ")) return {};
+    }
+}
+
+/// Project file that belongs to an SU file. Never the SU file itself, whatever its name ends in: it would be
+/// overwritten by the project.
+std::string Project_File_Of(const std::string& su_file) {
+    const std::string derived = Derived_File(su_file, ".su", ".TV5");
+    return derived == su_file ? su_file + ".TV5" : derived;
+}
+
+/// Asks for records and channels and numbers the traces by them. False when the user gave up or the file
+/// cannot be written.
+bool Number_By_Hand(Workspace& workspace, Ports& ports) {
+    RecordView& view = workspace.Record;
+    const double records =
+        Val(ports.Ask.Input("Enter the total number of records for your spread", workspace.AppTitle, "5"));
+    if (records < 1) return false;
+    Store_Quotient(view.ChannelsPerRecord, view.NbTraces, records);
+    const double channels =
+        Val(ports.Ask.Input("Enter the number of channel for each record (must be constant)",
+                            workspace.AppTitle, CStr(int{view.ChannelsPerRecord})));
+    Store_If_It_Fits(view.ChannelsPerRecord, channels);
+    if (channels == 0 || view.ChannelsPerRecord < 1) return false;
+    const std::string reason =
+        Renumber_Traces(workspace.Project.SuFile, view.NbTraces, view.ChannelsPerRecord);
+    if (reason.empty()) return true;
+    ports.Ask.Say(workspace.Project.SuFile + " cannot be written: " + reason, workspace.AppTitle,
+                  Icon::Critical);
+    return false;
+}
+
+}  // namespace
+
+std::string Su_Path(const Project& project) {
+    const std::string& name = project.SuFile;
+    if (name.empty() || File_Exists(name) || !Folder_Of(name).empty()) return name;
+    std::string beside = project.ProjectDir.empty() ? Folder_Of(project.CurrentFile) : project.ProjectDir;
+    if (!beside.empty() && beside.back() != '/' && beside.back() != '\\') beside += '/';
+    return File_Exists(beside + name) ? beside + name : name;
+}
+
+std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces) {
+    std::int16_t channels = 0;
+    std::int16_t first = 0;
+    std::int16_t channel = 0;
+    for (std::int32_t trace = 1; trace <= traces; ++trace) {
+        const auto read = file.Channel(trace);
+        if (!read) break;  // the rest of the count has no header in the file
+        channel = *read;
+        if (trace == 1) first = channel;
+        channels = std::max(channels, channel);
+        if (channel == first && trace == 5) return 0;
+        if (channel < channels) break;
+    }
+    return channels;
+}
+
+bool Scan_Channels(Workspace& workspace, const std::string& path) {
+    RecordView& view = workspace.Record;
+    std::int32_t second = 0;
+    if (!Recherche_Nb_Trace(view, path, view.NbTraces, second)) return false;
+    SuTraces file(path);
+    view.ChannelsPerRecord = Channels_Per_Record(file, view.NbTraces);
+    Store_Quotient(view.NbRecords, view.NbTraces, view.ChannelsPerRecord);
+    workspace.Fields.Text9 = "1";
+    workspace.Fields.Text10 = CStr(int{view.ChannelsPerRecord});
+    workspace.Fields.HScroll2 = {1, 1, std::max(1, int{view.NbRecords})};
+    return true;
+}
+
+void Start_With_SU_File(Workspace& workspace, const std::string& path) {
+    RecordView& view = workspace.Record;
+    constexpr std::string_view filtered = "_flt.su";
+    view.TwinSuFile =
+        LCase(Right(path, filtered.size())) == filtered ? Derived_File(path, filtered, ".su") : std::string();
+    std::int32_t second = 0;
+    Recherche_Nb_Trace(view, path, view.NbTraces, second);
+    SuTraces file(path);
+    if (const auto delay = file.Word(1, words::delrt)) {
+        Store_If_It_Fits(view.RecordDelay, *delay < 0 ? -*delay : *delay);
+    }
+    view.FirstSample = 1;
+    Store_If_It_Fits(view.LastSample, view.NbSamples);
+    view.ZoomMode = 0;
+    view.TraceScale = 0;
+    workspace.Grids.size_grid.Clear();
+}
+
+std::string Path_Refusal(const std::string& path) {
+    const std::string letters = To_Windows_1252(path);
+    if (letters.size() > longest_path) return path + " path is too long";
+    for (const char letter : letters) {
+        const int code = static_cast<unsigned char>(letter);
+        if (code >= 45 && code < 171) continue;
+        return path + " contains invalid caracter *" + From_Windows_1252({&letter, 1}) +
+               "* ASCII:" + CStr(code);
+    }
+    return {};
+}
+
+bool Load_SU_File(Workspace& workspace, Ports& ports) {
+    const std::string path = Choose_SU_File(workspace, ports);
+    if (path.empty()) return false;
+    const Former former(workspace);
+    RecordView& view = workspace.Record;
+    workspace.Project.SuFile = path;
+    workspace.Project.CurrentFile = Project_File_Of(path);
+    Start_With_SU_File(workspace, path);
+
+    if (view.NbSamples / 1000.0 * view.SampleInterval / 1000.0 > long_recording &&
+        ports.Ask.Ask_Yes("The recording time > 0.5 sec, it is probably not necessary, modify in UTILITY ?",
+                          workspace.AppTitle)) {
+        ports.Ask.Say("SU files cannot be resized in this version. The file is loaded as it is.",
+                      workspace.AppTitle, Icon::Information);
+    }
+
+    bool trusted = false;
+    {
+        SuTraces file(path);
+        const double channel = file.Word_Or_Zero(1, words::tracf);
+        trusted = file.Word_Or_Zero(1, words::fldr) != 0 && channel < 2 &&
+                  channel != file.Word_Or_Zero(2, words::tracf);
+    }
+    if (!trusted && !Number_By_Hand(workspace, ports)) {
+        former.Put_Back(workspace);
+        return false;
+    }
+    Scan_Channels(workspace, path);
+    ports.Show.Show_Fields();
+    ports.Show.Display_Record();
+    return true;
+}
+
+bool Locate_SU_File(Workspace& workspace, Ports& ports) {
+    if (File_Exists(Su_Path(workspace.Project))) return true;
+    if (!ports.Ask.Ask_Yes(" Do you want to locate " + workspace.Project.SuFile, workspace.AppTitle)) {
+        return false;
+    }
+    // The file is looked for on behalf of a project that has a name already; under the name derived from the
+    // SU file it would be written over another project.
+    const std::string project_file = workspace.Project.CurrentFile;
+    const bool loaded = Load_SU_File(workspace, ports);
+    if (!project_file.empty()) workspace.Project.CurrentFile = project_file;
+    return loaded;
+}
+
+void Offer_SU_File(Workspace& workspace, Ports& ports) {
+    if (workspace.Project.SuFile.empty()) return;
+    const bool was_there = File_Exists(Su_Path(workspace.Project));
+    if (!was_there) {
+        Locate_SU_File(workspace, ports);
+        return;
+    }
+    const std::string path = Su_Path(workspace.Project);
+    Start_With_SU_File(workspace, path);
+    Scan_Channels(workspace, path);
+}
+
+std::string Renumber_Traces(const std::string& path, std::int32_t traces, std::int32_t channels) {
+    SuTraces file(path, SuTraces::Access::Write);
+    if (!file.Is_Open()) return file.Reason();
+    std::int32_t record = 1;
+    std::int32_t channel = 1;
+    for (std::int32_t trace = 1; trace <= traces; ++trace) {
+        if (file.Set_Record_And_Channel(trace, record, channel) != Stored::Yes) return file.Reason();
+        if (++channel > channels) {
+            channel = 1;
+            ++record;
+        }
+    }
+    return {};
+}
+
+void Grid_2_SU(Workspace& workspace, Ports& ports) {
+    if (!Locate_SU_File(workspace, ports)) return;
+    const Project& project = workspace.Project;
+    SuTraces file(Su_Path(project), SuTraces::Access::Write);
+    bool lost = !file.Is_Open();
+    for (int shot = 1; shot <= project.NbShots && file.Is_Open(); ++shot) {
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+            const std::int64_t trace = std::int64_t{shot - 1} * project.NbReceivers + receiver;
+            const double ms = workspace.Grids.Buildgrid.Value(receiver, shot);
+            lost |= file.Set_Pick(trace, ms) == Stored::No;
+        }
+    }
+    if (lost) {
+        ports.Ask.Say(project.SuFile + " cannot be written: " + file.Reason(), workspace.AppTitle,
+                      Icon::Critical);
+    }
+}
+
+void Load_FBP_From_SU_Header(Workspace& workspace, Ports& ports) {
+    if (ports.Ask.Message("FBP values of the grid will be replaced by FBP from SU Header", workspace.AppTitle,
+                          Icon::Question, Buttons::OkCancel) != Answer::Ok) {
+        return;
+    }
+    if (!Locate_SU_File(workspace, ports)) return;
+    const Project& project = workspace.Project;
+    SuTraces file(Su_Path(project));
+    for (int shot = 1; shot <= project.NbShots; ++shot) {
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+            const std::int64_t trace = std::int64_t{shot - 1} * project.NbReceivers + receiver;
+            const auto word = file.Word(trace, words::First_Breaks);
+            if (word) workspace.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
+        }
+    }
+    ports.Show.Show_Grids();
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "records/su_file.h"
+
+namespace tarnvik {
+
+/// The project's SuFile as it can be opened: a name without a folder that is not found from the running
+/// folder is looked for beside the project file. The name in the project stays as it is.
+std::string Su_Path(const Project& project);
+
+/// Channels of a record by the channel words of traces 1 to `traces`: the largest number met before they
+/// start again. 0 when the fifth trace has the number of the first, which is read as "the channel word does
+/// not run"; records of four channels fall under this too, which is meant.
+std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces);
+
+/// Reads counts and channels of an SU file into the view and puts the record display at its first record:
+/// Text9, Text10, HScroll2. False when the file cannot be opened.
+bool Scan_Channels(Workspace& workspace, const std::string& path);
+
+/// Takes up another SU file in the view: no zoom, its twin (the file without "_flt", when it is a filtered
+/// one), trace sizes back to 1.
+void Start_With_SU_File(Workspace& workspace, const std::string& path);
+
+/// Why a path cannot be used, in the words for the user; empty when it can. More than 90 characters, and
+/// letters that the processing tools do not stand (codes below 45, so blanks too, and from 171 up), are
+/// refused.
+std::string Path_Refusal(const std::string& path);
+
+/// Lets the user choose an SU file and loads it, with all its questions; shows its first record. False when
+/// it was given up: then everything is as it was.
+bool Load_SU_File(Workspace& workspace, Ports& ports);
+
+/// True when the project's SU file is there. When it is missing the user may look for it: then Load_SU_File
+/// decides. The project keeps its own name.
+bool Locate_SU_File(Workspace& workspace, Ports& ports);
+
+/// The SU file of a project just opened: looked for when missing, scanned when found. A project without SU
+/// file is left alone.
+void Offer_SU_File(Workspace& workspace, Ports& ports);
+
+/// Numbers all traces of a file: records from 1, channels 1 to `channels` in each. Answers the reason of a
+/// failure, empty when it went well.
+std::string Renumber_Traces(const std::string& path, std::int32_t traces, std::int32_t channels);
+
+/// Picks of Buildgrid into the headers of the SU file, trace (shot - 1) * NbReceivers + receiver. The file
+/// must hold the traces in project order.
+void Grid_2_SU(Workspace& workspace, Ports& ports);
+
+/// Picks of the headers into Buildgrid, after a question (Command20, "Load FBP from SU header"). Cells whose
+/// trace the file lacks stay.
+void Load_FBP_From_SU_Header(Workspace& workspace, Ports& ports);
+
+}  // namespace tarnvik
