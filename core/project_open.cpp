@@ -92,7 +92,7 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     Split_Project_Path(project, path);
 }
 
-bool Open_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
     Run(hooks.HideFrames);
     workspace.Fields.Text1.clear();
     // A copy, since the hooks may set another CurrentFile.
@@ -118,7 +118,7 @@ bool Open_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks)
     return true;
 }
 
-bool Open_Named_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks,
+bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
                         const std::string& path) {
     Project& project = workspace.Project;
     const std::string former_file = project.CurrentFile;
@@ -132,7 +132,7 @@ bool Open_Named_Project(Workspace& workspace, Ports& ports, const ProjectHooks& 
     return false;
 }
 
-bool Select_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
     Clear_Selection(workspace.Curves);
     workspace.Curves.PickMoving = 0;
     workspace.Curves.SavePart = "DROMO";
@@ -181,7 +181,7 @@ std::string Backup_Project(const std::string& path) {
     return Copy_File(path, backup);
 }
 
-bool Backup_To_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks) {
+bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
     workspace.DisplayMode.clear();
     const std::string backup = ports.Ask.Open_File(
         {"Tarnvik BAK TV5 selection", "File Tarnvik TV5 |*.BAK|", "*.BAK", workspace.Project.ProjectDir});

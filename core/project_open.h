@@ -9,7 +9,7 @@
 namespace tarnvik {
 
 /// What opening a project asks of the floors above; an empty function is left out.
-struct ProjectHooks {
+struct OpeningHooks {
     std::function<void()> HideFrames;    ///< display frames of the previous project
     std::function<void()> OfferSuFile;   ///< lets the user look for field records that are not found
     std::function<void()> ReadGrmFile;   ///< companion GRM file of CurrentFile
@@ -25,16 +25,16 @@ void Read_Project(Workspace& workspace, const std::string& path);
 /// Opens CurrentFile: checks, reading, scaling, backup copy, companion files. Answers false after a refusal,
 /// which leaves the previous project in memory; CurrentFile then still names the refused file, see
 /// Open_Named_Project.
-bool Open_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks);
+bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks);
 
 /// Makes `path` the CurrentFile and opens it. After a refusal CurrentFile, ProjectDir and ProjectName are
 /// those of the previous project again, so that a save cannot put it into a file of another name.
-bool Open_Named_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks,
+bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
                         const std::string& path);
 
 /// Asks for a project file, opens it and puts it on top of the recent files. False when the dialog was
 /// cancelled (nothing changes) or the file was refused (the previous project and its names stay).
-bool Select_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks);
+bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks);
 
 /// Shifts the recent files by one and puts the path on top. Duplicates stay; this is meant.
 void Add_Recent_File(Settings& settings, const std::string& path);
@@ -48,6 +48,6 @@ std::string Backup_Project(const std::string& path);
 
 /// Menu NBak: asks for a backup copy, copies it over the project file of that name and opens it. False when
 /// cancelled or failed.
-bool Backup_To_Project(Workspace& workspace, Ports& ports, const ProjectHooks& hooks);
+bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks);
 
 }  // namespace tarnvik

@@ -1,0 +1,273 @@
+#include <array>
+
+#include "app/commands.h"
+#include "app/documents.h"
+#include "app/file_commands.h"
+#include "app/session.h"
+#include "app/start.h"
+#include "app/tool_launches.h"
+#include "app/view_commands.h"
+#include "core/files.h"
+#include "core/language.h"
+
+namespace tarnvik {
+
+namespace {
+
+template <int place>
+void Open_Recent(Session& session) {
+    Open_Recent_File(session, place);
+}
+
+template <int place>
+std::string Recent_Caption(const Session& session) {
+    return session.Work.Settings.RecentFiles[place - 1];
+}
+
+template <char letter>
+void Choose_Language(Session& session) {
+    Set_Language(session.Work.Settings, letter);
+    session.Outside.Show.Show_Fields();
+}
+
+void Quit_From_Menu(Session& session) {
+    Quit(session, false);
+}
+
+void Quit_From_Toolbar(Session& session) {
+    Quit(session, true);
+}
+
+void Show_Splash(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::frmSplash, true);
+}
+
+bool Multi_Screen(const Session& session) {
+    return session.Work.Settings.MultiScreen;
+}
+bool Zero_On_Top(const Session& session) {
+    return session.Work.Curves.ZeroOnTop;
+}
+bool Receiver_Intercepts(const Session& session) {
+    return session.Work.Curves.ShowReceiverIntercepts;
+}
+bool Wide_Line(const Session& session) {
+    return session.Work.Settings.VelocityLineWidth == 2;
+}
+bool Thin_Line(const Session& session) {
+    return !Wide_Line(session);
+}
+bool By_Velocity(const Session& session) {
+    return session.Work.Settings.ColorChoice;
+}
+bool One_Colour(const Session& session) {
+    return !By_Velocity(session);
+}
+bool Meters(const Session& session) {
+    return session.Work.Settings.Metric();
+}
+bool Feet(const Session& session) {
+    return !Meters(session);
+}
+template <std::int16_t Settings::*flag>
+bool Language(const Session& session) {
+    return session.Work.Settings.*flag != 0;
+}
+
+constexpr std::string_view file_menu = "&File";
+constexpr std::string_view conversion_menu = "&File/Conversion";
+constexpr std::string_view export_menu = "&File/Export";
+constexpr std::string_view recent_menu = "&File/Recent files";
+constexpr std::string_view processing_menu = "&Processing";
+constexpr std::string_view screen_menu = "&Screen Display";
+constexpr std::string_view printer_menu = "P&rinter";
+constexpr std::string_view utility_menu = "&Utility";
+constexpr std::string_view ascii_menu = "&Utility/ASCII files";
+constexpr std::string_view csv_menu = "&Utility/CSV tools";
+constexpr std::string_view options_menu = "&Display options";
+constexpr std::string_view time_menu = "&Display options/Display time option";
+constexpr std::string_view line_menu = "&Display options/Velocity line";
+constexpr std::string_view colour_menu = "&Display options/Curve colours";
+constexpr std::string_view units_menu = "&Display options/Units";
+constexpr std::string_view language_menu = "&Language (Printed texts)";
+constexpr std::string_view info_menu = "&Info";
+
+constexpr Command Separator(std::string_view menu) {
+    return {.Name = "", .Menu = menu, .Caption = "-"};
+}
+
+// clang-format off
+const std::array command_table = {
+    // Toolbar, in the order of the buttons.
+    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
+    Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
+    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz"},
+    Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
+    Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4"},
+    Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
+    Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick"},
+    Command{.Name = "edit", .Tooltip = "EDIT travel time informations", .Icon = "edit", .Run = Edit_Notes},
+    Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler"},
+    Command{.Name = "tosu", .Tooltip = "Seismograph File conversion", .Icon = "tosu", .Run = Launch_Conversion},
+    Command{.Name = "open", .Tooltip = "Open existing TV5 File", .Icon = "open", .Run = Open_From_Toolbar},
+    Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data},
+    Command{.Name = "dromo", .Tooltip = "Display travel time", .Icon = "dromo", .Run = Back_To_Curves},
+    Command{.Name = "prop", .Icon = "prop"},
+    Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom"},
+    Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1"},
+    Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2"},
+    Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3"},
+    Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum"},
+    Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
+    Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
+    Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing"},
+    Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap"},
+    Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
+    Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom},
+    Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
+    Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom},
+    Command{.Name = "abc", .Tooltip = "Record abc result", .Icon = "abc"},
+
+    // File
+    Command{.Name = "NewDromoName", .Menu = file_menu, .Caption = "&Open travel time...", .Icon = "open", .Shortcut = "Ctrl+O", .Run = Open_Travel_Time},
+    Command{.Name = "T_Assembly", .Menu = file_menu, .Caption = "New travel time", .Icon = "tv4", .Shortcut = "Ctrl+N"},
+    Separator(file_menu),
+    Command{.Name = "SaveName", .Menu = file_menu, .Caption = "Save Data ", .Icon = "save", .Shortcut = "Ctrl+S", .Run = Save_Data},
+    Command{.Name = "Save_As", .Menu = file_menu, .Caption = "Save data As", .Shortcut = "Ctrl+Shift+S", .Run = Save_Data_As},
+    Command{.Name = "Deletename", .Menu = file_menu, .Caption = "Delete File"},
+    Separator(file_menu),
+    Command{.Name = "SEG22SU", .Menu = conversion_menu, .Caption = "SEG2 to SU conversion", .Run = Launch_Seg2_Conversion},
+    Command{.Name = "conver", .Menu = conversion_menu, .Caption = "Other Seismograph file conversion", .Icon = "tosu", .Run = Launch_Conversion},
+    Command{.Name = "backup", .Menu = conversion_menu, .Caption = "TV5 to *.BAK", .Run = Ask_For_Backup},
+    Command{.Name = "NBak", .Menu = conversion_menu, .Caption = "*.BAK to *.TV5", .Run = Convert_Bak_To_Tv5},
+    Command{.Name = "TV57", .Menu = conversion_menu, .Caption = "Old TV4 to TV5", .Run = Convert_Tv4_To_Tv5},
+    Command{.Name = "PLOTREFA_CNV", .Menu = export_menu, .Caption = "TV5  to PLOTREFA"},
+    Command{.Name = "optim", .Menu = export_menu, .Caption = "TV5 to Seisopt@2D"},
+    Command{.Name = "Rayfract", .Menu = export_menu, .Caption = "TV5 to Rayfract ASCII"},
+    Command{.Name = "F1_F", .Menu = recent_menu, .Run = Open_Recent<1>, .Text = Recent_Caption<1>},
+    Command{.Name = "F2_F", .Menu = recent_menu, .Run = Open_Recent<2>, .Text = Recent_Caption<2>},
+    Command{.Name = "F3_F", .Menu = recent_menu, .Run = Open_Recent<3>, .Text = Recent_Caption<3>},
+    Command{.Name = "F4_F", .Menu = recent_menu, .Run = Open_Recent<4>, .Text = Recent_Caption<4>},
+    Command{.Name = "F5_F", .Menu = recent_menu, .Run = Open_Recent<5>, .Text = Recent_Caption<5>},
+    Separator(file_menu),
+    Command{.Name = "Fin_Mnu", .Menu = file_menu, .Caption = "End", .Icon = "stop", .Shortcut = "Ctrl+Q", .Run = Quit_From_Menu},
+
+    // Processing
+    Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5"},
+    Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2"},
+    Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3"},
+    Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler"},
+    Command{.Name = "dipc", .Menu = processing_menu, .Caption = "Dip computation"},
+    Separator(processing_menu),
+    Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom"},
+    Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick"},
+    Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6"},
+    Separator(processing_menu),
+    Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap"},
+    Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation"},
+    Command{.Name = "NEditABC", .Menu = processing_menu, .Caption = "Edit Delay times"},
+    Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay"},
+    Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
+    Separator(processing_menu),
+    Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM"},
+
+    // Screen Display
+    Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},
+    Command{.Name = "TT_IT_MN", .Menu = screen_menu, .Caption = "Travel time and Delay"},
+    Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3"},
+    Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC"},
+    Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM"},
+    Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM"},
+    Separator(screen_menu),
+    Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File},
+    Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve"},
+    Separator(screen_menu),
+    Command{.Name = "Zerop", .Menu = screen_menu, .Caption = "Zero time on top", .Shortcut = "Ctrl+T", .Run = Toggle_Zero_On_Top, .Checked = Zero_On_Top},
+    Command{.Name = "MultiScreen", .Menu = screen_menu, .Caption = "Multi screen", .Run = Toggle_Multi_Screen, .Checked = Multi_Screen},
+    Command{.Name = "TShift", .Menu = screen_menu, .Caption = "Time Shift"},
+
+    // Printer
+    Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
+    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture},
+    Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
+    Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
+    Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation"},
+
+    // Utility
+    Command{.Name = "headerx", .Menu = utility_menu, .Caption = "Seismic Unix Header editing"},
+    Command{.Name = "Edit_Mnu", .Menu = utility_menu, .Caption = "Edit Data File", .Run = Edit_Data_File},
+    Command{.Name = "Font_Mnu", .Menu = utility_menu, .Caption = "Font selection", .Run = Choose_Font},
+    Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift"},
+    Separator(utility_menu),
+    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz"},
+    Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
+    Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
+    Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},
+    Command{.Name = "Resize", .Menu = utility_menu, .Caption = "Resize channels"},
+    Command{.Name = "extrax", .Menu = utility_menu, .Caption = "Extract traces"},
+    Separator(utility_menu),
+    Command{.Name = "addcsv", .Menu = csv_menu, .Caption = "Add CSV", .Run = Launch_Add_Csv},
+    Command{.Name = "dp", .Menu = csv_menu, .Caption = "Display Profile", .Run = Launch_Profile_Display},
+    Command{.Name = "MF", .Menu = csv_menu, .Caption = "Merge CSV files", .Run = Launch_Merge_Csv},
+    Command{.Name = "ASCII", .Menu = ascii_menu, .Caption = "Record Tarnvik data in ASCII files"},
+    Command{.Name = "DT", .Menu = ascii_menu, .Caption = "Delay time"},
+    Command{.Name = "Z_shot", .Menu = ascii_menu, .Caption = "Depth at shot point"},
+    Command{.Name = "Zfile", .Menu = ascii_menu, .Caption = "Delay Depth computations"},
+    Separator(utility_menu),
+    Command{.Name = "Copy_M", .Menu = utility_menu, .Caption = "Save screen as BMP", .Run = Save_Screen_As_Bmp},
+    Command{.Name = "Clear_M", .Menu = utility_menu, .Caption = "Clear Screen", .Run = Clear_Screen},
+    Command{.Name = "Register_M", .Menu = utility_menu, .Caption = "Open TV5 files with Tarnvik", .Run = Register_File_Type},
+
+    // Display options
+    Command{.Name = "ZZ", .Menu = options_menu, .Caption = "Enlargement factors", .Icon = "find", .Shortcut = "F4", .Run = Show_Zoom},
+    Command{.Name = "Intercept_M", .Menu = time_menu, .Caption = "Intercept times at receivers", .Run = Toggle_Receiver_Intercepts, .Checked = Receiver_Intercepts},
+    Command{.Name = "Vel_line_Col_Mnu", .Menu = line_menu, .Caption = "Line Color", .Run = Choose_Velocity_Line_Colour},
+    Command{.Name = "Large_Mnu", .Menu = line_menu, .Caption = "Large", .Run = Wide_Velocity_Line, .Checked = Wide_Line},
+    Command{.Name = "Thin_Mnu", .Menu = line_menu, .Caption = "Thin", .Run = Thin_Velocity_Line, .Checked = Thin_Line},
+    Command{.Name = "color_1", .Menu = colour_menu, .Caption = "one color/ trace", .Run = One_Colour_A_Trace, .Checked = One_Colour},
+    Command{.Name = "color_2", .Menu = colour_menu, .Caption = "color / velocity", .Run = Colour_By_Velocity, .Checked = By_Velocity},
+    Command{.Name = "Meters_M", .Menu = units_menu, .Caption = "Meters", .Run = Use_Meters, .Checked = Meters},
+    Command{.Name = "Feet_M", .Menu = units_menu, .Caption = "Feet", .Run = Use_Feet, .Checked = Feet},
+
+    // Language
+    Command{.Name = "English_M", .Menu = language_menu, .Caption = "English", .Run = Choose_Language<'E'>, .Checked = Language<&Settings::LangEnglish>},
+    Command{.Name = "French_M", .Menu = language_menu, .Caption = "Français", .Run = Choose_Language<'F'>, .Checked = Language<&Settings::LangFrench>},
+    Command{.Name = "Spanish_M", .Menu = language_menu, .Caption = "Spanish", .Run = Choose_Language<'S'>, .Checked = Language<&Settings::LangSpanish>},
+    Command{.Name = "German_M", .Menu = language_menu, .Caption = "German", .Run = Choose_Language<'G'>, .Checked = Language<&Settings::LangGerman>},
+    Command{.Name = "Italian_M", .Menu = language_menu, .Caption = "Italian", .Run = Choose_Language<'I'>, .Checked = Language<&Settings::LangItalian>},
+
+    // Info
+    Command{.Name = "Mnu_Info", .Menu = info_menu, .Caption = "Help file", .Icon = "help", .Shortcut = "F1", .Run = Open_Manual},
+    Command{.Name = "WSH", .Menu = info_menu, .Caption = "Tarnvik history", .Run = Open_History},
+    Command{.Name = "video", .Menu = info_menu, .Caption = "Videos", .Run = Open_Video},
+    Command{.Name = "REDPATH", .Menu = info_menu, .Caption = "Redpath book", .Run = Open_Redpath_Book},
+    Command{.Name = "pps", .Menu = info_menu, .Caption = "Powerpoint slide show", .Run = Open_Slide_Show},
+    Separator(info_menu),
+    Command{.Name = "Version_N", .Menu = info_menu, .Caption = "Tarnvik Version Info", .Run = Show_Splash},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Command> Command_Table() {
+    return command_table;
+}
+
+const Command* Find_Command(std::string_view name) {
+    for (const Command& command : command_table) {
+        if (command.Name == name) return &command;
+    }
+    return nullptr;
+}
+
+std::string Not_Available_Text(const Command& command) {
+    const std::string_view name = command.Caption.empty() ? command.Tooltip : command.Caption;
+    return std::string(name) + ": not available in this version";
+}
+
+void Run_Command(Session& session, std::string_view name) {
+    const Command* command = Find_Command(name);
+    if (command != nullptr && command->Available()) command->Run(session);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,55 @@
+#include "app/file_commands.h"
+
+#include <string>
+
+#include "app/session.h"
+#include "app/start.h"
+#include "app/view_commands.h"
+#include "core/project_open.h"
+#include "core/project_save.h"
+#include "core/settings_file.h"
+#include "core/tv4_file.h"
+
+namespace tarnvik {
+
+void Open_Travel_Time(Session& session) {
+    session.Work.DisplayMode.clear();
+    if (!Select_Project(session.Work, session.Outside, session.Hooks)) {
+        session.Work.DisplayMode = "DROMO";
+        return;
+    }
+    Show_Opened_Project(session);
+}
+
+void Open_From_Toolbar(Session& session) {
+    Read_From_Dialog(session);
+}
+
+void Open_Recent_File(Session& session, int place) {
+    Open_File_Named(session, session.Work.Settings.RecentFiles[static_cast<std::size_t>(place) - 1]);
+}
+
+void Save_Data(Session& session) {
+    Write_Project(session.Work, session.Outside);
+}
+
+void Save_Data_As(Session& session) {
+    Save_Project_As(session.Work, session.Outside);
+}
+
+void Ask_For_Backup(Session& session) {
+    Ask_For_Backup_Copies(session.Work, session.Outside);
+}
+
+void Convert_Bak_To_Tv5(Session& session) {
+    session.Work.DisplayMode.clear();
+    const bool opened = Backup_To_Project(session.Work, session.Outside, session.Hooks);
+    session.Work.DisplayMode = "DROMO";
+    if (opened) Show_Opened_Project(session);
+}
+
+void Convert_Tv4_To_Tv5(Session& session) {
+    TV4_To_TV5(session.Work, session.Outside);
+}
+
+}  // namespace tarnvik

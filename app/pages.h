@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/ports/display.h"
+
+namespace tarnvik {
+
+class Session;
+
+/// What a page is drawn on: its picture and the scale strips that belong to it, below and on the left. A
+/// strip that the page does not use is left alone.
+struct PagePictures {
+    Picture& Main;
+    Picture& Below;
+    Picture& Beside;
+};
+
+/// True when the page has something to show.
+bool Page_Can_Be_Drawn(const Session& session, Page page);
+
+/// Draws a page by the routine that also draws it on the screen: for the printer, PDF, SVG and PNG. Nothing
+/// of the project changes.
+void Draw_Page(Session& session, Page page, const PagePictures& pictures);
+
+}  // namespace tarnvik

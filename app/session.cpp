@@ -1,0 +1,35 @@
+#include "app/session.h"
+
+#include <utility>
+
+#include "app/view_commands.h"
+#include "core/project_save.h"
+#include "records/su_loading.h"
+
+namespace tarnvik {
+
+Session::Session(Ports outside, std::string settings_file)
+    : Outside(outside),
+      SettingsFile(std::move(settings_file)),
+      Pointer(Work, Outside),
+      ZoomDialog(Work, Outside),
+      Ruler(Work, Outside) {
+    Hooks.ClearDisplay = [this] { Clear_Display(*this); };
+    Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
+    Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };
+    Pointer.Pick_In_Hand().Writer = this;
+    Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
+}
+
+void Session::Write_Pick(int shot, int receiver, double time_ms) {
+    if (Work.Project.SuFile.empty()) return;
+    const std::int64_t trace = std::int64_t{shot - 1} * Work.Record.ChannelsPerRecord + receiver;
+    SuTraces file(Su_Path(Work.Project), SuTraces::Access::Write);
+    if (file.Set_Pick(trace, time_ms) == Stored::No) {
+        Work.Fields.Status = "Pick not in the field records: " + Work.Project.SuFile + ": " + file.Reason();
+        Outside.Show.Show_Fields();
+    }
+    Outside.Show.Display_Record();
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "core/ports/ports.h"
+#include "core/project_open.h"
+#include "core/workspace.h"
+#include "traveltime/curve_pointer.h"
+#include "traveltime/move_pick.h"
+#include "traveltime/ruler.h"
+#include "traveltime/zoom.h"
+
+namespace tarnvik {
+
+/// The running program without its windows: the workspace, the ports to the outside, and every dialog's
+/// logic, wired to each other. The window, tarnvik-batch and the tests each drive one.
+class Session : private PickWriter {
+  public:
+    /// `settings_file` is the full path of Tarnvik32.INI.
+    Session(Ports outside, std::string settings_file);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    Workspace Work;
+    Ports Outside;
+    std::string SettingsFile;
+    OpeningHooks Hooks;  ///< what opening a project asks of the floors above core/
+
+    CurvePointer Pointer;  ///< mouse and keys on the Dromo picture
+    Zoom ZoomDialog;
+    RulerF Ruler;
+
+  private:
+    void Write_Pick(int shot, int receiver, double time_ms) override;
+};
+
+}  // namespace tarnvik

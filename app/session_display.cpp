@@ -1,0 +1,32 @@
+#include "app/session_display.h"
+
+#include "app/session.h"
+#include "output/profile.h"
+#include "records/record_display.h"
+#include "records/su_loading.h"
+#include "setup/build_grid.h"
+#include "traveltime/curves.h"
+
+namespace tarnvik {
+
+void SessionDisplay::Show_Curves() {
+    // The table follows the model with every redraw of the curves; the drawing ends by showing the grids.
+    Fill_Grid(Owner->Work);
+    tarnvik::Show_Curves(Owner->Work, Owner->Outside);
+}
+
+void SessionDisplay::Display_Record() {
+    const Project& project = Owner->Work.Project;
+    // The record takes the curves' colours; a shot without a colour rule keeps that of the shot before it.
+    Colour colour = 0;
+    tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), [&project, &colour](int shot) {
+        Couleur_Tir(project, shot, colour);
+        return colour;
+    });
+}
+
+void SessionDisplay::Show_Profile() {
+    Draw_Seismic_Profile(Owner->Work, Owner->Outside);
+}
+
+}  // namespace tarnvik

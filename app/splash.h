@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace tarnvik {
+
+class Session;
+
+/// The start dialog with its six buttons. Each Command answers true when the dialog is to close.
+class frmSplash {
+  public:
+    explicit frmSplash(Session& session) : Owner(session) {}
+
+    /// Texts of the dialog: version, product name, name of the last file.
+    void Load();
+
+    bool Command1();  ///< "Start a new profile"
+    bool Command2();  ///< "Read a travel time TV5 file"
+    bool Command3();  ///< "Start Tarnvik"
+    bool Command4();  ///< "Read User Manual"
+    bool Command5();  ///< "Display " and the last file
+    bool Command6();  ///< "END Tarnvik ..."
+
+    std::string lblVersion;
+    std::string lblProductName;
+    std::string Command5Caption;
+    std::string Command6Caption;
+
+  private:
+    Session& Owner;
+};
+
+}  // namespace tarnvik

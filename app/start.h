@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+namespace tarnvik {
+
+class Session;
+
+/// Start of the program: insists on a decimal point, reads the settings, and opens the project of the command
+/// line or shows the start dialog. `command_line` is the text behind the program's name: a path in quotes. Up
+/// to 3 characters count as none; otherwise the first and the last character are taken off, whatever they
+/// are.
+void Form_Load(Session& session, const std::string& command_line);
+
+/// Road of the start dialog and of the toolbar key "open": file dialog, then the project. The file is read
+/// twice and backed up twice; this order is meant.
+void Read_From_Dialog(Session& session);
+/// Road of the button "Display ...": the newest recent file.
+void Display_Last_File(Session& session);
+/// Opens a project file, curves and field records included. False after a refusal, which leaves the project
+/// in memory.
+bool Open_File_Named(Session& session, const std::string& path);
+/// What follows every opening: the curves on the screen in the normal mode, then the field records.
+void Show_Opened_Project(Session& session);
+
+/// The end with all its questions; `only_ok` asks with an OK button alone, as the toolbar key does.
+void Quit(Session& session, bool only_ok);
+/// End without saving anything and without writing the settings.
+void Exit_At_Once(Session& session);
+/// What is asked when the main window closes: both questions come every time.
+void Unload_Form(Session& session);
+
+/// After a change of the main window's size: what its pictures show is drawn again.
+void Resize_Form(Session& session);
+
+}  // namespace tarnvik

@@ -1,0 +1,201 @@
+#include "app/view_commands.h"
+
+#include <string>
+
+#include "app/session.h"
+#include "core/files.h"
+#include "core/project_file.h"
+#include "core/text/letters.h"
+#include "traveltime/curves.h"
+#include "traveltime/zoom.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// The page whose picture stands on the screen: the profile in its modes, otherwise the curves.
+Page Page_On_Screen(const Session& session) {
+    const std::string& mode = session.Work.DisplayMode;
+    return mode.starts_with("Profil") || mode == "BI" ? Page::Profile : Page::Curves;
+}
+
+void Save_Page_As(Session& session, const std::string& path) {
+    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path);
+    if (!reason.empty()) {
+        session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
+                                Icon::Critical);
+    }
+}
+
+void Set_Units(Session& session, const char* units) {
+    session.Work.Settings.Units = units;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Set_Line_Width(Session& session, std::int16_t width) {
+    session.Work.Settings.VelocityLineWidth = width;
+    session.Outside.Show.Show_Fields();
+}
+
+void Set_Colour_Choice(Session& session, bool by_velocity) {
+    session.Work.Settings.ColorChoice = by_velocity;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+}  // namespace
+
+void Clear_Screen(Session& session) {
+    for (const Canvas canvas :
+         {Canvas::Dromo, Canvas::EchelleX, Canvas::EchelleY, Canvas::Dromo1, Canvas::EchelleY1}) {
+        session.Outside.Show.Canvas_Of(canvas).Clear();
+    }
+    session.Work.Curves.FrameDrawn = 0;
+}
+
+void Clear_Display(Session& session) {
+    Clear_Screen(session);
+    if (session.Work.Curves.DoubleView == 1) Toggle_Second_Window(session);
+    session.Outside.Show.Select_Tab(Tab::Record);
+}
+
+void Back_To_Curves(Session& session) {
+    Clear_Selection(session.Work.Curves);
+    session.Work.DisplayMode = "DROMO";
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    session.Outside.Show.Show_Curves();
+}
+
+void Toggle_Second_Window(Session& session) {
+    CurveView& curves = session.Work.Curves;
+    if (curves.DoubleView == 0) {
+        curves.DoubleView = 1;
+        session.Outside.Show.Open_Dialog(Dialog::Travel_Time_2, false);
+        session.Outside.Show.Show_Curves();
+    } else {
+        curves.DoubleView = 0;
+        session.Outside.Show.Close_Dialog(Dialog::Travel_Time_2);
+    }
+}
+
+void Toggle_Zero_On_Top(Session& session) {
+    session.Work.Curves.ZeroOnTop = !session.Work.Curves.ZeroOnTop;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Toggle_Multi_Screen(Session& session) {
+    session.Work.Settings.MultiScreen = !session.Work.Settings.MultiScreen;
+    session.Outside.Show.Show_Fields();
+}
+
+void Toggle_Receiver_Intercepts(Session& session) {
+    session.Work.Curves.ShowReceiverIntercepts = !session.Work.Curves.ShowReceiverIntercepts;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Show_Zoom(Session& session) {
+    if (session.Work.DisplayMode == "BI") {
+        session.Outside.Ask.Say("Not available with this display", session.Work.AppTitle, Icon::Critical);
+        return;
+    }
+    session.Outside.Show.Open_Dialog(Dialog::Zoom, false);
+}
+
+void No_Zoom(Session& session) {
+    Set_Zoom(session.Work.Curves, 1, 1);
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Show_Ruler(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::RulerF, false);
+}
+
+void Superpose_File(Session& session) {
+    const std::string path = session.Outside.Ask.Open_File(
+        {"Tarnvik File selection", "File Tarnvik TV5 |*.TV5|", "*.TV5", session.Work.Project.ProjectDir});
+    if (path.empty()) return;
+    const auto content = Read_File(path);
+    if (!content) {
+        session.Outside.Ask.Say("This file does not exist !", session.Work.AppTitle, Icon::Critical);
+        return;
+    }
+    Project other;
+    Parse_Project(*content, other);
+    Superpose(session.Work, session.Outside, other);
+}
+
+void Print_Picture(Session& session) {
+    if (!session.Outside.Show.Print_Page(Page_On_Screen(session))) {
+        session.Outside.Ask.Say("The GRAPHIC cannot be printed", session.Work.AppTitle, Icon::Critical);
+    }
+}
+
+void Choose_Printer(Session& session) {
+    session.Outside.Show.Choose_Printer();
+}
+
+void Save_Screen_As_Bmp(Session& session) {
+    const std::string name =
+        session.Outside.Ask.Input("File name without extension", "Save screen display as BMP",
+                                  session.Work.Project.ProjectDir + session.Work.Project.ProjectName);
+    if (name.empty()) return;
+    const std::string path = (Folder_Of(name).empty() ? session.Work.Project.ProjectDir : "") + name + ".bmp";
+    if (File_Exists(path) &&
+        !session.Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", session.Work.AppTitle)) {
+        return;
+    }
+    Save_Page_As(session, path);
+}
+
+void Export_Picture(Session& session) {
+    std::string path = session.Outside.Ask.Save_File(
+        {"Save picture", "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|",
+         session.Work.Project.ProjectName + ".png", session.Work.Project.ProjectDir});
+    if (path.empty()) return;
+    if (Name_Of(path).find('.') == std::string::npos) path += ".png";
+    Save_Page_As(session, path);
+}
+
+void Choose_Font(Session& session) {
+    session.Outside.Ask.Say("You can select fonts on", session.Work.AppTitle, Icon::Information);
+    const auto font = session.Outside.Ask.Choose_Font(session.Work.Settings.FontName);
+    if (!font) return;
+    session.Work.Settings.FontName = *font;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Choose_Velocity_Line_Colour(Session& session) {
+    const auto colour = session.Outside.Ask.Choose_Colour(session.Work.Settings.VelocityLineColor);
+    if (colour) session.Work.Settings.VelocityLineColor = *colour;
+}
+
+void Wide_Velocity_Line(Session& session) {
+    Set_Line_Width(session, 2);
+}
+
+void Thin_Velocity_Line(Session& session) {
+    Set_Line_Width(session, 1);
+}
+
+void One_Colour_A_Trace(Session& session) {
+    Set_Colour_Choice(session, false);
+}
+
+void Colour_By_Velocity(Session& session) {
+    Set_Colour_Choice(session, true);
+}
+
+void Use_Meters(Session& session) {
+    Set_Units(session, "meters");
+}
+
+void Use_Feet(Session& session) {
+    Set_Units(session, "feet");
+}
+
+}  // namespace tarnvik

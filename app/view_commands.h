@@ -1,0 +1,42 @@
+#pragma once
+
+namespace tarnvik {
+
+class Session;
+
+/// Closes what belongs to the previous project: pictures wiped, the second window closed, the record's tab
+/// selected.
+void Clear_Display(Session& session);
+/// Back to the plain travel-time curves.
+void Back_To_Curves(Session& session);
+/// Opens or closes the second travel-time window.
+void Toggle_Second_Window(Session& session);
+void Toggle_Zero_On_Top(Session& session);
+void Toggle_Multi_Screen(Session& session);
+void Toggle_Receiver_Intercepts(Session& session);
+void Show_Zoom(Session& session);
+void No_Zoom(Session& session);
+void Show_Ruler(Session& session);
+/// Wipes the pictures; the next command draws them afresh.
+void Clear_Screen(Session& session);
+
+/// Curves of a second project file over those on the screen.
+void Superpose_File(Session& session);
+
+void Print_Picture(Session& session);
+void Choose_Printer(Session& session);
+/// The picture on the screen as a bitmap, its name asked for.
+void Save_Screen_As_Bmp(Session& session);
+/// The picture on the screen as PNG, SVG or PDF.
+void Export_Picture(Session& session);
+
+void Choose_Font(Session& session);
+void Choose_Velocity_Line_Colour(Session& session);
+void Wide_Velocity_Line(Session& session);
+void Thin_Velocity_Line(Session& session);
+void One_Colour_A_Trace(Session& session);
+void Colour_By_Velocity(Session& session);
+void Use_Meters(Session& session);
+void Use_Feet(Session& session);
+
+}  // namespace tarnvik

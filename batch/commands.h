@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "batch/batch_run.h"
+
+namespace CLI {
+class App;
+}
+
+namespace tarnvik {
+
+/// What a command line asked for, filled while CLI11 reads it; run afterwards.
+struct Request {
+    CommonOptions Common;
+    std::function<ExitStatus(const CommonOptions&, const std::string& program_folder)> Run;
+};
+
+/// Each adds one command with its options to the program and, when it was chosen, sets request.Run.
+void Add_Show(CLI::App& app, Request& request);
+void Add_Save(CLI::App& app, Request& request);
+void Add_Convert(CLI::App& app, Request& request);
+void Add_Draw(CLI::App& app, Request& request);
+void Add_Velocity(CLI::App& app, Request& request);
+void Add_Depth(CLI::App& app, Request& request);
+
+/// A command that works on a project file: its name, help text, the project argument and the options of all.
+CLI::App* Add_Project_Command(CLI::App& app, Request& request, const std::string& name,
+                              const std::string& help);
+
+}  // namespace tarnvik

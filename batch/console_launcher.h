@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/ports/launcher.h"
+
+namespace tarnvik {
+
+/// Launcher of a run without a screen: nothing is started and nothing is found.
+class ConsoleLauncher : public Launcher {
+  public:
+    explicit ConsoleLauncher(std::string program_folder) : Folder(std::move(program_folder)) {}
+
+    int Start(const std::string&, const std::string&, const std::string&) override { return 0; }
+    int Open_Document(const std::string&) override { return 0; }
+    int Edit_Text(const std::string&) override { return 0; }
+    std::string Find_Program(const std::string&) override { return {}; }
+    std::string Program_Folder() const override { return Folder; }
+    std::string Decimal_Separator() const override { return "."; }
+    void Set_Decimal_Point() override {}
+    void Register_File_Type() override {}
+
+  private:
+    std::string Folder;
+};
+
+}  // namespace tarnvik

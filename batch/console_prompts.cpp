@@ -1,0 +1,54 @@
+#include "batch/console_prompts.h"
+
+#include <iostream>
+
+#include "core/text/letters.h"
+
+namespace tarnvik {
+
+std::optional<std::string> ConsolePrompts::Next_Answer() {
+    if (Answers.empty()) return std::nullopt;
+    std::string answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+}
+
+Answer ConsolePrompts::Message(const std::string& text, const std::string& title, Icon icon,
+                               Buttons buttons) {
+    std::cerr << "[" << title << "] " << text << "\n";
+    if (!Shown.empty()) Shown += "\n";
+    Shown += text;
+    if (icon == Icon::Critical) ErrorShown = true;
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    const bool has_yes = buttons != Buttons::OkCancel;
+    if (has_yes && AlwaysYes) return Answer::Yes;
+    const auto typed = Next_Answer();
+    if (!typed) return has_yes ? Answer::No : Answer::Ok;
+    const std::string word = LCase(*typed);
+    if (word == "yes") return Answer::Yes;
+    if (word == "ok") return Answer::Ok;
+    if (word == "cancel") return Answer::Cancel;
+    return Answer::No;
+}
+
+std::string ConsolePrompts::Input(const std::string& prompt, const std::string& title,
+                                  const std::string& initial) {
+    std::cerr << "[" << title << "] " << prompt << "\n";
+    return Next_Answer().value_or(initial);
+}
+
+std::string ConsolePrompts::Open_File(const FileRequest& request) {
+    std::cerr << "[" << request.Title << "] file?\n";
+    return Next_Answer().value_or("");
+}
+
+std::string ConsolePrompts::Save_File(const FileRequest& request) {
+    return Open_File(request);
+}
+
+void ConsolePrompts::Forget() {
+    Shown.clear();
+    ErrorShown = false;
+}
+
+}  // namespace tarnvik

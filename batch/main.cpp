@@ -1,0 +1,56 @@
+// tarnvik-batch: the whole program from a terminal, with no screen.
+
+#include <CLI/CLI.hpp>
+#include <QGuiApplication>
+#include <filesystem>
+#include <iostream>
+
+#include "batch/commands.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// Folder of this program, where its companions lie.
+std::string Program_Folder(const char* invoked_as) {
+    std::error_code failed;
+    const auto itself = std::filesystem::read_symlink("/proc/self/exe", failed);
+    return (failed ? std::filesystem::path(invoked_as) : itself).parent_path().string();
+}
+
+int Run(int argc, char** argv) {
+    // Letters and pictures need the toolkit's fonts, a window never appears.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication toolkit(argc, argv);
+
+    CLI::App app("Interpretation of shallow seismic refraction lines, without a screen", "tarnvik-batch");
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "Tarnvik 16.5");
+    Request request;
+    Add_Show(app, request);
+    Add_Save(app, request);
+    Add_Convert(app, request);
+    Add_Draw(app, request);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        app.exit(error);
+        return WrongUsage;
+    }
+    return request.Run(request.Common, Program_Folder(argv[0]));
+}
+
+}  // namespace
+
+}  // namespace tarnvik
+
+int main(int argc, char** argv) {
+    try {
+        return tarnvik::Run(argc, argv);
+    } catch (const std::exception& failure) {
+        std::cerr << "tarnvik-batch: " << failure.what() << "\n";
+        return tarnvik::Refused;
+    }
+}
