@@ -209,6 +209,8 @@ struct Workspace {
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
     bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
     bool LegendPlaced = false;
+    std::string
+        BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;
     VelocityWork Velocity;
     DepthWork Depth;

@@ -39,6 +39,10 @@ void Store_Float(float& target, double value) {
     if (std::abs(value) <= std::numeric_limits<float>::max()) target = static_cast<float>(value);
 }
 
+void Store_Double(double& target, double value) {
+    if (std::isfinite(value)) target = value;
+}
+
 void Caption(TextGrid& grid, int row, int column, std::string text) {
     grid.At(row, column).Text = std::move(text);
     grid.At(row, column).Align = TextGrid::Alignment::Centre;
@@ -110,9 +114,9 @@ bool Read_Grid_Cell(Workspace& workspace, int row, int column) {
     } else if (of_receiver && column == layout.Elevation_Column()) {
         Store_Float(project.ReceiverData(ReceiverElevation, row), grid.Value(row, column));
     } else if (of_shot && row == layout.Shot_Distance_Row()) {
-        project.ShotDistance(column) = grid.Value(row, column);
+        Store_Double(project.ShotDistance(column), grid.Value(row, column));
     } else if (of_shot && row == layout.Shot_Elevation_Row()) {
-        project.ShotElevation(column) = grid.Value(row, column);
+        Store_Double(project.ShotElevation(column), grid.Value(row, column));
     } else {
         return false;
     }

@@ -1,0 +1,229 @@
+#include "records/auto_pik.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+#include "core/fault.h"
+#include "core/text/number.h"
+#include "records/record_files.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr const char* help =
+    "HOW TO PICK FIRST BREAKS\n"
+    "All traces are scaled to maximum amplitude=1000\n"
+    "Before to pick FBP, clean the record (dead traces and reversed geophones)\n"
+    "1.- You must start picking module, press A button\n"
+    "2.- You must click with the mouse right button on the LOWEST FBP time\n"
+    "3.  Move the scroll bar until picking is OK\n"
+    "You can correct manually any FBP, click on the good value with the left button\n"
+    "4.- Verify Windows length value to perform the picking\n"
+    "5.- Verify the minimal frequency of the FBP\n"
+    "6.- Adapt start time (ms) from last picking value (Usually -2 ms to 5 ms)\n"
+    "7.- First Breaks are automatically saved in SU trace header and TV5 file";
+
+class FileSource : public TraceSource {
+  public:
+    explicit FileSource(SuTraces& file) : File(file) {}
+    std::optional<std::int16_t> Identification(int trace) override {
+        const auto word = File.Word(trace, words::trid);
+        if (!word) return std::nullopt;
+        return static_cast<std::int16_t>(*word);
+    }
+    void Read_Samples(int trace, std::span<float> target) override { File.Samples(trace, target); }
+
+  private:
+    SuTraces& File;
+};
+
+/// A time in ms as a number of samples; `otherwise` where it is none of 16 bits.
+int Samples_In(double ms, double sample_ms, int otherwise = 0) {
+    const auto samples = CInt(ms / sample_ms);
+    return samples ? *samples : otherwise;
+}
+
+/// Traces of two fields of the main form, cut to the file.
+struct TraceRange {
+    int First = 1;
+    int Last = 0;
+};
+TraceRange Cut(double first, double last, int last_of_file) {
+    TraceRange range;
+    range.First = static_cast<int>(std::clamp(Rounded(first), 1.0, last_of_file + 1.0));
+    range.Last = static_cast<int>(std::clamp(Rounded(last), 0.0, static_cast<double>(last_of_file)));
+    return range;
+}
+
+}  // namespace
+
+void AutoPik::Form_Load() {
+    W.Record.AutoPickMode = -1;
+}
+
+void AutoPik::Form_Unload() {
+    W.Record.AutoPickMode = 0;
+}
+
+void AutoPik::Set_Start(double x, double y) {
+    W.Record.DownX = x;
+    W.Record.DownY = y;
+    Text55 = CStr(Int(y * W.Record.SampleInterval / 100) / 10);
+    P.Show.Show_Fields();
+}
+
+double AutoPik::Frequency() const {
+    const auto frequency = CInt(Val(Text51));
+    return frequency && *frequency != 0 ? *frequency : 50;
+}
+
+void AutoPik::Show_Half_Cycle() {
+    if (W.Record.SampleInterval == 0) return;
+    const auto samples = CInt(1000000.0 / W.Record.SampleInterval / (Frequency() * 2));
+    if (samples) Text56 = CStr(*samples);
+}
+
+void AutoPik::HScroll4_Change() {
+    Text52 = CStr(HScroll4.Value / 1000.0);
+    Pick_auto();
+}
+
+void AutoPik::Text51_Change() {
+    Show_Half_Cycle();
+    Parameter_Changed();
+}
+
+void AutoPik::Parameter_Changed() {
+    if (Val(Text54) > 0) {
+        Pick_auto();
+    } else {
+        P.Show.Show_Fields();
+    }
+}
+
+void AutoPik::Command1() {
+    P.Ask.Say(help, W.AppTitle, Icon::Information);
+}
+
+void AutoPik::Command2() {
+    // One button only: the question cannot be answered with no. This is meant.
+    P.Ask.Say(" Erase FBP values of  " + W.Fields.Text12, W.AppTitle, Icon::Critical);
+    RecordFiles files(W);
+    const TraceRange range = Cut(Val(W.Fields.Text9), Val(W.Fields.Text10), files.Last_Trace());
+    for (int trace = range.First; trace <= range.Last; ++trace)
+        files.Set_Word(trace, words::First_Breaks, 0);
+    if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
+    files.Tell_Faults("Reset");
+    P.Show.Display_Record();
+    P.Show.Show_Fields();
+}
+
+void AutoPik::Command3() {
+    if (Save_Project) Save_Project();
+}
+
+AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
+    RecordView& record = W.Record;
+    AutomaticPickingParameters with;
+    // The half cycle is shown first and read back, so that a value typed into Text56 does not survive.
+    Show_Half_Cycle();
+    // The sensitivity is checked and shown; the search does not use it. This is meant.
+    if (Val(Text52) == 0) Text52 = "0.0001";
+    if (Val(Text52) > 1) Text52 = "1";
+    const double sample_ms = Sample_Ms(record);
+    with.StartShift = Samples_In(Val(Text53), sample_ms);
+    with.FirstStart = Samples_In(Val(Text55), sample_ms);
+    // A window beyond 16 bits means the whole trace.
+    with.WindowLength = Samples_In(Val(Text54), sample_ms, Val(Text54) > 0 ? record.NbSamples : 0);
+    with.HalfCycle = CInt(Val(Text56)).value_or(0);
+    with.MinAmplitude = Val(Text57);
+    with.PickShift = Val(Text3);
+    with.Negative = Check2;
+    with.Absolute = Check3;
+    with.NbSamples = files.Traces().Nb_Samples();
+    with.SampleInterval = record.SampleInterval;
+    const TraceRange shown = Cut(record.FirstTrace, record.LastTrace, files.Last_Trace());
+    with.FirstTrace = shown.First;
+    with.LastTrace = shown.Last;
+    with.ReferenceTrace = Trace_At(record, record.DownX).value_or(0);
+    return with;
+}
+
+void AutoPik::Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first) {
+    int trace = first;
+    for (const auto& word : picks.Words) {
+        if (word) files.Set_Word(trace, words::First_Breaks, *word);
+        ++trace;
+    }
+}
+
+void AutoPik::Repair_Spikes(RecordFiles& files) {
+    const TraceRange range = Cut(Val(W.Fields.Text9), Val(W.Fields.Text10), files.Last_Trace());
+    std::vector<std::int16_t> found;
+    for (int trace = range.First; trace <= range.Last; ++trace) {
+        found.push_back(static_cast<std::int16_t>(files.Traces().Word_Or_Zero(trace, words::First_Breaks)));
+    }
+    std::vector<std::int16_t> repaired = found;
+    Repair_Low_Spikes(repaired);
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        if (repaired[i] == found[i]) continue;
+        files.Set_Word(range.First + static_cast<int>(i), words::First_Breaks, repaired[i]);
+    }
+}
+
+void AutoPik::Words_To_Grid(RecordFiles& files) {
+    std::int64_t trace = 0;
+    for (int shot = 1; shot <= W.Project.NbShots; ++shot) {
+        for (int receiver = 1; receiver <= W.Project.NbReceivers; ++receiver) {
+            const auto word = files.Traces().Word(++trace, words::First_Breaks);
+            if (word) W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
+        }
+    }
+}
+
+void AutoPik::Unsaved_To_Grid(const AutomaticPicks& picks, int first) {
+    std::vector<std::int16_t> found;
+    for (const auto& word : picks.Words)
+        found.push_back(word.value_or(0));
+    Repair_Low_Spikes(found);
+    for (std::size_t i = 0; i < found.size() && W.Project.NbReceivers > 0; ++i) {
+        const int number = first - 1 + static_cast<int>(i);
+        const int shot = number / W.Project.NbReceivers + 1;
+        const int receiver = number % W.Project.NbReceivers + 1;
+        if (shot > W.Project.NbShots) break;
+        if (picks.Words[i]) W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(found[i] / 10.0));
+    }
+}
+
+void AutoPik::Pick_auto() {
+    try {
+        RecordFiles files(W);
+        const AutomaticPickingParameters with = Read_Parameters(files);
+        FileSource source(files.Traces());
+        const AutomaticPicks picks = Pick_Record(with, source);
+        W.Record.ReferenceTrace = picks.ReferenceTrace;
+        if (picks.ProcessedTrace != 0) {
+            Text1 = CStr(picks.ReferenceTrace);
+            Text2 = CStr(picks.ProcessedTrace);
+        }
+        Store_Picks(files, picks, with.FirstTrace);
+        if (!files.Failed()) Repair_Spikes(files);
+        if (files.Failed()) {
+            Unsaved_To_Grid(picks, with.FirstTrace);
+        } else {
+            Words_To_Grid(files);
+        }
+        files.Tell_Faults("Automatic picks");
+        Read_Times_From_Grid(W);
+    } catch (const Fault&) {
+        W.Fields.Status = "Automatic picks not possible: " + W.Project.SuFile + " has no sample interval";
+    }
+    P.Show.Show_Curves();
+    P.Show.Display_Record();
+    P.Show.Show_Fields();
+}
+
+}  // namespace tarnvik

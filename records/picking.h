@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "records/auto_pik.h"
+#include "records/record_zoom.h"
+#include "records/rubber_band.h"
+
+namespace tarnvik {
+
+/// A press, move or release on a picture of the field record, in its world coordinates.
+struct RecordEvent {
+    double X = 0;
+    double Y = 0;
+    int Button = 0;  ///< 1 left, 2 right, 0 none; in a move the one that is held
+};
+
+/// The mouse on the record picture: picks, kills, drags of a pick, reversed traces, and the areas that the
+/// zoom and the spectrum ask for.
+///
+/// A pick goes to the SU file and its twin, to ShotTimes and to Buildgrid, and is with the operating system
+/// when the event returns. Where the file cannot be written the pick still goes to ShotTimes and the curves,
+/// and the status field tells what is missing where.
+class RecordPointer {
+  public:
+    RecordPointer(Workspace& workspace, Ports& ports, AutoPik& automatic, RecordZoom& zoom)
+        : W(workspace), P(ports), Automatic(automatic), Zoom(zoom) {}
+
+    /// The left button picks at once. The right one waits for its release, since it may become a drag.
+    void Press(const RecordEvent& event);
+    void Move(const RecordEvent& event);
+    void Release(const RecordEvent& event);
+
+  private:
+    struct Cell {
+        int Shot = 0;
+        int Receiver = 0;
+    };
+    bool Area_Armed() const { return W.Record.SpectrumRequest == 1 || W.Record.ZoomMode == 1; }
+    Cell Cell_Of(int trace);
+    void Click(double x, double y, int button);
+    bool Kill(int trace, const Cell& cell, class RecordFiles& files);
+    void Pick(int trace, const Cell& cell, double y, class RecordFiles& files);
+    void Store_Time(const Cell& cell, double ms);
+    void Read_Out(const RecordEvent& event);
+    void Drag(const RecordEvent& event);
+    void Redraw();
+
+    Workspace& W;
+    Ports& P;
+    AutoPik& Automatic;
+    RecordZoom& Zoom;
+    RubberBand Band;
+    bool RightHeld = false;
+    bool Dragged = false;
+    RecordEvent Pressed;
+};
+
+}  // namespace tarnvik

@@ -1,0 +1,49 @@
+#include "records/polarity_reversal.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+#include "core/text/letters.h"
+#include "core/text/number.h"
+#include "records/record_files.h"
+
+namespace tarnvik {
+
+namespace {
+
+void Reverse_Trace(RecordFiles& files, std::vector<float>& samples, std::int64_t trace) {
+    // Only a trace that is there as a whole is written back.
+    if (trace < 1 || files.Traces().Samples(trace, samples) < std::ssize(samples)) return;
+    for (float& sample : samples)
+        sample = -sample;
+    files.Set_Samples(trace, samples);
+}
+
+}  // namespace
+
+void Reverse_Polarity(Workspace& workspace, Ports& ports, int trace) {
+    const std::string answer = Trim(ports.Ask.Input(
+        "Reverse polarity for all shots  (=0) or select a shot, press X to cancel", workspace.AppTitle, "0"));
+    if (answer.empty() || UCase(answer) == "X") return;
+    RecordView& record = workspace.Record;
+    RecordFiles files(workspace);
+    std::vector<float> samples(static_cast<std::size_t>(std::max(files.Traces().Nb_Samples(), 0)));
+    if (answer == "0") {
+        const int receivers = workspace.Project.NbReceivers;
+        const double shown = static_cast<double>(record.LastTrace) - record.FirstTrace + 1;
+        if (shown != 0) Store_If_It_Fits(workspace.Velocity.CurrentShot, record.LastTrace / shown);
+        const int position = trace - receivers * (workspace.Velocity.CurrentShot - 1);
+        for (int shot = 1; shot <= workspace.Project.NbShots; ++shot) {
+            Reverse_Trace(files, samples, static_cast<std::int64_t>(receivers) * (shot - 1) + position);
+        }
+    } else {
+        Reverse_Trace(files, samples, trace);
+    }
+    if (!files.Is_Open()) files.Set_Samples(trace, samples);
+    files.Tell_Faults("Polarity");
+    ports.Show.Display_Record();
+    ports.Show.Show_Fields();
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,98 @@
+#include "records/record_files.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "core/fault.h"
+#include "core/files.h"
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+RecordFiles::RecordFiles(Workspace& workspace) : W(workspace) {
+    const std::string& path = W.Project.SuFile;
+    File.emplace(path, SuTraces::Access::Write);
+    if (!File->Is_Open()) {
+        Opening = File->Reason();
+        File.emplace(path, SuTraces::Access::Read);
+    }
+    if (File->Is_Open() && File->Samples_Word() > 0) {
+        W.Record.NbSamples = File->Nb_Samples();
+        if (File->Sample_Interval() > 0) W.Record.SampleInterval = File->Sample_Interval();
+    }
+    const std::string& twin = W.Record.TwinSuFile;
+    if (!twin.empty() && twin != path && File_Exists(twin)) Twin.emplace(twin, SuTraces::Access::Write);
+}
+
+int RecordFiles::Last_Trace() const {
+    return std::max(File->Nb_Traces().value_or(0), 0);
+}
+
+bool RecordFiles::Note(std::int64_t trace, Stored stored, const std::string& path,
+                       const std::string& reason) {
+    if (stored == Stored::Yes) return true;
+    if (Fault.empty()) {
+        Fault = " not saved: trace " + CStr(static_cast<double>(trace)) + ", " + path + ", " +
+                (stored == Stored::DoesNotFit ? "the value does not fit the header word" : reason);
+    }
+    return false;
+}
+
+bool RecordFiles::Set_Word(std::int64_t trace, int word, double value) {
+    if (Traces_Told.empty()) Traces_Told = " not saved: trace " + CStr(static_cast<double>(trace)) + ", ";
+    bool saved = true;
+    if (Opening.empty()) {
+        const Stored stored = File->Set_Word(trace, word, value);
+        saved = Note(trace, stored, W.Project.SuFile, File->Reason());
+    } else {
+        saved = Note(trace, Stored::No, W.Project.SuFile, Opening);
+    }
+    if (Twin) {
+        const Stored stored = Twin->Set_Word(trace, word, value);
+        saved = Note(trace, stored, W.Record.TwinSuFile, Twin->Reason()) && saved;
+    }
+    return saved;
+}
+
+bool RecordFiles::Set_Samples(std::int64_t trace, std::span<const float> samples) {
+    if (!Opening.empty()) return Note(trace, Stored::No, W.Project.SuFile, Opening);
+    const Stored stored = File->Set_Samples(trace, samples);
+    return Note(trace, stored, W.Project.SuFile, File->Reason());
+}
+
+void RecordFiles::Tell_Faults(const std::string& subject) {
+    std::string& status = W.Fields.Status;
+    if (Failed()) {
+        status = subject + Fault;
+    } else if (!Traces_Told.empty() && status.starts_with(subject + Traces_Told)) {
+        status.clear();
+    }
+}
+
+void Read_Times_From_Grid(Workspace& workspace) {
+    Project& project = workspace.Project;
+    const TextGrid& grid = workspace.Grids.Buildgrid;
+    for (int shot = 1; shot <= project.NbShots; ++shot) {
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+            if (grid.Has(receiver, shot) && project.ShotTimes.Has(shot, receiver)) {
+                project.ShotTimes(shot, receiver) = static_cast<float>(grid.Value(receiver, shot));
+            }
+        }
+    }
+}
+
+std::optional<int> Trace_At(const RecordView& record, double x) {
+    const double traces = std::abs(static_cast<double>(record.LastTrace) - record.FirstTrace + 1);
+    const double width = traces == 0 ? 0 : record.RecordWidth / traces;
+    if (width <= 0) return std::nullopt;
+    const auto trace = CLng(Int(x / width));
+    if (!trace || *trace < 1) return std::nullopt;
+    return *trace;
+}
+
+double Sample_Ms(const RecordView& record) {
+    if (record.SampleInterval == 0) throw Fault("no sample interval");
+    return record.SampleInterval / 1000.0;
+}
+
+}  // namespace tarnvik

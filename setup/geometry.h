@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+/// Places and elevations of the receivers or of the shots, element 0 is the first. What the arrays of the
+/// project lack is left out.
+std::vector<double> Receiver_Places(const Project& project);
+std::vector<double> Receiver_Elevations(const Project& project);
+std::vector<double> Shot_Places(const Project& project);
+std::vector<double> Shot_Elevations(const Project& project);
+
+/// Writes them back; elements beyond the arrays of the project are dropped.
+void Store_Receiver_Places(Project& project, std::span<const double> places);
+void Store_Receiver_Elevations(Project& project, std::span<const double> elevations);
+
+/// After a change of geometry: the table, the grids on screen and the curves follow.
+void Show_Geometry(Workspace& workspace, Ports& ports);
+
+/// Writes the project after a correction of its geometry, which is confirmed to the user. False when it could
+/// not be written; the user was told.
+bool Save_Geometry(Workspace& workspace, Ports& ports);
+
+}  // namespace tarnvik

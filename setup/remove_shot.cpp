@@ -1,0 +1,197 @@
+#include "setup/remove_shot.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "core/fault.h"
+#include "core/files.h"
+#include "core/project_file.h"
+#include "core/project_open.h"
+#include "core/text/number.h"
+#include "records/su_file.h"
+#include "records/su_loading.h"
+#include "setup/build_grid.h"
+#include "setup/geometry.h"
+
+namespace tarnvik {
+
+namespace {
+
+template <class T>
+Array1<T> Without(const Array1<T>& of_shots, int shot) {
+    if (!of_shots.Has(shot)) return of_shots;
+    Array1<T> left(of_shots.Last() - 1);
+    for (int i = 0; i <= left.Last(); ++i)
+        left(i) = of_shots(i < shot ? i : i + 1);
+    return left;
+}
+
+template <class T>
+Array2<T> Without(const Array2<T>& of_shots, int shot) {
+    if (!of_shots.Has(shot, 0)) return of_shots;
+    Array2<T> left(of_shots.Last_Row() - 1, of_shots.Last_Column());
+    for (int i = 0; i <= left.Last_Row(); ++i) {
+        for (int j = 0; j <= left.Last_Column(); ++j)
+            left(i, j) = of_shots(i < shot ? i : i + 1, j);
+    }
+    return left;
+}
+
+using TraceMarks = std::vector<double>;
+
+void Put_Back(SuTraces& traces, const TraceMarks& before) {
+    for (std::size_t i = 0; i < before.size(); ++i)
+        traces.Set_Word(static_cast<std::int64_t>(i) + 1, words::trid, before[i]);
+}
+
+/// Marks the traces of one shot dead and all others live; answers the marks they had. Nothing, and no mark
+/// changed for good, when the file cannot be written.
+std::optional<TraceMarks> Mark_Shot(const std::string& su_file, int shot, int receivers) {
+    SuTraces traces(su_file, SuTraces::Access::Write);
+    const auto count = traces.Is_Open() ? traces.Nb_Traces() : std::nullopt;
+    if (!count || *count < 1) return std::nullopt;
+    const std::int64_t first = static_cast<std::int64_t>(shot - 1) * receivers + 1;
+    const std::int64_t last = first + receivers - 1;
+    TraceMarks before;
+    for (std::int64_t trace = 1; trace <= *count; ++trace) {
+        const auto mark = traces.Word(trace, words::trid);
+        if (!mark) break;
+        const bool of_shot = trace >= first && trace <= last;
+        if (traces.Set_Word(trace, words::trid, of_shot ? dead_trace : live_trace) != Stored::Yes) {
+            Put_Back(traces, before);
+            return std::nullopt;
+        }
+        before.push_back(*mark);
+    }
+    return before;
+}
+
+std::string Quoted(const std::string& path) {
+    return path.find(' ') == std::string::npos ? path : "\"" + path + "\"";
+}
+
+/// Writes and starts the batch that copies the live traces. False when it could not be started; then the
+/// marks of the file are as they were.
+bool Extract_Records(Workspace& workspace, Ports& ports, int shot, const std::string& new_su) {
+    const std::string su_file = Su_Path(workspace.Project);
+    const std::string folder = ports.Launch.Program_Folder();
+    const std::string batch = folder + "/win.bat";
+    const std::string command = Quoted(folder + "/suwind") + " < " + Quoted(su_file) + " > " +
+                                Quoted(new_su) + " key=trid min=1 max=1\r\n";
+    const auto before = Mark_Shot(su_file, shot, workspace.Project.NbReceivers);
+    if (before && Replace_File(batch, command).empty() &&
+        ports.Launch.Start(batch, "", folder) >= launch_failure_below) {
+        return true;
+    }
+    if (before) {
+        SuTraces traces(su_file, SuTraces::Access::Write);
+        Put_Back(traces, *before);
+    }
+    ports.Ask.Say("Unable to launch  " + batch, workspace.AppTitle, Icon::Critical);
+    return false;
+}
+
+}  // namespace
+
+bool Take_Out_Shot(Project& project, int shot) {
+    if (shot < 1 || shot > project.NbShots) return false;
+    project.ShotTimes = Without(project.ShotTimes, shot);
+    project.ShotElevation = Without(project.ShotElevation, shot);
+    project.ShotDistance = Without(project.ShotDistance, shot);
+    project.ShotDistanceZ = Without(project.ShotDistanceZ, shot);
+    project.ShotDepth = Without(project.ShotDepth, shot);
+    project.VelocityA = Without(project.VelocityA, shot);
+    project.VelocityB = Without(project.VelocityB, shot);
+    project.InterceptA = Without(project.InterceptA, shot);
+    project.InterceptB = Without(project.InterceptB, shot);
+    project.CritDistA = Without(project.CritDistA, shot);
+    project.CritDistB = Without(project.CritDistB, shot);
+    project.ShotThickness = Without(project.ShotThickness, shot);
+    --project.NbShots;
+    return true;
+}
+
+bool Remove_Colonne(Workspace& workspace, Ports& ports, int column) {
+    Project& project = workspace.Project;
+    if (column < 1 || column > project.NbShots) return false;
+    if (!project.CurrentFile.empty() && workspace.BackedUpBeforeRemoval != project.CurrentFile) {
+        const std::string reason =
+            File_Exists(project.CurrentFile) ? Backup_Project(project.CurrentFile) : std::string();
+        if (!reason.empty())
+            ports.Ask.Say(project.CurrentFile + ": no backup copy: " + reason, workspace.AppTitle,
+                          Icon::Warning);
+        workspace.BackedUpBeforeRemoval = project.CurrentFile;
+    }
+    TextGrid& grid = workspace.Grids.Buildgrid;
+    const bool shown = BuildgridLayout(project).Fits(grid);
+    Take_Out_Shot(project, column);
+    if (shown) {
+        for (int row = 0; row < grid.Rows(); ++row) {
+            for (int i = column; i + 1 < grid.Columns(); ++i)
+                grid.At(row, i) = grid.At(row, i + 1);
+        }
+        grid.Resize(grid.Rows(), grid.Columns() - 1);
+        // The columns behind carried the captions of their old numbers.
+        for (int shot = column; shot <= project.NbShots; ++shot)
+            grid.Set_Text(0, shot, "Shot" + CStr(shot));
+    }
+    TextGrid& marks = workspace.Grids.Grille_Shot;
+    for (int row = column - 1; row + 1 < marks.Rows(); ++row) {
+        const std::string caption = marks.Text(row, 0);
+        marks.At(row, 0) = marks.At(row + 1, 0);
+        marks.Set_Text(row, 0, caption);
+    }
+    if (marks.Rows() >= column) marks.Resize(marks.Rows() - 1, marks.Columns());
+    return true;
+}
+
+std::string Name_Without_Shot(const std::string& path, int shot) {
+    const std::string name = Name_Of(path);
+    const auto point = name.rfind('.');
+    const std::string stem = point == std::string::npos ? name : name.substr(0, point);
+    const std::string extension = point == std::string::npos ? std::string() : name.substr(point);
+    return Folder_Of(path) + stem + "_" + CStr(shot) + extension;
+}
+
+void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
+    const Project& project = workspace.Project;
+    if (shot < 1 || shot > project.NbShots) return;
+    if (project.CurrentFile.empty()) {
+        ports.Ask.Say("No files loaded", workspace.AppTitle, Icon::Critical);
+        return;
+    }
+    if (!ports.Ask.Ask_Yes("Do you want to remove shot " + CStr(shot), workspace.AppTitle)) return;
+
+    const bool has_records = !project.SuFile.empty() && Locate_SU_File(workspace, ports);
+    std::string new_file = Name_Without_Shot(project.CurrentFile, shot);
+    // Always the extension in lower case, whatever the old one's.
+    if (const auto point = new_file.rfind('.'); point != std::string::npos) new_file.erase(point);
+    new_file += ".tv5";
+    const std::string new_su = has_records ? Name_Without_Shot(Su_Path(project), shot) : project.SuFile;
+
+    Project left = project;
+    Take_Out_Shot(left, shot);
+    left.SuFile = new_su;
+    std::string reason;
+    try {
+        reason = Replace_File(new_file, Project_Bytes(left));
+    } catch (const Fault& fault) {
+        reason = fault.what();
+    }
+    if (!reason.empty()) {
+        ports.Ask.Say(new_file + ": " + reason, workspace.AppTitle, Icon::Critical);
+        return;
+    }
+    std::string report;
+    if (has_records && Extract_Records(workspace, ports, shot, new_su))
+        report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
+    report += "The new Tarnvik file has been saved as " + new_file + "\nLoad this file !";
+    ports.Ask.Say(report, workspace.AppTitle, Icon::Information);
+    workspace.Fields.Caption = "[" + new_file + "]";
+    workspace.DisplayMode = "DROMO";
+    ports.Show.Show_Fields();
+}
+
+}  // namespace tarnvik
