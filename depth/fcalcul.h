@@ -6,7 +6,7 @@
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "depth/true_velocity.h"
-#include "traveltime/project_hooks.h"
+#include "traveltime/file_routines.h"
 
 namespace tarnvik {
 
@@ -27,7 +27,7 @@ class Fcalcul {
     using LayerTexts = std::array<std::string, Project::MaxLayers + 1>;
     using RefractorTexts = std::array<std::string, Project::MaxRefractors + 1>;
 
-    Fcalcul(Workspace& workspace, Ports& ports, ProjectHooks hooks = {});
+    Fcalcul(Workspace& workspace, Ports& ports, FileRoutines files = {});
 
     LayerTexts VelocityA, VelocityB, TrueV;
     RefractorTexts InterceptA, InterceptB, MeanIntercept;
@@ -94,7 +94,7 @@ class Fcalcul {
 
     Workspace& Work;
     Ports& Outside;
-    ProjectHooks Hooks;
+    FileRoutines Files;
 };
 
 }  // namespace tarnvik

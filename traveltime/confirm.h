@@ -4,7 +4,7 @@
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
-#include "traveltime/project_hooks.h"
+#include "traveltime/file_routines.h"
 #include "traveltime/speed_f.h"
 
 namespace tarnvik {
@@ -13,7 +13,7 @@ namespace tarnvik {
 /// shot that the stretch lies on, and saves the project file at once.
 class Confirm {
   public:
-    Confirm(Workspace& workspace, Ports& ports, SpeedF& speed, ProjectHooks hooks = {});
+    Confirm(Workspace& workspace, Ports& ports, SpeedF& speed, FileRoutines files = {});
 
     std::string Text1;   ///< shot
     std::string Text2;   ///< layer
@@ -29,7 +29,7 @@ class Confirm {
     Workspace& Work;
     Ports& Outside;
     SpeedF& Speed;
-    ProjectHooks Hooks;
+    FileRoutines Files;
 };
 
 /// Side that a stretch between two receivers at `first` and `last` (any order) is recorded on: 1 A, 24 B, 36

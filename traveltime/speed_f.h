@@ -7,7 +7,7 @@
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "traveltime/curve_pointer.h"
-#include "traveltime/project_hooks.h"
+#include "traveltime/file_routines.h"
 #include "traveltime/regression.h"
 
 namespace tarnvik {
@@ -18,7 +18,7 @@ class SpeedF {
   public:
     enum class ReceiverBox { From, To };
 
-    SpeedF(Workspace& workspace, Ports& ports, ProjectHooks hooks = {});
+    SpeedF(Workspace& workspace, Ports& ports, FileRoutines files = {});
 
     std::string Combo2;                           ///< shot
     std::string Combo3;                           ///< "from Receiver"
@@ -58,20 +58,20 @@ class SpeedF {
 
     Workspace& Work;
     Ports& Outside;
-    ProjectHooks Hooks;
+    FileRoutines Files;
 };
 
 /// The picture in mode "Vitesse": a release fills the receiver box entered last.
 class SpeedPointer : public CurvePointerHandler {
   public:
     SpeedPointer(Workspace& workspace, Ports& ports, SpeedF& dialog)
-        : Work(workspace), Outside(ports), Dialog_(dialog) {}
+        : Work(workspace), Outside(ports), Form(dialog) {}
     void Release(const PointerEvent& event) override;
 
   private:
     Workspace& Work;
     Ports& Outside;
-    SpeedF& Dialog_;
+    SpeedF& Form;
 };
 
 }  // namespace tarnvik

@@ -1,0 +1,171 @@
+#include "depth/fcalcul.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/fault.h"
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+
+bool Offset_Shot(const Project& project, int shot) {
+    const double distance = project.ShotDistance(shot);
+    return distance < 0 || distance > project.LineLength;
+}
+
+}  // namespace
+
+Fcalcul::Fcalcul(Workspace& workspace, Ports& ports, FileRoutines files)
+    : Work(workspace), Outside(ports), Files(std::move(files)) {}
+
+void Fcalcul::Say(const std::string& text, Icon icon) {
+    Outside.Ask.Say(text, Work.AppTitle, icon);
+}
+
+int Fcalcul::Shot() const {
+    const int shot = CInt(Val(ShotLabel)).value_or(0);
+    return shot >= 1 && shot <= Work.Project.NbShots && Work.Project.ShotDistance.Has(shot) ? shot : 0;
+}
+
+bool Fcalcul::End_Shot() const {
+    if (Shot() == 0) return false;
+    const double distance = Work.Project.ShotDistance(Shot());
+    return distance == 0 || distance == Work.Project.LineLength;
+}
+
+void Fcalcul::Load() {
+    Work.DisplayMode = "Calcul";
+    Work.Depth.AngleCritique = {};
+    Work.Depth.VelocityFault = false;
+    Label17 = "1 - ";
+    Label18 = " Rec. " + CStr(Work.Project.NbReceivers);
+    HScroll1.Value = Work.Velocity.CurrentShot;
+    HScroll1_Changed();
+}
+
+void Fcalcul::Close() {
+    Work.Velocity.FocusField.clear();
+    Outside.Show.Close_Dialog(Dialog::Fcalcul);
+    Work.DisplayMode = "DROMO";
+    Outside.Show.Show_Curves();
+}
+
+void Fcalcul::Enter_Field(const std::string& name) {
+    if (Field_Named(name) == nullptr) return;
+    Work.Velocity.FocusField = name;
+    Work.DisplayMode = "Calcul";
+}
+
+void Fcalcul::Enter_Mean_Field() {
+    Say("You must correct the upper line");
+}
+
+void Fcalcul::Field_Changed() {
+    Work.DisplayMode = "Calcul";
+}
+
+void Fcalcul::Layers_Changed() {
+    const double layers = Val(Layers);
+    if (layers == 2 || layers == 3 || layers == 4 || layers == 5) {
+        VisibleLayers = static_cast<int>(layers);
+    } else {
+        Say("Impossible layer value");
+    }
+    Outside.Show.Show_Fields();
+}
+
+bool Fcalcul::Refused_As_Offset_Shot() {
+    const int shot = HScroll1.Value;
+    if (!Work.Project.ShotDistance.Has(shot) || !Offset_Shot(Work.Project, shot)) {
+        OffsetText.clear();
+        return false;
+    }
+    OffsetText = "Offset shot, no depth computation possible ";
+    Outside.Show.Show_Fields();
+    return true;
+}
+
+/// Display without results, so that nothing of a former computation stands beside the shot's own values.
+void Fcalcul::Display_Only() {
+    Work.DisplayMode = "X";
+    try {
+        Affiche_Tir();
+    } catch (const Fault&) {
+        Empty_Results();
+    }
+    Work.DisplayMode = "Calcul";
+}
+
+void Fcalcul::Display_And_Compute() {
+    Display_Only();
+    if (!No_Data(true)) Calcul_Par_Intercept();
+}
+
+void Fcalcul::Save() {
+    Enregistre_Tir();
+    if (Files.SaveProject && Files.SaveProject(Work, Outside)) Unsaved = false;
+}
+
+void Fcalcul::HScroll1_Changed() {
+    Work.Velocity.FocusField.clear();
+    const int shots = Work.Project.NbShots;
+    HScroll1.Min = 1;
+    HScroll1.Max = std::max(1, shots);
+    HScroll1.Value = std::clamp(HScroll1.Value, HScroll1.Min, HScroll1.Max);
+    if (shots < 1) return;
+    Work.Velocity.CurrentShot = static_cast<std::int16_t>(HScroll1.Value);
+    if (Refused_As_Offset_Shot()) return;
+    ShotLabel = CStr(HScroll1.Value);
+    // Whatever a shot does not fill must not keep what the shot before had there: it would be stored with it.
+    Empty_Rows();
+    Work.Depth.Thick = {};
+    Display_And_Compute();
+    if (Check1) Save();
+    Outside.Show.Show_Fields();
+}
+
+void Fcalcul::Command1() {
+    Work.Velocity.FocusField.clear();
+    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
+    Enregistre_Tir();
+    Unsaved = true;
+    Display_And_Compute();
+    if (Check1) Save();
+    Outside.Show.Show_Fields();
+}
+
+void Fcalcul::Command2() {
+    if (!Project_Holds_Times(Work, Outside, Files.LoadProject)) return;
+    Work.DisplayMode = "DROMO";
+    Outside.Show.Show_Curves();
+    Work.DisplayMode = "Calcul";
+}
+
+void Fcalcul::Command3() {
+    Work.Velocity.FocusField.clear();
+    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
+    Work.DisplayMode = "Calcul";
+    Unsaved = true;
+    try {
+        Compute_By_Critical_Distance();
+    } catch (const Fault&) {
+        Say("Impossible calcul...");
+    }
+    Outside.Show.Show_Fields();
+}
+
+void Fcalcul::Command4() {
+    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    if (No_Data(false)) {
+        Say(" No data..");
+        return;
+    }
+    Save();
+    Outside.Show.Show_Fields();
+}
+
+}  // namespace tarnvik

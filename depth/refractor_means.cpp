@@ -1,0 +1,26 @@
+#include "depth/refractor_means.h"
+
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+
+void Mean_Of_Sides(double side_a, double side_b, double& mean) {
+    if (side_a > 0 && side_b > 0) mean = (side_a + side_b) / 2;
+    if (side_a == 0 && side_b > 0) mean = side_b;
+    if (side_a > 0 && side_b == 0) mean = side_a;
+    mean = Int(10 * mean) / 10;
+}
+
+}  // namespace
+
+void Moyenne_Intercept(const Project& project, int shot, int refractor, double& mean) {
+    Mean_Of_Sides(project.InterceptA(shot, refractor), project.InterceptB(shot, refractor), mean);
+}
+
+void Moyenne_Critique(const Project& project, int shot, int refractor, double& mean) {
+    Mean_Of_Sides(project.CritDistA(shot, refractor), project.CritDistB(shot, refractor), mean);
+}
+
+}  // namespace tarnvik
