@@ -171,6 +171,11 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
     new_file += ".tv5";
     const std::string new_su = has_records ? Name_Without_Shot(Su_Path(project), shot) : project.SuFile;
 
+    if (File_Exists(new_file) &&
+        !ports.Ask.Ask_Yes(new_file + " already exists, overwrite ?", workspace.AppTitle)) {
+        return;
+    }
+
     Project left = project;
     Take_Out_Shot(left, shot);
     left.SuFile = new_su;

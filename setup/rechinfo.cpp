@@ -1,0 +1,168 @@
+#include "setup/rechinfo.h"
+
+#include <algorithm>
+
+#include "core/text/letters.h"
+#include "core/text/number.h"
+#include "records/su_loading.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// Rows shown of a count that a user may have mistyped; more shots are refused later on, in words.
+constexpr int most_rows = 1000;
+constexpr int most_marks = 2000;  ///< receivers drawn on the sketch
+
+// The sketch: the line lies across the middle, shots above it, receivers below.
+constexpr double sketch_top = 100;
+constexpr double line_height = 45;
+constexpr double receiver_mark = 6;
+constexpr double shot_height = 60;
+constexpr double number_height = 80;
+constexpr double offset_word_height = 95;
+constexpr double reference_height = 30;
+constexpr double sketch_margin = 0.08;  ///< of the width, at either side
+
+}  // namespace
+
+int rechinfo::Shots_For_Grid() const {
+    return static_cast<int>(std::clamp(Rounded(Val(Text4)), 0.0, static_cast<double>(most_rows)));
+}
+
+void rechinfo::Fill_Data_Grid() {
+    const int shots = Shots_For_Grid();
+    DataGrid = TextGrid(shots + 1, 3);
+    DataGrid.Set_Text(0, 0, "Shot");
+    DataGrid.Set_Text(0, DistanceColumn, "Shot dist to End Shot");
+    DataGrid.Set_Text(0, ElevationColumn, "Shot elevation");
+    const auto places = Even_Shot_Places(Val(Text6), shots, Check1);
+    for (int shot = 1; shot <= shots; ++shot) {
+        DataGrid.Set_Text(shot, 0, (Check2 ? "Station " : "Shot ") + CStr(shot));
+        DataGrid.Set_Text(shot, DistanceColumn,
+                          CStr(Rounded(100 * places[static_cast<std::size_t>(shot) - 1]) / 100));
+        DataGrid.Set_Text(shot, ElevationColumn, "0");
+    }
+}
+
+void rechinfo::Affichage() {
+    Cancelled = false;
+    const RecordedSpread recorded = Recorded_Spread(Su_Path(Shared.Project)).value_or(RecordedSpread());
+    if (Trim(Text1).empty()) Text1 = CStr(Shared.Project.GeoSpace);
+    if (Trim(Text2).empty()) Text2 = "0";
+    if (Trim(Text5).empty()) Text5 = "0";
+    Text3 = CStr(int{recorded.Channels});
+    if (Val(Text4) == 0) {
+        if (Check2) {
+            Ask_Stations();
+        } else {
+            Text4 = CStr(recorded.Records);
+        }
+    }
+    Text6 = DerivedLength;
+    FocusControl = Shared.NoOffsetShots ? "Text1" : "Text2";
+    Offset_or_Not();
+}
+
+void rechinfo::Offset_or_Not() {
+    if (Text6 == DerivedLength || Trim(Text6).empty()) {
+        DerivedLength = CStr(Val(Text1) * std::max(Rounded(Val(Text3)) - 1, 0.0));
+        Text6 = DerivedLength;
+    }
+    Text2Caption = Check1 ? "Distance from Geophone1 to shot 2" : "Distance from Geophone1 to shot 1";
+    Fill_Data_Grid();
+    dessine_squetch();
+    Outside.Show.Show_Fields();
+}
+
+void rechinfo::Ask_Stations() {
+    const std::string typed =
+        Outside.Ask.Input("Enter number of shot location (stations)", Shared.AppTitle, Text4);
+    if (Val(typed) > 0) Text4 = CStr(Rounded(Val(typed)));
+}
+
+void rechinfo::Multi_Spread_Changed() {
+    if (Check2) Ask_Stations();
+    Offset_or_Not();
+}
+
+Spread rechinfo::Read_Spread() const {
+    Spread spread;
+    spread.Spacing = Val(Text1);
+    spread.FirstDistance = Val(Text2);
+    spread.NbReceivers = Rounded(Val(Text3));
+    spread.NbShots = Rounded(Val(Text4));
+    spread.ShotDepth = Val(Text5);
+    spread.LineLength = Val(Text6);
+    for (int row = 1; row < DataGrid.Rows(); ++row) {
+        spread.ShotPlaces.push_back(DataGrid.Value(row, DistanceColumn));
+        spread.ShotElevations.push_back(DataGrid.Value(row, ElevationColumn));
+    }
+    return spread;
+}
+
+void rechinfo::dessine_squetch() {
+    const Spread spread = Read_Spread();
+    const double last_receiver =
+        spread.FirstDistance + spread.Spacing * std::max(spread.NbReceivers - 1, 0.0);
+    double left = std::min({0.0, spread.FirstDistance, last_receiver});
+    double right = std::max({spread.LineLength, spread.FirstDistance, last_receiver, left + 1});
+    for (const double place : spread.ShotPlaces) {
+        left = std::min(left, place);
+        right = std::max(right, place);
+    }
+    const double margin = (right - left) * sketch_margin;
+    const double width = right - left;
+
+    Picture& picture = Outside.Show.Canvas_Of(Canvas::Profile2);
+    picture.Clear();
+    picture.Scale(left - margin, sketch_top, right + margin, 0);
+    picture.Line(left, line_height, right, line_height, colours::Black);
+    for (int receiver = 0; receiver < std::min(spread.NbReceivers, double{most_marks}); ++receiver) {
+        const double x = spread.FirstDistance + receiver * spread.Spacing;
+        picture.Line(x, line_height, x, line_height - receiver_mark, colours::Blue);
+    }
+    const double half_bar = width / 400;
+    picture.Box(-half_bar, line_height, half_bar, reference_height, colours::Green, true);
+    picture.Print_At(0, reference_height, "Reference Distance", colours::Green);
+    for (std::size_t i = 0; i < spread.ShotPlaces.size(); ++i) {
+        const double x = spread.ShotPlaces[i];
+        picture.Line(x, line_height, x, shot_height, colours::Red);
+        picture.Print_At(x, number_height, "S" + CStr(static_cast<int>(i) + 1), colours::Red);
+        if (x < 0 || x > spread.LineLength) picture.Print_At(x, offset_word_height, "Offset", colours::Red);
+    }
+}
+
+void rechinfo::Sketch_Mouse_Move(double x) {
+    DistanceReadout = "Distance:" + CStr(Int(10 * x) / 10);
+    Outside.Show.Show_Fields();
+}
+
+void rechinfo::Command1() {
+    // Without these the curves could not be drawn later on.
+    if (!(Val(Text1) > 0) || !(Val(Text6) > 0) || !(Val(Text3) >= 1) || !(Val(Text4) >= 1)) {
+        Outside.Ask.Say(
+            "Geophone spacing, line length, number of geophones and number of shots must be above 0",
+            Shared.AppTitle, Icon::Warning);
+        return;
+    }
+    Cancelled = false;
+    Outside.Show.Close_Dialog(Dialog::rechinfo);
+}
+
+void rechinfo::Command2() {
+    dessine_squetch();
+}
+
+void rechinfo::Command3() {
+    if (!Load_SU_File(Shared, Outside)) return;
+    Text4.clear();
+    Affichage();
+}
+
+void rechinfo::Command4() {
+    Cancelled = true;
+    Outside.Show.Close_Dialog(Dialog::rechinfo);
+}
+
+}  // namespace tarnvik
