@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/fault.h"
+#include "core/project_save.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
 
@@ -122,7 +123,7 @@ void AutoPik::Command2() {
 }
 
 void AutoPik::Command3() {
-    if (Save_Project) Save_Project();
+    Write_Project(W, P);
 }
 
 AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
@@ -137,7 +138,7 @@ AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
     with.StartShift = Samples_In(Val(Text53), sample_ms);
     with.FirstStart = Samples_In(Val(Text55), sample_ms);
     // A window beyond 16 bits means the whole trace.
-    with.WindowLength = Samples_In(Val(Text54), sample_ms, Val(Text54) > 0 ? record.NbSamples : 0);
+    with.WindowLength = Samples_In(Val(Text54), sample_ms, Val(Text54) > 0 ? files.Traces().Nb_Samples() : 0);
     with.HalfCycle = CInt(Val(Text56)).value_or(0);
     with.MinAmplitude = Val(Text57);
     with.PickShift = Val(Text3);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "core/ports/ports.h"
@@ -52,9 +51,6 @@ class AutoPik {
     /// record. With a file that cannot be written the picks of this record go to table and curves alone, and
     /// the status field tells so.
     void Pick_auto();
-
-    /// Writes the project file; set by whoever puts the program together.
-    std::function<void()> Save_Project;
 
   private:
     double Frequency() const;

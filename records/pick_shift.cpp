@@ -3,13 +3,12 @@
 
 #include "core/text/number.h"
 #include "records/record_buttons.h"
+#include "records/record_display.h"
 #include "records/record_files.h"
 
 namespace tarnvik {
 
 namespace {
-
-constexpr double trace_width = 2000;  ///< world units
 
 /// Picks of the table and of ShotTimes; empty cells stay empty. A pick moved to 0 or below is kept as it is.
 void Shift_Grid(Workspace& workspace, int shot, int first, int last, double shift) {

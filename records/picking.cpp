@@ -5,6 +5,7 @@
 #include "core/fault.h"
 #include "core/text/number.h"
 #include "records/polarity_reversal.h"
+#include "records/record_display.h"
 #include "records/record_files.h"
 #include "records/spectrum_area.h"
 
@@ -12,8 +13,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr double trace_width = 2000;  ///< world units
-constexpr double drag_pixels = 3;     ///< a hand that trembles less than this has not dragged
+constexpr double drag_pixels = 3;  ///< a hand that trembles less than this has not dragged
 
 /// Sample interval of the file, or of the view while the file cannot be read, in ms; 0 without any.
 double Interval(const RecordView& record) {
@@ -81,23 +81,17 @@ void RecordPointer::Release(const RecordEvent& event) {
     }
 }
 
-/// Place of a trace's pick in the project. The station of the first trace shown (Text18) places the record on
-/// the line; where it leads out of the line, as with files whose `tracl` runs on from record to record, the
-/// channel within the record is the receiver.
+/// Place of a trace's pick in the project.
 RecordPointer::Cell RecordPointer::Cell_Of(int trace) {
     const RecordView& record = W.Record;
     const int channels = record.ChannelsPerRecord;
     const int record_number = W.Fields.HScroll2.Value;
-    const double station = Val(W.Fields.Text18);
     double field_channel = trace;
-    double receiver = trace - Val(W.Fields.Text9) + 1 + station - 1;
-    const double channel = channels > 0 ? (trace - 1) % channels + 1 : trace;
+    double receiver = First_Receiver_Shown(W) + trace - Val(W.Fields.Text9);
     if (W.Fields.Check8) {
         // Counted from the other end of the record.
         field_channel = static_cast<double>(channels) * record_number - trace + 1;
-        receiver = W.Fields.Check2 ? field_channel + station - 1 : field_channel;
-    } else if (station < 1 || receiver > W.Project.NbReceivers) {
-        receiver = channel;
+        receiver = W.Fields.Check2 ? field_channel + Val(W.Fields.Text18) - 1 : field_channel;
     }
     Store_If_It_Fits(W.Record.FieldChannel, field_channel);
     Cell cell;

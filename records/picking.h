@@ -2,9 +2,9 @@
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
+#include "records/area_band.h"
 #include "records/auto_pik.h"
 #include "records/record_zoom.h"
-#include "records/rubber_band.h"
 
 namespace tarnvik {
 
@@ -50,7 +50,7 @@ class RecordPointer {
     Ports& P;
     AutoPik& Automatic;
     RecordZoom& Zoom;
-    RubberBand Band;
+    AreaBand Band;
     bool RightHeld = false;
     bool Dragged = false;
     RecordEvent Pressed;

@@ -16,10 +16,7 @@ RecordFiles::RecordFiles(Workspace& workspace) : W(workspace) {
         Opening = File->Reason();
         File.emplace(path, SuTraces::Access::Read);
     }
-    if (File->Is_Open() && File->Samples_Word() > 0) {
-        W.Record.NbSamples = File->Nb_Samples();
-        if (File->Sample_Interval() > 0) W.Record.SampleInterval = File->Sample_Interval();
-    }
+    if (File->Sample_Interval() > 0) W.Record.SampleInterval = File->Sample_Interval();
     const std::string& twin = W.Record.TwinSuFile;
     if (!twin.empty() && twin != path && File_Exists(twin)) Twin.emplace(twin, SuTraces::Access::Write);
 }

@@ -14,7 +14,7 @@ namespace tarnvik {
 class RecordFiles {
   public:
     /// Opens SuFile, for reading only when it cannot be written, and TwinSuFile when there is one. Takes
-    /// NbSamples and SampleInterval over into the view, since another program may have changed the file.
+    /// SampleInterval over into the view, since another program may have changed the file.
     explicit RecordFiles(Workspace& workspace);
 
     bool Is_Open() const { return File->Is_Open(); }

@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "core/text/number.h"
+#include "records/record_display.h"
 
 namespace tarnvik {
 
 namespace {
-constexpr double trace_width = 2000;  ///< world units
 constexpr double scale_width = 4;
 }  // namespace
 
@@ -55,7 +55,7 @@ void RecordZoom::Command21() {
 void RecordZoom::Show_Neighbour(int step) {
     ScrollBar& scroll = W.Fields.HScroll2;
     const int wanted = scroll.Value + step;
-    if (wanted < 1 || wanted > W.Project.NbShots) return;
+    if (wanted < 1 || wanted > (W.Project.NbShots > 0 ? W.Project.NbShots : scroll.Max)) return;
     scroll.Value = wanted;
     const double traces = static_cast<double>(step) * W.Record.ChannelsPerRecord;
     W.Fields.Text9 = CStr(Val(W.Fields.Text9) + traces);

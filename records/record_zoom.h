@@ -5,7 +5,7 @@
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
-#include "records/rubber_band.h"
+#include "records/area_band.h"
 #include "records/spectrum_area.h"
 
 namespace tarnvik {

@@ -6,7 +6,7 @@ namespace tarnvik {
 
 /// Rectangle between two corners that follows the pointer: drawn by exclusive or, so that drawing it a second
 /// time takes it away.
-class RubberBand {
+class AreaBand {
   public:
     void Start(double x, double y);
     void Move_To(Picture& picture, double x, double y);
