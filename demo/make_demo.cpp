@@ -1,0 +1,37 @@
+// Writes the demo line, demo1.tv5 and demo1.su, into a folder.
+
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "core/files.h"
+#include "core/project_file.h"
+#include "demo/demo_line.h"
+#include "demo/demo_records.h"
+
+namespace {
+
+bool Write(const std::string& path, const std::string& content) {
+    const std::string reason = tarnvik::Replace_File(path, content);
+    if (!reason.empty()) std::fprintf(stderr, "%s: %s\n", path.c_str(), reason.c_str());
+    return reason.empty();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: make_demo FOLDER\n");
+        return 2;
+    }
+    try {
+        const std::string folder = argv[1];
+        const tarnvik::Project project = tarnvik::Demo_Project();
+        const bool written = Write(folder + "/demo1.tv5", tarnvik::Project_Bytes(project)) &&
+                             Write(folder + "/demo1.su", tarnvik::Demo_Records(project));
+        return written ? 0 : 1;
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 1;
+    }
+}
