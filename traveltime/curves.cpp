@@ -1,5 +1,7 @@
 #include "traveltime/curves.h"
 
+#include "core/files.h"
+#include "core/project_open.h"
 #include "core/text/letters.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/shot_grid.h"
@@ -96,6 +98,10 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     workspace.DisplayMode = "DROMO";
     Dessine_Cadre(workspace, ports);
     dromo.Set_Pointer(PointerShape::Hourglass);
+    if (project.NbShots == 0 && File_Exists(project.CurrentFile)) {
+        Read_Project(workspace, std::string(project.CurrentFile));
+        Dessine_Cadre(workspace, ports);
+    }
     Fill_Shot_Grid(workspace);
 
     CurveStyle style;

@@ -13,8 +13,8 @@ namespace tarnvik {
 /// length units, times in ms. Nothing for a band without a time difference.
 std::optional<double> Band_Velocity(double down_distance, double down_time, double distance, double time);
 
-/// Intercept time (ms, cut to a tenth) that the band's line has at a shot. Nothing for a band without a time
-/// difference.
+/// Intercept time (ms, cut to a tenth) of a band at a shot. The slope takes the time difference backwards
+/// (press less pointer) and 0.0001 more; both are meant. Nothing for a band without a time difference.
 std::optional<double> Band_Intercept(double down_distance, double down_time, double distance, double time,
                                      double shot_distance);
 
