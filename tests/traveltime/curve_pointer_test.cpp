@@ -181,11 +181,12 @@ TEST(RubberBand, VelocityAndIntercept) {
     EXPECT_EQ(Band_Velocity(50, 40, 10, 19), 1904);
     EXPECT_FALSE(Band_Velocity(10, 20, 50, 20));
     EXPECT_FALSE(Band_Intercept(10, 20, 50, 20, 0));
-    // The time difference enters backwards, so the line is mirrored at the press; the figure is kept as known.
+    // The time difference enters backwards, so the line is mirrored at the press; the figure is kept as
+    // known.
     EXPECT_NEAR(*Band_Intercept(10, 20, 50, 40, 0), 25, 1e-9);
     EXPECT_NEAR(*Band_Intercept(10, 20, 50, 40, 10), 20, 1e-9);
     EXPECT_NEAR(*Band_Intercept(10, 20, 50, 40, 50), -0.1, 1e-9);  // cut down, not towards zero
-    EXPECT_NEAR(*Band_Intercept(10, 20, 10, 40, 10), 20, 0.11);  // a vertical band
+    EXPECT_NEAR(*Band_Intercept(10, 20, 10, 40, 10), 20, 0.11);    // a vertical band
 }
 
 TEST(VelocityRuler, KeysMoveTheLastBand) {
