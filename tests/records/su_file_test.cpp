@@ -1,0 +1,208 @@
+#include "records/su_file.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <numeric>
+
+#include "support/su_builder.h"
+#include "support/test_ports.h"
+
+namespace tarnvik::test {
+namespace {
+
+std::vector<std::int64_t> Run_Of(std::int64_t first, int count) {
+    std::vector<std::int64_t> run(static_cast<std::size_t>(count));
+    std::iota(run.begin(), run.end(), first);
+    return run;
+}
+
+TEST(HeaderWords, EveryWordStandsBehindTheOneBeforeWithoutGapOrOverlap) {
+    int next = 0;
+    for (int word = 1; word <= header_words; ++word) {
+        EXPECT_EQ(Header_Word(word).Offset, next) << word;
+        next += Header_Word(word).Type == WordType::Int16 ? 2 : 4;
+    }
+    EXPECT_EQ(next, 236);
+    EXPECT_THROW(Header_Word(0), Fault);
+    EXPECT_THROW(Header_Word(91), Fault);
+}
+
+TEST(HeaderWords, TheListKeepsItsMisprints) {
+    EXPECT_EQ(Listed_Label(75), "75  first trace location");
+    EXPECT_EQ(Listed_Label(76), "75  negative of power used for dynamic range compression");
+    EXPECT_EQ(Listed_Label(77), "77  reciprocal of scaling factor to normalize range");
+    EXPECT_EQ(Listed_Label(84), "84  Thickness 3");
+    EXPECT_STREQ(Header_Word(36).Label, "Lag time beteen shot and recording start in milliseconds.");
+}
+
+class SuFile : public testing::Test {
+  protected:
+    TemporaryFolder Folder;
+    Workspace Work;
+    std::string Write(const SuBuilder& builder) {
+        Work.Project.SuFile = builder.Write(Folder / "line.su");
+        return Work.Project.SuFile;
+    }
+};
+
+TEST_F(SuFile, AWrittenWordChangesItsOwnBytesOnlyAndReadsBack) {
+    const SuBuilder builder(3, 5);
+    const std::string path = Write(builder);
+    for (int word = 1; word <= header_words; ++word) {
+        if (word == words::ns) continue;  // it would move the other traces
+        const HeaderWord& entry = Header_Word(word);
+        builder.Write(path);
+        ASSERT_EQ(Enregistre_dans_Header(Work, 2, word, -2), Stored::Yes);
+        const int size = entry.Type == WordType::Int16 ? 2 : 4;
+        const std::string after = Content_Of(path);
+        const auto changed = Changed_Bytes(builder.Bytes, after);
+        const auto meant = Run_Of(240 + 20 + entry.Offset, size);
+        for (const auto place : changed)
+            EXPECT_NE(std::find(meant.begin(), meant.end(), place), meant.end()) << word << " at " << place;
+        EXPECT_EQ(after.size(), builder.Bytes.size());
+        HeaderArray header;
+        lecture_data(Work, 2, 2, header);
+        if (entry.Type != WordType::Float32) {
+            EXPECT_EQ(header(word, 1), -2) << word;
+        } else {
+            // The integer's bits, read as a float: meant.
+            EXPECT_TRUE(std::isnan(header(word, 1))) << word;
+        }
+    }
+}
+
+TEST_F(SuFile, WholeNumbersTypedIntoFloatWordsReadBackAsTinyFloats) {
+    Write(SuBuilder(1, 5).Put_Float(1, 188, 2.5F));
+    ASSERT_EQ(Enregistre_dans_Header(Work, 1, 73, 3), Stored::Yes);
+    ASSERT_EQ(Enregistre_dans_Header(Work, 1, 78, 3), Stored::Yes);
+    HeaderArray header;
+    lecture_data(Work, 1, 1, header);
+    EXPECT_GT(header(73, 1), 0);
+    EXPECT_LT(header(73, 1), 1e-40);
+    EXPECT_EQ(header(73, 1), header(78, 1));
+    EXPECT_EQ(Header_Text(73, header(73, 1)), "4.203895E-45");
+    EXPECT_EQ(Header_Text(74, header(74, 1)), "2.5");
+}
+
+TEST_F(SuFile, AValueIsRoundedHalvesToEvenAndOneTooLargeLeavesTheWord) {
+    const std::string path = Write(SuBuilder(1, 5).Put16(1, 222, 77).Put32(1, 36, 77));
+    struct Case {
+        int Word;
+        double Value;
+        Stored Result;
+        double After;
+    };
+    const Case cases[] = {
+        {86, 32767.4, Stored::Yes, 32767},
+        {86, 32768, Stored::DoesNotFit, 32767},
+        {86, -32769, Stored::DoesNotFit, 32767},
+        {86, 2.5, Stored::Yes, 2},
+        {86, 3.5, Stored::Yes, 4},
+        {12, 40000, Stored::Yes, 40000},
+        {12, 3e9, Stored::DoesNotFit, 40000},
+        {12, std::nan(""), Stored::DoesNotFit, 40000},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(Enregistre_dans_Header(Work, 1, c.Word, c.Value), c.Result) << c.Value;
+        EXPECT_EQ(SuTraces(path).Word(1, c.Word), c.After) << c.Value;
+    }
+    EXPECT_EQ(Enregistre_dans_Header(Work, 1, 91, 1), Stored::No);
+}
+
+TEST_F(SuFile, NothingIsWrittenBeforeOrBehindTheTraces) {
+    SuBuilder builder(2, 5);
+    builder.Bytes.resize(builder.Bytes.size() - 100);  // the second trace lost its samples and more
+    const std::string path = Write(builder);
+    SuTraces file(path, SuTraces::Access::Write);
+    const std::vector<float> samples(5, 1.0F);
+    EXPECT_EQ(file.Set_Word(0, words::ep, 1), Stored::No);
+    EXPECT_EQ(file.Set_Word(3, words::ep, 1), Stored::No);
+    EXPECT_EQ(file.Set_Word(2, words::First_Breaks, 1), Stored::No);
+    EXPECT_EQ(file.Set_Samples(2, samples), Stored::No);
+    EXPECT_FALSE(file.Reason().empty());
+    EXPECT_TRUE(Content_Of(path) == builder.Bytes);
+    EXPECT_EQ(file.Pick_Ms(2), 0);
+    EXPECT_FALSE(file.Word(3, words::ep).has_value());
+}
+
+TEST_F(SuFile, SamplesAreReadAndWrittenInPlace) {
+    const SuBuilder builder = SuBuilder(2, 3).Samples(2, {1, -2, 3});
+    const std::string path = Write(builder);
+    SuTraces file(path, SuTraces::Access::Write);
+    std::vector<float> samples(4, 9);
+    EXPECT_EQ(file.Samples(2, samples), 3);
+    EXPECT_EQ(samples, (std::vector<float>{1, -2, 3, 9}));
+    EXPECT_EQ(file.Set_Samples(1, std::vector<float>{5, 6, 7, 8}), Stored::Yes);
+    EXPECT_TRUE(Content_Of(path) == SuBuilder(builder).Samples(1, {5, 6, 7}).Bytes);
+}
+
+TEST_F(SuFile, PicksAreTenthsOfAMillisecond) {
+    const std::string path = Write(SuBuilder(1, 3));
+    SuTraces file(path, SuTraces::Access::Write);
+    EXPECT_EQ(file.Set_Pick(1, 12.34), Stored::Yes);
+    EXPECT_EQ(file.Pick_Ms(1), 12.3);
+    EXPECT_EQ(file.Set_Pick(1, 3276.8), Stored::DoesNotFit);
+    EXPECT_EQ(file.Pick_Ms(1), 12.3);
+}
+
+TEST_F(SuFile, TraceCountIsRoundedHalvesToEven) {
+    // Traces of 260 bytes.
+    const std::pair<int, int> cases[] = {{260 * 3, 3},       {260 * 3 + 129, 3}, {260 * 3 + 131, 4},
+                                         {260 * 2 + 130, 2}, {260 * 3 + 130, 4}, {130, 0}};
+    for (const auto& [length, traces] : cases) {
+        SuBuilder builder(4, 5);
+        builder.Bytes.resize(static_cast<std::size_t>(length));
+        std::int32_t count = -1;
+        std::int32_t second = -1;
+        EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder), count, second));
+        EXPECT_EQ(count, traces) << length;
+        EXPECT_EQ(second, 0);
+    }
+    EXPECT_EQ(Work.Record.SamplesWord, 5);
+    EXPECT_EQ(Work.Record.SampleInterval, 1000);
+}
+
+TEST_F(SuFile, WhatCannotBeReadKeepsItsValue) {
+    Work.Record.SamplesWord = 7;
+    Work.Record.SampleInterval = 250;
+    std::int32_t count = 99;
+    std::int32_t second = 0;
+    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder / "none.su", count, second));
+    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder.Path, count, second));
+    EXPECT_EQ(count, 99);
+    SuBuilder builder(1, 0);
+    builder.Bytes.resize(50);
+    EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder), count, second));
+    EXPECT_EQ(Work.Record.SamplesWord, 7);
+    EXPECT_EQ(Work.Record.SampleInterval, 250);
+    // A negative count whose trace has no bytes: no quotient.
+    count = 99;
+    Recherche_Nb_Trace(Work.Record, Write(SuBuilder(2, 0).Put16(1, 114, -60)), count, second);
+    EXPECT_EQ(Work.Record.NbSamples, -60);
+    EXPECT_EQ(count, 99);
+}
+
+TEST_F(SuFile, PositionsReachBeyondFourGigabytes) {
+    // 20000 samples a trace: trace 60001 begins at 4.8 GB. The file has holes and takes no room.
+    const std::string path = Write(SuBuilder(1, 20000));
+    const std::int64_t length = 70000 * Trace_Length(20000);
+    std::filesystem::resize_file(path, static_cast<std::uintmax_t>(length));
+    EXPECT_EQ(Enregistre_dans_Header(Work, 60001, words::ep, 4711), Stored::Yes);
+    SuTraces file(path);
+    EXPECT_EQ(file.Nb_Traces(), 70000);
+    EXPECT_EQ(file.Word(60001, words::ep), 4711);
+    PositionedFile raw(path, PositionedFile::Access::Read);
+    std::int32_t value = 0;
+    EXPECT_TRUE(raw.Read(4'814'400'016, &value, 4));
+    EXPECT_EQ(value, 4711);
+    // The place that 32-bit positions would have hit.
+    EXPECT_TRUE(raw.Read(4'814'400'016 - (std::int64_t{1} << 32), &value, 4));
+    EXPECT_EQ(value, 0);
+    EXPECT_EQ(raw.Length(), length);
+}
+
+}  // namespace
+}  // namespace tarnvik::test
