@@ -10,7 +10,7 @@
 namespace tarnvik {
 
 RecordFiles::RecordFiles(Workspace& workspace) : W(workspace) {
-    const std::string& path = W.Project.SuFile;
+    const std::string path = Su_Path(W.Project);
     File.emplace(path, SuTraces::Access::Write);
     if (!File->Is_Open()) {
         Opening = File->Reason();

@@ -7,6 +7,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/su_file.h"
 
 namespace tarnvik {
 
@@ -56,7 +57,7 @@ void Show_Spectrum(Workspace& workspace, Ports& ports, const RecordArea& dragged
         ports.Ask.Say(tool + " is missing", workspace.AppTitle);
         return;
     }
-    const std::string arguments = "f=" + workspace.Project.SuFile + " ftr=" + CStr(*first) +
+    const std::string arguments = "f=" + Su_Path(workspace.Project) + " ftr=" + CStr(*first) +
                                   " ltr=" + CStr(*last) + " fpt=" + CStr(start) + " lpt=" + CStr(end);
     if (ports.Launch.Start(tool, arguments, folder) < launch_failure_below) {
         ports.Ask.Say("Unable to shell application:" + tool, workspace.AppTitle);

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 
+#include "core/files.h"
 #include "core/text/number.h"
 
 namespace tarnvik {
@@ -110,6 +111,14 @@ SuTraces::Trace SuTraces::Read_Trace(std::int64_t trace, std::span<float> sample
     return result;
 }
 
+std::string Su_Path(const Project& project) {
+    const std::string& name = project.SuFile;
+    if (name.empty() || File_Exists(name) || !Folder_Of(name).empty()) return name;
+    std::string beside = project.ProjectDir.empty() ? Folder_Of(project.CurrentFile) : project.ProjectDir;
+    if (!beside.empty() && beside.back() != '/' && beside.back() != '\\') beside += '/';
+    return File_Exists(beside + name) ? beside + name : name;
+}
+
 bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t& traces,
                         std::int32_t& second) {
     second = 0;
@@ -126,7 +135,7 @@ bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t&
 
 Stored Enregistre_dans_Header(Workspace& workspace, std::int64_t trace, int word, double value) {
     if (word < 1 || word > header_words) return Stored::No;
-    SuTraces file(workspace.Project.SuFile, SuTraces::Access::Write);
+    SuTraces file(Su_Path(workspace.Project), SuTraces::Access::Write);
     return file.Is_Open() ? file.Set_Word(trace, word, value) : Stored::No;
 }
 
@@ -137,7 +146,7 @@ void lecture_data(Workspace& workspace, std::int32_t first, std::int32_t last, H
     if (header.Last_Row() != header_words || header.Last_Column() != count) {
         header = HeaderArray(header_words, count);
     }
-    SuTraces file(workspace.Project.SuFile);
+    SuTraces file(Su_Path(workspace.Project));
     for (int column = 1; column <= count; ++column) {
         for (int word = 1; word <= header_words; ++word) {
             if (const auto value = file.Word(std::int64_t{first} + column - 1, word)) {

@@ -87,6 +87,10 @@ class SuTraces {
     std::int16_t Interval = 0;
 };
 
+/// The project's SuFile as it can be opened: a name without a folder that is not found from the running
+/// folder is looked for beside the project file. The name in the project stays as it is.
+std::string Su_Path(const Project& project);
+
 /// Reads sample count and interval of a file into the view; `traces` becomes the number of its traces,
 /// `second` 0. What cannot be read keeps its value. False when the file cannot be opened.
 bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t& traces,

@@ -1,9 +1,7 @@
 #include "records/su_loading.h"
 
 #include <algorithm>
-#include <filesystem>
 
-#include "core/fault.h"
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
@@ -82,14 +80,6 @@ bool Number_By_Hand(Workspace& workspace, Ports& ports) {
 }
 
 }  // namespace
-
-std::string Su_Path(const Project& project) {
-    const std::string& name = project.SuFile;
-    if (name.empty() || File_Exists(name) || !Folder_Of(name).empty()) return name;
-    std::string beside = project.ProjectDir.empty() ? Folder_Of(project.CurrentFile) : project.ProjectDir;
-    if (!beside.empty() && beside.back() != '/' && beside.back() != '\\') beside += '/';
-    return File_Exists(beside + name) ? beside + name : name;
-}
 
 std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces) {
     std::int16_t channels = 0;

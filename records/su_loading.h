@@ -9,10 +9,6 @@
 
 namespace tarnvik {
 
-/// The project's SuFile as it can be opened: a name without a folder that is not found from the running
-/// folder is looked for beside the project file. The name in the project stays as it is.
-std::string Su_Path(const Project& project);
-
 /// Channels of a record by the channel words of traces 1 to `traces`: the largest number met before they
 /// start again. 0 when the fifth trace has the number of the first, which is read as "the channel word does
 /// not run"; records of four channels fall under this too, which is meant.
