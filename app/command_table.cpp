@@ -1,6 +1,7 @@
 #include <array>
 
 #include "app/commands.h"
+#include "app/dialog_commands.h"
 #include "app/documents.h"
 #include "app/file_commands.h"
 #include "app/session.h"
@@ -101,9 +102,9 @@ const std::array command_table = {
     // Toolbar, in the order of the buttons.
     Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
-    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz"},
+    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
-    Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4"},
+    Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4", .Run = Start_New_Profile},
     Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
     Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick"},
     Command{.Name = "edit", .Tooltip = "EDIT travel time informations", .Icon = "edit", .Run = Edit_Notes},
@@ -112,15 +113,15 @@ const std::array command_table = {
     Command{.Name = "open", .Tooltip = "Open existing TV5 File", .Icon = "open", .Run = Open_From_Toolbar},
     Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data},
     Command{.Name = "dromo", .Tooltip = "Display travel time", .Icon = "dromo", .Run = Back_To_Curves},
-    Command{.Name = "prop", .Icon = "prop"},
+    Command{.Name = "prop", .Tooltip = "New profile from field records", .Icon = "prop", .Run = Start_New_Profile},
     Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom"},
-    Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1"},
+    Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1", .Run = Show_Velocity_Dialog},
     Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2"},
     Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3"},
-    Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum"},
+    Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog},
     Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
-    Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing"},
+    Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile},
     Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap"},
     Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
     Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom},
@@ -130,11 +131,11 @@ const std::array command_table = {
 
     // File
     Command{.Name = "NewDromoName", .Menu = file_menu, .Caption = "&Open travel time...", .Icon = "open", .Shortcut = "Ctrl+O", .Run = Open_Travel_Time},
-    Command{.Name = "T_Assembly", .Menu = file_menu, .Caption = "New travel time", .Icon = "tv4", .Shortcut = "Ctrl+N"},
+    Command{.Name = "T_Assembly", .Menu = file_menu, .Caption = "New travel time", .Icon = "tv4", .Shortcut = "Ctrl+N", .Run = Start_New_Profile},
     Separator(file_menu),
     Command{.Name = "SaveName", .Menu = file_menu, .Caption = "Save Data ", .Icon = "save", .Shortcut = "Ctrl+S", .Run = Save_Data},
     Command{.Name = "Save_As", .Menu = file_menu, .Caption = "Save data As", .Shortcut = "Ctrl+Shift+S", .Run = Save_Data_As},
-    Command{.Name = "Deletename", .Menu = file_menu, .Caption = "Delete File"},
+    Command{.Name = "Deletename", .Menu = file_menu, .Caption = "Delete File", .Run = Delete_File},
     Separator(file_menu),
     Command{.Name = "SEG22SU", .Menu = conversion_menu, .Caption = "SEG2 to SU conversion", .Run = Launch_Seg2_Conversion},
     Command{.Name = "conver", .Menu = conversion_menu, .Caption = "Other Seismograph file conversion", .Icon = "tosu", .Run = Launch_Conversion},
@@ -153,7 +154,7 @@ const std::array command_table = {
     Command{.Name = "Fin_Mnu", .Menu = file_menu, .Caption = "End", .Icon = "stop", .Shortcut = "Ctrl+Q", .Run = Quit_From_Menu},
 
     // Processing
-    Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5"},
+    Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog},
     Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2"},
     Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3"},
     Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler"},
@@ -161,7 +162,7 @@ const std::array command_table = {
     Separator(processing_menu),
     Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom"},
     Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick"},
-    Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6"},
+    Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog},
     Separator(processing_menu),
     Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap"},
     Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation"},
@@ -174,17 +175,18 @@ const std::array command_table = {
     // Screen Display
     Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},
     Command{.Name = "TT_IT_MN", .Menu = screen_menu, .Caption = "Travel time and Delay"},
-    Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3"},
-    Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC"},
-    Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM"},
-    Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM"},
+    Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3", .Run = Show_Intercept_Profile},
+    Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC", .Run = Show_Abc_Profile},
+    Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM", .Run = Show_Grm_Profile},
+    Command{.Name = "BI_M", .Menu = screen_menu, .Caption = "Travel time and profile", .Run = Show_Curves_And_Profile},
+    Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM", .Run = Show_Full_Profile},
     Separator(screen_menu),
     Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File},
     Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve"},
     Separator(screen_menu),
     Command{.Name = "Zerop", .Menu = screen_menu, .Caption = "Zero time on top", .Shortcut = "Ctrl+T", .Run = Toggle_Zero_On_Top, .Checked = Zero_On_Top},
     Command{.Name = "MultiScreen", .Menu = screen_menu, .Caption = "Multi screen", .Run = Toggle_Multi_Screen, .Checked = Multi_Screen},
-    Command{.Name = "TShift", .Menu = screen_menu, .Caption = "Time Shift"},
+    Command{.Name = "TShift", .Menu = screen_menu, .Caption = "Time Shift", .Run = Ask_Time_Shift},
 
     // Printer
     Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
@@ -197,9 +199,9 @@ const std::array command_table = {
     Command{.Name = "headerx", .Menu = utility_menu, .Caption = "Seismic Unix Header editing"},
     Command{.Name = "Edit_Mnu", .Menu = utility_menu, .Caption = "Edit Data File", .Run = Edit_Data_File},
     Command{.Name = "Font_Mnu", .Menu = utility_menu, .Caption = "Font selection", .Run = Choose_Font},
-    Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift"},
+    Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift", .Run = Scale_Or_Shift_Picks},
     Separator(utility_menu),
-    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz"},
+    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum},
     Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
     Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
     Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/dialog_commands.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
@@ -19,6 +20,9 @@ void Open_Travel_Time(Session& session) {
         return;
     }
     Show_Opened_Project(session);
+    session.Outside.Ask.Say(" You must (re)compute all thickness to load data in memroy",
+                            session.Work.AppTitle, Icon::Information);
+    Show_Depth_Dialog(session);
 }
 
 void Open_From_Toolbar(Session& session) {

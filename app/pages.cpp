@@ -2,9 +2,19 @@
 
 #include "app/session.h"
 #include "output/profile_painting.h"
+#include "records/su_loading.h"
 #include "traveltime/curve_drawing.h"
+#include "traveltime/curves.h"
 
 namespace tarnvik {
+
+ShotColour Curve_Colours(const Project& project) {
+    // A shot without a colour rule keeps that of the shot before it.
+    return [&project, colour = Colour{0}](int shot) mutable {
+        Couleur_Tir(project, shot, colour);
+        return colour;
+    };
+}
 
 bool Page_Can_Be_Drawn(const Session& session, Page page) {
     const Project& project = session.Work.Project;
@@ -29,6 +39,9 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             Paint_Profile(session.Work, pictures.Main, pictures.Beside);
             break;
         case Page::Record:
+            Draw_Traces(session.Work, pictures.Main, Su_Path(session.Work.Project),
+                        Curve_Colours(session.Work.Project));
+            Draw_Time_Scale(session.Work.Record, pictures.Beside);
             break;
     }
 }

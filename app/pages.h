@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/ports/display.h"
+#include "core/project.h"
+#include "records/record_display.h"
 
 namespace tarnvik {
 
@@ -13,6 +15,10 @@ struct PagePictures {
     Picture& Below;
     Picture& Beside;
 };
+
+/// The colours of the travel-time curves, for the record that shows them too. The project must outlive the
+/// answer.
+ShotColour Curve_Colours(const Project& project);
 
 /// True when the page has something to show.
 bool Page_Can_Be_Drawn(const Session& session, Page page);

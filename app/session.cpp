@@ -13,7 +13,21 @@ Session::Session(Ports outside, std::string settings_file)
       SettingsFile(std::move(settings_file)),
       Pointer(Work, Outside),
       ZoomDialog(Work, Outside),
-      Ruler(Work, Outside) {
+      Ruler(Work, Outside),
+      Speed(Work, Outside),
+      Record(Work, Outside, Speed),
+      SpeedMouse(Work, Outside, Speed),
+      Depths(Work, Outside),
+      DepthMouse(Work, Outside, Depths),
+      RecordArea(Work, Outside),
+      AutomaticPicking(Work, Outside),
+      RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
+      TraceSizeMouse(Work, Outside),
+      NewProfile(Work, Outside),
+      PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
+      RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
+    Pointer.Register("Vitesse", &SpeedMouse);
+    Pointer.Register("Calcul", &DepthMouse);
     Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };

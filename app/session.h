@@ -5,9 +5,19 @@
 #include "core/ports/ports.h"
 #include "core/project_open.h"
 #include "core/workspace.h"
+#include "depth/fcalcul.h"
+#include "depth/fcalcul_pointer.h"
+#include "records/auto_pik.h"
+#include "records/picking.h"
+#include "records/record_zoom.h"
+#include "records/size_grid_mouse.h"
+#include "setup/grid_edit.h"
+#include "setup/rechinfo.h"
+#include "traveltime/confirm.h"
 #include "traveltime/curve_pointer.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
+#include "traveltime/speed_f.h"
 #include "traveltime/zoom.h"
 
 namespace tarnvik {
@@ -26,9 +36,26 @@ class Session : private PickWriter {
     std::string SettingsFile;
     OpeningHooks Hooks;  ///< what opening a project asks of the floors above core/
 
+    // Travel-time curves.
     CurvePointer Pointer;  ///< mouse and keys on the Dromo picture
     Zoom ZoomDialog;
     RulerF Ruler;
+    SpeedF Speed;
+    Confirm Record;  ///< dialog `confirm` of SpeedF
+    SpeedPointer SpeedMouse;
+    Fcalcul Depths;
+    FcalculPointer DepthMouse;
+
+    // Field records.
+    RecordZoom RecordArea;
+    AutoPik AutomaticPicking;
+    RecordPointer RecordMouse;
+    SizeGridMouse TraceSizeMouse;
+
+    // Set-up of a line.
+    rechinfo NewProfile;
+    GridEditor PickTable;    ///< Buildgrid
+    GridEditor RemarkTable;  ///< remark_grid
 
   private:
     void Write_Pick(int shot, int receiver, double time_ms) override;

@@ -1,8 +1,8 @@
 #include "app/session_display.h"
 
+#include "app/pages.h"
 #include "app/session.h"
 #include "output/profile.h"
-#include "records/record_display.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
@@ -17,12 +17,7 @@ void SessionDisplay::Show_Curves() {
 
 void SessionDisplay::Display_Record() {
     const Project& project = Owner->Work.Project;
-    // The record takes the curves' colours; a shot without a colour rule keeps that of the shot before it.
-    Colour colour = 0;
-    tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), [&project, &colour](int shot) {
-        Couleur_Tir(project, shot, colour);
-        return colour;
-    });
+    tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(project));
 }
 
 void SessionDisplay::Show_Profile() {

@@ -1,5 +1,6 @@
 #include "app/splash.h"
 
+#include "app/dialog_commands.h"
 #include "app/documents.h"
 #include "app/session.h"
 #include "app/start.h"
@@ -15,7 +16,8 @@ void frmSplash::Load() {
 }
 
 bool frmSplash::Command1() {
-    return false;
+    Start_New_Profile(Owner);
+    return true;
 }
 
 bool frmSplash::Command2() {

@@ -108,20 +108,26 @@ void Fcalcul::Save() {
     if (Files.SaveProject && Files.SaveProject(Work, Outside)) Unsaved = false;
 }
 
-void Fcalcul::HScroll1_Changed() {
+bool Fcalcul::Display_Shot(int shot) {
     Work.Velocity.FocusField.clear();
     const int shots = Work.Project.NbShots;
     HScroll1.Min = 1;
     HScroll1.Max = std::max(1, shots);
-    HScroll1.Value = std::clamp(HScroll1.Value, HScroll1.Min, HScroll1.Max);
-    if (shots < 1) return;
+    HScroll1.Value = std::clamp(shot, HScroll1.Min, HScroll1.Max);
+    if (shots < 1) return false;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(HScroll1.Value);
-    if (Refused_As_Offset_Shot()) return;
+    if (Refused_As_Offset_Shot()) return false;
     ShotLabel = CStr(HScroll1.Value);
     // Whatever a shot does not fill must not keep what the shot before had there: it would be stored with it.
     Empty_Rows();
     Work.Depth.Thick = {};
-    Display_And_Compute();
+    Display_Only();
+    return true;
+}
+
+void Fcalcul::HScroll1_Changed() {
+    if (!Display_Shot(HScroll1.Value)) return;
+    if (!No_Data(true)) Calcul_Par_Intercept();
     if (Check1) Save();
     Outside.Show.Show_Fields();
 }

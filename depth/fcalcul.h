@@ -55,10 +55,12 @@ class Fcalcul {
     void Field_Changed();     ///< the user typed into a field
     void Layers_Changed();    ///< Text21
     void HScroll1_Changed();  ///< another shot
-    void Command1();          ///< "&Intercept T"
-    void Command2();          ///< "Refresh"
-    void Command3();          ///< "&Critic. Dist."
-    void Command4();          ///< "&Save  "
+    /// Shows a shot without computing. False for an offset shot, which has no depth, and without any shot.
+    bool Display_Shot(int shot);
+    void Command1();  ///< "&Intercept T"
+    void Command2();  ///< "Refresh"
+    void Command3();  ///< "&Critic. Dist."
+    void Command4();  ///< "&Save  "
 
     /// All fields from the project, and the results in workspace.Depth when the mode is "Calcul"; a shot
     /// without velocities gets the usual ones. A thickness too large to be shown is a Fault.

@@ -1,0 +1,165 @@
+#include "app/dialog_commands.h"
+
+#include <string>
+
+#include "app/session.h"
+#include "app/view_commands.h"
+#include "core/project_save.h"
+#include "output/profile.h"
+#include "records/record_buttons.h"
+#include "records/spectrum_area.h"
+#include "records/su_loading.h"
+#include "setup/build_grid.h"
+#include "setup/distance_correction.h"
+#include "setup/elevations.h"
+#include "setup/new_profile.h"
+#include "setup/project_commands.h"
+#include "setup/remove_shot.h"
+#include "setup/true_distances.h"
+#include "setup/xyz_commands.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// Opens a computing dialog over the curves: its mode word first, since the picture reacts by it at once; a
+/// profile that shares the picture goes away.
+void Open_Over_Curves(Session& session, const std::string& mode, Dialog dialog) {
+    session.Work.DisplayMode = mode;
+    if (session.Work.Curves.FrameDrawn == 2) {
+        session.Outside.Show.Show_Curves();
+        session.Work.DisplayMode = mode;
+    }
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    session.Outside.Show.Open_Dialog(dialog, false);
+}
+
+void Show_Profile_In_Mode(Session& session, const std::string& mode) {
+    session.Work.DisplayMode = mode;
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    session.Outside.Show.Show_Profile();
+}
+
+/// The table's own commands work on the model: what was typed goes there first, what they changed is shown.
+template <class Command>
+void Run_On_Table(Session& session, Command command) {
+    Read_Grid(session.Work);
+    command();
+    session.Outside.Show.Show_Curves();
+    session.Outside.Show.Show_Fields();
+}
+
+}  // namespace
+
+void Show_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, "Vitesse2", Dialog::SpeedF);
+}
+
+void Show_Depth_Dialog(Session& session) {
+    Open_Over_Curves(session, "Calcul", Dialog::Fcalcul);
+}
+
+void Show_Intercept_Profile(Session& session) {
+    Show_Profile_In_Mode(session, "Profil");
+}
+
+void Show_Abc_Profile(Session& session) {
+    Show_Profile_In_Mode(session, "Profil2");
+}
+
+void Show_Grm_Profile(Session& session) {
+    Show_Profile_In_Mode(session, "Profil4");
+}
+
+void Show_Full_Profile(Session& session) {
+    Show_Profile_In_Mode(session, "Profil3");
+}
+
+void Show_Curves_And_Profile(Session& session) {
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    Show_Combined(session.Work, session.Outside);
+}
+
+void Start_New_Profile(Session& session) {
+    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    session.PickTable.Forget();
+    session.RemarkTable.Forget();
+    session.Outside.Show.Show_Grids();
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Select_Tab(Tab::Record);
+    session.Outside.Show.Display_Record();
+}
+
+void Load_Records(Session& session) {
+    if (Load_SU_File(session.Work, session.Outside)) session.Outside.Show.Select_Tab(Tab::Record);
+}
+
+void Load_Header_Picks(Session& session) {
+    Load_FBP_From_SU_Header(session.Work, session.Outside);
+    Read_Grid(session.Work);
+    session.Outside.Show.Show_Curves();
+}
+
+void Store_Header_Picks(Session& session) {
+    Grid_2_SU(session.Work, session.Outside);
+    session.Outside.Show.Display_Record();
+}
+
+void Arm_Spectrum(Session& session) {
+    Spectre_Frequency(session.Work, session.Outside);
+}
+
+void Ask_Time_Shift(Session& session) {
+    Ask_Pick_Time_Shift(session.Work, session.Outside);
+}
+
+void Scale_Or_Shift_Picks(Session& session) {
+    shiftFBP(session.Work, session.Outside);
+}
+
+void Delete_File(Session& session) {
+    Deletename(session.Work, session.Outside);
+}
+
+void Save_From_Table(Session& session) {
+    Read_Grid(session.Work);
+    Write_Project(session.Work, session.Outside);
+}
+
+void True_Distances(Session& session) {
+    Run_On_Table(session, [&session] { Compute_Distances_According_To_Z(session.Work, session.Outside); });
+}
+
+void Shot_Elevations(Session& session) {
+    Run_On_Table(session, [&session] {
+        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ShotsFromReceivers);
+    });
+}
+
+void Receiver_Elevations(Session& session) {
+    Run_On_Table(session, [&session] {
+        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ReceiversFromShots);
+    });
+}
+
+void Enter_Xyz(Session& session) {
+    Run_On_Table(session, [&session] { Enter_XYZ_Files(session.Work, session.Outside); });
+}
+
+void Check_Xyz(Session& session) {
+    Check_XYZ_File(session.Work, session.Outside);
+}
+
+void Correct_Distances(Session& session) {
+    Run_On_Table(session, [&session] { Distance_Correction(session.Work, session.Outside); });
+}
+
+void Line_Length(Session& session) {
+    Run_On_Table(session, [&session] { Enter_Line_Length(session.Work, session.Outside); });
+}
+
+void Remove_Current_Shot(Session& session) {
+    RemoveShot(session.Work, session.Outside, session.Work.Grids.Buildgrid.CurrentColumn);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,45 @@
+#pragma once
+
+namespace tarnvik {
+
+class Session;
+
+/// Opens SpeedF over the curves.
+void Show_Velocity_Dialog(Session& session);
+/// Opens Fcalcul beside the curves.
+void Show_Depth_Dialog(Session& session);
+
+/// The seismic profile with the depths that its mode tells.
+void Show_Intercept_Profile(Session& session);  ///< mode "Profil"
+void Show_Abc_Profile(Session& session);        ///< mode "Profil2"
+void Show_Grm_Profile(Session& session);        ///< mode "Profil4"
+void Show_Full_Profile(Session& session);       ///< mode "Profil3"
+/// Curves and profile together, mode "BI".
+void Show_Curves_And_Profile(Session& session);
+
+/// Makes a new project of field records.
+void Start_New_Profile(Session& session);
+/// Another SU file for the project in memory, or for a new one.
+void Load_Records(Session& session);
+/// Picks of the SU headers into the table, the model and the curves.
+void Load_Header_Picks(Session& session);
+/// Picks of the table into the SU headers.
+void Store_Header_Picks(Session& session);
+void Arm_Spectrum(Session& session);
+void Ask_Time_Shift(Session& session);
+void Scale_Or_Shift_Picks(Session& session);
+void Delete_File(Session& session);
+
+/// Buttons of the table's tab.
+void Save_From_Table(Session& session);
+void True_Distances(Session& session);
+void Shot_Elevations(Session& session);
+void Receiver_Elevations(Session& session);
+void Enter_Xyz(Session& session);
+void Check_Xyz(Session& session);
+void Correct_Distances(Session& session);
+void Line_Length(Session& session);
+/// The shot of Buildgrid's current column is taken out, in a project of a new name.
+void Remove_Current_Shot(Session& session);
+
+}  // namespace tarnvik
