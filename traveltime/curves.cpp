@@ -132,6 +132,7 @@ void Superpose(Workspace& workspace, Ports& ports, const Project& other) {
     CurveStyle style;
     style.TimeFactor = workspace.Curves.TimeFactor;
     style.LineLength = other.LineLength;
+    workspace.Curves.LastLabelledShot = 0;  // its shot numbers are another line's
     try {
         for (int shot = 1; shot <= other.NbShots; ++shot) {
             Couleur_Tir(other, shot, style.InColour);
