@@ -38,7 +38,7 @@ class ProjectOpen : public testing::Test {
     std::string Path = Folder / "line.TV5";
     TestPorts Outside;
     Workspace Work;
-    ProjectHooks Hooks;
+    OpeningHooks Hooks;
     std::vector<std::string> Hooked;
 };
 
