@@ -12,7 +12,7 @@
 namespace {
 
 /// Larger lines only cost time, they take no other path.
-constexpr std::int64_t writing_limit = 20'000;
+constexpr std::int64_t writing_limit = 1000;
 
 void Require(bool condition) {
     if (!condition) std::abort();
