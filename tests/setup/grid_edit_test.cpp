@@ -1,0 +1,168 @@
+#include "setup/grid_edit.h"
+
+#include <gtest/gtest.h>
+
+#include "setup/line.h"
+#include "setup/remove_shot.h"
+#include "support/test_ports.h"
+
+namespace tarnvik {
+namespace {
+
+using test::Make_Line;
+using test::TestPorts;
+
+TEST(BlockText, GoesThereAndBack) {
+    TextGrid grid(2, 3);
+    grid.Set_Text(0, 0, "plain");
+    grid.Set_Text(0, 2, "tab\there");
+    grid.Set_Text(1, 0, "two\nlines");
+    grid.Set_Text(1, 1, "say \"so\"");
+    const auto cells = Block_Cells(Block_Text(grid, {0, 0, 1, 2}));
+    ASSERT_EQ(cells.size(), 2U);
+    EXPECT_EQ(cells[0], (std::vector<std::string>{"plain", "", "tab\there"}));
+    EXPECT_EQ(cells[1], (std::vector<std::string>{"two\nlines", "say \"so\"", ""}));
+    EXPECT_EQ(Block_Text(grid, {-4, -4, 99, 0}), "plain\n\"two\nlines\"\n");
+}
+
+TEST(BlockText, OfOtherPrograms) {
+    using Rows = std::vector<std::vector<std::string>>;
+    const struct {
+        std::string Text;
+        Rows Expected;
+    } cases[] = {
+        {"", {}},
+        {"1\t2\r\n3\t4\r\n", {{"1", "2"}, {"3", "4"}}},
+        {"1\r2", {{"1"}, {"2"}}},
+        {"\t\n", {{"", ""}}},
+        {"1\n\n2", {{"1"}, {""}, {"2"}}},
+        {"\"open\t1", {{"\"open", "1"}}},
+        {"5\" pipe\t1", {{"5\" pipe", "1"}}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Block_Cells(c.Text), c.Expected) << c.Text;
+}
+
+class BuildgridEditing : public ::testing::Test {
+  protected:
+    void SetUp() override { Make_Line(workspace, 2, 3); }
+    Workspace workspace;
+    TestPorts ports;
+    GridEditor editor{workspace, ports.Ports, GridEditor::Grid::Buildgrid};
+    Project& project = workspace.Project;
+    TextGrid& grid = workspace.Grids.Buildgrid;
+};
+
+TEST_F(BuildgridEditing, CaptionsInterceptsAndTheCornerAreFixed) {
+    const std::string expected[] = {
+        "......", ".xxxx.", ".xxxx.", ".xxxx.", ".xx...", ".xx...",
+    };
+    for (int row = 0; row < 6; ++row) {
+        for (int column = 0; column < 6; ++column) {
+            EXPECT_EQ(editor.Editable(row, column), expected[row][static_cast<std::size_t>(column)] == 'x')
+                << row << ", " << column;
+        }
+    }
+    EXPECT_FALSE(editor.Editable(-1, 1));
+    EXPECT_FALSE(editor.Type(1, 5, "3"));
+    EXPECT_EQ(ports.Display.Count("Show_Curves"), 0);
+}
+
+TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndOnTheCurves) {
+    project.ShotTimes(1, 2) = 12.3456F;
+    Fill_Grid(workspace);
+    EXPECT_TRUE(editor.Type(2, 2, "17,5"));
+    EXPECT_EQ(project.ShotTimes(2, 2), 17.5F);
+    EXPECT_EQ(grid.Text(2, 2), "17.50");
+    EXPECT_EQ(project.ShotTimes(1, 2), 12.3456F) << "other cells are not read back and rounded";
+    EXPECT_TRUE(editor.Type(5, 1, " 3.125 "));
+    EXPECT_EQ(project.ShotElevation(1), 3.13);
+    EXPECT_TRUE(editor.Type(1, 1, "none"));
+    EXPECT_EQ(project.ShotTimes(1, 1), 0);
+    EXPECT_EQ(ports.Display.Count("Show_Curves"), 3);
+    EXPECT_TRUE(editor.Type(1, 1, "0.001"));
+    EXPECT_EQ(ports.Display.Count("Show_Curves"), 3) << "no change, no redraw";
+}
+
+TEST_F(BuildgridEditing, ABlockBeyondTheEdgeIsCutAndTold) {
+    const auto pasted = editor.Paste(3, 2, "91\t92\t93\t94\t95\r\n81\t82\r\n71\r\n61\r\n");
+    EXPECT_EQ(pasted.Cells, 5);
+    EXPECT_EQ(pasted.Left, 4);
+    EXPECT_EQ(project.ShotTimes(2, 3), 91);
+    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 3), 92);
+    EXPECT_EQ(project.ReceiverData(ReceiverElevation, 3), 93);
+    EXPECT_EQ(project.ReceiverData(ReceiverIntercept, 3), 0);
+    EXPECT_EQ(project.ShotDistance(2), 81);
+    EXPECT_EQ(project.ShotElevation(2), 71);
+    EXPECT_EQ(workspace.Fields.Status,
+              "5 cells pasted, 4 left out: fixed cell, outside the table, or no number");
+    EXPECT_EQ(ports.Display.Count("Show_Curves"), 1) << "one redraw for the whole block";
+}
+
+TEST_F(BuildgridEditing, HeadingsOfABlockDoNotErasePicks) {
+    const auto pasted = editor.Paste(1, 1, "Shot1\tShot2\n7\t-8\n");
+    EXPECT_EQ(pasted.Left, 2);
+    EXPECT_EQ(project.ShotTimes(1, 1), 11);
+    EXPECT_EQ(project.ShotTimes(1, 2), 7);
+    EXPECT_EQ(project.ShotTimes(2, 2), -8);
+    editor.Paste(3, 1, "\t5");
+    EXPECT_EQ(project.ShotTimes(1, 3), 0) << "an empty cell of the block empties";
+}
+
+TEST_F(BuildgridEditing, APasteIsOneStepBackAndForth) {
+    const auto picks = project.ShotTimes;
+    const std::string copied = editor.Copy({1, 1, 3, 2});
+    editor.Type(1, 1, "5");
+    editor.Paste(1, 1, "1\t2\n3\t4\n");
+    editor.Clear({0, 0, 99, 99});
+    EXPECT_EQ(project.ShotDistance(2), 0);
+    editor.Undo();
+    EXPECT_EQ(project.ShotTimes(2, 2), 4);
+    EXPECT_EQ(project.ShotDistance(2), 10);
+    editor.Undo();
+    EXPECT_EQ(project.ShotTimes(1, 1), 5);
+    editor.Undo();
+    EXPECT_EQ(project.ShotTimes, picks);
+    EXPECT_FALSE(editor.Can_Undo());
+    editor.Undo();
+    editor.Redo();
+    editor.Redo();
+    EXPECT_EQ(project.ShotTimes(1, 2), 3);
+    editor.Type(3, 1, "8");
+    EXPECT_FALSE(editor.Can_Redo()) << "a new edit drops what was undone";
+    editor.Paste(1, 1, copied);
+    EXPECT_EQ(project.ShotTimes, picks);
+}
+
+TEST_F(BuildgridEditing, StepsOfAnotherLineCannotBeUndone) {
+    editor.Type(1, 2, "5");
+    ASSERT_TRUE(editor.Can_Undo());
+    Remove_Colonne(workspace, ports.Ports, 1);
+    EXPECT_FALSE(editor.Can_Undo());
+    editor.Undo();
+    EXPECT_EQ(project.ShotTimes(1, 1), 5);
+    editor.Type(2, 1, "6");
+    editor.Undo();
+    EXPECT_FALSE(editor.Can_Undo());
+    EXPECT_EQ(project.ShotTimes(1, 1), 5);
+}
+
+TEST(RemarkEditing, TextsStayOnOneLineAndHeadingsAreFixed) {
+    Workspace workspace;
+    TestPorts ports;
+    Affiche_Remark_Grid(workspace.Project);
+    GridEditor editor(workspace, ports.Ports, GridEditor::Grid::Remarks);
+    EXPECT_FALSE(editor.Type(1, 0, "X"));
+    const auto pasted = editor.Paste(9, 0, "12,5\t-3\t0\t\"a\nfault, steep\"\n1\t2\t3\tx");
+    EXPECT_EQ(pasted.Cells, 4);
+    EXPECT_EQ(pasted.Left, 4);
+    const TextGrid& grid = workspace.Project.remark_grid;
+    EXPECT_EQ(grid.Text(9, 0), "12.5");
+    EXPECT_EQ(grid.Text(9, 3), "a fault, steep");
+    EXPECT_EQ(ports.Display.Count("Show_Curves"), 0);
+    editor.Undo();
+    EXPECT_EQ(grid.Text(9, 3), "");
+}
+
+}  // namespace
+}  // namespace tarnvik
