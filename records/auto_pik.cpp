@@ -202,6 +202,7 @@ void AutoPik::Unsaved_To_Grid(const AutomaticPicks& picks, int first) {
 void AutoPik::Pick_auto() {
     try {
         RecordFiles files(W);
+        if (!files.Is_Open()) throw Fault(files.Traces().Reason());
         const AutomaticPickingParameters with = Read_Parameters(files);
         FileSource source(files.Traces());
         const AutomaticPicks picks = Pick_Record(with, source);
@@ -219,8 +220,8 @@ void AutoPik::Pick_auto() {
         }
         files.Tell_Faults("Automatic picks");
         Read_Times_From_Grid(W);
-    } catch (const Fault&) {
-        W.Fields.Status = "Automatic picks not possible: " + W.Project.SuFile + " has no sample interval";
+    } catch (const Fault& fault) {
+        W.Fields.Status = "No automatic picks: " + W.Project.SuFile + ", " + fault.what();
     }
     P.Show.Show_Curves();
     P.Show.Display_Record();
