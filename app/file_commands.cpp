@@ -47,9 +47,8 @@ void Ask_For_Backup(Session& session) {
 
 void Convert_Bak_To_Tv5(Session& session) {
     session.Work.DisplayMode.clear();
-    const bool opened = Backup_To_Project(session.Work, session.Outside, session.Hooks);
+    Backup_To_Project(session.Work, session.Outside, session.Hooks);
     session.Work.DisplayMode = "DROMO";
-    if (opened) Show_Opened_Project(session);
 }
 
 void Convert_Tv4_To_Tv5(Session& session) {

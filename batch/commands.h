@@ -24,6 +24,14 @@ void Add_Convert(CLI::App& app, Request& request);
 void Add_Draw(CLI::App& app, Request& request);
 void Add_Velocity(CLI::App& app, Request& request);
 void Add_Depth(CLI::App& app, Request& request);
+void Add_Record(CLI::App& app, Request& request);
+void Add_New(CLI::App& app, Request& request);
+void Add_Pick(CLI::App& app, Request& request);
+
+/// "1600x900" into the size of the picture files; false when it is no size in pixels.
+bool Parse_Size(const std::string& text, HeadlessDisplay& display);
+/// Writes a page to a picture file, a failure told.
+ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path);
 
 /// A command that works on a project file: its name, help text, the project argument and the options of all.
 CLI::App* Add_Project_Command(CLI::App& app, Request& request, const std::string& name,

@@ -1,12 +1,12 @@
 // draw: the curves or the profile as a picture file, by the same routine as the screen.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
 #include "app/pages.h"
 #include "batch/commands.h"
-#include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "output/profile.h"
@@ -27,20 +27,6 @@ struct DrawOptions {
     std::string MinElevation;
 };
 
-/// "1600x900"; false when it is no such size.
-bool Parse_Size(const std::string& text, int& width, int& height) {
-    const auto cross = LCase(text).find('x');
-    if (cross == std::string::npos) return false;
-    const auto w = CLng(Val(text.substr(0, cross)));
-    const auto h = CLng(Val(text.substr(cross + 1)));
-    constexpr int smallest = 64;
-    constexpr int largest = 20000;
-    if (!w || !h || *w < smallest || *h < smallest || *w > largest || *h > largest) return false;
-    width = *w;
-    height = *h;
-    return true;
-}
-
 ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const std::string& folder) {
     CommonOptions with_elevations = common;
     // The profile asks for an extreme that is 0, the largest first; the options are those answers.
@@ -51,10 +37,7 @@ ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const s
         with_elevations.Answers.insert(with_elevations.Answers.begin(), options.MaxElevation);
     }
     BatchRun run(with_elevations, folder);
-    if (!Parse_Size(options.Size, run.Display.Width, run.Display.Height)) {
-        std::cerr << "--size: WIDTHxHEIGHT in pixels, such as 1600x900\n";
-        return WrongUsage;
-    }
+    if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
     if (!run.Load()) return Refused;
     Workspace& work = run.Program.Work;
     work.Curves.ZeroOnTop = options.ZeroOnTop;
@@ -70,15 +53,35 @@ ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const s
         run.Prompts.Say("TV5 File  error", work.AppTitle, Icon::Critical);
         return Refused;
     }
-    const std::string reason = run.Display.Save_Page(page, common.Out);
+    return Write_Page(run, page, common.Out);
+}
+
+}  // namespace
+
+bool Parse_Size(const std::string& text, HeadlessDisplay& display) {
+    const auto cross = LCase(text).find('x');
+    const double width = cross == std::string::npos ? 0 : Rounded(Val(text.substr(0, cross)));
+    const double height = cross == std::string::npos ? 0 : Rounded(Val(text.substr(cross + 1)));
+    constexpr double smallest = 64;
+    constexpr double largest = 20000;
+    if (std::min(width, height) < smallest || std::max(width, height) > largest) {
+        std::cerr << "--size: WIDTHxHEIGHT in pixels, such as 1600x900\n";
+        return false;
+    }
+    display.Width = static_cast<int>(width);
+    display.Height = static_cast<int>(height);
+    return true;
+}
+
+ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path) {
+    const std::string reason = run.Display.Save_Page(page, path);
     if (!reason.empty()) {
-        std::cerr << "[" << work.AppTitle << "] " << common.Out << " cannot be written: " << reason << "\n";
+        std::cerr << "[" << run.Program.Work.AppTitle << "] " << path << " cannot be written: " << reason
+                  << "\n";
         return Refused;
     }
     return run.Status();
 }
-
-}  // namespace
 
 void Add_Draw(CLI::App& app, Request& request) {
     CLI::App* command = Add_Project_Command(app, request, "draw", "the curves or the profile as a picture");

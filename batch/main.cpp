@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <filesystem>
 #include <iostream>
 
@@ -21,6 +22,8 @@ std::string Program_Folder(const char* invoked_as) {
 int Run(int argc, char** argv) {
     // Letters and pictures need the toolkit's fonts, a window never appears.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The toolkit's remarks on a desktop that is not there would stand among the program's messages.
+    QLoggingCategory::setFilterRules("default.warning=false");
     QGuiApplication toolkit(argc, argv);
 
     CLI::App app("Interpretation of shallow seismic refraction lines, without a screen", "tarnvik-batch");
@@ -30,7 +33,12 @@ int Run(int argc, char** argv) {
     Add_Show(app, request);
     Add_Save(app, request);
     Add_Convert(app, request);
+    Add_Velocity(app, request);
+    Add_Depth(app, request);
     Add_Draw(app, request);
+    Add_Record(app, request);
+    Add_New(app, request);
+    Add_Pick(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

@@ -1,0 +1,276 @@
+// record, new and pick: the commands that start from field records.
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "app/pages.h"
+#include "batch/commands.h"
+#include "core/files.h"
+#include "core/text/letters.h"
+#include "core/text/number.h"
+#include "records/record_display.h"
+#include "records/su_loading.h"
+#include "setup/spread.h"
+
+namespace tarnvik {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Takes an SU file into the session and puts the display at one of its records. False after a message.
+bool Open_Record(BatchRun& run, const std::string& su_file, int record) {
+    Workspace& work = run.Program.Work;
+    const auto refuse = [&](const std::string& text) {
+        run.Prompts.Say(text, work.AppTitle, Icon::Critical);
+        return false;
+    };
+    if (!File_Exists(su_file)) return refuse(su_file + ": This file does not exist !");
+    work.Project.SuFile = su_file;
+    Start_With_SU_File(work, su_file);
+    if (!Scan_Channels(work, su_file) || work.Record.ChannelsPerRecord < 1 || work.Record.NbRecords < 1) {
+        return refuse(su_file + ": no records found in this file");
+    }
+    if (record < 1 || record > work.Record.NbRecords) {
+        return refuse("Record " + CStr(record) + ": this file holds records 1 to " +
+                      CStr(int{work.Record.NbRecords}));
+    }
+    Select_Record(work, record);
+    return true;
+}
+
+struct RecordOptions {
+    int Record = 1;
+    std::string Style = "area";
+    double Gain = 1;
+    bool Clip = false;
+    bool Equalize = false;
+    std::string Samples;
+    std::string Size = "1600x900";
+};
+
+ExitStatus Draw_Record(const CommonOptions& common, const RecordOptions& options, const std::string& folder) {
+    BatchRun run(common, folder);
+    if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
+    Workspace& work = run.Program.Work;
+    if (!Open_Record(run, common.ProjectFile, options.Record)) return Refused;
+    MainFields& fields = work.Fields;
+    fields.Combo1 = options.Style == "wiggle"  ? WiggleOnly
+                    : options.Style == "color" ? TwoColours
+                                               : VariableArea;
+    fields.clip = options.Clip;
+    fields.Check3 = options.Equalize;
+    fields.Text11 = CStr(options.Gain);
+    work.Record.AmplitudeGain = options.Gain;
+    if (!options.Samples.empty()) {
+        const auto colon = options.Samples.find(':');
+        const double first = Val(options.Samples);
+        const double last = colon == std::string::npos ? 0 : Val(options.Samples.substr(colon + 1));
+        if (first < 1 || last <= first || last > work.Record.NbSamples) {
+            std::cerr << "--samples: FIRST:LAST within 1 and " << work.Record.NbSamples << "\n";
+            return WrongUsage;
+        }
+        Store_If_It_Fits(work.Record.FirstSample, first);
+        Store_If_It_Fits(work.Record.LastSample, last);
+    }
+    run.Display.Display_Record();
+    return Write_Page(run, Page::Record, common.Out);
+}
+
+std::vector<double> Numbers(const std::string& list) {
+    std::vector<double> numbers;
+    std::istringstream stream(list);
+    std::string item;
+    while (std::getline(stream, item, ','))
+        numbers.push_back(Val(item));
+    return numbers;
+}
+
+ExitStatus New(const CommonOptions& common, NewProjectRequest request, const std::string& folder) {
+    BatchRun run(common, folder);
+    Workspace& work = run.Program.Work;
+    if (LCase(Right(common.Out, 4)) != ".tv5") {
+        std::cerr << "--out: a project file ends in .tv5\n";
+        return WrongUsage;
+    }
+    request.SuFile = common.ProjectFile;
+    request.ProjectFile = common.Out;
+    const std::string refusal = Build_New_Project(work, request);
+    if (!refusal.empty()) {
+        run.Prompts.Say(refusal, work.AppTitle, Icon::Critical);
+        return Refused;
+    }
+    if (!run.Store(common.Out)) return Refused;
+    std::cout << common.Out << ": " << work.Project.NbShots << " shots, " << work.Project.NbReceivers
+              << " receivers, line length " << CStr(work.Project.LineLength) << "\n";
+    return Done;
+}
+
+struct PickOptions {
+    int Record = 1;
+    std::string ProjectFile;
+    int ReferenceTrace = 1;
+    double Start = 0;
+    double Frequency = 0;
+    double Window = 0;
+    double SearchFrom = 0;
+    double MinAmplitude = 0;
+    bool Negative = false;
+    bool Absolute = false;
+    double Shift = 0;
+};
+
+/// Copies the records to the file that the picks go to, so that the field file stays as it is.
+bool Copy_Records(BatchRun& run, const std::string& from, const std::string& to) {
+    std::error_code failed;
+    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, failed);
+    if (!failed) return true;
+    run.Prompts.Say(to + " cannot be written: " + failed.message(), run.Program.Work.AppTitle,
+                    Icon::Critical);
+    return false;
+}
+
+ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const std::string& folder) {
+    CommonOptions project_options = common;
+    project_options.ProjectFile = options.ProjectFile;
+    BatchRun run(project_options, folder);
+    Workspace& work = run.Program.Work;
+    if (!options.ProjectFile.empty() && !run.Load()) return Refused;
+
+    // Nothing is written unless it is asked for: without --save the picks are made in a copy.
+    std::string su_file = common.ProjectFile;
+    std::string scratch;
+    if (!common.Save) {
+        if (!Open_Record(run, su_file, options.Record)) return Refused;
+        scratch = common.Out;
+        if (scratch.empty()) {
+            scratch = (std::filesystem::temp_directory_path() / "tarnvik-pick-XXXXXX").string();
+            const int handle = mkstemp(scratch.data());
+            if (handle >= 0) close(handle);
+        }
+        if (!Copy_Records(run, su_file, scratch)) return Refused;
+        su_file = scratch;
+    }
+    if (!Open_Record(run, su_file, options.Record)) return Refused;
+    const RecordView& view = work.Record;
+    if (options.ReferenceTrace < 1 || options.ReferenceTrace > view.ChannelsPerRecord) {
+        std::cerr << "--reference-trace: 1 to " << view.ChannelsPerRecord << "\n";
+        return WrongUsage;
+    }
+    run.Display.Display_Record();
+
+    AutoPik& dialog = run.Program.AutomaticPicking;
+    dialog.Form_Load();
+    dialog.Text51 = options.Frequency > 0 ? CStr(options.Frequency) : "";
+    dialog.Text53 = CStr(options.SearchFrom);
+    dialog.Text54 = CStr(options.Window);
+    dialog.Text57 = CStr(options.MinAmplitude);
+    dialog.Text3 = CStr(options.Shift);
+    dialog.Check2 = options.Negative;
+    dialog.Check3 = options.Absolute;
+    // The middle of the reference trace on the record picture.
+    work.Record.DownX = (view.FirstTrace + options.ReferenceTrace - 1) * trace_width + trace_width / 2;
+    dialog.Text55 = CStr(options.Start);
+    dialog.Pick_auto();
+
+    Json picks = Json::array();
+    {
+        SuTraces file(su_file);
+        for (std::int32_t trace = view.FirstTrace; trace <= view.LastTrace; ++trace)
+            picks.push_back(file.Pick_Ms(trace));
+    }
+    if (!common.Save && common.Out.empty()) std::filesystem::remove(scratch);
+    if (common.Json) {
+        std::cout << Json{{"picks", picks}}.dump(1) << "\n";
+    } else {
+        for (const auto& pick : picks)
+            std::cout << CStr(pick.get<double>()) << "\n";
+    }
+    // The project takes the picks too, when it is to be kept.
+    if (common.Save && !options.ProjectFile.empty() && !run.Store("")) return Refused;
+    return run.Status();
+}
+
+}  // namespace
+
+void Add_Record(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("record", "one field record with its picks as a picture");
+    auto options = std::make_shared<RecordOptions>();
+    command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
+    command->add_option("--record", options->Record, "record, from 1")->required();
+    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")->required();
+    command->add_option("--style", options->Style, "area, wiggle or color")
+        ->check(CLI::IsMember({"area", "wiggle", "color"}));
+    command->add_option("--gain", options->Gain, "gain");
+    command->add_flag("--clip", options->Clip, "limit every amplitude to its trace");
+    command->add_flag("--equalize", options->Equalize, "scale each trace by its own maximum");
+    command->add_option("--samples", options->Samples, "FIRST:LAST");
+    command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");
+    command->callback([&request, options] {
+        request.Run = [options](const CommonOptions& common, const std::string& folder) {
+            return Draw_Record(common, *options, folder);
+        };
+    });
+}
+
+void Add_New(CLI::App& app, Request& request) {
+    struct NewOptions {
+        NewProjectRequest Geometry;
+        std::string ShotDistances;
+    };
+    CLI::App* command = app.add_subcommand("new", "a new project from field records");
+    auto options = std::make_shared<NewOptions>();
+    NewProjectRequest& geometry = options->Geometry;
+    command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
+    command->add_option("--spacing", geometry.Spacing, "distance between receivers")->required();
+    command->add_option("--first-distance", geometry.FirstDistance, "from end shot 1 to receiver 1");
+    command->add_option("--shot-depth", geometry.ShotDepth, "depth of all shots below ground");
+    command->add_option("--shots", geometry.Shots, "number of shots; otherwise of the headers");
+    command->add_option("--receivers", geometry.Receivers, "number of receivers; otherwise of the headers");
+    command->add_option("--line-length", geometry.LineLength, "length between the end shots");
+    command->add_option("--shot-distances", options->ShotDistances, "all shots, separated by commas");
+    command->add_flag("--offsets", geometry.Offsets, "first and last shot are offset shots");
+    command->add_option("--out", request.Common.Out, "project to write (.tv5)")->required();
+    command->callback([&request, options] {
+        request.Run = [options](const CommonOptions& common, const std::string& folder) {
+            options->Geometry.ShotDistances = Numbers(options->ShotDistances);
+            return New(common, options->Geometry, folder);
+        };
+    });
+}
+
+void Add_Pick(CLI::App& app, Request& request) {
+    CLI::App* command = app.add_subcommand("pick", "automatic picking of one record");
+    auto options = std::make_shared<PickOptions>();
+    command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
+    command->add_option("--record", options->Record, "record, from 1")->required();
+    command->add_option("--project", options->ProjectFile, "project that the picks belong to (.tv5)");
+    command
+        ->add_option("--reference-trace", options->ReferenceTrace,
+                     "trace of the record to start from, from 1")
+        ->required();
+    command->add_option("--start", options->Start, "time of the smallest pick, ms")->required();
+    command->add_option("--frequency", options->Frequency, "frequency of the first breaks, Hz");
+    command->add_option("--window", options->Window, "window length, ms");
+    command->add_option("--search-from", options->SearchFrom, "start of the search from the last pick, ms");
+    command->add_option("--min-amplitude", options->MinAmplitude, "fraction of the trace's maximum");
+    command->add_flag("--negative", options->Negative, "search negative amplitudes");
+    command->add_flag("--absolute", options->Absolute, "search amplitudes of either sign");
+    command->add_option("--shift", options->Shift, "added to every pick, ms");
+    command->add_flag("--json", request.Common.Json, "result as one JSON object");
+    command->add_flag("--save", request.Common.Save, "write the picks into the SU file and the project");
+    command->add_option("--out", request.Common.Out, "write the picks into a copy of the SU file");
+    command->callback([&request, options] {
+        request.Run = [options](const CommonOptions& common, const std::string& folder) {
+            return Pick(common, *options, folder);
+        };
+    });
+}
+
+}  // namespace tarnvik
