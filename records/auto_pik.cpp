@@ -180,7 +180,8 @@ void AutoPik::Words_To_Grid(RecordFiles& files) {
     for (int shot = 1; shot <= W.Project.NbShots; ++shot) {
         for (int receiver = 1; receiver <= W.Project.NbReceivers; ++receiver) {
             const auto word = files.Traces().Word(++trace, words::First_Breaks);
-            if (word) W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
+            if (!word) return;  // the file ends here
+            W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
         }
     }
 }

@@ -1,6 +1,8 @@
 #include "records/picking.h"
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "core/fault.h"
 #include "core/text/number.h"
@@ -18,6 +20,13 @@ constexpr double drag_pixels = 3;  ///< a hand that trembles less than this has 
 /// Sample interval of the file, or of the view while the file cannot be read, in ms; 0 without any.
 double Interval(const RecordView& record) {
     return record.SampleInterval / 1000.0;
+}
+
+/// Trace under a place, if it is one of those on screen: a held pointer may leave the picture.
+std::optional<int> Shown_Trace_At(const RecordView& record, double x) {
+    const auto trace = Trace_At(record, x);
+    if (!trace || *trace < record.FirstTrace || *trace > record.LastTrace) return std::nullopt;
+    return trace;
 }
 
 }  // namespace
@@ -102,7 +111,7 @@ RecordPointer::Cell RecordPointer::Cell_Of(int trace) {
 
 void RecordPointer::Click(double x, double y, int button) {
     RecordView& record = W.Record;
-    const auto trace = Trace_At(record, x);
+    const auto trace = Shown_Trace_At(record, x);
     if (!trace) return;
     Store_If_It_Fits(record.PickedTrace, *trace);
     if (W.Fields.Check16) {
@@ -188,12 +197,12 @@ void RecordPointer::Drag(const RecordEvent& event) {
     const double across = frame.To_Pixel_X(event.X) - frame.To_Pixel_X(Pressed.X);
     const double down = frame.To_Pixel_Y(event.Y) - frame.To_Pixel_Y(Pressed.Y);
     if (!Dragged && std::hypot(across, down) <= drag_pixels) return;
-    const auto trace = Trace_At(W.Record, event.X);
+    const auto trace = Shown_Trace_At(W.Record, event.X);
     if (!trace) return;
     Dragged = true;
     {
         RecordFiles files(W);
-        const double ms = Int(event.Y * W.Record.SampleInterval / 1000 * 100) / 100;
+        const double ms = Int(std::max(event.Y, 0.0) * W.Record.SampleInterval / 1000 * 100) / 100;
         Store_If_It_Fits(W.Record.PickedTrace, *trace);
         files.Set_Word(*trace, words::First_Breaks, ms * 10);
         files.Tell_Faults("Pick");

@@ -132,6 +132,7 @@ TEST_F(Picking, DragMovesThePickWithoutAsking) {
     EXPECT_EQ(File_Words()[1], 110);
     Pointer.Move({Middle(2), 13.4567, 2});
     EXPECT_EQ(Ports.Display.Count("Show_Curves"), 0);
+    Pointer.Move({Middle(5), 15, 2});  // beyond the picture, where the next record would be
     Pointer.Release({Middle(2), 13.4567, 2});
     Pointer.Move({Middle(2), 3, 0});
     Expect_Only(SuBuilder(File).Put16(2, pick_offset, 134), W.Project.SuFile);  // 13.45 ms
