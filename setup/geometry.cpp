@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/project_save.h"
+#include "core/text/number.h"
 #include "setup/build_grid.h"
 
 namespace tarnvik {
@@ -34,6 +35,10 @@ void Store_Row(Project& project, ReceiverRow row, std::span<const double> values
 }
 
 }  // namespace
+
+double Filed_Place(double place) {
+    return Rounded(place * 100) / 100;
+}
 
 std::vector<double> Receiver_Places(const Project& project) {
     return Row_Of_Receivers(project, ReceiverDistance);

@@ -8,6 +8,11 @@
 
 namespace tarnvik {
 
+/// The hundredth of a length unit nearest to a place: what the table shows and the project file keeps. Shots
+/// and LineLength are kept so from the start; otherwise the last end shot would lie before the end of the
+/// line after the next opening, and would be no end shot any more.
+double Filed_Place(double place);
+
 /// Places and elevations of the receivers or of the shots, element 0 is the first. What the arrays of the
 /// project lack is left out.
 std::vector<double> Receiver_Places(const Project& project);

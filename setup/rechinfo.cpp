@@ -5,6 +5,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/su_loading.h"
+#include "setup/geometry.h"
 
 namespace tarnvik {
 
@@ -40,7 +41,7 @@ void rechinfo::Fill_Data_Grid() {
     for (int shot = 1; shot <= shots; ++shot) {
         DataGrid.Set_Text(shot, 0, (Check2 ? "Station " : "Shot ") + CStr(shot));
         DataGrid.Set_Text(shot, DistanceColumn,
-                          CStr(Rounded(100 * places[static_cast<std::size_t>(shot) - 1]) / 100));
+                          CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
         DataGrid.Set_Text(shot, ElevationColumn, "0");
     }
 }

@@ -9,6 +9,7 @@
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
+#include "setup/geometry.h"
 
 namespace tarnvik {
 
@@ -69,14 +70,14 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
     project.NbShots = CInt_Or_Fault(spread.NbShots);
     project.NbReceivers = CInt_Or_Fault(spread.NbReceivers);
     project.GeoSpace = spread.Spacing;
-    project.LineLength = spread.LineLength;
+    project.LineLength = Filed_Place(spread.LineLength);
     project.TotalTime = 0;
     project.DistanceShift = 0;
     project.remark_grid.Clear();
     Affiche_Remark_Grid(project);
     Redimension_Project(project);
     for (int shot = 1; shot <= project.NbShots; ++shot) {
-        project.ShotDistance(shot) = Element(spread.ShotPlaces, shot);
+        project.ShotDistance(shot) = Filed_Place(Element(spread.ShotPlaces, shot));
         project.ShotElevation(shot) = Element(spread.ShotElevations, shot);
         project.ShotDepth(shot) = spread.ShotDepth;
     }

@@ -92,8 +92,9 @@ void Compute_Distances_According_To_Z(Workspace& workspace, Ports& ports) {
     }
     Store_Receiver_Places(project, *after);
     for (int shot = 1; shot <= std::min<int>(project.NbShots, project.ShotDistance.Last()); ++shot)
-        project.ShotDistance(shot) = Moved_With_Receivers(before, *after, project.ShotDistance(shot));
-    project.LineLength = Moved_With_Receivers(before, *after, project.LineLength);
+        project.ShotDistance(shot) =
+            Filed_Place(Moved_With_Receivers(before, *after, project.ShotDistance(shot)));
+    project.LineLength = Filed_Place(Moved_With_Receivers(before, *after, project.LineLength));
     workspace.Fields.Text6 = CStr(project.LineLength);
     Show_Geometry(workspace, ports);
 

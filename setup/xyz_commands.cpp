@@ -109,10 +109,10 @@ void Enter_XYZ_Files(Workspace& workspace, Ports& ports) {
     Store_Receiver_Places(project, line.Receivers);
     Store_Receiver_Elevations(project, elevations);
     for (int shot = 1; shot <= project.NbShots; ++shot) {
-        project.ShotDistance(shot) = line.Shots[static_cast<std::size_t>(shot) - 1];
+        project.ShotDistance(shot) = Filed_Place(line.Shots[static_cast<std::size_t>(shot) - 1]);
         project.ShotElevation(shot) = (*shots)[static_cast<std::size_t>(shot) - 1].Z;
     }
-    if (line.LineLength > 0) project.LineLength = line.LineLength;
+    if (line.LineLength > 0) project.LineLength = Filed_Place(line.LineLength);
     workspace.Fields.Text6 = CStr(project.LineLength);
     Show_Geometry(workspace, ports);
     Save_Geometry(workspace, ports);

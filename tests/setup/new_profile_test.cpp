@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/files.h"
+#include "core/project_file.h"
 #include "records/su_file.h"
 #include "setup/geometry.h"
 #include "setup/line.h"
@@ -278,6 +279,17 @@ TEST_F(Records, BuildWithoutQuestions) {
     EXPECT_EQ(Receiver_Places(workspace.Project).back(), 10);
     EXPECT_EQ(workspace.Project.LineLength, 9);
     EXPECT_EQ(*Read_File(request.SuFile), before) << "the records are only read";
+}
+
+TEST_F(Records, TheLastEndShotStaysAtTheEndOfTheLineInTheFile) {
+    NewProjectRequest request;
+    request.SuFile = Field_File();
+    request.Spacing = 3.048;  // ten feet: the file keeps hundredths of places, but all of the line length
+    request.Receivers = 24;
+    ASSERT_EQ(Build_New_Project(workspace, request), "");
+    Project read;
+    Parse_Project(Project_Bytes(workspace.Project), read);
+    EXPECT_EQ(read.ShotDistance(3), read.LineLength);
 }
 
 TEST_F(Records, ABuildThatIsRefusedSaysWhyAndChangesNothing) {
