@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
-#include <vector>
+#include <string>
+#include <system_error>
+#include <utility>
 
 #include "core/fault.h"
 #include "core/files.h"
@@ -39,55 +42,66 @@ Array2<T> Without(const Array2<T>& of_shots, int shot) {
     return left;
 }
 
-using TraceMarks = std::vector<double>;
-
-void Put_Back(SuTraces& traces, const TraceMarks& before) {
-    for (std::size_t i = 0; i < before.size(); ++i)
-        traces.Set_Word(static_cast<std::int64_t>(i) + 1, words::trid, before[i]);
-}
-
-/// Marks the traces of one shot dead and all others live; answers the marks they had. Nothing, and no mark
-/// changed for good, when the file cannot be written.
-std::optional<TraceMarks> Mark_Shot(const std::string& su_file, int shot, int receivers) {
+/// Marks the traces of one shot dead and all others live, so that a choice by the mark takes out this shot
+/// whole and no trace of the others: their places in the file tell their receivers. Answers the reason of a
+/// failure.
+std::string Mark_Shot(const std::string& su_file, int shot, int receivers) {
     SuTraces traces(su_file, SuTraces::Access::Write);
-    const auto count = traces.Is_Open() ? traces.Nb_Traces() : std::nullopt;
-    if (!count || *count < 1) return std::nullopt;
+    if (!traces.Is_Open()) return traces.Reason();
     const std::int64_t first = static_cast<std::int64_t>(shot - 1) * receivers + 1;
     const std::int64_t last = first + receivers - 1;
-    TraceMarks before;
-    for (std::int64_t trace = 1; trace <= *count; ++trace) {
-        const auto mark = traces.Word(trace, words::trid);
-        if (!mark) break;
+    const std::int32_t count = traces.Nb_Traces().value_or(0);
+    for (std::int64_t trace = 1; trace <= count; ++trace) {
+        if (!traces.Word(trace, words::trid)) break;  // a fragment that only counts as a trace
         const bool of_shot = trace >= first && trace <= last;
-        if (traces.Set_Word(trace, words::trid, of_shot ? dead_trace : live_trace) != Stored::Yes) {
-            Put_Back(traces, before);
-            return std::nullopt;
-        }
-        before.push_back(*mark);
+        if (traces.Set_Word(trace, words::trid, of_shot ? dead_trace : live_trace) != Stored::Yes)
+            return traces.Reason();
     }
-    return before;
+    return {};
 }
+
+/// Name of the marked copy: never that of the records, whatever they end in.
+std::string Marked_Name(const std::string& su_file) {
+    const std::string name = Name_Of(su_file);
+    return Folder_Of(su_file) + name.substr(0, name.rfind('.')) + "_tmp.su";
+}
+
+/// A file that lives as long as its user needs it.
+struct TemporaryCopy {
+    explicit TemporaryCopy(std::string path) : Path(std::move(path)) {}
+    ~TemporaryCopy() {
+        std::error_code ignored;
+        std::filesystem::remove(Path, ignored);
+    }
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+    std::string Path;
+};
 
 std::string Quoted(const std::string& path) {
     return path.find(' ') == std::string::npos ? path : "\"" + path + "\"";
 }
 
-/// Writes and starts the batch that copies the live traces. False when it could not be started; then the
-/// marks of the file are as they were.
-bool Extract_Records(Workspace& workspace, Ports& ports, int shot, const std::string& new_su) {
-    const std::string su_file = Su_Path(workspace.Project);
+/// Copies the records to the temporary file, marks the shot there, writes and starts the batch that copies
+/// the live traces to the new file. False after a failure, which the user was told.
+bool Extract_Records(Workspace& workspace, Ports& ports, int shot, const TemporaryCopy& marked,
+                     const std::string& new_su) {
+    std::error_code failed;
+    std::filesystem::copy_file(Su_Path(workspace.Project), marked.Path,
+                               std::filesystem::copy_options::overwrite_existing, failed);
+    const std::string reason =
+        failed ? failed.message() : Mark_Shot(marked.Path, shot, workspace.Project.NbReceivers);
+    if (!reason.empty()) {
+        ports.Ask.Say(marked.Path + ": " + reason, workspace.AppTitle, Icon::Critical);
+        return false;
+    }
     const std::string folder = ports.Launch.Program_Folder();
     const std::string batch = folder + "/win.bat";
-    const std::string command = Quoted(folder + "/suwind") + " < " + Quoted(su_file) + " > " +
+    const std::string command = Quoted(folder + "/suwind") + " < " + Quoted(marked.Path) + " > " +
                                 Quoted(new_su) + " key=trid min=1 max=1\r\n";
-    const auto before = Mark_Shot(su_file, shot, workspace.Project.NbReceivers);
-    if (before && Replace_File(batch, command).empty() &&
+    if (Replace_File(batch, command).empty() &&
         ports.Launch.Start(batch, "", folder) >= launch_failure_below) {
         return true;
-    }
-    if (before) {
-        SuTraces traces(su_file, SuTraces::Access::Write);
-        Put_Back(traces, *before);
     }
     ports.Ask.Say("Unable to launch  " + batch, workspace.AppTitle, Icon::Critical);
     return false;
@@ -189,9 +203,14 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
         ports.Ask.Say(new_file + ": " + reason, workspace.AppTitle, Icon::Critical);
         return;
     }
+    // The message below is also the pause in which the batch works; the copy goes when it is answered.
+    std::optional<TemporaryCopy> marked;
     std::string report;
-    if (has_records && Extract_Records(workspace, ports, shot, new_su))
-        report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
+    if (has_records) {
+        marked.emplace(Marked_Name(Su_Path(project)));
+        if (Extract_Records(workspace, ports, shot, *marked, new_su))
+            report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
+    }
     report += "The new Tarnvik file has been saved as " + new_file + "\nLoad this file !";
     ports.Ask.Say(report, workspace.AppTitle, Icon::Information);
     workspace.Fields.Caption = "[" + new_file + "]";

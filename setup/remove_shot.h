@@ -18,8 +18,8 @@ bool Take_Out_Shot(Project& project, int shot);
 bool Remove_Colonne(Workspace& workspace, Ports& ports, int column);
 
 /// Double click on a shot's column: after a question, writes the project without that shot to a file of a new
-/// name and has the records without it extracted to an SU file of that name. The project in memory and its
-/// file stay; the traces of the shot are marked dead in the SU file for the extraction and all others live.
+/// name and has the records without it extracted to an SU file of that name. The project in memory, its file
+/// and its records stay as they are. In the extracted records all traces are live.
 void RemoveShot(Workspace& workspace, Ports& ports, int shot);
 
 /// Name of the file without one shot: "_" and its number stand before the extension.

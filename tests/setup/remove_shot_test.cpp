@@ -16,7 +16,15 @@ namespace {
 using test::Make_Line;
 using test::SuBuilder;
 using test::TemporaryFolder;
-using test::TestPorts;
+
+class WatchedLauncher : public test::RecordingLauncher {
+  public:
+    int Start(const std::string& program, const std::string& arguments, const std::string& folder) override {
+        if (OnStart) OnStart();
+        return RecordingLauncher::Start(program, arguments, folder);
+    }
+    std::function<void()> OnStart;
+};
 
 /// Gives everything that belongs to a shot a value that tells its shot.
 void Mark_Shots(Project& project) {
@@ -55,8 +63,8 @@ class Removal : public ::testing::Test {
         Mark_Shots(workspace.Project);
         Fill_Grid(workspace);
         workspace.Project.CurrentFile = folder / "line.TV5";
-        ASSERT_TRUE(Save_Geometry(workspace, ports.Ports));
-        ports.Launcher.Folder = folder.Path;
+        ASSERT_TRUE(Save_Geometry(workspace, ports));
+        launcher.Folder = folder.Path;
     }
     std::string With_Records() {
         SuBuilder builder(12, 50);
@@ -67,13 +75,16 @@ class Removal : public ::testing::Test {
     }
     TemporaryFolder folder;
     Workspace workspace;
-    TestPorts ports;
+    test::ScriptedPrompts prompts;
+    test::RecordingDisplay display;
+    WatchedLauncher launcher;
+    Ports ports{prompts, display, launcher};
 };
 
 TEST_F(Removal, TakesAMiddleShotOutOfModelAndGrids) {
     workspace.Grids.Grille_Shot = TextGrid(4, 1);
     workspace.Grids.Grille_Shot.At(2, 0).BackColour = 255;
-    ASSERT_TRUE(Remove_Colonne(workspace, ports.Ports, 2));
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 2));
     const Project& project = workspace.Project;
     ASSERT_EQ(project.NbShots, 3);
     Expect_Shot(project, 1, 1, 4);
@@ -94,22 +105,30 @@ TEST_F(Removal, TakesAMiddleShotOutOfModelAndGrids) {
 
 TEST_F(Removal, BacksUpOnlyBeforeTheFirst) {
     const auto saved = Read_File(folder / "line.TV5");
-    ASSERT_TRUE(Remove_Colonne(workspace, ports.Ports, 4));
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 4));
     const std::string backup = Derived_File(folder / "line.TV5", ".tv5", ".bak");
     EXPECT_EQ(Read_File(backup), saved);
     ASSERT_TRUE(std::filesystem::remove(backup));
-    ASSERT_TRUE(Remove_Colonne(workspace, ports.Ports, 1));
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 1));
     EXPECT_FALSE(File_Exists(backup));
     for (const int column : {0, -1, 3, 4})
-        EXPECT_FALSE(Remove_Colonne(workspace, ports.Ports, column)) << column;
+        EXPECT_FALSE(Remove_Colonne(workspace, ports, column)) << column;
     EXPECT_EQ(workspace.Project.NbShots, 2);
 }
 
 TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
     const std::string su_file = With_Records();
     const std::string before = *Read_File(folder / "line.TV5");
-    ports.Prompts.Expect("Do you want to remove shot 3", Answer::Yes);
-    RemoveShot(workspace, ports.Ports, 3);
+    const auto records = Read_File(su_file);
+    // What the batch finds when it is started.
+    std::vector<double> marks;
+    launcher.OnStart = [&] {
+        SuTraces traces(folder / "line_tmp.su");
+        for (int trace = 1; trace <= traces.Nb_Traces(); ++trace)
+            marks.push_back(traces.Word_Or_Zero(trace, words::trid));
+    };
+    prompts.Expect("Do you want to remove shot 3", Answer::Yes);
+    RemoveShot(workspace, ports, 3);
 
     Project written;
     Parse_Project(Read_File(folder / "line_3.tv5").value_or(""), written);
@@ -120,43 +139,43 @@ TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
     EXPECT_EQ(workspace.Project.NbShots, 4) << "the line in memory stays";
     EXPECT_EQ(Read_File(folder / "line.TV5"), before);
 
-    EXPECT_EQ(Read_File(folder / "win.bat"), (folder / "suwind") + " < " + su_file + " > " +
+    EXPECT_EQ(Read_File(folder / "win.bat"), (folder / "suwind") + " < " + (folder / "line_tmp.su") + " > " +
                                                  (folder / "line_3.su") + " key=trid min=1 max=1\r\n");
-    ASSERT_EQ(ports.Launcher.Started.size(), 1U);
-    EXPECT_EQ(ports.Launcher.Started[0], (folder / "win.bat") + "||" + folder.Path);
-    SuTraces traces(su_file);
+    EXPECT_EQ(launcher.Started.size(), 1U);
+    ASSERT_EQ(marks.size(), 12U);
     for (int trace = 1; trace <= 12; ++trace)
-        EXPECT_EQ(traces.Word(trace, words::trid), trace >= 7 && trace <= 9 ? 2 : 1) << trace;
-    EXPECT_EQ(ports.Prompts.Last_Text(), "Trace extraction OK ! New SU file has been recorded as " +
-                                             (folder / "line_3.su") +
-                                             "\nThe new Tarnvik file has been saved as " +
-                                             (folder / "line_3.tv5") + "\nLoad this file !");
+        EXPECT_EQ(marks[static_cast<std::size_t>(trace) - 1], trace >= 7 && trace <= 9 ? 2 : 1) << trace;
+    EXPECT_EQ(Read_File(su_file), records) << "the records themselves stay, dead traces too";
+    EXPECT_FALSE(File_Exists(folder / "line_tmp.su"));
+    EXPECT_EQ(prompts.Last_Text(), "Trace extraction OK ! New SU file has been recorded as " +
+                                       (folder / "line_3.su") + "\nThe new Tarnvik file has been saved as " +
+                                       (folder / "line_3.tv5") + "\nLoad this file !");
     EXPECT_EQ(workspace.Fields.Caption, "[" + (folder / "line_3.tv5") + "]");
     EXPECT_EQ(workspace.DisplayMode, "DROMO");
 }
 
-TEST_F(Removal, ABatchThatCannotStartLeavesTheRecordsAsTheyWere) {
-    const std::string su_file = With_Records();
-    const auto before = Read_File(su_file);
-    ports.Launcher.Result = 31;
-    ports.Prompts.Expect("Do you want to remove shot 1", Answer::Yes);
-    RemoveShot(workspace, ports.Ports, 1);
-    EXPECT_TRUE(ports.Prompts.Said("Unable to launch  " + (folder / "win.bat")));
-    EXPECT_EQ(Read_File(su_file), before);
-    EXPECT_TRUE(File_Exists(folder / "line_1.tv5"));
+TEST_F(Removal, ABatchThatCannotStartIsTold) {
+    With_Records();
+    launcher.Result = 31;
+    prompts.Expect("Do you want to remove shot 1", Answer::Yes);
+    RemoveShot(workspace, ports, 1);
+    EXPECT_TRUE(prompts.Said("Unable to launch  " + (folder / "win.bat")));
+    EXPECT_EQ(prompts.Last_Text(),
+              "The new Tarnvik file has been saved as " + (folder / "line_1.tv5") + "\nLoad this file !");
+    EXPECT_FALSE(File_Exists(folder / "line_tmp.su"));
 }
 
 TEST_F(Removal, AskedBeforeAnythingIsWritten) {
-    ports.Prompts.Expect("Do you want to remove shot 1", Answer::No);
-    RemoveShot(workspace, ports.Ports, 1);
+    prompts.Expect("Do you want to remove shot 1", Answer::No);
+    RemoveShot(workspace, ports, 1);
     EXPECT_FALSE(File_Exists(folder / "line_1.tv5"));
 
     ASSERT_EQ(Replace_File(folder / "line_1.tv5", "mine"), "");
-    ports.Prompts.Expect("Do you want to remove shot 1", Answer::Yes);
-    ports.Prompts.Expect((folder / "line_1.tv5") + " already exists, overwrite ?", Answer::No);
-    RemoveShot(workspace, ports.Ports, 1);
+    prompts.Expect("Do you want to remove shot 1", Answer::Yes);
+    prompts.Expect((folder / "line_1.tv5") + " already exists, overwrite ?", Answer::No);
+    RemoveShot(workspace, ports, 1);
     EXPECT_EQ(Read_File(folder / "line_1.tv5"), "mine");
-    RemoveShot(workspace, ports.Ports, 5);
+    RemoveShot(workspace, ports, 5);
 }
 
 TEST(NameWithoutShot, StandsBeforeTheExtensionOnly) {
