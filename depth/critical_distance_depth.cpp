@@ -1,5 +1,6 @@
 #include "depth/critical_distance_depth.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/fault.h"
@@ -26,7 +27,7 @@ double R(double upper, double lower) {
 void Critical_Distance_Thicknesses(int layers, const DepthWork::PerLayer& velocity,
                                    const DepthWork::PerRefractor& distance, double half_shot_depth,
                                    DepthWork::PerRefractor& thickness) {
-    const auto count = static_cast<std::size_t>(layers);
+    const auto count = static_cast<std::size_t>(std::clamp(layers, 0, Project::MaxLayers));
     for (std::size_t layer = 1; layer < count; ++layer) {
         const double above = velocity[layer];
         const double below = velocity[layer + 1];

@@ -62,13 +62,8 @@ class Fcalcul {
     void Command3();  ///< "&Critic. Dist."
     void Command4();  ///< "&Save  "
 
-    /// All fields from the project, and the results in workspace.Depth when the mode is "Calcul"; a shot
-    /// without velocities gets the usual ones. A thickness too large to be shown is a Fault.
-    void Affiche_Tir();
     /// The fields of the shot displayed into the project; thicknesses unless SavePart is "PARTIE".
     void Enregistre_Tir();
-    /// True velocities and critical angles from the fields. A ratio of velocities of 1 or more is a Fault.
-    void VitesseVraie();
     /// Intercept-time method for the shot displayed.
     void Calcul_Par_Intercept();
 
@@ -79,6 +74,11 @@ class Fcalcul {
     bool End_Shot() const;
 
   private:
+    /// All fields from the project, and the results in workspace.Depth when the mode is "Calcul"; a shot
+    /// without velocities gets the usual ones. A thickness too large to be shown is a Fault.
+    void Affiche_Tir();
+    /// True velocities and critical angles from the fields. A ratio of velocities of 1 or more is a Fault.
+    void VitesseVraie();
     void Display_Only();
     void Display_And_Compute();
     void Empty_Results();

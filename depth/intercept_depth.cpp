@@ -1,5 +1,6 @@
 #include "depth/intercept_depth.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/fault.h"
@@ -8,7 +9,7 @@ namespace tarnvik {
 
 void Intercept_Thicknesses(const InterceptTimes& input, DepthWork::PerRefractor& thickness,
                            DepthWork::LayerMatrix& delay) {
-    const auto layers = static_cast<std::size_t>(input.Layers);
+    const auto layers = static_cast<std::size_t>(std::clamp(input.Layers, 0, Project::MaxLayers));
     const auto& angle = input.Angle;
     for (std::size_t layer = 1; layer < layers; ++layer) {
         const std::size_t refractor = layer + 1;

@@ -1,5 +1,6 @@
 #include "depth/true_velocity.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -39,7 +40,7 @@ int Layer_Out_Of_Order(int layers, const ApparentVelocities& apparent) {
 
 void True_Velocities(int layers, const ApparentVelocities& apparent, DepthWork::PerLayer& velocity,
                      DepthWork::LayerMatrix& angle) {
-    const auto count = static_cast<std::size_t>(layers);
+    const auto count = static_cast<std::size_t>(std::clamp(layers, 0, Project::MaxLayers));
     const auto mean_angle = [&apparent](double upper, std::size_t layer) {
         return Mean_Angle(upper, apparent.A[layer], apparent.B[layer]);
     };

@@ -285,16 +285,16 @@ TEST_F(FcalculTest, InterceptsOutOfOrderAreAskedFor) {
     EXPECT_EQ(Work.Project.InterceptB(1, 3), 70);
 }
 
-TEST_F(FcalculTest, AnEmptySideBTakesTheVelocitiesOfSideA) {
+TEST_F(FcalculTest, ClearedVelocitiesOfSideBAreThoseOfSideAForTwoLayersOnly) {
     Open_At(2);
-    Form->VelocityB[2] = "";
-    Form->VelocityB[1] = "400";
-    Form->Layers = "2";
-    // The display would fill the side from the project; what the method itself makes of the gap is what
-    // counts.
-    Work.Project.VelocityB(2, 2) = 0;
+    Form->VelocityB[1] = Form->VelocityB[2] = "";
     Form->Command1();
-    EXPECT_NEAR(Val(Form->TrueV[2]), 1600, 1);
+    EXPECT_EQ(Form->VelocityB[2], "1600");
+    EXPECT_EQ(Form->TrueV[1], "400");
+    Open_At(1);
+    Form->VelocityB[3] = "";
+    Form->Command1();
+    EXPECT_EQ(World.Prompts.Last_Text(), "Layer 3 Velocity must be  greater ...");
 }
 
 TEST_F(FcalculTest, CriticalDistancesGiveThicknessesAndCarryTheirFixedStep) {
