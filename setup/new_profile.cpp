@@ -104,7 +104,11 @@ bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
     if (!Load_SU_File(workspace, ports)) return Give_Up(workspace, ports);
     if (!Take_Up_Records(workspace, ports)) return Give_Up(workspace, ports);
     const std::string numbered = project.SuFile;
-    dialog.Text4.clear();
+    // Nothing of the line entered before.
+    for (std::string* field : {&dialog.Text1, &dialog.Text2, &dialog.Text4, &dialog.Text5})
+        field->clear();
+    dialog.Check1 = false;
+    dialog.Check2 = false;
     dialog.Affichage();
     ports.Show.Open_Dialog(Dialog::rechinfo, true);
     if (dialog.Cancelled) return Give_Up(workspace, ports);

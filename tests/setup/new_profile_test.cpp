@@ -82,7 +82,11 @@ TEST_F(Records, BecomeAProject) {
     const std::string su_file = Field_File();
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
+    dialog.Check1 = true;  // left over from another line
+    dialog.Text5 = "9";
     display.OnOpen = [&] {
+        EXPECT_FALSE(dialog.Check1);
+        EXPECT_EQ(dialog.Text5, "0");
         EXPECT_EQ(dialog.Text3, "5");
         EXPECT_EQ(dialog.Text4, "3");
         dialog.Text1 = "4";
