@@ -1,0 +1,162 @@
+#include "app/commands.h"
+
+#include <set>
+
+#include "core/project_save.h"
+#include "session_fixture.h"
+#include "support/su_builder.h"
+
+namespace tarnvik::test {
+
+TEST(CommandTable, every_key_of_the_toolbar_stands_in_its_order) {
+    const std::vector<std::string_view> keys = {
+        "erase",  "frequency", "herz",     "help", "tv4",    "Double",  "quick",  "edit",    "ruler", "tosu",
+        "open",   "save",      "dromo",    "prop", "fantom", "vitess1", "velo2",  "vitess3", "sum",   "print",
+        "ruler2", "drawing",   "smallcap", "GRM",  "find",   "stop",    "nozoom", "abc"};
+    std::vector<std::string_view> found;
+    for (const Command& command : Command_Table()) {
+        if (command.Menu.empty()) found.push_back(command.Name);
+    }
+    EXPECT_EQ(found, keys);
+}
+
+TEST(CommandTable, names_and_shortcuts_are_given_once) {
+    std::set<std::string_view> names;
+    std::set<std::string_view> shortcuts;
+    for (const Command& command : Command_Table()) {
+        if (command.Caption == "-") continue;
+        EXPECT_TRUE(names.insert(command.Name).second) << command.Name;
+        if (!command.Shortcut.empty()) {
+            EXPECT_TRUE(shortcuts.insert(command.Shortcut).second) << command.Shortcut;
+        }
+        EXPECT_FALSE(command.Caption.empty() && command.Tooltip.empty() && command.Text == nullptr)
+            << command.Name;
+    }
+}
+
+class Commands : public SessionTest {};
+
+TEST_F(Commands, a_command_of_later_work_does_nothing) {
+    Run_Command(Program, "GRM");
+    Run_Command(Program, "no such command");
+    EXPECT_TRUE(World.Display.Calls.empty());
+    EXPECT_TRUE(World.Prompts.Messages.empty());
+}
+
+TEST_F(Commands, a_tool_that_cannot_be_started_is_told_in_its_own_words) {
+    World.Launcher.Result = 2;
+    World.Launcher.Folder = "/tools";
+    const struct {
+        const char* Name;
+        const char* Words;
+    } cases[] = {
+        {"frequency", "Unable to shell /tools/reverse.exe"},
+        {"tosu", "Unable to shell application:/tools/conversion.EXE"},
+        {"SEG22SU", "Unable to shell application:C:\\tarnvik\\SEG2su.exe"},
+        {"Print_rec", "Unable to shell application:/tools/suprint2.exe"},
+        {"MF", "Unable to shell application:/tools/merge_file.exe"},
+        {"edit", "Unable to lauch NOTEPAD "},
+        {"Edit_Mnu", "Unable to lauch NOTEPAD "},
+        {"help", "You must install tv16.pdf"},
+    };
+    for (const auto& c : cases) {
+        Run_Command(Program, c.Name);
+        EXPECT_EQ(World.Prompts.Last_Text(), c.Words) << c.Name;
+    }
+    World.Launcher.Program.clear();
+    Run_Command(Program, "help");
+    EXPECT_EQ(World.Prompts.Last_Text(), "You must intstall ACROBAT READER from the CD-ROM");
+}
+
+TEST_F(Commands, the_notes_of_a_project_keep_the_case_of_its_folder) {
+    Program.Work.Project.CurrentFile = "/Data/Line.TV5";
+    Run_Command(Program, "edit");
+    EXPECT_EQ(World.Launcher.Started.back(), "editor|/Data/Line.rtf");
+    Run_Command(Program, "tosu");
+    EXPECT_EQ(World.Launcher.Started.back(), "./conversion.EXE|356|.");
+}
+
+TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
+    Program.Work.Project.SuFile = "/data/a.su";
+    Run_Command(Program, "filtr");
+    EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("SU=/data/a.su"), std::string::npos);
+    EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/data/a.su|.");
+}
+
+TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
+    Program.Work.DisplayMode = "BI";
+    Run_Command(Program, "find");
+    EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
+    EXPECT_TRUE(World.Display.Opened.empty());
+    Program.Work.DisplayMode = "DROMO";
+    Run_Command(Program, "find");
+    EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Zoom});
+}
+
+TEST_F(Commands, a_picture_without_a_printer_is_refused) {
+    World.Display.Printable = false;
+    Run_Command(Program, "print");
+    EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
+}
+
+TEST_F(Commands, a_dialog_sets_its_mode_word_before_it_opens) {
+    Run_Command(Program, "vitess1");
+    EXPECT_EQ(Program.Work.DisplayMode, "Vitesse2");
+    Run_Command(Program, "sum");
+    EXPECT_EQ(Program.Work.DisplayMode, "Calcul");
+    EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
+}
+
+TEST_F(Commands, each_profile_entry_has_its_mode) {
+    const std::pair<const char*, const char*> modes[] = {
+        {"S2", "Profil"}, {"S3", "Profil2"}, {"S4", "Profil4"}, {"S5", "Profil3"}, {"drawing", "Profil"}};
+    for (const auto& [name, mode] : modes) {
+        Run_Command(Program, name);
+        EXPECT_EQ(Program.Work.DisplayMode, mode) << name;
+    }
+    EXPECT_EQ(World.Display.Count("Show_Profile"), 5);
+}
+
+TEST_F(Commands, saving_without_a_name_does_nothing_and_opening_takes_a_recent_file) {
+    Run_Command(Program, "save");
+    EXPECT_TRUE(World.Prompts.Messages.empty());
+    const std::string path = Project_File();
+    Program.Work.Settings.RecentFiles[2] = path;
+    Run_Command(Program, "F3_F");
+    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
+    Program.Work.Project.ShotTimes(1, 2) = 20.5F;
+    Run_Command(Program, "save");
+    EXPECT_NE(Read_File(path)->find("2050"), std::string::npos);
+}
+
+TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alone) {
+    ASSERT_TRUE(Program.Work.Settings.Metric());
+    Run_Command(Program, "dromo");
+    Parse_Project(Plain_File(), Program.Work.Project);
+    SuBuilder records(6, 20);
+    records.Records(3);
+    const std::string su_file = records.Write(Folder / "line.su");
+    Project& project = Program.Work.Project;
+    project.SuFile = su_file;
+    project.CurrentFile = Folder / "line.tv5";
+    Program.Work.Record.ChannelsPerRecord = 3;
+    Scale_Time_Grid(Program.Work);
+    Program.Work.DisplayMode = "DROMO";
+
+    // Shot 2, receiver 2 lies at 13 ms; the picture has 0.5 ms a unit.
+    const double x = Position_Ecran(project, 2);
+    const double y = project.ShotTimes(2, 2) / Program.Work.Curves.TimeFactor;
+    const std::string before = Content_Of(su_file);
+    Program.Pointer.Double_Click({x, y, true, false});
+    ASSERT_EQ(Program.Work.Curves.PickMoving, 1);
+    Program.Pointer.Press({x, y + 1, true, false});
+    Program.Pointer.Release({x, y + 4, true, false});
+    const std::vector<std::int64_t> changed = Changed_Bytes(before, Content_Of(su_file));
+    ASSERT_FALSE(changed.empty());
+    const std::int64_t word = (5 - 1) * (240 + 20 * 4) + 222;
+    EXPECT_GE(changed.front(), word);
+    EXPECT_LE(changed.back(), word + 1);
+    EXPECT_TRUE(File_Exists(project.CurrentFile));
+}
+
+}  // namespace tarnvik::test

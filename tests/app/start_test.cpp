@@ -1,0 +1,132 @@
+#include "app/start.h"
+
+#include "app/splash.h"
+#include "session_fixture.h"
+
+namespace tarnvik::test {
+
+class StartAndEnd : public SessionTest {};
+
+TEST_F(StartAndEnd, a_command_line_of_up_to_three_characters_shows_the_start_dialog) {
+    Form_Load(Program, "\"a\"");
+    ASSERT_EQ(World.Display.Opened, std::vector{Dialog::frmSplash});
+    EXPECT_EQ(World.Display.Count("Open_Dialog modal"), 1);
+    EXPECT_EQ(Program.Work.Project.NbReceivers, 24);
+    EXPECT_EQ(Program.Work.Settings.Units, "meters");
+}
+
+TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
+    const std::string path = Project_File();
+    Form_Load(Program, "\"" + path + "\"");
+    EXPECT_TRUE(World.Display.Opened.empty());
+    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+    EXPECT_GE(World.Display.Count("Show_Curves"), 1);
+    EXPECT_GE(World.Display.Count("Display_Record"), 1);
+}
+
+TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
+    // The rule strips whatever stands there; scripts that start the program rely on the quotes.
+    Form_Load(Program, Project_File());
+    EXPECT_NE(World.Prompts.Last_Text(), "");
+    EXPECT_EQ(Program.Work.Project.NbShots, 5);  // the default of the settings, nothing was read
+}
+
+TEST_F(StartAndEnd, a_decimal_comma_is_changed_only_with_consent) {
+    const std::string question =
+        " Decimal separator is a comma, TARNVIK can modify the decimal separator\r\n"
+        "a point is required to run correctly all modules! \r\n";
+    World.Launcher.Separator = ",";
+    World.Prompts.Expect(question, Answer::Cancel);
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Separator, ",");
+    World.Prompts.Expect(question, Answer::Ok);
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Separator, ".");
+}
+
+TEST_F(StartAndEnd, the_end_asks_both_questions_and_writes_the_settings) {
+    const std::string path = Project_File();
+    ASSERT_TRUE(Open_File_Named(Program, path));
+    const std::string before = *Read_File(path);
+    Program.Work.Settings.Units = "feet";
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::Yes);
+    World.Prompts.Expect("Record " + path, Answer::No);
+    World.Prompts.Expect("Record a Back Up file of " + path, Answer::Yes);
+    std::filesystem::remove(Folder / "line.bak");
+    Quit(Program, false);
+    EXPECT_EQ(*Read_File(path), before);
+    EXPECT_EQ(*Read_File(Folder / "line.bak"), before);
+    EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("Units=feet"), std::string::npos);
+    EXPECT_EQ(World.Display.Count("End_Program"), 1);
+}
+
+TEST_F(StartAndEnd, no_at_the_first_question_goes_on_working) {
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::No);
+    Quit(Program, false);
+    EXPECT_EQ(World.Display.Count("End_Program"), 0);
+    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI"));
+}
+
+TEST_F(StartAndEnd, the_toolbar_asks_with_an_ok_button_alone) {
+    World.Prompts.Expect("Record ", Answer::No);
+    World.Prompts.Expect("Record a Back Up file of ", Answer::No);
+    Quit(Program, true);
+    EXPECT_EQ(World.Prompts.Messages.front().WithButtons, Buttons::Ok);
+    EXPECT_EQ(World.Display.Count("End_Program"), 1);
+}
+
+TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
+    Program.Work.DisplayMode = "ABC";
+    Resize_Form(Program);
+    EXPECT_EQ(Program.Work.DisplayMode, "Profil2");
+    EXPECT_EQ(World.Display.Count("Show_Profile"), 1);
+    Program.Work.DisplayMode = "DROMO";
+    Resize_Form(Program);
+    EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
+    Program.Work.DisplayMode = "dromo";  // an unknown word draws nothing
+    Resize_Form(Program);
+    EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
+}
+
+class StartDialog : public SessionTest {
+  protected:
+    frmSplash Splash{Program};
+};
+
+TEST_F(StartDialog, the_last_file_is_displayed_with_the_reminder_of_the_thicknesses) {
+    const std::string path = Project_File();
+    Program.Work.Settings.RecentFiles[0] = path;
+    World.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Cancel);
+    EXPECT_TRUE(Splash.Command5());
+    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
+    EXPECT_TRUE(World.Display.Opened.empty());
+    World.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Ok);
+    EXPECT_TRUE(Splash.Command5());
+    EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
+}
+
+TEST_F(StartDialog, the_file_is_read_and_backed_up_twice_on_the_road_of_the_dialog) {
+    // Meant: the second backup holds what the first reading left, so the copy on disk is that of the second
+    // one.
+    const std::string path = Project_File();
+    World.Prompts.Expect_File("Tarnvik File selection", path);
+    EXPECT_TRUE(Splash.Command2());
+    EXPECT_EQ(Program.Work.Settings.RecentFiles[0], path);
+    EXPECT_EQ(*Read_File(Folder / "line.bak"), *Read_File(path));
+    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+}
+
+TEST_F(StartDialog, its_end_asks_once_and_writes_no_settings) {
+    Splash.Load();
+    EXPECT_EQ(Splash.Command6Caption, "END Tarnvik 16.5");
+    World.Prompts.Expect("Do you stop Tarnvik 16.5?", Answer::No);
+    EXPECT_FALSE(Splash.Command6());
+    World.Prompts.Expect("Do you stop Tarnvik 16.5?", Answer::Yes);
+    EXPECT_TRUE(Splash.Command6());
+    EXPECT_EQ(World.Display.Count("End_Program"), 1);
+    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI"));
+}
+
+}  // namespace tarnvik::test

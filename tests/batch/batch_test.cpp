@@ -1,0 +1,218 @@
+// tarnvik-batch as a script uses it: what it prints, what it writes, how it ends.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "core/files.h"
+#include "core/text/letters.h"
+#include "support/su_builder.h"
+#include "support/test_ports.h"
+
+namespace tarnvik::test {
+
+namespace {
+
+struct Outcome {
+    int Status = -1;
+    std::string Output;  ///< standard output
+    std::string Errors;  ///< standard error
+};
+
+class Batch : public ::testing::Test {
+  protected:
+    Outcome Run(const std::string& arguments) {
+        const std::string errors = Folder / "errors.txt";
+        const std::string line = std::string(TARNVIK_BATCH) + " " + arguments + " 2>" + errors;
+        Outcome outcome;
+        std::FILE* pipe = popen(line.c_str(), "r");
+        if (pipe == nullptr) return outcome;
+        std::array<char, 4096> buffer{};
+        while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+            outcome.Output.append(buffer.data(), count);
+        }
+        outcome.Status = WEXITSTATUS(pclose(pipe));
+        outcome.Errors = Read_File(errors).value_or("");
+        return outcome;
+    }
+    /// A copy of the demo line, so that nothing can happen to the one in the sources.
+    std::string Demo(const std::string& name) {
+        EXPECT_EQ(Copy_File(std::string(DEMO_FOLDER) + "/" + name, Folder / name), "");
+        return Folder / name;
+    }
+    TemporaryFolder Folder;
+};
+
+}  // namespace
+
+TEST_F(Batch, show_gives_the_project_block_under_the_names_of_the_state) {
+    const Outcome shown = Run("show " + Demo("demo1.tv5") + " --json");
+    ASSERT_EQ(shown.Status, 0) << shown.Errors;
+    const auto json = nlohmann::json::parse(shown.Output);
+    for (const char* key :
+         {"NbShots",   "NbReceivers",  "LineLength",    "TotalTime",    "DistanceShift", "SuFile",
+          "ShotTimes", "ReceiverData", "ShotElevation", "ShotDistance", "ShotDepth",     "VelocityA",
+          "VelocityB", "InterceptA",   "InterceptB",    "CritDistA",    "CritDistB",     "ShotThickness",
+          "GrmData",   "remark_grid",  "TimeFactor",    "MaxTime",      "NoOffsetShots"}) {
+        EXPECT_TRUE(json.contains(key)) << key;
+    }
+    EXPECT_EQ(json["NbShots"], 5);
+    EXPECT_EQ(json["ShotDistance"], (std::vector<double>{-60, 0, 60, 120, 180}));
+    EXPECT_EQ(json["ReceiverData"].size(), 12U);
+    EXPECT_EQ(json["ReceiverData"][9][0], 2.5);
+    EXPECT_EQ(json["VelocityA"][0].size(), 5U);
+    EXPECT_EQ(json["ShotThickness"][0].size(), 4U);
+    EXPECT_EQ(json["remark_grid"].size(), 8U);
+    EXPECT_EQ(json["NoOffsetShots"], false);
+}
+
+TEST_F(Batch, the_way_a_run_ends_tells_what_happened) {
+    const std::string demo = Demo("demo1.tv5");
+    const struct {
+        std::string Arguments;
+        int Status;
+        const char* Words;
+    } cases[] = {
+        {"", 2, ""},
+        {"show", 2, ""},
+        {"show " + demo + " --no-such-option", 2, ""},
+        {"draw " + demo + " everything --out x.png", 2, ""},
+        {"draw " + demo + " curves --size 3x3 --out " + (Folder / "x.png"), 2, "--size"},
+        {"show " + (Folder / "missing.tv5"), 1, "This file does not exist !"},
+        {"show " + (Folder / "errors.txt"), 1, "No TV5 file selected "},
+        {"velocity " + demo + " --shot 9 --from 1 --to 3", 1, "Wrong Shot number"},
+        {"velocity " + demo + " --shot 3 --from 5 --to 5", 1, "Impossible: Wrong receivers"},
+        {"draw " + demo + " curves --out " + (Folder / "no/such/folder.png"), 1, "cannot be written"},
+        {"depth " + demo + " --method intercept", 1, ""},
+        {"pick " + Demo("demo1.su") + " --record 99 --reference-trace 1 --start 5", 1, "records 1 to 5"},
+        {"--help", 0, ""},
+        {"pick --help", 0, ""},
+    };
+    for (const auto& c : cases) {
+        const Outcome outcome = Run(c.Arguments);
+        EXPECT_EQ(outcome.Status, c.Status) << c.Arguments << "\n" << outcome.Errors;
+        EXPECT_NE(outcome.Errors.find(c.Words), std::string::npos) << c.Arguments << "\n" << outcome.Errors;
+    }
+}
+
+TEST_F(Batch, a_velocity_is_written_only_when_asked_for) {
+    const std::string demo = Demo("demo1.tv5");
+    const std::string before = *Read_File(demo);
+    const std::string stretch = "velocity " + demo + " --shot 3 --from 18 --to 21 --layer 2 --record --json";
+    const Outcome found = Run(stretch);
+    ASSERT_EQ(found.Status, 0) << found.Errors;
+    const auto json = nlohmann::json::parse(found.Output);
+    EXPECT_EQ(json["ShotSide"], 24);
+    EXPECT_EQ(json["message"], "");
+    EXPECT_EQ(*Read_File(demo), before);
+
+    const std::string other = Folder / "other.tv5";
+    ASSERT_EQ(Run(stretch + " --out " + other).Status, 0);
+    EXPECT_EQ(*Read_File(demo), before);
+    const auto written = nlohmann::json::parse(Run("show " + other + " --json").Output);
+    EXPECT_EQ(written["VelocityB"][2][1], json["VelocityResult"]);
+    EXPECT_EQ(written["InterceptB"][2][0], json["InterceptResult"]);
+    EXPECT_EQ(written["VelocityA"][2][1], 0);
+}
+
+TEST_F(Batch, the_road_from_a_marked_line_to_depths_runs_from_the_terminal) {
+    const std::string demo = Demo("demo1.tv5");
+    for (const char* mark :
+         {"1 --from 1 --to 4 --start-at-shot", "2 --from 5 --to 9", "3 --from 10 --to 24"}) {
+        ASSERT_EQ(Run("velocity " + demo + " --shot 2 --record --save --layer " + mark).Status, 0);
+    }
+    const Outcome depth = Run("depth " + demo + " --method intercept --shot 2 --record --save --json");
+    ASSERT_EQ(depth.Status, 0) << depth.Errors;
+    const auto shots = nlohmann::json::parse(depth.Output);
+    ASSERT_EQ(shots.size(), 1U);
+    EXPECT_EQ(shots[0]["layers"], 3);
+    EXPECT_EQ(shots[0]["TrueV"].size(), 3U);
+    EXPECT_NEAR(shots[0]["Thick"][0], 6, 0.5);  // the model's first layer; the knoll costs a few decimetres
+    const auto project = nlohmann::json::parse(Run("show " + demo + " --json").Output);
+    EXPECT_EQ(project["ShotThickness"][1][0], shots[0]["Thick"][0]);
+
+    const auto two =
+        nlohmann::json::parse(Run("depth " + demo + " --method intercept --shot 2 --layers 2 --json").Output);
+    EXPECT_EQ(two[0]["layers"], 2);
+    EXPECT_EQ(two[0]["Thick"].size(), 1U);
+}
+
+TEST_F(Batch, pictures_come_in_every_form) {
+    const std::string demo = Demo("demo1.tv5");
+    const std::string records = Demo("demo1.su");
+    const std::pair<const char*, const char*> forms[] = {
+        {"png", "\x89PNG"}, {"svg", "<?xml"}, {"pdf", "%PDF"}};
+    for (const auto& [ending, start] : forms) {
+        const std::string out = Folder / (std::string("picture.") + ending);
+        for (const std::string& what :
+             {"draw " + demo + " curves", "draw " + demo + " profile --mode Profil3",
+              "record " + records + " --record 2 --style color --clip --equalize --samples 10:300"}) {
+            const Outcome drawn = Run(what + " --out " + out);
+            EXPECT_EQ(drawn.Status, 0) << what << drawn.Errors;
+            EXPECT_EQ(Left(Read_File(out).value_or(""), std::string(start).size()), start) << what;
+            std::filesystem::remove(out);
+        }
+    }
+}
+
+TEST_F(Batch, picking_leaves_the_field_file_alone_unless_it_is_to_be_saved) {
+    const std::string records = Demo("demo1.su");
+    const std::string before = *Read_File(records);
+    const std::string pick =
+        "pick " + records + " --record 4 --reference-trace 24 --start 2 --frequency 40 --window 30";
+    const Outcome picked = Run(pick + " --json");
+    ASSERT_EQ(picked.Status, 0) << picked.Errors;
+    const auto picks = nlohmann::json::parse(picked.Output)["picks"];
+    ASSERT_EQ(picks.size(), 24U);
+    EXPECT_GT(picks[0].get<double>(), picks[20].get<double>());
+    EXPECT_EQ(*Read_File(records), before);
+
+    const std::string copy = Folder / "picked.su";
+    ASSERT_EQ(Run(pick + " --out " + copy).Status, 0);
+    EXPECT_EQ(*Read_File(records), before);
+    EXPECT_NE(*Read_File(copy), before);
+    ASSERT_EQ(Run(pick + " --save").Status, 0);
+    EXPECT_EQ(*Read_File(records), *Read_File(copy));
+}
+
+TEST_F(Batch, a_new_project_takes_its_geometry_from_the_command_line_and_the_headers) {
+    const std::string records = Demo("demo1.su");
+    const std::string out = Folder / "new.tv5";
+    const Outcome made = Run(
+        "new " + records +
+        " --spacing 5 --first-distance 2.5 --line-length 120 --shot-distances -60,0,60,120,180 --out " + out);
+    ASSERT_EQ(made.Status, 0) << made.Errors;
+    const auto project = nlohmann::json::parse(Run("show " + out + " --json").Output);
+    EXPECT_EQ(project["NbReceivers"], 24);
+    EXPECT_EQ(project["ShotDistance"], (std::vector<double>{-60, 0, 60, 120, 180}));
+    EXPECT_EQ(project["ReceiverData"][9][23], 117.5);
+    EXPECT_EQ(Run("new " + records + " --spacing 5 --shots 73 --out " + (Folder / "large.tv5")).Status, 1);
+    EXPECT_FALSE(File_Exists(Folder / "large.tv5"));
+}
+
+TEST_F(Batch, an_older_file_is_converted) {
+    // One shot, one receiver: counts, pick, 12 receiver rows, shot row, 5 velocities, 4 refractors, SU name,
+    // 9 remarks.
+    std::string old_file = " 1  10  1 \r\n 1234 \r\n";
+    for (int row = 1; row <= 12; ++row)
+        old_file += " 25 \r\n";
+    old_file += " 100  0  5 \r\n";
+    for (int line = 1; line <= 5; ++line)
+        old_file += " 300  300 \r\n";
+    for (int line = 1; line <= 4; ++line)
+        old_file += " 0  0  0  0  0 \r\n";
+    old_file += "line.su\r\n";
+    for (int row = 1; row <= 9; ++row)
+        old_file += " 0             0             0            \r\n";
+    old_file += " 1 \r\n";
+    ASSERT_EQ(Replace_File(Folder / "old.tv4", old_file), "");
+    ASSERT_EQ(Run("convert " + (Folder / "old.tv4") + " " + (Folder / "new.tv5")).Status, 0);
+    const auto project = nlohmann::json::parse(Run("show " + (Folder / "new.tv5") + " --json").Output);
+    EXPECT_EQ(project["ShotTimes"][0][0], 12.34);
+    EXPECT_EQ(project["ReceiverData"][9][0], 2.5);
+    EXPECT_EQ(project["ShotElevation"][0], 10);
+}
+
+}  // namespace tarnvik::test
