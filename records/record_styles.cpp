@@ -1,5 +1,7 @@
 #include "records/record_styles.h"
 
+#include <algorithm>
+
 #include "records/record_display.h"
 
 namespace tarnvik {
@@ -7,6 +9,12 @@ namespace tarnvik {
 namespace {
 
 constexpr Colour area_blue = 0xFF8080;
+
+/// False for a lobe too small to leave the axis: it has no area and most lobes of a quiet trace are such.
+bool Leaves_Axis(std::span<const PixelPoint> lobe, int axis_pixel) {
+    return std::any_of(lobe.begin(), lobe.end(),
+                       [axis_pixel](const PixelPoint& point) { return point.X != axis_pixel; });
+}
 
 constexpr std::size_t Most_Fill_Points(int style) {
     switch (style) {
@@ -76,14 +84,18 @@ void TracePainter::Close_Positive(int y) {
     if (FillPoints.Is_Empty()) return;
     FillPoints.Add(AxisPixel, y);
     const Colour live = Style == TwoColours ? colours::Red : area_blue;
-    Target.Polygon(FillPoints.All(), Dead ? colours::Grey : live);
+    if (Leaves_Axis(FillPoints.All(), AxisPixel)) {
+        Target.Polygon(FillPoints.All(), Dead ? colours::Grey : live);
+    }
     FillPoints.Empty();
 }
 
 void TracePainter::Close_Negative(int y) {
     if (NegativePoints.Is_Empty()) return;
     NegativePoints.Add(AxisPixel, y);
-    Target.Polygon(NegativePoints.All(), Dead ? colours::Grey : colours::Blue);
+    if (Leaves_Axis(NegativePoints.All(), AxisPixel)) {
+        Target.Polygon(NegativePoints.All(), Dead ? colours::Grey : colours::Blue);
+    }
     NegativePoints.Empty();
 }
 
