@@ -43,6 +43,18 @@ bool Numbers(std::initializer_list<double> values) {
     return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
 }
 
+/// Colour of letters on paper: light ones (the cyan of the time scale) are darkened until they can be read.
+/// White stays white, since it is used to wipe.
+QColor Letter_Colour(Colour colour) {
+    QColor ink = To_QColor(colour);
+    if (colour == colours::White) return ink;
+    constexpr double readable_brightness = 0.55;
+    const double brightness = 0.299 * ink.redF() + 0.587 * ink.greenF() + 0.114 * ink.blueF();
+    if (brightness <= readable_brightness) return ink;
+    const double share = readable_brightness / brightness;
+    return QColor::fromRgbF(ink.redF() * share, ink.greenF() * share, ink.blueF() * share);
+}
+
 }  // namespace
 
 QColor To_QColor(Colour colour) {
@@ -364,7 +376,7 @@ void PainterPicture::Print(std::string_view text, Colour colour) {
         painter->setFont(Font);
         FontSet = true;
     }
-    painter->setPen(To_QColor(colour));
+    painter->setPen(Inverting() ? To_QColor(colour) : Letter_Colour(colour));
     PenSet = false;
     QPointF base(place.left(), place.top() + metrics.ascent());
     if (Raster) base = QPointF(std::round(base.x()), std::round(base.y()));

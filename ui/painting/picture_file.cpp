@@ -53,7 +53,7 @@ QByteArray Bitmap_Bytes(const QImage& image, const char* format) {
 }  // namespace
 
 PageLayout Curves_Layout() {
-    return {{.Left = 22, .Top = 6, .Right = 14, .Bottom = 14}, 30, 44};
+    return {{.Left = 22, .Top = 6, .Right = 22, .Bottom = 14}, 30, 44};
 }
 
 PageLayout Profile_Layout() {
@@ -61,7 +61,7 @@ PageLayout Profile_Layout() {
 }
 
 PageLayout Record_Layout() {
-    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 44};
+    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56};
 }
 
 void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,

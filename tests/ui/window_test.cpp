@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QListView>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include "app/commands.h"
+#include "app/session.h"
+#include "app/start.h"
+#include "support/test_ports.h"
+#include "traveltime/curve_drawing.h"
+#include "traveltime/shot_grid.h"
+#include "ui/icon_family.h"
+#include "ui/main_window.h"
+#include "ui/qt_display.h"
+
+namespace tarnvik {
+namespace {
+
+/// The main window over a small line: 3 shots, 12 receivers 5 m apart.
+class Window : public testing::Test {
+  protected:
+    Window() {
+        Display.Attach(Program);
+        Project& line = Program.Work.Project;
+        line.NbShots = 3;
+        line.NbReceivers = 12;
+        line.LineLength = 55;
+        Redimension_Project(line);
+        for (int receiver = 1; receiver <= 12; ++receiver) {
+            line.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(5 * (receiver - 1));
+            for (int shot = 1; shot <= 3; ++shot) {
+                line.ShotTimes(shot, receiver) =
+                    static_cast<float>(3 + 2 * std::abs(5 * (receiver - 1) - 27.5 * (shot - 1)));
+            }
+        }
+        line.ShotDistance(2) = 27.5;
+        line.ShotDistance(3) = 55;
+        Screen =
+            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
+        Screen->resize(1100, 700);
+        Screen->show();
+        Display.Select_Tab(Tab::Curves);
+        Display.Show_Curves();
+        QApplication::processEvents();
+    }
+    ~Window() override { Display.End_Program(); }
+
+    template <class Control>
+    Control* Find(const char* name) {
+        return Screen->findChild<Control*>(name);
+    }
+    static bool Blank(PictureBox* box) {
+        const QImage& image = box->Canvas().Image();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) != qRgb(255, 255, 255)) return false;
+            }
+        }
+        return true;
+    }
+    QPoint Pixel(PictureBox* box, double x, double y) {
+        const Frame frame = box->Canvas().Current_Frame();
+        return (box->Canvas().Window().topLeft() + QPointF(frame.To_Pixel_X(x), frame.To_Pixel_Y(y)))
+            .toPoint();
+    }
+
+    test::TemporaryFolder Folder;
+    test::ScriptedPrompts Prompts;
+    test::RecordingLauncher Launcher;
+    QtDisplay Display;
+    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
+    std::unique_ptr<MainWindow> Screen;
+};
+
+TEST_F(Window, has_an_icon_and_a_button_for_each_toolbar_key_and_an_entry_for_each_menu_command) {
+    for (const Command& command : Command_Table()) {
+        if (command.Caption == "-") continue;
+        const QString name =
+            QString::fromUtf8(command.Name.data(), static_cast<qsizetype>(command.Name.size()));
+        auto* action = Find<QAction>(name.toUtf8().constData());
+        ASSERT_NE(action, nullptr) << command.Name;
+        EXPECT_EQ(action->isEnabled(), command.Available() && action->isVisible()) << command.Name;
+        EXPECT_FALSE(command.Menu.empty() && Family_Icon(name).isNull()) << command.Name;
+        EXPECT_FALSE(!command.Available() && action->statusTip().isEmpty()) << command.Name;
+    }
+    auto* zero = Find<QAction>("Zerop");
+    zero->trigger();
+    EXPECT_TRUE(zero->isChecked());
+    EXPECT_TRUE(Program.Work.Curves.ZeroOnTop);
+}
+
+TEST_F(Window, every_dialog_with_a_form_opens_refreshes_and_closes) {
+    for (const Dialog dialog : Dialogs_With_Form()) {
+        Display.Open_Dialog(dialog, false);
+        QApplication::processEvents();
+        ASSERT_TRUE(Display.Is_Open(dialog)) << static_cast<int>(dialog);
+        Display.Show_Fields();
+        Display.Show_Grids();
+        EXPECT_TRUE(Display.Open_Form(dialog)->isVisible()) << static_cast<int>(dialog);
+        Display.Bring_To_Front(dialog);
+        Display.Close_Dialog(dialog);
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(Display.Is_Open(dialog));
+    }
+    Display.Open_Dialog(Dialog::frmSplash, false);
+    EXPECT_NE(Display.Open_Form(Dialog::frmSplash)->findChild<QPushButton*>("Command6"), nullptr);
+}
+
+TEST_F(Window, a_tool_window_closed_by_its_own_control_is_closed_for_the_logic_too) {
+    Run_Command(Program, "Double");
+    ASSERT_TRUE(Display.Is_Open(Dialog::Travel_Time_2));
+    QApplication::processEvents();
+    auto* second = Find<PictureBox>("Dromo2");
+    ASSERT_NE(second, nullptr);
+    EXPECT_FALSE(Blank(second));
+    Display.Open_Form(Dialog::Travel_Time_2)->close();
+    EXPECT_FALSE(Display.Is_Open(Dialog::Travel_Time_2));
+    EXPECT_EQ(Program.Work.Curves.DoubleView, 0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Display.Show_Curves();  // the canvas is gone; drawing on it is dropped
+}
+
+TEST_F(Window, the_pointer_on_the_curves_is_read_where_it_was_drawn) {
+    auto* dromo = Find<PictureBox>("Dromo");
+    QTest::mouseMove(dromo, Pixel(dromo, 48, 50));
+    QApplication::processEvents();
+    EXPECT_NEAR(Program.Work.Curves.MouseDistance, 27.5, 0.1);
+    EXPECT_NEAR(Program.Work.Curves.MouseTime, 50 * Program.Work.Curves.PickFactor, 1);
+    EXPECT_EQ(Find<QLabel>("Text1")->text().toStdString(), Program.Work.Fields.Text1);
+    // The margin belongs to the edge of the picture.
+    QTest::mouseMove(dromo, QPoint(1, 1));
+    EXPECT_EQ(Program.Work.Curves.MouseDistance, 0);
+}
+
+TEST_F(Window, the_pictures_keep_their_drawing_when_the_size_changes_in_any_mode) {
+    auto* dromo = Find<PictureBox>("Dromo");
+    for (const char* mode : {"DROMO", "Vitesse", ""}) {
+        Program.Work.DisplayMode = mode;
+        Screen->resize(Screen->width() - 60, Screen->height() - 40);
+        QTest::qWait(1);
+        EXPECT_FALSE(Blank(dromo)) << mode;
+        EXPECT_EQ(Program.Work.DisplayMode, mode);
+    }
+}
+
+TEST_F(Window, enlargement_shows_the_scroll_bars_and_the_dialog_takes_typed_factors) {
+    auto* bar = Find<QScrollBar>("HScroll1");
+    EXPECT_FALSE(bar->isVisible());
+    Display.Open_Dialog(Dialog::Zoom, false);
+    Form* form = Display.Open_Form(Dialog::Zoom);
+    form->findChild<QComboBox*>("Combo1")->setEditText("4");
+    form->findChild<QPushButton*>("Command1")->click();
+    EXPECT_FALSE(Display.Is_Open(Dialog::Zoom));
+    EXPECT_EQ(Program.Work.Curves.ZoomX, 4);
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->maximum(), 72);
+    bar->setValue(30);
+    EXPECT_EQ(Find<PictureBox>("Dromo")->Canvas().Current_Frame().Left, 30);
+    Run_Command(Program, "nozoom");
+    EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(Window, a_shot_is_left_out_by_its_tick) {
+    QAbstractItemModel* shots = Find<QListView>("Grille_Shot")->model();
+    ASSERT_EQ(shots->rowCount(), 3);
+    EXPECT_TRUE(shots->setData(shots->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_FALSE(Shot_Displayed(Program.Work, 2));
+    EXPECT_TRUE(Shot_Displayed(Program.Work, 1));
+    EXPECT_FALSE(Find<QCheckBox>("Check11")->isChecked()) << "not all are shown any more";
+    EXPECT_TRUE(shots->setData(shots->index(1, 0), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_TRUE(Shot_Displayed(Program.Work, 2));
+}
+
+TEST_F(Window, closing_the_window_asks_both_questions_every_time) {
+    Prompts.Expect("Record ", Answer::No);
+    Prompts.Expect("Record a Back Up file of ", Answer::No);
+    Screen->close();
+    EXPECT_TRUE(Display.Ended());
+    Display.Open_Dialog(Dialog::Zoom, false);
+    EXPECT_FALSE(Display.Is_Open(Dialog::Zoom)) << "nothing opens while the program ends";
+}
+
+TEST(Picture_box, keys_have_the_numbers_of_the_drawing_handlers) {
+    constexpr std::pair<int, int> keys[] = {{Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}, {Qt::Key_Left, 37},
+                                            {Qt::Key_Up, 38},     {Qt::Key_Right, 39},    {Qt::Key_Down, 40},
+                                            {Qt::Key_Plus, 107},  {Qt::Key_Minus, 109},   {Qt::Key_A, 0}};
+    for (const auto& [key, code] : keys)
+        EXPECT_EQ(PictureBox::Key_Code(key), code);
+}
+
+}  // namespace
+}  // namespace tarnvik

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace tarnvik {
+
+struct Command;
+class Session;
+
+/// Menu bar and toolbar of the main window, built from the command table. A command of later work is there,
+/// disabled, and says so in the status bar.
+class CommandBars : public QObject {
+    Q_OBJECT
+
+  public:
+    CommandBars(Session& session, QMainWindow& window);
+
+    /// Marks and captions that change.
+    void Refresh();
+
+  private:
+    QAction* Action_For(const Command& command);
+    QMenu* Menu_Of(const QString& path);
+
+    Session& Program;
+    QMainWindow& Window;
+    std::map<QString, QMenu*> Menus;
+    std::vector<std::pair<QAction*, const Command*>> Changing;
+};
+
+}  // namespace tarnvik

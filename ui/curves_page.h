@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QSplitter>
+#include <QTimer>
+#include <QWidget>
+
+#include "ui/field_binder.h"
+#include "ui/picture_box.h"
+
+class QListView;
+class QScrollBar;
+
+namespace tarnvik {
+
+class QtDisplay;
+class Session;
+
+/// The shots of Grille_Shot as a list with a tick for each curve that is drawn.
+class ShotListModel : public QAbstractListModel {
+    Q_OBJECT
+
+  public:
+    ShotListModel(Session& session, QObject* parent);
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    void Refresh();
+
+  private:
+    Session& Program;
+    int Shown = 0;
+    std::vector<int> Colours;
+};
+
+/// Third tab: the travel-time curves with their scale strips and scroll bars, the list of shots, and below
+/// them the seismic profile with its elevation scale.
+class CurvesPage : public QWidget {
+    Q_OBJECT
+
+  public:
+    CurvesPage(Session& session, QtDisplay& display);
+
+    void Refresh();
+    void Refresh_Shots();
+    void Show_Profile_Pane(bool on);
+
+  private:
+    QWidget* Curves_Pane();
+    QWidget* Profile_Pane();
+    QWidget* Shots_Pane();
+    void Wire_Pointer();
+    void Wheel(double steps, Qt::KeyboardModifiers modifiers);
+    void Repaint();
+
+    Session& Program;
+    QtDisplay& Screen;
+    PictureBox* Dromo = nullptr;
+    PictureBox* EchelleX = nullptr;
+    PictureBox* EchelleY = nullptr;
+    PictureBox* Dromo1 = nullptr;
+    PictureBox* EchelleY1 = nullptr;
+    QScrollBar* HScroll1 = nullptr;
+    QScrollBar* VScroll1 = nullptr;
+    QSplitter* Panes = nullptr;
+    QWidget* ProfilePane = nullptr;
+    ShotListModel* Shots = nullptr;
+    FieldBinder Fields;
+    QTimer Resized;
+};
+
+}  // namespace tarnvik

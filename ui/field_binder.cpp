@@ -1,0 +1,193 @@
+#include "ui/field_binder.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <utility>
+
+#include "ui/text_grid_model.h"
+
+namespace tarnvik {
+
+namespace {
+
+void React(const FieldBinder::Reaction& reaction) {
+    if (reaction) reaction();
+}
+
+/// Tells when a control gets the focus.
+class FocusWatcher : public QObject {
+  public:
+    FocusWatcher(QWidget* control, FieldBinder::Reaction entered)
+        : QObject(control), Entered(std::move(entered)) {
+        control->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn) Entered();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    FieldBinder::Reaction Entered;
+};
+
+}  // namespace
+
+void FieldBinder::Text(QLineEdit* control, std::string& field, Reaction changed) {
+    QObject::connect(control, &QLineEdit::textEdited, control, [&field, changed](const QString& typed) {
+        field = typed.toStdString();
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QString text = QString::fromStdString(field);
+        if (control->text() != text) control->setText(text);
+    });
+}
+
+void FieldBinder::Finished_Text(QLineEdit* control, std::string& field, Reaction finished) {
+    Text(control, field);
+    QObject::connect(control, &QLineEdit::editingFinished, control, [control, finished] {
+        if (!control->isModified()) return;
+        control->setModified(false);
+        React(finished);
+    });
+}
+
+void FieldBinder::Text(QLabel* control, const std::string& field) {
+    Follow([control, &field] {
+        const QString text = QString::fromStdString(field);
+        if (control->text() != text) control->setText(text);
+    });
+}
+
+void FieldBinder::Caption(QAbstractButton* control, const std::string& field) {
+    Follow([control, &field] {
+        const QString text = QString::fromStdString(field);
+        if (control->text() != text) control->setText(text);
+    });
+}
+
+void FieldBinder::Tick(QAbstractButton* control, bool& field, Reaction changed) {
+    QObject::connect(control, &QAbstractButton::toggled, control, [&field, changed](bool on) {
+        field = on;
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QSignalBlocker silent(control);
+        control->setChecked(field);
+    });
+}
+
+void FieldBinder::Tick(QGroupBox* control, bool& field, Reaction changed) {
+    QObject::connect(control, &QGroupBox::toggled, control, [&field, changed](bool on) {
+        field = on;
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QSignalBlocker silent(control);
+        control->setChecked(field);
+    });
+}
+
+void FieldBinder::Choice(QComboBox* control, int& field, Reaction changed) {
+    QObject::connect(control, &QComboBox::currentIndexChanged, control, [&field, changed](int index) {
+        field = index;
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QSignalBlocker silent(control);
+        if (control->currentIndex() != field) control->setCurrentIndex(field);
+    });
+}
+
+void FieldBinder::Text(QComboBox* control, std::string& field, Reaction changed) {
+    QObject::connect(control, &QComboBox::currentTextChanged, control,
+                     [&field, changed](const QString& typed) {
+                         field = typed.toStdString();
+                         React(changed);
+                     });
+    Follow([control, &field] {
+        const QString text = QString::fromStdString(field);
+        if (control->currentText() == text) return;
+        const QSignalBlocker silent(control);
+        if (control->isEditable()) {
+            control->setEditText(text);
+        } else {
+            control->setCurrentIndex(control->findText(text));
+        }
+    });
+}
+
+void FieldBinder::Choice(QButtonGroup* group, int& field, Reaction changed) {
+    QObject::connect(group, &QButtonGroup::idToggled, group, [&field, changed](int id, bool on) {
+        if (!on) return;
+        field = id;
+        React(changed);
+    });
+    Follow([group, &field] {
+        QAbstractButton* button = group->button(field);
+        const QSignalBlocker silent(group);
+        if (button != nullptr && !button->isChecked()) button->setChecked(true);
+    });
+}
+
+void FieldBinder::Number(QSpinBox* control, int& field, Reaction changed) {
+    QObject::connect(control, &QSpinBox::valueChanged, control, [&field, changed](int value) {
+        field = value;
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QSignalBlocker silent(control);
+        if (control->value() != field) control->setValue(field);
+    });
+}
+
+void FieldBinder::Scroll(QScrollBar* control, ScrollBar& field, Reaction changed) {
+    QObject::connect(control, &QScrollBar::valueChanged, control, [&field, changed](int value) {
+        field.Value = value;
+        React(changed);
+    });
+    Follow([control, &field] {
+        const QSignalBlocker silent(control);
+        control->setRange(field.Min, field.Max);
+        control->setValue(field.Value);
+    });
+}
+
+TextGridModel* FieldBinder::Grid(QTableView* view, TextGrid& grid, Reaction edited) {
+    auto* model = new TextGridModel(grid, view);
+    view->setModel(model);
+    view->horizontalHeader()->hide();
+    view->verticalHeader()->hide();
+    model->OnEdited = [edited](int, int) { React(edited); };
+    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
+                     [&grid](const QModelIndex& current) {
+                         grid.CurrentRow = current.row();
+                         grid.CurrentColumn = current.column();
+                     });
+    Follow([model] { model->Refresh(); });
+    return model;
+}
+
+void FieldBinder::Command(QAbstractButton* button, Reaction run) {
+    QObject::connect(button, &QAbstractButton::clicked, button, [run = std::move(run)] { run(); });
+}
+
+void FieldBinder::Enabled(QWidget* control, std::function<bool()> condition) {
+    Follow([control, condition = std::move(condition)] { control->setEnabled(condition()); });
+}
+
+void FieldBinder::Shown(QWidget* control, std::function<bool()> condition) {
+    Follow([control, condition = std::move(condition)] { control->setVisible(condition()); });
+}
+
+void FieldBinder::On_Focus(QWidget* control, Reaction entered) {
+    new FocusWatcher(control, std::move(entered));
+}
+
+void FieldBinder::Refresh() {
+    for (const Reaction& refresh : Refreshers)
+        refresh();
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTableView>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+/// Ties the controls of a form to the fields of its logic: one line each. What the user does goes into the
+/// field at once and then runs the reaction; Refresh carries the fields back, and touches only controls that
+/// show something else, so that a half-typed text stays. Fields and controls must outlive the binder.
+class FieldBinder {
+  public:
+    using Reaction = std::function<void()>;
+
+    FieldBinder() = default;
+    FieldBinder(const FieldBinder&) = delete;
+    FieldBinder& operator=(const FieldBinder&) = delete;
+
+    /// The reaction runs at each letter typed.
+    void Text(QLineEdit* control, std::string& field, Reaction changed = {});
+    /// The reaction runs when Return is pressed or the control is left after a change.
+    void Finished_Text(QLineEdit* control, std::string& field, Reaction finished);
+    void Text(QLabel* control, const std::string& field);
+    void Caption(QAbstractButton* control, const std::string& field);
+    void Tick(QAbstractButton* control, bool& field, Reaction changed = {});
+    void Tick(QGroupBox* control, bool& field, Reaction changed = {});
+    /// Position in a list, from 0.
+    void Choice(QComboBox* control, int& field, Reaction changed = {});
+    /// Text of a list that can be typed over.
+    void Text(QComboBox* control, std::string& field, Reaction changed = {});
+    /// One of several option buttons; the button's id in the group is the value.
+    void Choice(QButtonGroup* group, int& field, Reaction changed = {});
+    void Number(QSpinBox* control, int& field, Reaction changed = {});
+    void Scroll(QScrollBar* control, ScrollBar& field, Reaction changed = {});
+    /// The view gets a model of its own; `edited` runs after the user changed a cell.
+    class TextGridModel* Grid(QTableView* view, TextGrid& grid, Reaction edited = {});
+
+    /// A button that runs a command.
+    void Command(QAbstractButton* button, Reaction run);
+    /// A control that is usable, or shown, only while a condition holds.
+    void Enabled(QWidget* control, std::function<bool()> condition);
+    void Shown(QWidget* control, std::function<bool()> condition);
+    /// A control that the user has entered sets a word in the logic (FocusField and the like).
+    void On_Focus(QWidget* control, Reaction entered);
+    /// Anything else that follows the fields.
+    void Follow(Reaction refresh) { Refreshers.push_back(std::move(refresh)); }
+
+    /// Carries all fields to their controls.
+    void Refresh();
+
+  private:
+    std::vector<Reaction> Refreshers;
+};
+
+}  // namespace tarnvik

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "core/ports/display.h"
+#include "ui/field_binder.h"
+
+namespace tarnvik {
+
+class QtDisplay;
+class Session;
+
+/// The form of a dialog: controls and their ties to the logic, no rule of its own.
+class Form : public QWidget {
+    Q_OBJECT
+
+  public:
+    using QWidget::QWidget;
+
+    /// The logic changed fields or grids.
+    virtual void Refresh() { Fields.Refresh(); }
+    /// The form goes away, by its own button or by the window's.
+    virtual void Closed() {}
+
+    /// Closes the form; set by whoever shows it.
+    std::function<void()> Close_Me;
+
+  protected:
+    FieldBinder Fields;
+};
+
+/// Where a form stands while it is open.
+enum class FormPlace {
+    Dock,    ///< tool window at the right side of the pictures, or floating
+    Window,  ///< window of its own beside the main window
+    Box,     ///< dialog box in the middle of the main window
+};
+
+struct FormKind {
+    const char* Title = "";
+    FormPlace Place = FormPlace::Dock;
+    std::unique_ptr<Form> (*Make)(Session&, QtDisplay&) = nullptr;
+};
+
+/// How a dialog is shown; null for one that has no form.
+const FormKind* Form_Of(Dialog dialog);
+/// All dialogs that have a form.
+std::vector<Dialog> Dialogs_With_Form();
+
+}  // namespace tarnvik

@@ -1,0 +1,54 @@
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include "app/session.h"
+#include "app/start.h"
+#include "ui/main_window.h"
+#include "ui/qt_display.h"
+#include "ui/qt_launcher.h"
+#include "ui/qt_prompts.h"
+
+namespace {
+
+/// The command line as the program reads it: a path in quotes. The desktop hands a path over without them.
+std::string Command_Line(const QStringList& arguments) {
+    const QString text = arguments.mid(1).join(' ');
+    if (text.isEmpty() || text.startsWith('"')) return text.toStdString();
+    return '"' + QFileInfo(text).absoluteFilePath().toStdString() + '"';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("tarnvik");
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setDesktopFileName("tarnvik");
+    QApplication::setWindowIcon(QIcon(":/icons/tarnvik.svg"));
+    QApplication::setAttribute(Qt::AA_DontShowIconsInMenus, false);
+
+    const QString folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/tarnvik";
+    QDir().mkpath(folder);
+    const QString settings = folder + "/Tarnvik32.INI";
+    const bool first_start = !QFileInfo::exists(settings);
+
+    tarnvik::QtPrompts prompts;
+    tarnvik::QtLauncher launcher;
+    tarnvik::QtDisplay display;
+    tarnvik::Session session({prompts, display, launcher}, settings.toStdString());
+    display.Attach(session);
+    if (first_start) launcher.Register_File_Type();
+
+    tarnvik::MainWindow window(session, display, folder + "/Windows.ini");
+    prompts.Set_Parent(&window);
+    window.show();
+    const std::string command_line = Command_Line(QApplication::arguments());
+    // The window stands before the first question comes.
+    QTimer::singleShot(0, &window, [&session, command_line] { tarnvik::Form_Load(session, command_line); });
+    return QApplication::exec();
+}

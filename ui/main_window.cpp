@@ -1,0 +1,176 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QLabel>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "app/pages.h"
+#include "app/session.h"
+#include "app/start.h"
+#include "traveltime/zoom.h"
+#include "ui/command_bars.h"
+#include "ui/curves_page.h"
+#include "ui/icon_family.h"
+#include "ui/qt_display.h"
+#include "ui/record_page.h"
+#include "ui/tables_page.h"
+
+namespace tarnvik {
+
+namespace {
+
+// A user who drags the window's edge sees the pictures follow at once; what belongs to the change as a whole
+// comes when the edge has been let go.
+constexpr int resize_pause_ms = 150;
+
+QString From(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layout_file)
+    : Program(session), Screen(display), Places(layout_file, QSettings::IniFormat) {
+    setObjectName("TarnForm");
+    setWindowIcon(QIcon(":/icons/tarnvik.svg"));
+    setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowTabbedDocks |
+                   QMainWindow::AllowNestedDocks);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+
+    SSTab1 = new QTabWidget;
+    SSTab1->setObjectName("SSTab1");
+    SSTab1->setDocumentMode(true);
+    Records = new RecordPage(session, display);
+    Tables = new TablesPage(session);
+    Curves = new CurvesPage(session, display);
+    SSTab1->addTab(Records, Family_Icon("record"), tr("Field record"));
+    SSTab1->addTab(Tables, Family_Icon("table"), tr("Tables"));
+    SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
+    setCentralWidget(SSTab1);
+
+    Bars = new CommandBars(session, *this);
+    Build_Status_Bar();
+
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
+    restoreGeometry(Places.value("Window/Geometry").toByteArray());
+    ResizeDone.setSingleShot(true);
+    ResizeDone.setInterval(resize_pause_ms);
+    connect(&ResizeDone, &QTimer::timeout, this, &MainWindow::Layout_Changed);
+    Screen.Set_Window(this);
+    Refresh_Fields();
+}
+
+MainWindow::~MainWindow() {
+    Screen.Set_Window(nullptr);
+}
+
+void MainWindow::Build_Status_Bar() {
+    MainFields& fields = Program.Work.Fields;
+    auto* read_out = new QLabel;
+    read_out->setObjectName("Text1");
+    read_out->setMinimumWidth(fontMetrics().horizontalAdvance("8888 ms  Coord= 8888.88 m  Geo= 888"));
+    read_out->setToolTip(tr("What lies under the pointer"));
+    auto* status = new QLabel;
+    status->setObjectName("Status");
+    status->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    ZoomRange = new QLabel;
+    ZoomRange->setToolTip(tr("Range in sight"));
+    ProjectName = new QLabel;
+    Units = new QLabel;
+    Units->setToolTip(tr("Length unit of the project"));
+    statusBar()->addWidget(read_out);
+    statusBar()->addWidget(status, 1);
+    for (QLabel* label : {ZoomRange, ProjectName, Units})
+        statusBar()->addPermanentWidget(label);
+
+    Fields.Text(read_out, fields.Text1);
+    Fields.Text(status, fields.Status);
+    Fields.Follow([this] {
+        const Workspace& work = Program.Work;
+        setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
+        QStringList range;
+        for (const std::string& text : {Distance_Range_Text(work), Time_Range_Text(work)}) {
+            if (!text.empty()) range << From(text);
+        }
+        ZoomRange->setText(range.join("   "));
+        ZoomRange->setVisible(!range.isEmpty());
+        const QString name = From(work.Project.ProjectName);
+        ProjectName->setText(name.isEmpty() ? tr("no project") : name);
+        ProjectName->setToolTip(From(work.Project.CurrentFile));
+        Units->setText(work.Settings.Metric() ? tr("meters") : tr("feet"));
+    });
+}
+
+void MainWindow::Refresh_Fields() {
+    Fields.Refresh();
+    Bars->Refresh();
+    Records->Refresh();
+    Curves->Refresh();
+}
+
+void MainWindow::Refresh_Grids() {
+    Tables->Refresh();
+    Records->Refresh();
+    Curves->Refresh_Shots();
+}
+
+void MainWindow::Select_Tab(Tab tab) {
+    SSTab1->setCurrentIndex(static_cast<int>(tab));
+}
+
+void MainWindow::Show_Profile_Pane() {
+    Curves->Show_Profile_Pane(true);
+}
+
+void MainWindow::Place_Dock(QDockWidget* dock) {
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    Places.beginGroup("Tool windows/" + dock->objectName());
+    const bool known = Places.contains("Area");
+    const auto area = static_cast<Qt::DockWidgetArea>(Places.value("Area").toInt());
+    const bool floating = Places.value("Floating").toBool();
+    const QRect place = Places.value("Place").toRect();
+    const int width = Places.value("Width").toInt();
+    Places.endGroup();
+    if (known && dock->isAreaAllowed(area)) addDockWidget(area, dock);
+    dock->show();
+    if (floating && place.isValid()) {
+        dock->setFloating(true);
+        const QRect desk = screen()->availableVirtualGeometry();
+        dock->setGeometry(desk.intersects(place) ? place : QRect(desk.center(), place.size()));
+    } else if (width > 0) {
+        resizeDocks({dock}, {width}, Qt::Horizontal);
+    }
+}
+
+void MainWindow::Remember_Dock(QDockWidget* dock) {
+    Places.beginGroup("Tool windows/" + dock->objectName());
+    Places.setValue("Area", static_cast<int>(dockWidgetArea(dock)));
+    Places.setValue("Floating", dock->isFloating());
+    if (dock->isFloating()) Places.setValue("Place", dock->geometry());
+    if (!dock->isFloating()) Places.setValue("Width", dock->width());
+    Places.endGroup();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    Places.setValue("Window/Geometry", saveGeometry());
+    if (!Screen.Ended()) {
+        // Both questions come every time, as users know them.
+        Unload_Form(Program);
+        Screen.End_Program();
+    }
+    event->accept();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    ResizeDone.start();
+}
+
+void MainWindow::Layout_Changed() {
+    if (Page_Can_Be_Drawn(Program, Page::Curves)) Resize_Form(Program);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,251 @@
+#include "ui/qt_display.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QDockWidget>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "app/pages.h"
+#include "app/session.h"
+#include "ui/main_window.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr QSize page_size(1200, 750);  // of a saved picture, pixels at 96 an inch
+
+PageLayout Layout_Of(Page page) {
+    switch (page) {
+        case Page::Profile:
+            return Profile_Layout();
+        case Page::Record:
+            return Record_Layout();
+        case Page::Curves:
+            break;
+    }
+    return Curves_Layout();
+}
+
+/// Tells when the window's own controls close a shell.
+class CloseWatcher : public QObject {
+  public:
+    CloseWatcher(QWidget* shell, std::function<void()> closed) : QObject(shell), Closed(std::move(closed)) {
+        shell->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Close) Closed();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    std::function<void()> Closed;
+};
+
+}  // namespace
+
+QtDisplay::QtDisplay() = default;
+QtDisplay::~QtDisplay() = default;
+
+void QtDisplay::Register(Canvas canvas, PictureBox* box) {
+    Boxes[canvas] = box;
+    box->Canvas().Set_Font_Family(QString::fromStdString(Owner->Work.Settings.FontName));
+}
+
+Picture& QtDisplay::Canvas_Of(Canvas canvas) {
+    const auto box = Boxes.find(canvas);
+    if (box != Boxes.end() && box->second) return box->second->Canvas();
+    return Unseen[canvas];
+}
+
+void QtDisplay::Show_Curves() {
+    const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
+    for (const auto& [canvas, box] : Boxes) {
+        if (box) box->Canvas().Set_Font_Family(family);
+    }
+    SessionDisplay::Show_Curves();
+    Show_Fields();
+}
+
+void QtDisplay::Show_Profile() {
+    if (Window != nullptr) Window->Show_Profile_Pane();
+    SessionDisplay::Show_Profile();
+    Show_Fields();
+}
+
+void QtDisplay::Show_Grids() {
+    if (Window != nullptr) Window->Refresh_Grids();
+    for (const auto& [dialog, open] : Open)
+        open.Content->Refresh();
+}
+
+void QtDisplay::Show_Fields() {
+    if (Window != nullptr) Window->Refresh_Fields();
+    for (const auto& [dialog, open] : Open)
+        open.Content->Refresh();
+}
+
+void QtDisplay::Select_Tab(Tab tab) {
+    if (Window != nullptr) Window->Select_Tab(tab);
+}
+
+void QtDisplay::Forget(Dialog dialog) {
+    const auto found = Open.find(dialog);
+    if (found == Open.end()) return;
+    const OpenDialog closing = found->second;
+    Open.erase(found);
+    closing.Content->Closed();
+    if (!closing.Shell) return;
+    if (auto* dock = qobject_cast<QDockWidget*>(closing.Shell); dock != nullptr && Window != nullptr) {
+        Window->Remember_Dock(dock);
+    }
+    closing.Shell->hide();
+    closing.Shell->deleteLater();
+}
+
+void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
+    const FormKind* kind = Form_Of(dialog);
+    if (kind == nullptr || Window == nullptr || HasEnded) return;
+    if (Is_Open(dialog)) {
+        Bring_To_Front(dialog);
+        return;
+    }
+    std::unique_ptr<Form> made = kind->Make(*Owner, *this);
+    Form* form = made.get();
+    const QString title = QString::fromUtf8(kind->Title);
+    form->Close_Me = [this, dialog] { Close_Dialog(dialog); };
+
+    if (modal || kind->Place == FormPlace::Box) {
+        auto* box = new QDialog(Window);
+        box->setWindowTitle(title);
+        auto* layout = new QVBoxLayout(box);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSizeConstraint(QLayout::SetMinimumSize);
+        layout->addWidget(made.release());
+        Open[dialog] = {form, box};
+        form->Refresh();
+        QObject::connect(box, &QDialog::finished, box, [this, dialog] { Forget(dialog); });
+        if (modal) {
+            box->exec();
+        } else {
+            box->show();
+        }
+        return;
+    }
+    if (kind->Place == FormPlace::Window) {
+        made->setParent(Window, Qt::Window);
+        made->setWindowTitle(title);
+        made.release();
+        Open[dialog] = {form, form};
+        new CloseWatcher(form, [this, dialog] { Forget(dialog); });
+        form->Refresh();
+        form->show();
+        return;
+    }
+    auto* dock = new QDockWidget(title, Window);
+    dock->setObjectName("Dock" + QString::number(static_cast<int>(dialog)));
+    dock->setAllowedAreas(Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea | Qt::LeftDockWidgetArea);
+    dock->setWidget(made.release());
+    Open[dialog] = {form, dock};
+    new CloseWatcher(dock, [this, dialog] { Forget(dialog); });
+    form->Refresh();
+    Window->Place_Dock(dock);
+}
+
+void QtDisplay::Close_Dialog(Dialog dialog) {
+    const auto found = Open.find(dialog);
+    if (found == Open.end()) return;
+    if (auto* box = qobject_cast<QDialog*>(found->second.Shell)) {
+        box->done(QDialog::Accepted);
+        return;
+    }
+    Forget(dialog);
+}
+
+void QtDisplay::Bring_To_Front(Dialog dialog) {
+    const auto found = Open.find(dialog);
+    if (found == Open.end() || !found->second.Shell) return;
+    found->second.Shell->show();
+    found->second.Shell->raise();
+    // A docked form stays where it is; one that floats comes over the main window and gets the keys.
+    if (found->second.Shell->isWindow()) found->second.Shell->activateWindow();
+}
+
+bool QtDisplay::Is_Open(Dialog dialog) const {
+    return Open.contains(dialog);
+}
+
+Form* QtDisplay::Open_Form(Dialog dialog) const {
+    const auto found = Open.find(dialog);
+    return found == Open.end() ? nullptr : found->second.Content;
+}
+
+DrawPage QtDisplay::Page_Drawing(Page page) {
+    return [this, page](Picture& main, Picture& below, Picture& beside) {
+        Draw_Page(*Owner, page, PagePictures{main, below, beside});
+    };
+}
+
+void QtDisplay::Repaint_Page(Page page) {
+    if (!Page_Can_Be_Drawn(*Owner, page)) return;
+    switch (page) {
+        case Page::Curves:
+            Draw_Page(*Owner, page,
+                      PagePictures{Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX),
+                                   Canvas_Of(Canvas::EchelleY)});
+            break;
+        case Page::Profile: {
+            SilentPicture none;
+            Draw_Page(*Owner, page,
+                      PagePictures{Canvas_Of(Canvas::Dromo1), none, Canvas_Of(Canvas::EchelleY1)});
+            break;
+        }
+        case Page::Record:
+            Display_Record();
+            break;
+    }
+}
+
+QPrinter& QtDisplay::Printer() {
+    if (!ChosenPrinter) {
+        ChosenPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        ChosenPrinter->setPageOrientation(QPageLayout::Landscape);
+    }
+    return *ChosenPrinter;
+}
+
+bool QtDisplay::Print_Page(Page page) {
+    if (!Page_Can_Be_Drawn(*Owner, page)) return false;
+    QPrintDialog dialog(&Printer(), Window);
+    if (dialog.exec() != QDialog::Accepted) return true;
+    const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
+    return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
+}
+
+std::string QtDisplay::Save_Page(Page page, const std::string& path) {
+    if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
+    return Write_Picture_File(path, page_size, Layout_Of(page),
+                              QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page));
+}
+
+void QtDisplay::Choose_Printer() {
+    QPrintDialog dialog(&Printer(), Window);
+    dialog.setWindowTitle(QObject::tr("Printer selection"));
+    // Only the choice is wanted here; printing is a command of its own.
+    dialog.setOption(QAbstractPrintDialog::PrintToFile);
+    dialog.exec();
+}
+
+void QtDisplay::End_Program() {
+    HasEnded = true;
+    while (!Open.empty())
+        Close_Dialog(Open.begin()->first);
+    if (Window != nullptr) Window->close();
+    QApplication::exit(0);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QHash>
+#include <QPointer>
+#include <QPrinter>
+#include <map>
+#include <memory>
+
+#include "app/session_display.h"
+#include "core/ports/silent_picture.h"
+#include "ui/form.h"
+#include "ui/painting/picture_file.h"
+#include "ui/picture_box.h"
+
+namespace tarnvik {
+
+class MainWindow;
+
+/// The screen: pictures are picture boxes, dialogs are forms of the registry. A request for a picture or a
+/// dialog that is not there is quietly dropped.
+class QtDisplay : public SessionDisplay {
+  public:
+    QtDisplay();
+    ~QtDisplay() override;
+
+    void Set_Window(MainWindow* window) { Window = window; }
+    /// The picture box that stands for a canvas from now on, until it is destroyed.
+    void Register(Canvas canvas, PictureBox* box);
+
+    Picture& Canvas_Of(Canvas canvas) override;
+    void Show_Curves() override;
+    void Show_Profile() override;
+    void Show_Grids() override;
+    void Show_Fields() override;
+    void Select_Tab(Tab tab) override;
+    void Open_Dialog(Dialog dialog, bool modal) override;
+    void Close_Dialog(Dialog dialog) override;
+    void Bring_To_Front(Dialog dialog) override;
+    bool Is_Open(Dialog dialog) const override;
+    bool Print_Page(Page page) override;
+    std::string Save_Page(Page page, const std::string& path) override;
+    void Choose_Printer() override;
+    void End_Program() override;
+
+    bool Ended() const { return HasEnded; }
+    /// Form of an open dialog; null while it is closed.
+    Form* Open_Form(Dialog dialog) const;
+    /// Draws a page again on its canvases without changing anything of the project or the mode.
+    void Repaint_Page(Page page);
+
+  private:
+    struct OpenDialog {
+        Form* Content = nullptr;
+        QPointer<QWidget> Shell;  ///< dock, window or box around the form
+    };
+    void Forget(Dialog dialog);
+    DrawPage Page_Drawing(Page page);
+    QPrinter& Printer();
+
+    MainWindow* Window = nullptr;
+    std::map<Canvas, QPointer<PictureBox>> Boxes;
+    std::map<Canvas, SilentPicture> Unseen;
+    std::map<Dialog, OpenDialog> Open;
+    std::unique_ptr<QPrinter> ChosenPrinter;
+    bool HasEnded = false;
+};
+
+}  // namespace tarnvik

@@ -1,0 +1,152 @@
+#include "ui/qt_prompts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "ui/painting/painter_picture.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// A letter of a file pattern in both cases: "*.[sS][uU]".
+QString Either_Case(const QString& pattern) {
+    QString either;
+    for (const QChar letter : pattern) {
+        if (letter.isLetter()) {
+            either += '[' + letter.toLower() + letter.toUpper() + ']';
+        } else {
+            either += letter;
+        }
+    }
+    return either;
+}
+
+QString Start_Place(const FileRequest& request, bool with_name) {
+    const QString folder =
+        request.Directory.empty() ? QDir::homePath() : QString::fromStdString(request.Directory);
+    const QString name = QString::fromStdString(request.DefaultName);
+    if (!with_name || name.contains('*')) return folder;
+    return QDir(folder).filePath(name);
+}
+
+}  // namespace
+
+QStringList File_Filters(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns;
+        for (const QString& pattern : parts[i + 1].split(';', Qt::SkipEmptyParts)) {
+            // On this platform a name without a point is a file as well.
+            patterns << (pattern.trimmed() == "*.*" ? QStringLiteral("*") : Either_Case(pattern.trimmed()));
+        }
+        if (patterns.isEmpty()) continue;
+        QString caption = parts[i];
+        caption.remove('(').remove(')');
+        filters << caption.trimmed() + " (" + patterns.join(' ') + ')';
+    }
+    return filters;
+}
+
+QWidget* QtPrompts::Owner() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : Parent.data();
+}
+
+Answer QtPrompts::Message(const std::string& text, const std::string& title, Icon icon, Buttons buttons) {
+    constexpr QMessageBox::Icon icons[] = {QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
+                                           QMessageBox::Warning, QMessageBox::Information};
+    QMessageBox box(Owner());
+    box.setIcon(icons[static_cast<int>(icon)]);
+    box.setWindowTitle(QString::fromStdString(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text));
+    switch (buttons) {
+        case Buttons::Ok:
+            box.setStandardButtons(QMessageBox::Ok);
+            break;
+        case Buttons::OkCancel:
+            box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+            box.setDefaultButton(QMessageBox::Ok);
+            break;
+        case Buttons::YesNo:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+            box.setDefaultButton(QMessageBox::Yes);
+            box.setEscapeButton(QMessageBox::No);
+            break;
+        case Buttons::YesNoCancel:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            box.setDefaultButton(QMessageBox::Yes);
+            break;
+    }
+    switch (box.exec()) {
+        case QMessageBox::Ok:
+            return Answer::Ok;
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        default:
+            return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+    }
+}
+
+std::string QtPrompts::Input(const std::string& prompt, const std::string& title,
+                             const std::string& initial) {
+    QInputDialog dialog(Owner());
+    dialog.setWindowTitle(QString::fromStdString(title));
+    dialog.setLabelText(QString::fromStdString(prompt));
+    dialog.setTextValue(QString::fromStdString(initial));
+    dialog.resize(dialog.sizeHint().expandedTo({360, 0}));
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
+}
+
+std::string QtPrompts::Open_File(const FileRequest& request) {
+    return QFileDialog::getOpenFileName(Owner(), QString::fromStdString(request.Title),
+                                        Start_Place(request, false), File_Filters(request.Filter).join(";;"))
+        .toStdString();
+}
+
+std::string QtPrompts::Save_File(const FileRequest& request) {
+    QFileDialog dialog(Owner(), QString::fromStdString(request.Title), Start_Place(request, false));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(File_Filters(request.Filter));
+    const QString name = QString::fromStdString(request.DefaultName);
+    if (!name.contains('*')) dialog.selectFile(name);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    QString path = dialog.selectedFiles().constFirst();
+    // A name typed without an ending takes that of the filter chosen.
+    if (QFileInfo(path).suffix().isEmpty()) {
+        const auto chosen = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
+        const QStringList parts = QString::fromStdString(request.Filter).split('|');
+        if (chosen >= 0 && 2 * chosen + 1 < parts.size()) {
+            const QString pattern = parts[2 * chosen + 1].section(';', 0, 0).trimmed();
+            if (pattern.startsWith("*.") && pattern != "*.*") path += pattern.mid(1).toLower();
+        }
+    }
+    return path.toStdString();
+}
+
+std::optional<Colour> QtPrompts::Choose_Colour(Colour initial) {
+    const QColor colour = QColorDialog::getColor(To_QColor(initial), Owner());
+    if (!colour.isValid()) return std::nullopt;
+    return From_QColor(colour);
+}
+
+std::optional<std::string> QtPrompts::Choose_Font(const std::string& initial) {
+    bool chosen = false;
+    QFont start = QApplication::font();
+    if (!initial.empty()) start.setFamily(QString::fromStdString(initial));
+    const QFont font = QFontDialog::getFont(&chosen, start, Owner());
+    if (!chosen) return std::nullopt;
+    return font.family().toStdString();
+}
+
+}  // namespace tarnvik
