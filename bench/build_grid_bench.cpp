@@ -2,35 +2,22 @@
 
 #include <benchmark/benchmark.h>
 
+#include "largest_line.h"
 #include "setup/build_grid.h"
 
 namespace {
 
 using namespace tarnvik;
 
-void Make_Full_Line(Workspace& workspace) {
-    Project& project = workspace.Project;
-    project.NbShots = Project::MaxShots;
-    project.NbReceivers = 120;
-    Redimension_Project(project);
-    for (int shot = 1; shot <= project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver)
-            project.ShotTimes(shot, receiver) =
-                3.17F * static_cast<float>(receiver) + static_cast<float>(shot);
-    }
-}
-
 void Fill(benchmark::State& state) {
-    Workspace workspace;
-    Make_Full_Line(workspace);
+    Workspace workspace = bench::Largest_Line();
     for (auto _ : state)
         Fill_Grid(workspace);
 }
 BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
 
 void Read(benchmark::State& state) {
-    Workspace workspace;
-    Make_Full_Line(workspace);
+    Workspace workspace = bench::Largest_Line();
     Fill_Grid(workspace);
     for (auto _ : state)
         Read_Grid(workspace);

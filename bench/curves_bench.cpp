@@ -1,9 +1,7 @@
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
-
 #include "core/ports/silent_picture.h"
-#include "core/workspace.h"
+#include "largest_line.h"
 #include "traveltime/curve_drawing.h"
 #include "ui/painting/image_picture.h"
 
@@ -13,26 +11,7 @@
 namespace {
 
 using namespace tarnvik;
-
-Workspace Largest_Line() {
-    Workspace workspace;
-    Project& project = workspace.Project;
-    project.NbShots = 72;
-    project.NbReceivers = 120;
-    project.LineLength = 595;
-    Redimension_Project(project);
-    for (int receiver = 1; receiver <= 120; ++receiver)
-        project.ReceiverData(ReceiverDistance, receiver) = static_cast<float>((receiver - 1) * 5);
-    for (int shot = 1; shot <= 72; ++shot) {
-        project.ShotDistance(shot) = (shot - 1) * 595.0 / 71;
-        for (int receiver = 1; receiver <= 120; ++receiver) {
-            const double offset =
-                project.ReceiverData(ReceiverDistance, receiver) - project.ShotDistance(shot);
-            project.ShotTimes(shot, receiver) = static_cast<float>(3 + (offset < 0 ? -offset : offset) / 3);
-        }
-    }
-    return workspace;
-}
+using bench::Largest_Line;
 
 void Curves_On(Workspace& workspace, benchmark::State& state, Picture& dromo, Picture& across,
                Picture& beside) {
@@ -63,11 +42,3 @@ BENCHMARK(Curves_Without_Paint)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Painted_Curves)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
