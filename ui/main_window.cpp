@@ -76,6 +76,9 @@ void MainWindow::Build_Status_Bar() {
     auto* status = new QLabel;
     status->setObjectName("Status");
     status->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* profile = new QLabel;
+    profile->setObjectName("ProfileReadout");
+    profile->setToolTip(tr("Distance and elevation under the pointer of the profile"));
     ZoomRange = new QLabel;
     ZoomRange->setToolTip(tr("Range in sight"));
     ProjectName = new QLabel;
@@ -83,6 +86,8 @@ void MainWindow::Build_Status_Bar() {
     Units->setToolTip(tr("Length unit of the project"));
     statusBar()->addWidget(read_out);
     statusBar()->addWidget(status, 1);
+    statusBar()->addPermanentWidget(profile);
+    Fields.Text(profile, fields.ProfileReadout);
     for (QLabel* label : {ZoomRange, ProjectName, Units})
         statusBar()->addPermanentWidget(label);
 

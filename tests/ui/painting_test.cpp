@@ -70,6 +70,21 @@ TEST(Painter_picture, a_figure_drawn_twice_in_xor_vanishes) {
     EXPECT_NE(picture.Image(), before);
 }
 
+TEST(Painter_picture, a_band_shows_on_paper_in_its_colour_or_the_complement_whichever_is_darker) {
+    constexpr std::pair<Colour, QRgb> cases[] = {{colours::Blue, qRgb(0, 0, 255)},
+                                                 {colours::Black, qRgb(0, 0, 0)},
+                                                 {colours::White, qRgb(0, 0, 0)},
+                                                 {colours::Yellow, qRgb(0, 0, 255)},
+                                                 {colours::Cyan, qRgb(255, 0, 0)}};
+    for (const auto& [colour, seen] : cases) {
+        ImagePicture picture({50, 50}, screen_density);
+        picture.Scale(0, 0, 50, 50);
+        picture.Set_Draw_Mode(DrawMode::Xor);
+        picture.Line(0, 25.5, 50, 25.5, colour);
+        EXPECT_EQ(picture.Image().pixel(25, 25), seen) << colour;
+    }
+}
+
 TEST(Painter_picture, letters_and_pens_grow_with_the_density_and_not_with_the_window) {
     const auto text_height = [](double density, double world) {
         ImagePicture picture({600, 400}, density);

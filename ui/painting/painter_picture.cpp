@@ -43,16 +43,28 @@ bool Numbers(std::initializer_list<double> values) {
     return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
 }
 
+double Brightness(const QColor& colour) {
+    return 0.299 * colour.redF() + 0.587 * colour.greenF() + 0.114 * colour.blueF();
+}
+
 /// Colour of letters on paper: light ones (the cyan of the time scale) are darkened until they can be read.
 /// White stays white, since it is used to wipe.
 QColor Letter_Colour(Colour colour) {
     QColor ink = To_QColor(colour);
     if (colour == colours::White) return ink;
     constexpr double readable_brightness = 0.55;
-    const double brightness = 0.299 * ink.redF() + 0.587 * ink.greenF() + 0.114 * ink.blueF();
+    const double brightness = Brightness(ink);
     if (brightness <= readable_brightness) return ink;
     const double share = readable_brightness / brightness;
     return QColor::fromRgbF(ink.redF() * share, ink.greenF() * share, ink.blueF() * share);
+}
+
+/// Colour to invert with so that a band is seen on white paper: of the colour and its complement the darker
+/// one appears there. Black alone would change nothing.
+QColor Inverting_Colour(Colour colour) {
+    const QColor ink = To_QColor(colour);
+    const QColor opposite(255 - ink.red(), 255 - ink.green(), 255 - ink.blue());
+    return Brightness(ink) < Brightness(opposite) ? opposite : ink;
 }
 
 }  // namespace
@@ -167,8 +179,7 @@ QPainter* PainterPicture::Ready_To_Stroke(Colour colour) {
     QPainter* painter = Ready(Clip::Figures);
     if (painter == nullptr) return nullptr;
     if (!PenSet || PenColour != colour || PenWidth != Width) {
-        // Black in XOR would change nothing; a band must be seen, so it inverts.
-        QPen pen(To_QColor(Inverting() && colour == colours::Black ? colours::White : colour));
+        QPen pen(Inverting() ? Inverting_Colour(colour) : To_QColor(colour));
         pen.setWidthF(Device_Width(Width));
         pen.setCosmetic(Raster);
         if (!Raster || Device_Width(Width) > 1) {
@@ -376,7 +387,7 @@ void PainterPicture::Print(std::string_view text, Colour colour) {
         painter->setFont(Font);
         FontSet = true;
     }
-    painter->setPen(Inverting() ? To_QColor(colour) : Letter_Colour(colour));
+    painter->setPen(Inverting() ? Inverting_Colour(colour) : Letter_Colour(colour));
     PenSet = false;
     QPointF base(place.left(), place.top() + metrics.ascent());
     if (Raster) base = QPointF(std::round(base.x()), std::round(base.y()));
