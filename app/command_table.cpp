@@ -152,6 +152,7 @@ const std::array command_table = {
     Command{.Name = "F5_F", .Menu = recent_menu, .Run = Open_Recent<5>, .Text = Recent_Caption<5>},
     Separator(file_menu),
     Command{.Name = "Fin_Mnu", .Menu = file_menu, .Caption = "End", .Icon = "stop", .Shortcut = "Ctrl+Q", .Run = Quit_From_Menu},
+    Command{.Name = "Exit_M", .Menu = file_menu, .Caption = "Exit without saving", .Run = Exit_At_Once},
 
     // Processing
     Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog},

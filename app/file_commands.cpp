@@ -6,10 +6,12 @@
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
+#include "core/files.h"
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/settings_file.h"
 #include "core/tv4_file.h"
+#include "records/su_loading.h"
 
 namespace tarnvik {
 
@@ -20,6 +22,12 @@ void Open_Travel_Time(Session& session) {
         return;
     }
     Show_Opened_Project(session);
+    const Project& project = session.Work.Project;
+    // The opening has asked for missing records once already; this command asks again, which is meant.
+    if (!project.SuFile.empty() && !File_Exists(Su_Path(project)) &&
+        session.Outside.Ask.Ask_Yes("Do you want to locate the SU File", session.Work.AppTitle)) {
+        Load_SU_File_Of_Project(session.Work, session.Outside);
+    }
     session.Outside.Ask.Say(" You must (re)compute all thickness to load data in memroy",
                             session.Work.AppTitle, Icon::Information);
     Show_Depth_Dialog(session);

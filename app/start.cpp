@@ -38,6 +38,9 @@ void Form_Load(Session& session, const std::string& command_line) {
     work.Curves.ZoomY = 1;
     Clear_Selection(session.Work.Curves);
     work.DisplayMode = "DROMO";
+    // Without a settings file this is the first start: from now on the desktop opens project files with this
+    // program.
+    if (!File_Exists(session.SettingsFile)) session.Outside.Launch.Register_File_Type();
     Read_Settings(work, session.Outside, session.SettingsFile);
     work.Fields.Caption = work.AppTitle;
     Affiche_Remark_Grid(work.Project);

@@ -173,17 +173,20 @@ bool Load_SU_File(Workspace& workspace, Ports& ports) {
     return true;
 }
 
+bool Load_SU_File_Of_Project(Workspace& workspace, Ports& ports) {
+    // Under the name derived from the SU file the project would be written over another one.
+    const std::string project_file = workspace.Project.CurrentFile;
+    const bool loaded = Load_SU_File(workspace, ports);
+    if (!project_file.empty()) workspace.Project.CurrentFile = project_file;
+    return loaded;
+}
+
 bool Locate_SU_File(Workspace& workspace, Ports& ports) {
     if (File_Exists(Su_Path(workspace.Project))) return true;
     if (!ports.Ask.Ask_Yes(" Do you want to locate " + workspace.Project.SuFile, workspace.AppTitle)) {
         return false;
     }
-    // The file is looked for on behalf of a project that has a name already; under the name derived from the
-    // SU file it would be written over another project.
-    const std::string project_file = workspace.Project.CurrentFile;
-    const bool loaded = Load_SU_File(workspace, ports);
-    if (!project_file.empty()) workspace.Project.CurrentFile = project_file;
-    return loaded;
+    return Load_SU_File_Of_Project(workspace, ports);
 }
 
 void Offer_SU_File(Workspace& workspace, Ports& ports) {

@@ -31,6 +31,9 @@ std::string Path_Refusal(const std::string& path);
 /// it was given up: then everything is as it was.
 bool Load_SU_File(Workspace& workspace, Ports& ports);
 
+/// The same on behalf of the project in memory, which keeps the name of its own file.
+bool Load_SU_File_Of_Project(Workspace& workspace, Ports& ports);
+
 /// True when the project's SU file is there. When it is missing the user may look for it: then Load_SU_File
 /// decides. The project keeps its own name.
 bool Locate_SU_File(Workspace& workspace, Ports& ports);

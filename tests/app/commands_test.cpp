@@ -129,6 +129,19 @@ TEST_F(Commands, saving_without_a_name_does_nothing_and_opening_takes_a_recent_f
     EXPECT_NE(Read_File(path)->find("2050"), std::string::npos);
 }
 
+TEST_F(Commands, opening_from_the_menu_asks_for_missing_records_and_leads_to_the_depths) {
+    const std::string path = Folder / "line.tv5";
+    ASSERT_EQ(Replace_File(path, Plain_File()), "");
+    const std::string su_file = "/data/ligne \u00E9t\u00E9.su";
+    World.Prompts.Expect_File("Tarnvik File selection", path);
+    World.Prompts.Expect(" Do you want to locate " + su_file, Answer::No);
+    World.Prompts.Expect("Do you want to locate the SU File", Answer::No);
+    Run_Command(Program, "NewDromoName");
+    EXPECT_EQ(World.Prompts.Last_Text(), " You must (re)compute all thickness to load data in memroy");
+    EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+}
+
 TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alone) {
     ASSERT_TRUE(Program.Work.Settings.Metric());
     Run_Command(Program, "dromo");

@@ -15,6 +15,15 @@ TEST_F(StartAndEnd, a_command_line_of_up_to_three_characters_shows_the_start_dia
     EXPECT_EQ(Program.Work.Settings.Units, "meters");
 }
 
+TEST_F(StartAndEnd, the_file_type_is_registered_at_the_first_start_alone) {
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Registered, 1);
+    ASSERT_EQ(Replace_File(Folder / "Tarnvik32.INI", "[tarnvik]\r\nUnits=feet\r\n"), "");
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Registered, 1);
+    EXPECT_EQ(Program.Work.Settings.Units, "feet");
+}
+
 TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
     const std::string path = Project_File();
     Form_Load(Program, "\"" + path + "\"");
