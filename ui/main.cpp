@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QStandardPaths>
 #include <QTimer>
+#include <exception>
 
 #include "app/session.h"
 #include "app/start.h"
@@ -21,10 +22,25 @@ std::string Command_Line(const QStringList& arguments) {
     return '"' + QFileInfo(text).absoluteFilePath().toStdString() + '"';
 }
 
+/// The last net under the event handlers: what a routine should have caught itself ends that event and
+/// nothing else, so that work in memory can still be saved.
+class Application : public QApplication {
+  public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& fault) {
+            qWarning("An event ended early: %s", fault.what());
+            return false;
+        }
+    }
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     QApplication::setApplicationName("tarnvik");
     QApplication::setApplicationDisplayName(QString());
     QApplication::setDesktopFileName("tarnvik");

@@ -159,6 +159,14 @@ void MainWindow::Remember_Dock(QDockWidget* dock) {
     Places.endGroup();
 }
 
+void MainWindow::Place_Window(QWidget* window) {
+    window->restoreGeometry(Places.value("Windows/" + window->objectName()).toByteArray());
+}
+
+void MainWindow::Remember_Window(QWidget* window) {
+    Places.setValue("Windows/" + window->objectName(), window->saveGeometry());
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     Places.setValue("Window/Geometry", saveGeometry());
     if (!Screen.Ended()) {

@@ -37,6 +37,9 @@ class MainWindow : public QMainWindow {
     /// Puts a tool window where it stood last, at first at the right side.
     void Place_Dock(QDockWidget* dock);
     void Remember_Dock(QDockWidget* dock);
+    /// The same for a window of its own.
+    void Place_Window(QWidget* window);
+    void Remember_Window(QWidget* window);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

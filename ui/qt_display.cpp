@@ -102,6 +102,8 @@ void QtDisplay::Forget(Dialog dialog) {
     if (!closing.Shell) return;
     if (auto* dock = qobject_cast<QDockWidget*>(closing.Shell); dock != nullptr && Window != nullptr) {
         Window->Remember_Dock(dock);
+    } else if (closing.Shell == closing.Content && Window != nullptr) {
+        Window->Remember_Window(closing.Shell);
     }
     closing.Shell->hide();
     closing.Shell->deleteLater();
@@ -139,7 +141,9 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     if (kind->Place == FormPlace::Window) {
         made->setParent(Window, Qt::Window);
         made->setWindowTitle(title);
+        made->setObjectName("Window" + QString::number(static_cast<int>(dialog)));
         made.release();
+        Window->Place_Window(form);
         Open[dialog] = {form, form};
         new CloseWatcher(form, [this, dialog] { Forget(dialog); });
         form->Refresh();

@@ -126,6 +126,26 @@ TEST_F(Window, a_tool_window_closed_by_its_own_control_is_closed_for_the_logic_t
     Display.Show_Curves();  // the canvas is gone; drawing on it is dropped
 }
 
+TEST_F(Window, tool_windows_and_windows_come_back_where_they_were) {
+    Display.Open_Dialog(Dialog::RulerF, false);
+    auto* dock = qobject_cast<QDockWidget*>(Display.Open_Form(Dialog::RulerF)->parentWidget());
+    ASSERT_NE(dock, nullptr);
+    EXPECT_FALSE(dock->isFloating());
+    dock->setFloating(true);
+    dock->setGeometry(120, 90, 130, 420);
+    Display.Close_Dialog(Dialog::RulerF);
+    Display.Open_Dialog(Dialog::RulerF, false);
+    dock = qobject_cast<QDockWidget*>(Display.Open_Form(Dialog::RulerF)->parentWidget());
+    EXPECT_TRUE(dock->isFloating());
+    EXPECT_EQ(dock->geometry(), QRect(120, 90, 130, 420));
+
+    Display.Open_Dialog(Dialog::Travel_Time_2, false);
+    Display.Open_Form(Dialog::Travel_Time_2)->setGeometry(40, 50, 500, 300);
+    Display.Close_Dialog(Dialog::Travel_Time_2);
+    Display.Open_Dialog(Dialog::Travel_Time_2, false);
+    EXPECT_EQ(Display.Open_Form(Dialog::Travel_Time_2)->size(), QSize(500, 300));
+}
+
 TEST_F(Window, the_pointer_on_the_curves_is_read_where_it_was_drawn) {
     auto* dromo = Find<PictureBox>("Dromo");
     QTest::mouseMove(dromo, Pixel(dromo, 48, 50));
