@@ -51,14 +51,12 @@ int main(int argc, char** argv) {
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/tarnvik";
     QDir().mkpath(folder);
     const QString settings = folder + "/Tarnvik32.INI";
-    const bool first_start = !QFileInfo::exists(settings);
 
     tarnvik::QtPrompts prompts;
     tarnvik::QtLauncher launcher;
     tarnvik::QtDisplay display;
     tarnvik::Session session({prompts, display, launcher}, settings.toStdString());
     display.Attach(session);
-    if (first_start) launcher.Register_File_Type();
 
     tarnvik::MainWindow window(session, display, folder + "/Windows.ini");
     prompts.Set_Parent(&window);
