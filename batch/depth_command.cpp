@@ -5,6 +5,7 @@
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "batch/commands.h"
 #include "core/text/number.h"
@@ -40,10 +41,14 @@ void Keep_Layers(Fcalcul& dialog, int layers) {
     }
 }
 
+/// One shot through the dialog. A shot that is refused leaves the project as it stood, also what the dialog
+/// fills in where it displays one.
 ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& options, int shot) {
     ShotDepths found;
     found.Shot = shot;
     run.Prompts.Forget();
+    Project& project = run.Program.Work.Project;
+    Project before = project;
     if (!dialog.Display_Shot(shot)) {
         found.Message = dialog.OffsetText;
         return found;
@@ -56,7 +61,10 @@ ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& opti
     options.Method == "intercept" ? dialog.Command1() : dialog.Command3();
     found.Message = run.Prompts.Texts();
     found.Layers = static_cast<int>(Val(dialog.Layers));
-    if (dialog.Depth[1].empty()) return found;
+    if (!dialog.Computed) {
+        project = std::move(before);
+        return found;
+    }
     const DepthWork& work = run.Program.Work.Depth;
     for (int layer = 1; layer <= found.Layers; ++layer) {
         const auto row = static_cast<std::size_t>(layer);

@@ -110,6 +110,7 @@ void Fcalcul::Save() {
 
 bool Fcalcul::Display_Shot(int shot) {
     Work.Velocity.FocusField.clear();
+    Computed = false;
     const int shots = Work.Project.NbShots;
     HScroll1.Min = 1;
     HScroll1.Max = std::max(1, shots);

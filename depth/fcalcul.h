@@ -44,6 +44,7 @@ class Fcalcul {
     ScrollBar HScroll1{1, 1, 1};  ///< "Shot change"
     bool Check1 = false;          ///< "Auto save"
     bool Unsaved = false;         ///< Command4 is red
+    bool Computed = false;        ///< the last method went through: the result fields are of this shot
     int VisibleLayers = 2;        ///< velocity rows up to it are shown, refractor rows below it
 
     void Load();   ///< the form opens

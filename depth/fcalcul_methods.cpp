@@ -63,6 +63,7 @@ void Fcalcul::Calcul_Par_Intercept() {
 }
 
 void Fcalcul::Compute_By_Intercept() {
+    Computed = false;
     DepthWork& work = Work.Depth;
     Caption = "Intercept Time method";
     const double layers = Int(Val(Layers));
@@ -91,6 +92,7 @@ void Fcalcul::Compute_By_Intercept() {
     Intercept_Thicknesses({work.NbLayers, work.TrueV, work.AngleCritique, work.IT, work.HalfShotDepth},
                           work.Thick, work.RetardCouche);
     Affiche_Tir();
+    Computed = true;
 }
 
 /// Asks for a new value where a refractor's intercept is not below the next one's. False ends the method.
@@ -124,6 +126,7 @@ bool Fcalcul::Correct_Intercept(int refractor) {
 }
 
 void Fcalcul::Compute_By_Critical_Distance() {
+    Computed = false;
     DepthWork& work = Work.Depth;
     const double layers = Int(Val(Layers));
     if (layers > Project::MaxLayers) return Say("Too many Layers.. ");
@@ -156,6 +159,7 @@ void Fcalcul::Compute_By_Critical_Distance() {
     Critical_Distance_Thicknesses(work.NbLayers, work.TrueV, work.CD, work.HalfShotDepth, work.Thick);
     Enregistre_Tir();
     Affiche_Tir();
+    Computed = true;
 }
 
 }  // namespace tarnvik

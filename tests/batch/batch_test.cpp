@@ -137,6 +137,20 @@ TEST_F(Batch, the_road_from_a_marked_line_to_depths_runs_from_the_terminal) {
         nlohmann::json::parse(Run("depth " + demo + " --method intercept --shot 2 --layers 2 --json").Output);
     EXPECT_EQ(two[0]["layers"], 2);
     EXPECT_EQ(two[0]["Thick"].size(), 1U);
+
+    // A layer slower than the one above it: no zeros that look like results, and nothing lost.
+    ASSERT_EQ(Run("velocity " + demo + " --shot 2 --record --save --layer 3 --from 1 --to 4 --start-at-shot")
+                  .Status,
+              0);
+    const std::string before = *Read_File(demo);
+    for (const char* method : {"intercept", "critical"}) {
+        const Outcome refused = Run("depth " + demo + " --record --save --json --method " + method);
+        EXPECT_EQ(refused.Status, 1) << method;
+        const auto shot = nlohmann::json::parse(refused.Output)[1];
+        EXPECT_EQ(shot["message"], "Layer 3 Velocity must be  greater ...") << method;
+        EXPECT_TRUE(shot["TrueV"].empty() && shot["Thick"].empty() && shot["Depth"].empty()) << method;
+        EXPECT_EQ(*Read_File(demo), before) << method;
+    }
 }
 
 TEST_F(Batch, pictures_come_in_every_form) {
