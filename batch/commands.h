@@ -33,6 +33,9 @@ bool Parse_Size(const std::string& text, HeadlessDisplay& display);
 /// Writes a page to a picture file, a failure told.
 ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path);
 
+/// The options that answer questions, --answer and --yes.
+void Add_Answers(CLI::App& command, CommonOptions& common);
+
 /// A command that works on a project file: its name, help text, the project argument and the options of all.
 CLI::App* Add_Project_Command(CLI::App& app, Request& request, const std::string& name,
                               const std::string& help);

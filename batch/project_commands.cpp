@@ -52,18 +52,21 @@ ExitStatus Convert(const std::string& old_path, const std::string& new_path) {
 
 }  // namespace
 
+void Add_Answers(CLI::App& command, CommonOptions& common) {
+    command
+        .add_option("--answer", common.Answers, "answer to the next question (yes, no, ok, cancel or a text)")
+        ->take_all()
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command.add_flag("--yes", common.AlwaysYes, "answer every yes/no question with yes");
+}
+
 CLI::App* Add_Project_Command(CLI::App& app, Request& request, const std::string& name,
                               const std::string& help) {
     CLI::App* command = app.add_subcommand(name, help);
     CommonOptions& common = request.Common;
     command->add_option("PROJECT", common.ProjectFile, "project file (.tv5)")->required();
-    command
-        ->add_option("--answer", common.Answers,
-                     "answer to the next question (yes, no, ok, cancel or a text)")
-        ->take_all()
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command->add_flag("--yes", common.AlwaysYes, "answer every yes/no question with yes");
+    Add_Answers(*command, common);
     command->add_flag("--json", common.Json, "result as one JSON object");
     return command;
 }

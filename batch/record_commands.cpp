@@ -7,6 +7,7 @@
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <sstream>
 
 #include "app/pages.h"
@@ -24,25 +25,34 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+bool Refuse(BatchRun& run, const std::string& text) {
+    run.Prompts.Say(text, run.Program.Work.AppTitle, Icon::Critical);
+    return false;
+}
+
 /// Takes an SU file into the session and puts the display at one of its records. False after a message.
 bool Open_Record(BatchRun& run, const std::string& su_file, int record) {
     Workspace& work = run.Program.Work;
-    const auto refuse = [&](const std::string& text) {
-        run.Prompts.Say(text, work.AppTitle, Icon::Critical);
-        return false;
-    };
-    if (!File_Exists(su_file)) return refuse(su_file + ": This file does not exist !");
+    if (!File_Exists(su_file)) return Refuse(run, su_file + ": This file does not exist !");
     work.Project.SuFile = su_file;
     Start_With_SU_File(work, su_file);
     if (!Scan_Channels(work, su_file) || work.Record.ChannelsPerRecord < 1 || work.Record.NbRecords < 1) {
-        return refuse(su_file + ": no records found in this file");
+        return Refuse(run, su_file + ": no records found in this file");
     }
     if (record < 1 || record > work.Record.NbRecords) {
-        return refuse("Record " + CStr(record) + ": this file holds records 1 to " +
-                      CStr(int{work.Record.NbRecords}));
+        return Refuse(run, "Record " + CStr(record) + ": this file holds records 1 to " +
+                               CStr(int{work.Record.NbRecords}));
     }
     Select_Record(work, record);
     return true;
+}
+
+/// Draws the record that was opened. False after a message.
+bool Show_Record(BatchRun& run) {
+    run.Display.Display_Record();
+    const Workspace& work = run.Program.Work;
+    if (work.Record.RecordWidth > 0) return true;
+    return Refuse(run, work.Project.SuFile + ": this file is too short to be shown");
 }
 
 struct RecordOptions {
@@ -79,7 +89,7 @@ ExitStatus Draw_Record(const CommonOptions& common, const RecordOptions& options
         Store_If_It_Fits(work.Record.FirstSample, first);
         Store_If_It_Fits(work.Record.LastSample, last);
     }
-    run.Display.Display_Record();
+    if (!Show_Record(run)) return Refused;
     return Write_Page(run, Page::Record, common.Out);
 }
 
@@ -90,6 +100,13 @@ std::vector<double> Numbers(const std::string& list) {
     while (std::getline(stream, item, ','))
         numbers.push_back(Val(item));
     return numbers;
+}
+
+/// Name of the records as the project keeps it: as it was typed where the project is found from the same
+/// folder, otherwise in full, so that the project opens from everywhere.
+std::string Kept_Name(const std::string& records, const std::string& project) {
+    if (Folder_Of(records).empty() && Folder_Of(project).empty()) return records;
+    return std::filesystem::absolute(records).lexically_normal().string();
 }
 
 ExitStatus New(const CommonOptions& common, NewProjectRequest request, const std::string& folder) {
@@ -106,6 +123,7 @@ ExitStatus New(const CommonOptions& common, NewProjectRequest request, const std
         run.Prompts.Say(refusal, work.AppTitle, Icon::Critical);
         return Refused;
     }
+    work.Project.SuFile = Kept_Name(request.SuFile, common.Out);
     if (!run.Store(common.Out)) return Refused;
     std::cout << common.Out << ": " << work.Project.NbShots << " shots, " << work.Project.NbReceivers
               << " receivers, line length " << CStr(work.Project.LineLength) << "\n";
@@ -117,7 +135,7 @@ struct PickOptions {
     std::string ProjectFile;
     int ReferenceTrace = 1;
     double Start = 0;
-    double Frequency = 0;
+    std::optional<double> Frequency;
     double Window = 0;
     double SearchFrom = 0;
     double MinAmplitude = 0;
@@ -130,10 +148,38 @@ struct PickOptions {
 bool Copy_Records(BatchRun& run, const std::string& from, const std::string& to) {
     std::error_code failed;
     std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, failed);
-    if (!failed) return true;
-    run.Prompts.Say(to + " cannot be written: " + failed.message(), run.Program.Work.AppTitle,
-                    Icon::Critical);
-    return false;
+    return !failed || Refuse(run, to + " cannot be written: " + failed.message());
+}
+
+/// File that the records are copied to, removed at the end when it was made for one run only.
+class PickedCopy {
+  public:
+    explicit PickedCopy(const std::string& wanted) : Path(wanted), Scratch(wanted.empty()) {
+        if (!Scratch) return;
+        Path = (std::filesystem::temp_directory_path() / "tarnvik-pick-XXXXXX").string();
+        const int handle = mkstemp(Path.data());
+        if (handle >= 0) close(handle);
+    }
+    ~PickedCopy() {
+        std::error_code ignored;
+        if (Scratch) std::filesystem::remove(Path, ignored);
+    }
+    PickedCopy(const PickedCopy&) = delete;
+    PickedCopy& operator=(const PickedCopy&) = delete;
+    std::string Path;
+
+  private:
+    bool Scratch;
+};
+
+/// Trace of the file that the option means: the channel in the record, or the trace's number in the file, as
+/// the display counts. Nothing when it is none of the record's.
+std::optional<int> Trace_Of_Record(const RecordView& view, const PickOptions& options) {
+    const int before = (options.Record - 1) * view.ChannelsPerRecord;
+    const int number = options.ReferenceTrace;
+    if (number > before && number <= before + view.ChannelsPerRecord) return number;
+    if (number >= 1 && number <= view.ChannelsPerRecord) return before + number;
+    return std::nullopt;
 }
 
 ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const std::string& folder) {
@@ -143,31 +189,29 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
     Workspace& work = run.Program.Work;
     if (!options.ProjectFile.empty() && !run.Load()) return Refused;
 
+    // The project keeps its own name of the records, which may be told from its folder.
+    const std::string project_records = work.Project.SuFile;
     // Nothing is written unless it is asked for: without --save the picks are made in a copy.
     std::string su_file = common.ProjectFile;
-    std::string scratch;
-    if (!common.Save) {
-        if (!Open_Record(run, su_file, options.Record)) return Refused;
-        scratch = common.Out;
-        if (scratch.empty()) {
-            scratch = (std::filesystem::temp_directory_path() / "tarnvik-pick-XXXXXX").string();
-            const int handle = mkstemp(scratch.data());
-            if (handle >= 0) close(handle);
-        }
-        if (!Copy_Records(run, su_file, scratch)) return Refused;
-        su_file = scratch;
-    }
+    std::optional<PickedCopy> copy;
     if (!Open_Record(run, su_file, options.Record)) return Refused;
-    const RecordView& view = work.Record;
-    if (options.ReferenceTrace < 1 || options.ReferenceTrace > view.ChannelsPerRecord) {
-        std::cerr << "--reference-trace: 1 to " << view.ChannelsPerRecord << "\n";
+    const auto reference = Trace_Of_Record(work.Record, options);
+    if (!reference) {
+        std::cerr << "--reference-trace: 1 to " << work.Record.ChannelsPerRecord << "\n";
         return WrongUsage;
     }
-    run.Display.Display_Record();
+    if (!common.Save) {
+        copy.emplace(common.Out);
+        if (!Copy_Records(run, su_file, copy->Path)) return Refused;
+        su_file = copy->Path;
+        if (!Open_Record(run, su_file, options.Record)) return Refused;
+    }
+    if (!Show_Record(run)) return Refused;
+    const RecordView& view = work.Record;
 
     AutoPik& dialog = run.Program.AutomaticPicking;
     dialog.Form_Load();
-    dialog.Text51 = options.Frequency > 0 ? CStr(options.Frequency) : "";
+    dialog.Text51 = options.Frequency ? CStr(*options.Frequency) : "";
     dialog.Text53 = CStr(options.SearchFrom);
     dialog.Text54 = CStr(options.Window);
     dialog.Text57 = CStr(options.MinAmplitude);
@@ -175,9 +219,15 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
     dialog.Check2 = options.Negative;
     dialog.Check3 = options.Absolute;
     // The middle of the reference trace on the record picture.
-    work.Record.DownX = (view.FirstTrace + options.ReferenceTrace - 1) * trace_width + trace_width / 2;
+    work.Record.DownX = *reference * trace_width + trace_width / 2;
     dialog.Text55 = CStr(options.Start);
+    work.Fields.Status.clear();
     dialog.Pick_auto();
+    // What could not be picked or written stands in the status field.
+    if (!work.Fields.Status.empty()) {
+        Refuse(run, work.Fields.Status);
+        return Refused;
+    }
 
     Json picks = Json::array();
     {
@@ -185,7 +235,6 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
         for (std::int32_t trace = view.FirstTrace; trace <= view.LastTrace; ++trace)
             picks.push_back(file.Pick_Ms(trace));
     }
-    if (!common.Save && common.Out.empty()) std::filesystem::remove(scratch);
     if (common.Json) {
         std::cout << Json{{"picks", picks}}.dump(1) << "\n";
     } else {
@@ -193,7 +242,10 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
             std::cout << CStr(pick.get<double>()) << "\n";
     }
     // The project takes the picks too, when it is to be kept.
-    if (common.Save && !options.ProjectFile.empty() && !run.Store("")) return Refused;
+    if (common.Save && !options.ProjectFile.empty()) {
+        if (!project_records.empty()) work.Project.SuFile = project_records;
+        if (!run.Store("")) return Refused;
+    }
     return run.Status();
 }
 
@@ -212,6 +264,7 @@ void Add_Record(CLI::App& app, Request& request) {
     command->add_flag("--equalize", options->Equalize, "scale each trace by its own maximum");
     command->add_option("--samples", options->Samples, "FIRST:LAST");
     command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");
+    Add_Answers(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Draw_Record(common, *options, folder);
@@ -237,6 +290,7 @@ void Add_New(CLI::App& app, Request& request) {
     command->add_option("--shot-distances", options->ShotDistances, "all shots, separated by commas");
     command->add_flag("--offsets", geometry.Offsets, "first and last shot are offset shots");
     command->add_option("--out", request.Common.Out, "project to write (.tv5)")->required();
+    Add_Answers(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             options->Geometry.ShotDistances = Numbers(options->ShotDistances);
@@ -253,7 +307,7 @@ void Add_Pick(CLI::App& app, Request& request) {
     command->add_option("--project", options->ProjectFile, "project that the picks belong to (.tv5)");
     command
         ->add_option("--reference-trace", options->ReferenceTrace,
-                     "trace of the record to start from, from 1")
+                     "trace to start from: its channel in the record, from 1, or its number in the file")
         ->required();
     command->add_option("--start", options->Start, "time of the smallest pick, ms")->required();
     command->add_option("--frequency", options->Frequency, "frequency of the first breaks, Hz");
@@ -266,6 +320,7 @@ void Add_Pick(CLI::App& app, Request& request) {
     command->add_flag("--json", request.Common.Json, "result as one JSON object");
     command->add_flag("--save", request.Common.Save, "write the picks into the SU file and the project");
     command->add_option("--out", request.Common.Out, "write the picks into a copy of the SU file");
+    Add_Answers(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Pick(common, *options, folder);

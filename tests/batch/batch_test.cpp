@@ -191,6 +191,32 @@ TEST_F(Batch, picking_leaves_the_field_file_alone_unless_it_is_to_be_saved) {
     EXPECT_EQ(*Read_File(records), *Read_File(copy));
 }
 
+TEST_F(Batch, the_reference_trace_is_a_channel_or_the_number_in_the_file) {
+    const std::string pick = "pick " + Demo("demo1.su") + " --record 4 --start 2 --window 30 --json ";
+    const Outcome by_channel = Run(pick + "--reference-trace 24");
+    EXPECT_EQ(by_channel.Status, 0) << by_channel.Errors;
+    EXPECT_EQ(Run(pick + "--reference-trace 96").Output, by_channel.Output);
+    EXPECT_EQ(Run(pick + "--reference-trace 97").Status, 2);
+    EXPECT_EQ(Run(pick + "--reference-trace 25").Status, 2);
+}
+
+TEST_F(Batch, saved_picks_reach_the_project_which_keeps_its_name_of_the_records) {
+    const std::string records = Demo("demo1.su");
+    const std::string project = Folder / "line.tv5";
+    ASSERT_EQ(Run("new " + records + " --spacing 5 --out " + project).Status, 0);
+    const auto before = nlohmann::json::parse(Run("show " + project + " --json").Output);
+    const std::string other = Folder / "other.su";
+    std::filesystem::copy_file(records, other);
+    const Outcome picked = Run("pick " + other + " --project " + project +
+                               " --record 4 --reference-trace 24 --start 2 --window 30 --json --save");
+    ASSERT_EQ(picked.Status, 0) << picked.Errors;
+    const auto picks = nlohmann::json::parse(picked.Output)["picks"];
+    const auto after = nlohmann::json::parse(Run("show " + project + " --json").Output);
+    EXPECT_EQ(after["SuFile"], before["SuFile"]);
+    for (std::size_t i = 0; i < picks.size(); ++i)
+        EXPECT_NEAR(after["ShotTimes"][3][i].get<double>(), picks[i].get<double>(), 0.001) << i;
+}
+
 TEST_F(Batch, a_new_project_takes_its_geometry_from_the_command_line_and_the_headers) {
     const std::string records = Demo("demo1.su");
     const std::string out = Folder / "new.tv5";
