@@ -50,7 +50,8 @@ ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& opti
     Project& project = run.Program.Work.Project;
     Project before = project;
     if (!dialog.Display_Shot(shot)) {
-        found.Message = dialog.OffsetText;
+        run.Prompts.Say(dialog.OffsetText, run.Program.Work.AppTitle);
+        found.Message = run.Prompts.Texts();
         return found;
     }
     if (options.Layers > 0) {
@@ -119,10 +120,12 @@ ExitStatus Depth(const CommonOptions& common, const DepthOptions& options, const
     Fcalcul dialog(work, run.Program.Outside, files);
     Json list = Json::array();
     bool computed = false;
+    bool silent = shots < 1;
     for (int shot = 1; shot <= shots; ++shot) {
         if (options.Shot != 0 && shot != options.Shot) continue;
         const ShotDepths found = Compute_Shot(run, dialog, options, shot);
         computed |= !found.Depth.empty();
+        silent |= found.Depth.empty() && found.Message.empty();
         if (common.Json) {
             list.push_back(To_Json(found));
         } else {
@@ -130,7 +133,11 @@ ExitStatus Depth(const CommonOptions& common, const DepthOptions& options, const
         }
     }
     if (common.Json) std::cout << list.dump(1) << "\n";
-    if (!computed) return Refused;
+    if (!computed) {
+        // A line that nothing was entered for ends in silence in the dialog.
+        if (silent) run.Prompts.Say(shots < 1 ? " No data.." : "Intercepts are missing", work.AppTitle);
+        return Refused;
+    }
     if ((common.Save || !common.Out.empty()) && !run.Store(common.Out)) return Refused;
     return Done;
 }

@@ -1,6 +1,7 @@
 // velocity: the computation of the dialog SpeedF, and the recording of `confirm`.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -13,6 +14,8 @@
 namespace tarnvik {
 
 namespace {
+
+constexpr int most_eliminated = 4;
 
 struct VelocityOptions {
     int Shot = 1;
@@ -53,6 +56,10 @@ ExitStatus Velocity(const CommonOptions& common, const VelocityOptions& options,
         std::cerr << "--record: --layer 1 to 5 tells which layer the velocity belongs to\n";
         return WrongUsage;
     }
+    if (std::count(options.Eliminate.begin(), options.Eliminate.end(), ',') > most_eliminated - 1) {
+        std::cerr << "--eliminate: four receivers at most\n";
+        return WrongUsage;
+    }
     BatchRun run(common, folder);
     if (!run.Load()) return Refused;
     Workspace& work = run.Program.Work;
@@ -79,14 +86,20 @@ ExitStatus Velocity(const CommonOptions& common, const VelocityOptions& options,
     dialog.Check2 = options.StartAtShot;
     run.Prompts.Forget();
     dialog.Command5();
-    const std::string message = run.Prompts.Texts();
+    std::string message = run.Prompts.Texts();
     if (message.empty() && options.Record) {
         // Which layer is recorded is the user's word, also where the computation put the first one into the
         // box.
         Confirm record(work, run.Program.Outside, dialog, files);
         record.Load();
         record.Text2 = CStr(options.Layer);
-        record.Command1();
+        if (CInt(Val(record.Text4))) {
+            record.Command1();
+        } else {
+            // Nearly level times: the dialog leaves such a velocity out and stores the intercept alone.
+            run.Prompts.Say("Error, calcul not possible...", work.AppTitle);
+        }
+        message = run.Prompts.Texts();
     }
     Print_Velocity(work, message, common.Json);
     if (!message.empty()) return Refused;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "core/files.h"
@@ -70,6 +71,8 @@ TEST_F(Batch, show_gives_the_project_block_under_the_names_of_the_state) {
 
 TEST_F(Batch, the_way_a_run_ends_tells_what_happened) {
     const std::string demo = Demo("demo1.tv5");
+    const std::string empty = Folder / "empty.tv5";
+    std::ofstream(empty).close();
     const struct {
         std::string Arguments;
         int Status;
@@ -84,8 +87,10 @@ TEST_F(Batch, the_way_a_run_ends_tells_what_happened) {
         {"show " + (Folder / "errors.txt"), 1, "No TV5 file selected "},
         {"velocity " + demo + " --shot 9 --from 1 --to 3", 1, "Wrong Shot number"},
         {"velocity " + demo + " --shot 3 --from 5 --to 5", 1, "Impossible: Wrong receivers"},
+        {"velocity " + demo + " --shot 3 --from 1 --to 9 --eliminate 2,3,4,5,6", 2, "four receivers"},
         {"draw " + demo + " curves --out " + (Folder / "no/such/folder.png"), 1, "cannot be written"},
-        {"depth " + demo + " --method intercept", 1, ""},
+        {"depth " + demo + " --method intercept --json", 1, "Intercepts are missing"},
+        {"depth " + empty + " --method intercept --json", 1, " No data.."},
         {"pick " + Demo("demo1.su") + " --record 99 --reference-trace 1 --start 5", 1, "records 1 to 5"},
         {"--help", 0, ""},
         {"pick --help", 0, ""},
