@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <limits>
 
 #include "core/fault.h"
@@ -197,7 +198,10 @@ std::optional<OversizedValue> Find_Oversized_Value(const Project& project) {
     return std::nullopt;
 }
 
-std::string Project_Bytes(const Project& project) {
+namespace {
+
+/// Blocks 1 to 8: everything in front of the total time.
+std::string Bytes_Before_Total_Time(const Project& project) {
     if (!project.ShotTimes.Has(0, 0)) throw Fault("the project is not allocated");
     std::string bytes = PrintLine()
                             .Item(project.NbShots)
@@ -231,9 +235,19 @@ std::string Project_Bytes(const Project& project) {
         }
         bytes += line.Raw(One_Line(project.remark_grid.Text(row, remark_text_column))).End();
     }
-    bytes += PrintLine().Item(project.TotalTime + 1).End();
-    bytes += PrintLine().Item(project.DistanceShift).End();
     return bytes;
+}
+
+}  // namespace
+
+std::string Project_Bytes(const Project& project) {
+    return Bytes_Before_Total_Time(project) + PrintLine().Item(project.TotalTime + 1).End() +
+           PrintLine().Item(project.DistanceShift).End();
+}
+
+std::size_t Project_Fingerprint(const Project& project) {
+    if (!project.ShotTimes.Has(0, 0) || Find_Oversized_Value(project)) return 0;
+    return std::hash<std::string>()(Bytes_Before_Total_Time(project) + Print_Number(project.DistanceShift));
 }
 
 void Split_Project_Path(Project& project, const std::string& path) {

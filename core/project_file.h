@@ -32,6 +32,10 @@ std::optional<OversizedValue> Find_Oversized_Value(const Project& project);
 /// are smaller than the counts, or a value that does not fit, are a Fault.
 std::string Project_Bytes(const Project& project);
 
+/// A number that changes with everything that is filed but TotalTime, which each save raises by itself. 0 for
+/// a project that cannot be filed.
+std::size_t Project_Fingerprint(const Project& project);
+
 /// Sets ProjectDir (everything up to the last separator) and ProjectName (the rest without its last four
 /// characters). An empty path changes nothing.
 void Split_Project_Path(Project& project, const std::string& path);

@@ -90,6 +90,7 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     workspace.Fields.Text16 = CStr(project.DistanceShift);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
+    workspace.SavedFingerprint = Project_Fingerprint(project);
 }
 
 bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {

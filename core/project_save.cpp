@@ -62,6 +62,7 @@ void Back_To_Dromo(Workspace& workspace) {
 void After_Save(Workspace& workspace, Ports& ports) {
     // Stands 1 higher from now on, only the next load takes it off again.
     workspace.Project.TotalTime += 1;
+    workspace.SavedFingerprint = Project_Fingerprint(workspace.Project);
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
     if (workspace.DisplayMode == "BUILD" || workspace.DisplayMode == "CORRECT") {
         ports.Ask.Say("File: " + workspace.Project.CurrentFile + " has been recorded", workspace.AppTitle,
@@ -108,6 +109,11 @@ void Rescue_Project(Workspace& workspace, Ports& ports, const std::string& reaso
 }
 
 }  // namespace
+
+bool Project_Is_Saved(const Workspace& workspace) {
+    const Project& project = workspace.Project;
+    return !project.ShotTimes.Has(0, 0) || Project_Fingerprint(project) == workspace.SavedFingerprint;
+}
 
 bool Write_Project(Workspace& workspace, Ports& ports) {
     const std::string& path = workspace.Project.CurrentFile;

@@ -14,6 +14,10 @@ namespace tarnvik {
 /// Without a file name nothing is saved and no message comes.
 bool Write_Project(Workspace& workspace, Ports& ports);
 
+/// False while the project in memory differs from its file, as far as the program has read or written it.
+/// TotalTime does not count. Without a project there is nothing to save.
+bool Project_Is_Saved(const Workspace& workspace);
+
 /// Asks for a new name and saves the project there. When the dialog is cancelled or the file cannot be
 /// written, the project goes to ERROR.TV5 in the program's folder (or, where that cannot be written, in the
 /// project's or the temporary folder), so that nothing is lost, and CurrentFile names that file. True when

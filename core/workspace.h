@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -209,6 +210,7 @@ struct Workspace {
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
     bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
     bool LegendPlaced = false;
+    std::size_t SavedFingerprint = 0;  ///< of the project as it was last read or written
     std::string
         BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;

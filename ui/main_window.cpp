@@ -10,6 +10,7 @@
 #include "app/pages.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "core/project_save.h"
 #include "traveltime/zoom.h"
 #include "ui/command_bars.h"
 #include "ui/curves_page.h"
@@ -24,6 +25,7 @@ namespace {
 
 // A user who drags the window's edge sees the pictures follow at once; what belongs to the change as a whole
 // comes when the edge has been let go.
+constexpr int unsaved_check_ms = 500;
 constexpr int resize_pause_ms = 150;
 
 QString From(const std::string& text) {
@@ -88,8 +90,17 @@ void MainWindow::Build_Status_Bar() {
     statusBar()->addWidget(status, 1);
     statusBar()->addPermanentWidget(profile);
     Fields.Text(profile, fields.ProfileReadout);
-    for (QLabel* label : {ZoomRange, ProjectName, Units})
+    Unsaved = new QLabel(tr("not saved"));
+    Unsaved->setObjectName("Unsaved");
+    Unsaved->setStyleSheet("color: white; background: #c0392b; border-radius: 3px; padding: 1px 6px");
+    Unsaved->setToolTip(tr("The project differs from its file (Ctrl+S saves it)"));
+    for (QLabel* label : {ZoomRange, Unsaved, ProjectName, Units})
         statusBar()->addPermanentWidget(label);
+    // Any event may change the project; comparing it twice a second costs less than a thousandth of the time.
+    connect(&UnsavedCheck, &QTimer::timeout, this,
+            [this] { Unsaved->setVisible(!Project_Is_Saved(Program.Work)); });
+    UnsavedCheck.start(unsaved_check_ms);
+    Unsaved->hide();
 
     Fields.Text(read_out, fields.Text1);
     Fields.Text(status, fields.Status);

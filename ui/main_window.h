@@ -59,9 +59,11 @@ class MainWindow : public QMainWindow {
     CurvesPage* Curves = nullptr;
     QLabel* ZoomRange = nullptr;
     QLabel* ProjectName = nullptr;
+    QLabel* Unsaved = nullptr;
     QLabel* Units = nullptr;
     FieldBinder Fields;
     QTimer ResizeDone;
+    QTimer UnsavedCheck;
 };
 
 }  // namespace tarnvik

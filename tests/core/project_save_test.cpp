@@ -255,4 +255,24 @@ TEST(SaveAs, ARefusedValueKeepsTheFormerFile) {
     EXPECT_FALSE(File_Exists(folder / "new.tv5"));
 }
 
+TEST(Saved_mark, follows_everything_that_is_filed_but_the_total_time) {
+    TemporaryFolder folder;
+    TestPorts world;
+    Workspace workspace = Small_Workspace(folder / "line.tv5");
+    ASSERT_TRUE(Write_Project(workspace, world.Ports));
+    EXPECT_TRUE(Project_Is_Saved(workspace));
+    workspace.Project.TotalTime += 5;
+    EXPECT_TRUE(Project_Is_Saved(workspace));
+    workspace.Project.ShotTimes(1, 2) += 1;
+    EXPECT_FALSE(Project_Is_Saved(workspace));
+    workspace.Project.ShotTimes(1, 2) -= 1;
+    EXPECT_TRUE(Project_Is_Saved(workspace));
+    workspace.Project.remark_grid.Set_Text(3, 3, "borehole 7");
+    EXPECT_FALSE(Project_Is_Saved(workspace));
+    ASSERT_TRUE(Write_Project(workspace, world.Ports));
+    EXPECT_TRUE(Project_Is_Saved(workspace));
+    workspace.Project.ShotThickness(1, 1) = 400;  // does not fit the file: certainly not saved
+    EXPECT_FALSE(Project_Is_Saved(workspace));
+}
+
 }  // namespace tarnvik
