@@ -1,7 +1,5 @@
 // record, new and pick: the commands that start from field records.
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
@@ -12,6 +10,7 @@
 
 #include "app/pages.h"
 #include "batch/commands.h"
+#include "batch/record_copy.h"
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
@@ -144,34 +143,6 @@ struct PickOptions {
     double Shift = 0;
 };
 
-/// Copies the records to the file that the picks go to, so that the field file stays as it is.
-bool Copy_Records(BatchRun& run, const std::string& from, const std::string& to) {
-    std::error_code failed;
-    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, failed);
-    return !failed || Refuse(run, to + " cannot be written: " + failed.message());
-}
-
-/// File that the records are copied to, removed at the end when it was made for one run only.
-class PickedCopy {
-  public:
-    explicit PickedCopy(const std::string& wanted) : Path(wanted), Scratch(wanted.empty()) {
-        if (!Scratch) return;
-        Path = (std::filesystem::temp_directory_path() / "tarnvik-pick-XXXXXX").string();
-        const int handle = mkstemp(Path.data());
-        if (handle >= 0) close(handle);
-    }
-    ~PickedCopy() {
-        std::error_code ignored;
-        if (Scratch) std::filesystem::remove(Path, ignored);
-    }
-    PickedCopy(const PickedCopy&) = delete;
-    PickedCopy& operator=(const PickedCopy&) = delete;
-    std::string Path;
-
-  private:
-    bool Scratch;
-};
-
 /// Trace of the file that the option means: the channel in the record, or the trace's number in the file, as
 /// the display counts. Nothing when it is none of the record's.
 std::optional<int> Trace_Of_Record(const RecordView& view, const PickOptions& options) {
@@ -192,19 +163,26 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
     // The project keeps its own name of the records, which may be told from its folder.
     const std::string project_records = work.Project.SuFile;
     // Nothing is written unless it is asked for: without --save the picks are made in a copy.
-    std::string su_file = common.ProjectFile;
-    std::optional<PickedCopy> copy;
-    if (!Open_Record(run, su_file, options.Record)) return Refused;
+    if (!Open_Record(run, common.ProjectFile, options.Record)) return Refused;
     const auto reference = Trace_Of_Record(work.Record, options);
     if (!reference) {
         std::cerr << "--reference-trace: 1 to " << work.Record.ChannelsPerRecord << "\n";
         return WrongUsage;
     }
+    std::optional<RecordCopy> copy;
     if (!common.Save) {
-        copy.emplace(common.Out);
-        if (!Copy_Records(run, su_file, copy->Path)) return Refused;
-        su_file = copy->Path;
-        if (!Open_Record(run, su_file, options.Record)) return Refused;
+        const std::int64_t last = std::int64_t{options.Record} * work.Record.ChannelsPerRecord;
+        if (common.Out.empty()) {
+            copy.emplace(common.ProjectFile, last - work.Record.ChannelsPerRecord + 1, last);
+        } else {
+            copy.emplace(common.ProjectFile, common.Out);
+        }
+        if (!copy->Reason().empty()) {
+            Refuse(run, copy->Path() + " cannot be written: " + copy->Reason());
+            return Refused;
+        }
+        work.Project.SuFile = copy->Path();
+        work.Record.TwinSuFile.clear();
     }
     if (!Show_Record(run)) return Refused;
     const RecordView& view = work.Record;
@@ -231,7 +209,7 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
 
     Json picks = Json::array();
     {
-        SuTraces file(su_file);
+        SuTraces file(work.Project.SuFile);
         for (std::int32_t trace = view.FirstTrace; trace <= view.LastTrace; ++trace)
             picks.push_back(file.Pick_Ms(trace));
     }

@@ -156,7 +156,9 @@ AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
 void AutoPik::Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first) {
     int trace = first;
     for (const auto& word : picks.Words) {
-        if (word) files.Set_Word(trace, words::First_Breaks, *word);
+        // A fragment at the end of the file may count as a trace and have no room for a pick.
+        const bool has_room = files.Traces().Word(trace, words::First_Breaks).has_value();
+        if (word && has_room) files.Set_Word(trace, words::First_Breaks, *word);
         ++trace;
     }
 }

@@ -107,6 +107,17 @@ TEST_F(AutoPikDialog, AFileThatVanishedIsTold) {
     EXPECT_EQ(Times(2)[2], 4);
 }
 
+TEST_F(AutoPikDialog, AFragmentThatCountsAsATraceIsNoFault) {
+    File.Bytes.resize(7 * trace_bytes + 180);  // more than half a trace, but no room for its pick
+    Write();
+    Show(2);
+    W.Record.DownX = Middle(5);
+    Automatic.Pick_auto();
+    EXPECT_EQ(W.Fields.Status, "");
+    EXPECT_EQ(Times(2), (std::vector<float>{8, 7, 6, 0}));
+    EXPECT_EQ(Content_Of(W.Project.SuFile).size(), Before.size());
+}
+
 TEST_F(AutoPikDialog, ResetErasesTheRecordShown) {
     for (int trace = 1; trace <= traces; ++trace)
         File.Put16(trace, pick_offset, 10 * trace);
