@@ -16,10 +16,11 @@ constexpr std::string_view text_ends = ",\r\n";
 bool ItemReader::Number(double& target) {
     Skip(separators);
     if (At_End()) return false;
-    target = Val(Take_Until(separators));
+    const auto number = Number_In(Take_Until(separators));
     Skip(blanks);
     if (!At_End() && Left.front() == ',') Left.remove_prefix(1);
-    return true;
+    if (number) target = *number;
+    return number.has_value();
 }
 
 bool ItemReader::Line(std::string& target) {

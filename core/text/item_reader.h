@@ -6,8 +6,8 @@
 namespace tarnvik {
 
 /// Takes the items of a project file off its bytes, one after the other. Blanks, commas and line ends
-/// separate numbers, a run of them counts as one. Each routine answers false at the end of the bytes and
-/// leaves the target as it was.
+/// separate numbers, a run of them counts as one. Each routine answers false at the end of the bytes, and for
+/// a number beyond the range of a double, and leaves the target as it was.
 class ItemReader {
   public:
     explicit ItemReader(std::string_view bytes) : Left(bytes) {}

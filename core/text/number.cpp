@@ -117,7 +117,7 @@ constexpr int float_digits = 7;
 
 }  // namespace
 
-double Val(std::string_view text) {
+std::optional<double> Number_In(std::string_view text) {
     std::size_t start = 0;
     while (start < text.size() && Is_Blank(text[start]))
         ++start;
@@ -159,9 +159,14 @@ double Val(std::string_view text) {
     }
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    // A number beyond the range of a double counts as none.
-    if (result.ec != std::errc()) return 0;
-    return value;
+    if (result.ec == std::errc()) return value;
+    // Out of range: too small is 0, too large is no number that a variable could take.
+    if (number.find("e-") != std::string::npos) return 0;
+    return std::nullopt;
+}
+
+double Val(std::string_view text) {
+    return Number_In(text).value_or(0);
 }
 
 double Int(double value) {

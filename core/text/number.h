@@ -13,6 +13,10 @@ namespace tarnvik {
 /// starts with none is 0.
 double Val(std::string_view text);
 
+/// The same, but nothing where the text starts with a number beyond the range of a double, which Val() counts
+/// as 0.
+std::optional<double> Number_In(std::string_view text);
+
 /// Largest whole number not above `value` (rounding down towards minus infinity).
 double Int(double value);
 

@@ -117,7 +117,8 @@ TEST(ProjectFile, ACommaInARemarkShiftsTheRowsBehindIt) {
 
 TEST(ProjectFile, SeparatorsWordsAndNumbersOutOfRange) {
     // One shot, two receivers; all that is not said counts from the words around it.
-    const Project project = Parsed("1,,, 5 , \n2 word 300,9999999999 \t 400\r1.5E+02x 2.5e2 70000");
+    const Project project =
+        Parsed("1,,, 5 , \n2 word 300,9999999999 \t 400\r1.5E+02x 2.5e2 7E400 1E-400 70000");
     EXPECT_EQ(project.LineLength, 5);
     EXPECT_EQ(project.ShotTimes(1, 1), 0) << "a word counts as 0";
     EXPECT_EQ(project.ShotTimes(1, 2), 3.0F);
@@ -125,6 +126,8 @@ TEST(ProjectFile, SeparatorsWordsAndNumbersOutOfRange) {
     EXPECT_EQ(project.ReceiverData(1, 2), 4.0F);
     EXPECT_EQ(project.ReceiverData(2, 1), 1.5F);
     EXPECT_EQ(project.ReceiverData(2, 2), 2.5F);
+    EXPECT_EQ(project.ReceiverData(3, 1), 2.5F) << "beyond a double: likewise";
+    EXPECT_EQ(project.ReceiverData(3, 2), 0);
     EXPECT_EQ(project.ReceiverData(12, 2), 700.0F) << "the end of the file repeats the last number";
 }
 
