@@ -51,7 +51,12 @@ void Form_Load(Session& session, const std::string& command_line) {
         session.Outside.Show.Open_Dialog(Dialog::frmSplash, true);
         return;
     }
-    Open_File_Named(session, command_line.substr(1, command_line.size() - 2));
+    if (!Open_File_Named(session, command_line.substr(1, command_line.size() - 2))) return;
+    // Shown once more when the records beside the project are others than those it names.
+    const std::string shown = work.Project.SuFile;
+    if (Take_Records_Beside(work, session.Hooks) && work.Project.SuFile != shown) {
+        if (session.Hooks.LoadSuFile) session.Hooks.LoadSuFile();
+    }
 }
 
 bool Open_File_Named(Session& session, const std::string& path) {

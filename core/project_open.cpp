@@ -201,12 +201,20 @@ bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& h
     const bool opened = Open_Named_Project(workspace, ports, hooks, path);
     workspace.DisplayMode = "DROMO";
     ports.Show.Show_Curves();
-    const std::string su_file = Derived_File(path, ".tv5", ".su");
-    if (opened && su_file != path && File_Exists(su_file)) {
-        workspace.Project.SuFile = su_file;
-        Run(hooks.LoadSuFile);
-    }
+    if (opened && Take_Records_Beside(workspace, hooks)) Run(hooks.LoadSuFile);
     return opened;
+}
+
+bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks) {
+    Project& project = workspace.Project;
+    const std::string su_file = Derived_File(project.CurrentFile, ".tv5", ".su");
+    if (su_file == project.CurrentFile || !File_Exists(su_file)) return false;
+    // A name without a folder means this very file already and stays as short as it is.
+    if (project.ProjectDir + project.SuFile == su_file) return true;
+    project.SuFile = su_file;
+    workspace.Fields.Label16 = su_file;
+    Run(hooks.OfferSuFile);
+    return true;
 }
 
 }  // namespace tarnvik

@@ -50,4 +50,8 @@ std::string Backup_Project(const std::string& path);
 /// cancelled or failed.
 bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks);
 
+/// Field records of the project's own name beside it, when there are any, become its SuFile. False when there
+/// are none; SuFile then stays.
+bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks);
+
 }  // namespace tarnvik

@@ -2,6 +2,7 @@
 
 #include "app/splash.h"
 #include "session_fixture.h"
+#include "support/su_builder.h"
 
 namespace tarnvik::test {
 
@@ -33,6 +34,15 @@ TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
     EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
     EXPECT_GE(World.Display.Count("Show_Curves"), 1);
     EXPECT_GE(World.Display.Count("Display_Record"), 1);
+}
+
+TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_scanned) {
+    const std::string path = Project_File("Line.TV5");
+    const std::string records = SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
+    Form_Load(Program, "\"" + path + "\"");
+    EXPECT_EQ(Program.Work.Project.SuFile, records);
+    EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
+    EXPECT_EQ(World.Display.Count("Display_Record"), 2);
 }
 
 TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
