@@ -22,7 +22,7 @@ enum RulerKey : int {
     Minus = 109,
 };
 
-constexpr double widest_step = 64;  // beyond it a key would carry the line out of the picture
+constexpr double widest_step = 32768;  // no end of the band could follow a wider one
 
 /// True when the key is one of the ruler's.
 bool Change_Ruler(CurveView& view, int key) {
