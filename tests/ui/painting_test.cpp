@@ -172,6 +172,39 @@ TEST(Painter_picture, places_that_are_no_number_or_far_away_do_no_harm) {
     EXPECT_TRUE(Ink(picture.Image()).isEmpty() || picture.Image().width() == 100);
 }
 
+TEST(Painter_picture, lobes_and_traces_fall_on_their_pixels_and_stay_inside_the_picture) {
+    constexpr QRgb red = qRgb(255, 0, 0);
+    ImagePicture picture({60, 40}, screen_density);
+    picture.Scale(0, 0, 60, 40);
+    // To the right of its axis, to the left, and so far that it leaves the picture.
+    picture.Polygon(std::array<PixelPoint, 3>{{{10, 5}, {20, 15}, {10, 25}}}, colours::Red);
+    picture.Polygon(std::array<PixelPoint, 4>{{{40, 5}, {34, 5}, {34, 9}, {40, 9}}}, colours::Red);
+    constexpr int far = std::numeric_limits<int>::max();
+    picture.Polygon(std::array<PixelPoint, 4>{{{30, 30}, {far, 30}, {far, 32}, {30, far}}}, colours::Red);
+    const auto row_of = [&](int y) {
+        QString row;
+        for (int x = 0; x < 60; ++x)
+            row += picture.Image().pixel(x, y) == red ? '#' : '.';
+        return row.toStdString();
+    };
+    EXPECT_EQ(row_of(4).find('#'), std::string::npos);
+    EXPECT_EQ(row_of(10), std::string(10, '.') + std::string(6, '#') + std::string(44, '.'));
+    EXPECT_EQ(row_of(15), std::string(10, '.') + std::string(11, '#') + std::string(39, '.'));
+    EXPECT_EQ(row_of(7).substr(30), "....#######...................");
+    EXPECT_EQ(row_of(31), std::string(30, '.') + std::string(30, '#'));
+
+    picture.Clear();
+    picture.Set_Draw_Width(1);
+    picture.Polyline(std::array<PixelPoint, 4>{{{5, 0}, {5, 10}, {25, 15}, {-far, 39}}}, colours::Black);
+    for (const QPoint at : {QPoint(5, 0), QPoint(5, 7), QPoint(5, 10), QPoint(25, 15)}) {
+        EXPECT_EQ(picture.Image().pixel(at), qRgb(0, 0, 0)) << at.x() << ", " << at.y();
+    }
+    // A slanting part shares its ink between two pixels.
+    EXPECT_EQ(qRed(picture.Image().pixel(6, 10)), 63);
+    EXPECT_EQ(qRed(picture.Image().pixel(6, 11)), 191);
+    EXPECT_EQ(picture.Image().pixel(6, 9), qRgb(255, 255, 255));
+}
+
 TEST(Picture_file, each_type_is_written_and_an_unknown_one_is_refused) {
     const test::TemporaryFolder folder;
     int drawn = 0;

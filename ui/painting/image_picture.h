@@ -34,6 +34,7 @@ class ImagePicture : public PainterPicture {
 
   protected:
     QPainter* Active_Painter() override;
+    QImage* Pixels() override { return &Paper; }
     void Touched(const QRectF& place) override;
 
   private:

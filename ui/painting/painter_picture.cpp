@@ -406,8 +406,22 @@ QVector<QPointF> PainterPicture::Device_Points(std::span<const PixelPoint> point
     return device;
 }
 
+/// Pixels for the figures of a record; none on paper and in XOR.
+std::optional<PixelPaper> PainterPicture::Direct_Paper() {
+    if (!Raster || Inverting()) return std::nullopt;
+    QImage* image = Pixels();
+    if (image == nullptr) return std::nullopt;
+    return PixelPaper{image, static_cast<int>(Inner.left()), static_cast<int>(Inner.top()),
+                      FigureClip.toAlignedRect()};
+}
+
 void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
     if (points.size() < 3) return;
+    if (const auto paper = Direct_Paper(); paper && Is_Lobe(points)) {
+        Fill_Lobe(*paper, points, To_QColor(fill).rgb());
+        Touched(Inner);
+        return;
+    }
     QPainter* painter = Ready(Clip::Figures);
     if (painter == nullptr) return;
     const QVector<QPointF> device = Device_Points(points);
@@ -420,6 +434,11 @@ void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
 
 void PainterPicture::Polyline(std::span<const PixelPoint> points, Colour colour) {
     if (points.size() < 2) return;
+    if (const auto paper = Direct_Paper(); paper && Device_Width(Width) == 1) {
+        Draw_Thin_Line(*paper, points, To_QColor(colour).rgb());
+        Touched(Inner);
+        return;
+    }
     QPainter* painter = Ready_To_Stroke(colour);
     if (painter == nullptr) return;
     const QVector<QPointF> device = Device_Points(points);

@@ -5,9 +5,11 @@
 #include <QPainter>
 #include <QRectF>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "core/ports/picture.h"
+#include "ui/painting/pixel_figures.h"
 
 namespace tarnvik {
 
@@ -69,6 +71,9 @@ class PainterPicture : public Picture {
   protected:
     /// The painter to draw with; null when there is nothing to draw on.
     virtual QPainter* Active_Painter() { return Painter; }
+    /// The opaque 32-bit image that the painter draws on, for figures drawn without it; null when there is
+    /// none.
+    virtual QImage* Pixels() { return nullptr; }
     /// Told of every place that was drawn on, in pixels of the painter.
     virtual void Touched(const QRectF&) {}
     /// The painter's clip, pen, font and mode are unknown from now on.
@@ -93,6 +98,7 @@ class PainterPicture : public Picture {
     void Ellipse_Arc(double x, double y, double radius, Colour colour, double start, double sweep,
                      double aspect);
     const Stamp& Circle_Stamp(double radius, Colour colour);
+    std::optional<PixelPaper> Direct_Paper();
     QVector<QPointF> Device_Points(std::span<const PixelPoint> points) const;
 
     QPainter* Painter = nullptr;

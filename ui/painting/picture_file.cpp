@@ -61,7 +61,7 @@ PageLayout Profile_Layout() {
 }
 
 PageLayout Record_Layout() {
-    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56};
+    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24};
 }
 
 void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
@@ -85,6 +85,7 @@ void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, b
     strip_x.Follow_Columns_Of(&main);
     strip_y.Follow_Rows_Of(&main);
     main.Set_Margins(layout.Margins);
+    strip_y.Set_Margins({.Right = layout.StripYRoom});
     for (SharedPicture* picture : {&main, &strip_x, &strip_y})
         picture->Set_Font_Family(font_family);
     main.Attach(nullptr, main_area, pixels_per_point, raster);

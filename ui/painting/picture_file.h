@@ -16,6 +16,7 @@ struct PageLayout {
     PictureMargins Margins;  ///< of the picture itself
     double StripX = 0;       ///< height of the strip under the picture
     double StripY = 0;       ///< width of the strip beside it
+    double StripYRoom = 0;   ///< width of its right part that is for texts alone
 };
 
 /// The layouts of the program's pictures; the screen uses the same numbers.

@@ -1,0 +1,130 @@
+#include "ui/painting/pixel_figures.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+namespace tarnvik {
+
+namespace {
+
+// Places between pixels in 16 binary digits behind the point.
+constexpr int fraction_bits = 16;
+constexpr std::int64_t whole = std::int64_t{1} << fraction_bits;
+constexpr std::uint32_t opaque = 256;
+
+/// A sample of a huge gain may lie anywhere; far outside the picture its exact place is of no matter.
+int Near(int pixel) {
+    constexpr int far_pixel = 1 << 20;
+    return std::clamp(pixel, -far_pixel, far_pixel);
+}
+
+/// Lays `share` 256ths of a colour over a pixel, two channels at a time.
+void Blend(QRgb& pixel, QRgb colour, std::uint32_t share) {
+    constexpr std::uint32_t odd = 0x00FF00FF;
+    const std::uint32_t rest = opaque - share;
+    const std::uint32_t red_blue = ((colour & odd) * share + (pixel & odd) * rest) >> 8;
+    const std::uint32_t green = ((colour >> 8 & odd) * share + (pixel >> 8 & odd) * rest) >> 8;
+    pixel = 0xFF000000 | (red_blue & odd) | (green & 0xFF) << 8;
+}
+
+class Brush {
+  public:
+    Brush(const PixelPaper& paper, QRgb colour)
+        : Pixels(reinterpret_cast<QRgb*>(paper.Image->bits())),
+          Stride(paper.Image->bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb))),
+          Colour(colour | 0xFF000000) {
+        const QRect clip = paper.Clip.intersected(paper.Image->rect());
+        Left = clip.left();
+        Top = clip.top();
+        Right = clip.right();
+        Bottom = clip.bottom();
+    }
+
+    /// Pixels from `from` to `to`, both included, in any order.
+    void Span(int row, int from, int to) {
+        if (row < Top || row > Bottom) return;
+        if (from > to) std::swap(from, to);
+        from = std::max(from, Left);
+        to = std::min(to, Right);
+        if (from <= to) std::fill_n(Pixels + row * Stride + from, to - from + 1, Colour);
+    }
+
+    void Segment(int x1, int y1, int x2, int y2) {
+        const std::int64_t dx = std::int64_t{x2} - x1;
+        const std::int64_t dy = std::int64_t{y2} - y1;
+        if (std::abs(dy) >= std::abs(dx)) {
+            Walk(y1, y2, x1, dy == 0 ? 0 : dx * whole / dy, Top, Bottom, Left, Right, Stride, 1);
+        } else {
+            Walk(x1, x2, y1, dy * whole / dx, Left, Right, Top, Bottom, 1, Stride);
+        }
+    }
+
+  private:
+    /// Along the axis that the segment is longer on, one pixel a step: `across` moves by `slope` each.
+    void Walk(int from, int to, int across_from, std::int64_t slope, int first, int last, int across_first,
+              int across_last, qsizetype along_step, qsizetype across_step) {
+        const int begin = std::max(std::min(from, to), first);
+        const int end = std::min(std::max(from, to), last);
+        std::int64_t across = across_from * whole + (std::int64_t{begin} - from) * slope;
+        for (int along = begin; along <= end; ++along, across += slope) {
+            const auto place = static_cast<int>(across >> fraction_bits);
+            const auto beyond = static_cast<std::uint32_t>((across & (whole - 1)) >> (fraction_bits - 8));
+            const qsizetype pixel = along * along_step + place * across_step;
+            if (place >= across_first && place <= across_last) {
+                if (beyond == 0) {
+                    Pixels[pixel] = Colour;
+                    continue;
+                }
+                Blend(Pixels[pixel], Colour, opaque - beyond);
+            }
+            if (beyond != 0 && place + 1 >= across_first && place + 1 <= across_last) {
+                Blend(Pixels[pixel + across_step], Colour, beyond);
+            }
+        }
+    }
+
+    QRgb* Pixels;
+    qsizetype Stride;
+    QRgb Colour;
+    int Left = 0;
+    int Top = 0;
+    int Right = -1;
+    int Bottom = -1;
+};
+
+}  // namespace
+
+bool Is_Lobe(std::span<const PixelPoint> points) {
+    if (points.size() < 3 || points.front().X != points.back().X) return false;
+    return std::is_sorted(points.begin(), points.end(),
+                          [](const PixelPoint& a, const PixelPoint& b) { return a.Y < b.Y; });
+}
+
+void Fill_Lobe(const PixelPaper& paper, std::span<const PixelPoint> lobe, QRgb colour) {
+    Brush brush(paper, colour);
+    const int axis = Near(lobe.front().X) + paper.Left;
+    const int first_row = paper.Clip.top() - paper.Top;
+    const int last_row = paper.Clip.bottom() - paper.Top;
+    for (std::size_t i = 0; i + 1 < lobe.size(); ++i) {
+        const PixelPoint from = {Near(lobe[i].X), Near(lobe[i].Y)};
+        const PixelPoint to = {Near(lobe[i + 1].X), Near(lobe[i + 1].Y)};
+        brush.Span(from.Y + paper.Top, axis, from.X + paper.Left);
+        if (to.Y - from.Y < 2) continue;
+        const std::int64_t slope = (std::int64_t{to.X} - from.X) * whole / (to.Y - from.Y);
+        for (int row = std::max(from.Y + 1, first_row); row < to.Y && row <= last_row; ++row) {
+            const std::int64_t x = from.X * whole + slope * (row - from.Y) + whole / 2;
+            brush.Span(row + paper.Top, axis, static_cast<int>(x >> fraction_bits) + paper.Left);
+        }
+    }
+}
+
+void Draw_Thin_Line(const PixelPaper& paper, std::span<const PixelPoint> points, QRgb colour) {
+    Brush brush(paper, colour);
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        brush.Segment(Near(points[i].X) + paper.Left, Near(points[i].Y) + paper.Top,
+                      Near(points[i + 1].X) + paper.Left, Near(points[i + 1].Y) + paper.Top);
+    }
+}
+
+}  // namespace tarnvik
