@@ -15,6 +15,7 @@
 #include "ui/command_bars.h"
 #include "ui/curves_page.h"
 #include "ui/icon_family.h"
+#include "ui/notice_label.h"
 #include "ui/qt_display.h"
 #include "ui/record_page.h"
 #include "ui/tables_page.h"
@@ -75,9 +76,12 @@ void MainWindow::Build_Status_Bar() {
     read_out->setObjectName("Text1");
     read_out->setMinimumWidth(fontMetrics().horizontalAdvance("8888 ms  Coord= 8888.88 m  Geo= 888"));
     read_out->setToolTip(tr("What lies under the pointer"));
-    auto* status = new QLabel;
+    auto* record_read_out = new QLabel;
+    record_read_out->setObjectName("RecordReadout");
+    record_read_out->setMinimumWidth(read_out->minimumWidth());
+    record_read_out->setToolTip(read_out->toolTip());
+    auto* status = new NoticeLabel(true);
     status->setObjectName("Status");
-    status->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* profile = new QLabel;
     profile->setObjectName("ProfileReadout");
     profile->setToolTip(tr("Distance and elevation under the pointer of the profile"));
@@ -87,6 +91,7 @@ void MainWindow::Build_Status_Bar() {
     Units = new QLabel;
     Units->setToolTip(tr("Length unit of the project"));
     statusBar()->addWidget(read_out);
+    statusBar()->addWidget(record_read_out);
     statusBar()->addWidget(status, 1);
     statusBar()->addPermanentWidget(profile);
     Fields.Text(profile, fields.ProfileReadout);
@@ -103,7 +108,12 @@ void MainWindow::Build_Status_Bar() {
     Unsaved->hide();
 
     Fields.Text(read_out, fields.Text1);
+    Fields.Text(record_read_out, fields.RecordReadout);
     Fields.Text(status, fields.Status);
+    const auto on_record = [this] { return SSTab1->currentWidget() == Records; };
+    Fields.Shown(record_read_out, on_record);
+    Fields.Shown(read_out, [on_record] { return !on_record(); });
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this] { Fields.Refresh(); });
     Fields.Follow([this] {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));

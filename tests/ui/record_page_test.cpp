@@ -1,0 +1,250 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+#include <cmath>
+#include <filesystem>
+
+#include "app/session.h"
+#include "records/header_words.h"
+#include "records/su_file.h"
+#include "records/su_loading.h"
+#include "setup/build_grid.h"
+#include "support/su_builder.h"
+#include "support/test_ports.h"
+#include "ui/main_window.h"
+#include "ui/qt_display.h"
+#include "ui/trace_size_strip.h"
+
+namespace tarnvik {
+namespace {
+
+/// The main window over three records of 12 channels, 200 samples at 1 ms: a wave that breaks at sample
+/// 20 + 2 * channel.
+class RecordTab : public testing::Test {
+  protected:
+    static constexpr int channels = 12;
+    static constexpr int records = 3;
+    static constexpr int samples = 200;
+
+    RecordTab() : File(channels * records, samples) {
+        File.Records(channels);
+        for (int trace = 1; trace <= channels * records; ++trace) {
+            const int channel = (trace - 1) % channels + 1;
+            const int first_break = Break_Of(channel);
+            for (int sample = first_break; sample <= samples; ++sample) {
+                const double after = sample - first_break + 1;
+                File.Sample(trace, sample,
+                            static_cast<float>(1000.0 / (channel + 5) * std::sin(after * 0.3) / after));
+            }
+        }
+        Path = File.Write(Folder / "line.su");
+        Display.Attach(Program);
+        Project& line = Program.Work.Project;
+        line.NbShots = records;
+        line.NbReceivers = channels;
+        line.LineLength = 55;
+        Redimension_Project(line);
+        for (int receiver = 1; receiver <= channels; ++receiver) {
+            line.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(5 * (receiver - 1));
+        }
+        line.ShotDistance(2) = 27.5;
+        line.ShotDistance(3) = 55;
+        line.SuFile = Path;
+        Screen =
+            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
+        Screen->resize(1100, 800);
+        Screen->show();
+        Start_With_SU_File(Program.Work, Path);
+        Scan_Channels(Program.Work, Path);
+        Fill_Grid(Program.Work);
+        Display.Select_Tab(Tab::Record);
+        Display.Display_Record();
+        QApplication::processEvents();
+        Ecran = Find<PictureBox>("Ecran");
+    }
+    ~RecordTab() override { Display.End_Program(); }
+
+    static int Break_Of(int channel) { return 20 + 2 * channel; }
+    template <class Control>
+    Control* Find(const char* name) {
+        auto* control = Screen->findChild<Control*>(name);
+        EXPECT_NE(control, nullptr) << name;
+        return control;
+    }
+    /// Pixel of a trace's axis at a time, in the picture.
+    QPoint Place(int trace, double ms) {
+        const Frame frame = Ecran->Canvas().Current_Frame();
+        const QPointF inner(frame.To_Pixel_X(trace * 2000 + 1000), frame.To_Pixel_Y(ms));
+        return (Ecran->Canvas().Window().topLeft() + inner).toPoint();
+    }
+    double Pick(int trace) { return SuTraces(Path).Word_Or_Zero(trace, words::First_Breaks) / 10.0; }
+    int Life(int trace) { return SuTraces(Path).Word_Or_Zero(trace, words::trid); }
+    void Type(Form* form, const char* name, const char* text) {
+        auto* edit = form->findChild<QLineEdit*>(name);
+        ASSERT_NE(edit, nullptr) << name;
+        edit->clear();
+        QTest::keyClicks(edit, text);
+    }
+
+    test::TemporaryFolder Folder;
+    test::SuBuilder File;
+    std::string Path;
+    test::ScriptedPrompts Prompts;
+    test::RecordingLauncher Launcher;
+    QtDisplay Display;
+    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
+    std::unique_ptr<MainWindow> Screen;
+    PictureBox* Ecran = nullptr;
+};
+
+TEST_F(RecordTab, a_click_picks_the_trace_under_it_also_the_second_of_two_quick_ones) {
+    const double pixel_ms = (samples - 1) / Ecran->Canvas().Current_Frame().Height;
+    QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(3, 60));
+    EXPECT_NEAR(Pick(3), 60, pixel_ms);
+    EXPECT_NEAR(Program.Work.Project.ShotTimes(1, 3), 60, pixel_ms);
+    QTest::mouseDClick(Ecran, Qt::LeftButton, {}, Place(4, 80));
+    EXPECT_NEAR(Pick(4), 80, pixel_ms);
+    EXPECT_EQ(Pick(5), 0);
+
+    // Straight to another record by key, straight picking there.
+    QTest::keyClick(Ecran, Qt::Key_Right);
+    EXPECT_EQ(Find<QLineEdit>("Text9")->text(), "13");
+    EXPECT_EQ(Find<QScrollBar>("HScroll2")->value(), 2);
+    QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(14, 50));
+    EXPECT_NEAR(Program.Work.Project.ShotTimes(2, 2), 50, pixel_ms);
+}
+
+TEST_F(RecordTab, the_right_button_asks_at_its_release_and_a_drag_does_not_ask) {
+    QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(5, 40));
+    QTest::mousePress(Ecran, Qt::RightButton, {}, Place(5, 40));
+    // A move with the button held.
+    QMouseEvent move(QEvent::MouseMove, Place(5, 90), Ecran->mapToGlobal(Place(5, 90)), Qt::NoButton,
+                     Qt::RightButton, {});
+    QApplication::sendEvent(Ecran, &move);
+    EXPECT_NEAR(Pick(5), 90, 0.5);
+    QTest::mouseRelease(Ecran, Qt::RightButton, {}, Place(5, 90));
+    EXPECT_TRUE(Prompts.Messages.empty());
+
+    QTest::mouseMove(Ecran, Place(5, 90));
+    QTest::mousePress(Ecran, Qt::RightButton, {}, Place(5, 90));
+    EXPECT_TRUE(Prompts.Messages.empty());
+    Prompts.Expect("Kill trace 5", Answer::Yes);
+    QTest::mouseRelease(Ecran, Qt::RightButton, {}, Place(5, 90));
+    EXPECT_EQ(Life(5), 2);
+    EXPECT_EQ(Pick(5), 0);
+    QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(5, 44));
+    EXPECT_EQ(Life(5), 1) << "a click brings it back";
+}
+
+TEST_F(RecordTab, the_zoom_takes_an_area_and_gives_the_record_back) {
+    auto* zoom = Find<QToolButton>("Command4");
+    auto* whole = Find<QToolButton>("Command17");
+    EXPECT_FALSE(whole->isEnabled());
+    QTest::keyClick(Ecran, Qt::Key_Z);
+    EXPECT_FALSE(zoom->isEnabled());
+    const QPoint from = Place(4, 20) - QPoint(9, 0);
+    const QPoint to = Place(9, 120) + QPoint(9, 0);
+    QTest::mousePress(Ecran, Qt::LeftButton, {}, from);
+    QTest::mouseMove(Ecran, to);
+    QTest::mouseRelease(Ecran, Qt::LeftButton, {}, to);
+    EXPECT_EQ(Program.Work.Record.FirstTrace, 4);
+    EXPECT_EQ(Program.Work.Record.LastTrace, 9);
+    EXPECT_NEAR(Program.Work.Record.LastSample, 120, 1);
+    whole->click();
+    EXPECT_EQ(Find<QLineEdit>("Text10")->text(), "12");
+    EXPECT_EQ(Program.Work.Record.LastSample, samples);
+
+    // A drag along the time scale.
+    auto* scale = Find<PictureBox>("Echelle3");
+    QTest::mousePress(scale, Qt::LeftButton, {}, QPoint(20, Place(1, 50).y()));
+    QTest::mouseRelease(scale, Qt::LeftButton, {}, QPoint(20, Place(1, 100).y()));
+    EXPECT_NEAR(Program.Work.Record.FirstSample, 50, 1);
+    EXPECT_NEAR(Program.Work.Record.LastSample, 100, 1);
+}
+
+TEST_F(RecordTab, a_factor_stands_above_its_trace_and_a_click_there_doubles_or_halves_it) {
+    auto* strip = Find<TraceSizeStrip>("size_grid");
+    QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(Place(7, 0).x(), 4));
+    EXPECT_EQ(Program.Work.Grids.size_grid.Text(6, 0), "2");
+    QTest::mouseClick(strip, Qt::RightButton, {}, QPoint(Place(12, 0).x(), 4));
+    EXPECT_EQ(Program.Work.Grids.size_grid.Text(11, 0), "0.5");
+    Find<QToolButton>("Command21")->click();
+    EXPECT_EQ(Program.Work.Grids.size_grid.Text(6, 0), "1");
+}
+
+TEST_F(RecordTab, each_option_changes_the_picture_at_once) {
+    QImage before = Ecran->Canvas().Image().copy();
+    const auto changed = [&] {
+        const QImage now = Ecran->Canvas().Image().copy();
+        const bool different = now != before;
+        before = now;
+        return different;
+    };
+    for (const int style : {1, 2}) {
+        Find<QComboBox>("Combo1")->setCurrentIndex(style);
+        EXPECT_TRUE(changed()) << style;
+    }
+    Find<QToolButton>("Command15")->click();
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(Find<QLineEdit>("Text11")->text(), "2");
+    for (const char* tick : {"clip", "Check3"}) {
+        Find<QCheckBox>(tick)->click();
+        EXPECT_TRUE(changed()) << tick;
+    }
+    Find<QToolButton>("Command25")->click();
+    EXPECT_TRUE(changed());
+    Find<QScrollBar>("HScroll2")->setValue(3);
+    EXPECT_EQ(Find<QLabel>("Text12")->text(), "3/ FLDR 3");
+    auto* first = Find<QLineEdit>("Text9");
+    first->selectAll();
+    QTest::keyClicks(first, "30");
+    EXPECT_EQ(Program.Work.Record.FirstTrace, 25) << "not before Return";
+    QTest::keyClick(first, Qt::Key_Return);
+    EXPECT_EQ(Program.Work.Record.FirstTrace, 30);
+}
+
+TEST_F(RecordTab, typing_into_the_automatic_picking_picks_again_and_the_right_button_marks_its_start) {
+    QTest::keyClick(Ecran, Qt::Key_A);
+    ASSERT_TRUE(Display.Is_Open(Dialog::AutoPik));
+    EXPECT_EQ(Program.Work.Record.AutoPickMode, -1);
+    Form* form = Display.Open_Form(Dialog::AutoPik);
+    QApplication::processEvents();
+    QTest::mouseClick(Ecran, Qt::RightButton, {}, Place(1, Break_Of(1) - 3));
+    EXPECT_NEAR(form->findChild<QLineEdit*>("Text55")->text().toDouble(), Break_Of(1) - 3, 0.5);
+    Type(form, "Text51", "50");
+    EXPECT_EQ(form->findChild<QLineEdit*>("Text56")->text().toStdString(), "10");
+    EXPECT_EQ(Pick(6), 0) << "no window to search in yet";
+    Type(form, "Text57", "0.1");
+    Type(form, "Text54", "20");
+    for (const int channel : {1, 6, 12}) {
+        EXPECT_NEAR(Pick(channel), Break_Of(channel), 1) << channel;
+        EXPECT_NEAR(Program.Work.Project.ShotTimes(1, channel), Break_Of(channel), 1);
+    }
+    Type(form, "Text3", "4");
+    EXPECT_NEAR(Pick(6), Break_Of(6) + 4, 1);
+    EXPECT_EQ(form->findChild<QLabel*>("Text2")->text().toStdString(), "12");
+    Find<QToolButton>("Command5")->click();
+    EXPECT_FALSE(Display.Is_Open(Dialog::AutoPik));
+    EXPECT_EQ(Program.Work.Record.AutoPickMode, 0);
+}
+
+TEST_F(RecordTab, a_pick_that_could_not_be_saved_stays_in_sight) {
+    std::filesystem::remove(Path);
+    QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(2, 30));
+    auto* notice = Find<QLabel>("Status");
+    EXPECT_TRUE(notice->text().startsWith("Pick not saved")) << notice->text().toStdString();
+    EXPECT_TRUE(notice->isVisible());
+    QTest::mouseMove(Ecran, Place(8, 100));
+    EXPECT_TRUE(notice->text().startsWith("Pick not saved"));
+}
+
+}  // namespace
+}  // namespace tarnvik
