@@ -145,6 +145,10 @@ void Affiche_Remark_Grid(Project& project) {
                                            "Text to write on the profile"};
     for (int column = 0; column < columns; ++column)
         Caption(grid, header_row, column, headings[column]);
+    for (int row = Project::RemarkFirstRow; row <= Project::RemarkLastRow; ++row) {
+        for (int column = 0; column + 1 < columns; ++column)
+            grid.At(row, column).Align = TextGrid::Alignment::Right;
+    }
     grid.FixedRows = Project::RemarkFirstRow;
     grid.FixedColumns = 0;
 }

@@ -169,6 +169,11 @@ void GridEditor::Refresh() {
     if (Which == Grid::Buildgrid) Outside.Show.Show_Curves();
 }
 
+void GridEditor::Forget_Message() {
+    if (!LastMessage.empty() && Shared.Fields.Status == LastMessage) Shared.Fields.Status.clear();
+    LastMessage.clear();
+}
+
 bool GridEditor::Same_Grid() const {
     return EditedFile == Shared.Project.CurrentFile && EditedRows == Cells().Rows() &&
            EditedColumns == Cells().Columns();
@@ -176,6 +181,7 @@ bool GridEditor::Same_Grid() const {
 
 void GridEditor::Commit(std::vector<CellChange> step) {
     std::erase_if(step, [](const CellChange& change) { return change.Before == change.After; });
+    Forget_Message();
     if (step.empty()) return;
     if (!Same_Grid()) History.Forget();
     EditedFile = Shared.Project.CurrentFile;
@@ -215,8 +221,9 @@ GridEditor::Pasted GridEditor::Paste(int row, int column, std::string_view text)
     }
     Commit(std::move(step));
     if (pasted.Left > 0) {
-        Shared.Fields.Status = CStr(pasted.Cells) + " cells pasted, " + CStr(pasted.Left) +
-                               " left out: fixed cell, outside the table, or no number";
+        LastMessage = CStr(pasted.Cells) + " cells pasted, " + CStr(pasted.Left) +
+                      " left out: fixed cell, outside the table, or no number";
+        Shared.Fields.Status = LastMessage;
         Outside.Show.Show_Fields();
     }
     return pasted;
@@ -248,6 +255,7 @@ bool GridEditor::Can_Redo() const {
 
 void GridEditor::Undo() {
     if (!Can_Undo()) return;
+    Forget_Message();
     for (const CellChange& change : History.Undo())
         Put(change.Row, change.Column, change.Before);
     Refresh();
@@ -255,6 +263,7 @@ void GridEditor::Undo() {
 
 void GridEditor::Redo() {
     if (!Can_Redo()) return;
+    Forget_Message();
     for (const CellChange& change : History.Redo())
         Put(change.Row, change.Column, change.After);
     Refresh();

@@ -89,12 +89,15 @@ class GridEditor {
     void Put(int row, int column, const std::string& text);
     void Commit(std::vector<CellChange> step);
     void Refresh();
+    /// Takes the message about the last paste away, unless another one stands there by now.
+    void Forget_Message();
     bool Same_Grid() const;
 
     Workspace& Shared;
     Ports& Outside;
     Grid Which;
     EditHistory History;
+    std::string LastMessage;
     std::string EditedFile;  ///< project and size of the grid that the history belongs to
     int EditedRows = 0;
     int EditedColumns = 0;

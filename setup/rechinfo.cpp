@@ -1,6 +1,7 @@
 #include "setup/rechinfo.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/text/letters.h"
 #include "core/text/number.h"
@@ -20,9 +21,10 @@ constexpr double sketch_top = 100;
 constexpr double line_height = 45;
 constexpr double receiver_mark = 6;
 constexpr double shot_height = 60;
-constexpr double number_height = 80;
-constexpr double offset_word_height = 95;
+constexpr double number_height = 71;
+constexpr double offset_word_height = 83;
 constexpr double reference_height = 30;
+constexpr double number_room = 0.03;    ///< of the width; numbers of shots that are closer are left out
 constexpr double sketch_margin = 0.08;  ///< of the width, at either side
 
 }  // namespace
@@ -43,6 +45,8 @@ void rechinfo::Fill_Data_Grid() {
         DataGrid.Set_Text(shot, DistanceColumn,
                           CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
         DataGrid.Set_Text(shot, ElevationColumn, "0");
+        DataGrid.At(shot, DistanceColumn).Align = TextGrid::Alignment::Right;
+        DataGrid.At(shot, ElevationColumn).Align = TextGrid::Alignment::Right;
     }
 }
 
@@ -126,10 +130,14 @@ void rechinfo::dessine_squetch() {
     const double half_bar = width / 400;
     picture.Box(-half_bar, line_height, half_bar, reference_height, colours::Green, true);
     picture.Print_At(0, reference_height, "Reference Distance", colours::Green);
+    double numbered = left - width;
     for (std::size_t i = 0; i < spread.ShotPlaces.size(); ++i) {
         const double x = spread.ShotPlaces[i];
         picture.Line(x, line_height, x, shot_height, colours::Red);
-        picture.Print_At(x, number_height, "S" + CStr(static_cast<int>(i) + 1), colours::Red);
+        if (std::abs(x - numbered) >= number_room * width) {
+            picture.Print_At(x, number_height, "S" + CStr(static_cast<int>(i) + 1), colours::Red);
+            numbered = x;
+        }
         if (x < 0 || x > spread.LineLength) picture.Print_At(x, offset_word_height, "Offset", colours::Red);
     }
 }

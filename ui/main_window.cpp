@@ -134,6 +134,7 @@ void MainWindow::Refresh_Fields() {
     Fields.Refresh();
     Bars->Refresh();
     Records->Refresh();
+    Tables->Refresh_Fields();
     Curves->Refresh();
 }
 

@@ -7,8 +7,9 @@
 
 namespace tarnvik {
 
-/// A grid of the logic as a table view sees it. The fixed rows and columns are ordinary cells that cannot be
-/// edited; a view hides its own headers.
+/// A grid of the logic as a table view sees it. The fixed rows and columns are cells that cannot be edited;
+/// the last of each is also what the view's headers show, for a view that keeps its headings in sight that
+/// way.
 class TextGridModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -19,18 +20,36 @@ class TextGridModel : public QAbstractTableModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The logic changed the grid.
+    /// The logic changed the grid. Only a change of its size resets the model.
     void Refresh();
+
+    /// How a cell looks that has no colours of its own.
+    enum class Look {
+        Plain,
+        Faint,     ///< holds nothing yet
+        Grouped,   ///< belongs to another group than the cells beside it
+        ReadOnly,  ///< computed, not for typing
+    };
 
     bool Editable = true;
     /// Told after the user changed a cell.
     std::function<void(int row, int column)> OnEdited;
+    /// Rules of their own; without them every cell that is not fixed takes any text.
+    std::function<bool(int row, int column)> Can_Edit;
+    std::function<bool(int row, int column, const std::string& text)> Store;
+    std::function<Look(int row, int column)> Look_Of;
+    /// Tooltips of the headings.
+    std::function<QString(int section, Qt::Orientation orientation)> Heading_Tip;
 
   private:
     bool Fixed(const QModelIndex& index) const;
+    bool Free(const QModelIndex& index) const;
+    QVariant Foreground(const QModelIndex& index, const TextGrid::Cell& cell) const;
+    QVariant Background(const QModelIndex& index, const TextGrid::Cell& cell) const;
 
     TextGrid& Grid;
     int ShownRows = 0;

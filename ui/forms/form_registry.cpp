@@ -2,6 +2,7 @@
 
 #include "ui/form.h"
 #include "ui/forms/auto_pik_form.h"
+#include "ui/forms/new_profile_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/splash_form.h"
@@ -21,6 +22,7 @@ const std::map<Dialog, FormKind>& Registry() {
     static const std::map<Dialog, FormKind> registry = {
         {Dialog::frmSplash, {"Tarnvik", FormPlace::Box, Make<SplashForm>}},
         {Dialog::AutoPik, {"Automatic picking", FormPlace::Dock, Make<AutoPikForm>}},
+        {Dialog::rechinfo, {"New profile", FormPlace::Box, Make<NewProfileForm>}},
         {Dialog::Zoom, {"Enlargement factors", FormPlace::Dock, Make<ZoomForm>}},
         {Dialog::RulerF, {"Ruler", FormPlace::Dock, Make<RulerForm>}},
         {Dialog::Travel_Time_2, {"Travel times", FormPlace::Window, Make<SecondWindowForm>}},

@@ -1,0 +1,285 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+
+#include "app/session.h"
+#include "setup/build_grid.h"
+#include "support/test_ports.h"
+#include "ui/main_window.h"
+#include "ui/qt_display.h"
+#include "ui/spreadsheet_view.h"
+#include "ui/text_grid_model.h"
+
+namespace tarnvik {
+namespace {
+
+/// The tables of a line of 3 shots and 6 receivers: pick 10 s + r at shot s and receiver r.
+class Tables : public testing::Test {
+  protected:
+    Tables() {
+        Display.Attach(Program);
+        Affiche_Remark_Grid(Line);
+        Line.NbShots = 3;
+        Line.NbReceivers = 6;
+        Line.LineLength = 25;
+        Redimension_Project(Line);
+        for (int receiver = 1; receiver <= 6; ++receiver) {
+            Line.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(5 * (receiver - 1));
+            for (int shot = 1; shot <= 3; ++shot)
+                Line.ShotTimes(shot, receiver) = static_cast<float>(10 * shot + receiver);
+        }
+        Line.ShotDistance(2) = 12.5;
+        Line.ShotDistance(3) = 25;
+        Screen =
+            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
+        Screen->show();
+        Display.Select_Tab(Tab::Tables);
+        Display.Show_Curves();
+        Picks = Screen->findChild<SpreadsheetView*>("Buildgrid");
+        Remarks = Screen->findChild<SpreadsheetView*>("remark_grid");
+        Screen->activateWindow();
+        QApplication::processEvents();
+        Picks->setFocus();
+    }
+    ~Tables() override { Display.End_Program(); }
+
+    void Go_To(SpreadsheetView* view, int row, int column) {
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(row, column));
+    }
+    void Select(int row, int column, int last_row, int last_column) {
+        Go_To(Picks, row, column);
+        Picks->selectionModel()->select(
+            QItemSelection(Picks->model()->index(row, column), Picks->model()->index(last_row, last_column)),
+            QItemSelectionModel::ClearAndSelect);
+    }
+    void Keys(const char* text) {
+        // The first letter opens an editor, which gets the others.
+        for (const char* letter = text; *letter != 0; ++letter)
+            QTest::keyClick(QApplication::focusWidget(), *letter);
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    std::vector<float> Times(int shot) const {
+        std::vector<float> times;
+        for (int receiver = 1; receiver <= 6; ++receiver)
+            times.push_back(Line.ShotTimes(shot, receiver));
+        return times;
+    }
+
+    test::TemporaryFolder Folder;
+    test::ScriptedPrompts Prompts;
+    test::RecordingLauncher Launcher;
+    QtDisplay Display;
+    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
+    Project& Line = Program.Work.Project;
+    std::unique_ptr<MainWindow> Screen;
+    SpreadsheetView* Picks = nullptr;
+    SpreadsheetView* Remarks = nullptr;
+};
+
+using Column = std::vector<float>;
+
+TEST_F(Tables, headings_stay_in_sight_and_only_free_cells_can_be_edited) {
+    QAbstractItemModel* model = Picks->model();
+    EXPECT_TRUE(Picks->isRowHidden(0));
+    EXPECT_TRUE(Picks->isColumnHidden(0));
+    EXPECT_EQ(model->headerData(2, Qt::Horizontal), "Shot2");
+    EXPECT_EQ(model->headerData(6, Qt::Vertical), "Geo.6");
+    EXPECT_EQ(model->headerData(8, Qt::Vertical), "Elevation");
+    EXPECT_TRUE(Remarks->isRowHidden(1)) << "headings of the remarks stand in the second row";
+    EXPECT_FALSE(Remarks->isColumnHidden(0));
+    EXPECT_EQ(Remarks->model()->headerData(3, Qt::Horizontal), "Text to write on the profile");
+
+    struct {
+        int Row, Column;
+        bool Free;
+    } const cells[] = {{0, 1, false}, {1, 0, false}, {1, 1, true},  {6, 5, true}, {6, 6, false},
+                       {7, 3, true},  {8, 3, true},  {7, 4, false}, {8, 6, false}};
+    for (const auto& cell : cells) {
+        EXPECT_EQ(model->flags(model->index(cell.Row, cell.Column)).testFlag(Qt::ItemIsEditable), cell.Free)
+            << cell.Row << ", " << cell.Column;
+    }
+    Go_To(Picks, 1, 6);
+    Keys("9");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Line.ReceiverData(ReceiverIntercept, 1), 0);
+}
+
+TEST_F(Tables, a_block_pasted_over_the_edge_takes_what_fits_and_is_one_step_of_undo) {
+    QApplication::clipboard()->setText("1,5\t2\r\n3\t4\r\nShot\t6\r\n7\t8\r\n");
+    Go_To(Picks, 4, 3);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    // Rows 4 to 7, columns 3 and 4: the word and the cell beside the shots' places are left out.
+    EXPECT_EQ(Times(3), Column({31, 32, 33, 1.5, 3, 36}));
+    EXPECT_EQ(Line.ReceiverData(ReceiverDistance, 4), 2);
+    EXPECT_EQ(Line.ReceiverData(ReceiverDistance, 6), 6);
+    EXPECT_EQ(Line.ShotDistance(3), 7);
+    EXPECT_EQ(Picks->model()->index(4, 3).data(), "1.50");
+    EXPECT_NE(Program.Work.Fields.Status.find("6 cells pasted, 2 left out"), std::string::npos);
+
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Times(3), Column({31, 32, 33, 34, 35, 36}));
+    EXPECT_EQ(Line.ReceiverData(ReceiverDistance, 4), 15);
+    EXPECT_EQ(Line.ShotDistance(3), 25);
+    EXPECT_EQ(Program.Work.Fields.Status, "") << "the message goes with the paste";
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Line.ShotDistance(3), 7);
+    EXPECT_FALSE(Picks->RedoEdit->isEnabled());
+}
+
+TEST_F(Tables, blocks_are_copied_cleared_and_filled) {
+    Select(2, 1, 3, 2);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12.00\t22.00\n13.00\t23.00\n");
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Times(1), Column({11, 0, 0, 14, 15, 16}));
+    EXPECT_EQ(Times(2), Column({21, 0, 0, 24, 25, 26}));
+    QApplication::clipboard()->setText("5");
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Times(2), Column({21, 5, 5, 24, 25, 26}));
+    Picks->selectAll();
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("11.00\t21.00")) << "without headings";
+}
+
+TEST_F(Tables, typing_begins_an_edit_and_keys_end_it) {
+    const QSignalSpy resets(Picks->model(), &QAbstractItemModel::modelReset);
+    Go_To(Picks, 1, 1);
+    Keys("7.25");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Line.ShotTimes(1, 1), 7.25f);
+    EXPECT_EQ(Program.Work.Grids.Buildgrid.CurrentRow, 2);
+    Keys("8");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Line.ShotTimes(1, 2), 8);
+    EXPECT_EQ(Picks->currentIndex(), Picks->model()->index(2, 2));
+    Keys("9");
+    Key(Qt::Key_Right);
+    EXPECT_EQ(Line.ShotTimes(2, 2), 9);
+    EXPECT_EQ(Picks->currentIndex(), Picks->model()->index(2, 3));
+    Key(Qt::Key_F2);
+    Key(Qt::Key_Left);
+    Keys("x");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Line.ShotTimes(3, 2), 32)
+        << "F2 belongs to the table, not to the menu; Escape takes the edit back";
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Picks->currentIndex(), Picks->model()->index(1, 3));
+    EXPECT_EQ(resets.count(), 0) << "each edit redraws the curves; the view must not start anew";
+
+    Go_To(Remarks, 2, 3);
+    Keys("Fault, 12 m");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Line.remark_grid.Text(2, 3), "Fault, 12 m");
+}
+
+TEST_F(Tables, a_double_click_on_a_shots_heading_asks_to_remove_that_shot) {
+    Line.CurrentFile = Folder / "line.tv5";
+    QHeaderView* headings = Picks->horizontalHeader();
+    const QPoint place(headings->sectionViewportPosition(2) + headings->sectionSize(2) / 2,
+                       headings->height() / 2);
+    Prompts.Expect("Do you want to remove shot 2", Answer::No);
+    QTest::mouseClick(headings->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(headings->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(Prompts.Messages.size(), 1u);
+    emit headings->sectionDoubleClicked(4);  // the receivers' distances are no shot
+    EXPECT_EQ(Prompts.Messages.size(), 1u);
+}
+
+TEST_F(Tables, commands_work_on_what_was_typed_and_end_the_undo_of_earlier_edits) {
+    Go_To(Picks, 7, 1);
+    Keys("-2");
+    Key(Qt::Key_Return);
+    ASSERT_TRUE(Picks->UndoEdit->isEnabled());
+    Prompts.Expect_Input("Enter the End Shot 1 number", "1");
+    Prompts.Expect_Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)", "2");
+    Screen->findChild<QPushButton*>("Command6")->click();
+    EXPECT_EQ(Line.ShotDistance(1), 0);
+    EXPECT_EQ(Picks->model()->index(7, 3).data(), "27.00");
+    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text16")->text(), "2");
+    EXPECT_FALSE(Picks->UndoEdit->isEnabled());
+
+    auto* interpolate = Screen->findChild<QPushButton*>("Command3");
+    EXPECT_EQ(interpolate->text(), "Interpol  Shot Z from Z geo");
+    Screen->findChild<QAbstractButton*>("GeophonesFromShots")->click();
+    EXPECT_EQ(interpolate->text(), "Compute  Geo Z from Z Shot");
+    Prompts.Expect("Receivers elevation update according shot elevation ?", Answer::No);
+    interpolate->click();
+
+    Prompts.Expect_Input(" Enter the End Shot number ", "3");
+    Prompts.Expect_Input("Enter line length (From end shot 1 to End Shot 3", "27");
+    QTest::mouseDClick(Screen->findChild<QLineEdit*>("Text6"), Qt::LeftButton);
+    EXPECT_EQ(Line.LineLength, 27);
+}
+
+/// The geometry dialog over a spread without an SU file.
+class New_profile_form : public Tables {
+  protected:
+    New_profile_form() {
+        Logic.Text1 = "5";
+        Logic.Text2 = "2";
+        Logic.Text3 = "12";
+        Logic.Text4 = "5";
+        Logic.FocusControl = "Text2";
+        Logic.Offset_or_Not();
+        Display.Open_Dialog(Dialog::rechinfo, false);
+        Dialog_Form = Display.Open_Form(Dialog::rechinfo);
+        QApplication::processEvents();
+    }
+    QLineEdit* Field(const char* name) { return Dialog_Form->findChild<QLineEdit*>(name); }
+
+    rechinfo& Logic = Program.NewProfile;
+    Form* Dialog_Form = nullptr;
+};
+
+TEST_F(New_profile_form, length_shots_and_caption_follow_the_fields) {
+    EXPECT_EQ(Dialog_Form->window()->focusWidget(), Field("Text2"));
+    EXPECT_EQ(Field("Text6")->text(), "55");
+    Field("Text1")->selectAll();
+    QTest::keyClicks(Field("Text1"), "2");
+    EXPECT_EQ(Field("Text6")->text(), "22");
+    Dialog_Form->findChild<QAbstractButton*>("Check1")->click();
+    EXPECT_EQ(Dialog_Form->findChild<QLabel*>("Label2")->text(), "Distance from Geophone1 to shot 2");
+    auto* shots = Dialog_Form->findChild<SpreadsheetView*>("DataGrid");
+    EXPECT_EQ(shots->model()->rowCount(), 6);
+    EXPECT_EQ(shots->model()->index(1, 1).data(), "-11");
+
+    // A length of his own is typed without being derived anew on the way, and then stays.
+    Field("Text6")->setFocus();
+    Field("Text6")->selectAll();
+    QTest::keyClick(Field("Text6"), Qt::Key_Delete);
+    QTest::keyClicks(Field("Text6"), "30");
+    Field("Text1")->setFocus();
+    EXPECT_EQ(shots->model()->index(1, 1).data(), "-15");
+    EXPECT_EQ(Logic.Text6, "30");
+
+    // Elevations come as a block from another program.
+    QApplication::clipboard()->setText("100\n101\n102\n103\n104\n105");
+    shots->setCurrentIndex(shots->model()->index(1, 2));
+    shots->PasteCells->trigger();
+    EXPECT_EQ(Logic.Read_Spread().ShotElevations, (std::vector<double>{100, 101, 102, 103, 104}));
+    shots->UndoEdit->trigger();
+    EXPECT_EQ(Logic.Read_Spread().ShotElevations, std::vector<double>(5, 0.0));
+}
+
+TEST_F(New_profile_form, closing_it_by_its_frame_gives_up_and_ok_does_not) {
+    Dialog_Form->findChild<QPushButton*>("Command1")->click();
+    EXPECT_FALSE(Display.Is_Open(Dialog::rechinfo));
+    EXPECT_FALSE(Logic.Cancelled);
+    Display.Open_Dialog(Dialog::rechinfo, false);
+    Display.Open_Form(Dialog::rechinfo)->window()->close();
+    EXPECT_FALSE(Display.Is_Open(Dialog::rechinfo));
+    EXPECT_TRUE(Logic.Cancelled);
+}
+
+}  // namespace
+}  // namespace tarnvik
