@@ -17,6 +17,7 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
+#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
@@ -35,6 +36,9 @@ void Open_Over_Curves(Session& session, const std::string& mode, Dialog dialog) 
 }
 
 void Show_Profile_In_Mode(Session& session, const std::string& mode) {
+    // The drawing takes the enlargement back; the scroll bars go with it, or part of the line were out of
+    // sight with no bar to bring it back.
+    Set_Zoom(session.Work.Curves, 1, 1);
     session.Work.DisplayMode = mode;
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Profile();
@@ -76,12 +80,14 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Curves_And_Profile(Session& session) {
+    Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);
 }
 
 void Start_New_Profile(Session& session) {
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    Close_Computing_Dialogs(session);
     session.PickTable.Forget();
     session.RemarkTable.Forget();
     session.Outside.Show.Show_Grids();

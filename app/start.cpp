@@ -68,6 +68,7 @@ bool Open_File_Named(Session& session, const std::string& path) {
 }
 
 void Show_Opened_Project(Session& session) {
+    Close_Computing_Dialogs(session);
     Clear_Display(session);
     Clear_Selection(session.Work.Curves);
     session.Work.DisplayMode = "DROMO";

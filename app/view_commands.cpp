@@ -13,10 +13,9 @@ namespace tarnvik {
 
 namespace {
 
-/// The page whose picture stands on the screen: the profile in its modes, otherwise the curves.
+/// The page whose picture stands on the screen, whatever mode a dialog has set since it was drawn.
 Page Page_On_Screen(const Session& session) {
-    const std::string& mode = session.Work.DisplayMode;
-    return mode.starts_with("Profil") || mode == "BI" ? Page::Profile : Page::Curves;
+    return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
 }
 
 void Save_Page_As(Session& session, const std::string& path) {
@@ -58,6 +57,11 @@ void Clear_Display(Session& session) {
     Clear_Screen(session);
     if (session.Work.Curves.DoubleView == 1) Toggle_Second_Window(session);
     session.Outside.Show.Select_Tab(Tab::Record);
+}
+
+void Close_Computing_Dialogs(Session& session) {
+    for (const Dialog dialog : {Dialog::confirm, Dialog::SpeedF, Dialog::Fcalcul})
+        session.Outside.Show.Close_Dialog(dialog);
 }
 
 void Back_To_Curves(Session& session) {

@@ -7,6 +7,8 @@ class Session;
 /// Closes what belongs to the previous project: pictures wiped, the second window closed, the record's tab
 /// selected.
 void Clear_Display(Session& session);
+/// Closes the dialogs that compute on the project in memory, since another one has come or will come.
+void Close_Computing_Dialogs(Session& session);
 /// Back to the plain travel-time curves.
 void Back_To_Curves(Session& session);
 /// Opens or closes the second travel-time window.

@@ -113,6 +113,7 @@ struct DepthWork {
 
 /// State of the profile picture.
 struct ProfileView {
+    std::string DrawnMode;  ///< mode word of the last drawing; a dialog may have changed DisplayMode since
     double ProfileMaxElevation = 0;
     double ProfileMinElevation = 0;
     std::int16_t ProfileVFactor = 1;

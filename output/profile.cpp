@@ -92,6 +92,7 @@ class KeptDistances {
 void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, Picture& profile, Picture& scale) {
     const KeptDistances before(workspace.Project);
     std::string failure;
+    workspace.Profile.DrawnMode = workspace.DisplayMode;
     try {
         Horizontal_Distances(workspace, ports);
         Measure_Profile(workspace, ports);
@@ -118,6 +119,7 @@ void Show_Combined(Workspace& workspace, Ports& ports) {
     Draw_Seismic_Profile(workspace, ports);
     workspace.Curves.FrameDrawn = 2;
     workspace.DisplayMode = "BI";
+    ports.Show.Show_Fields();
 }
 
 void Show_Profile_Readout(Workspace& workspace, Ports& ports, double x, double y) {

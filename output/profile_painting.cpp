@@ -31,7 +31,7 @@ class Painting {
   public:
     Painting(const Workspace& workspace, Picture& profile, Picture& scale)
         : State(workspace), Line(workspace.Project), Profile(profile), Scale(scale) {
-        const std::string& mode = workspace.DisplayMode;
+        const std::string& mode = workspace.Profile.DrawnMode;
         WithReceiverArcs = mode == "Profil2" || mode == "Profil3";
         WithGrmArcs = mode == "Profil3" || mode == "Profil4";
         First_Last_End_Shot(Line, FirstShot, LastShot);

@@ -18,6 +18,7 @@
 #include "traveltime/shot_grid.h"
 #include "traveltime/zoom.h"
 #include "ui/painting/picture_file.h"
+#include "ui/profile_pane.h"
 #include "ui/qt_display.h"
 
 namespace tarnvik {
@@ -117,13 +118,14 @@ void ShotListModel::Refresh() {
 
 CurvesPage::CurvesPage(Session& session, QtDisplay& display) : Program(session), Screen(display) {
     Panes = new QSplitter(Qt::Vertical);
-    Panes->addWidget(Curves_Pane());
-    ProfilePane = Profile_Pane();
-    Panes->addWidget(ProfilePane);
-    Panes->setStretchFactor(0, 3);
-    Panes->setStretchFactor(1, 2);
+    CurvesPane = Curves_Pane();
+    Profile = new ProfilePane(session, display);
+    Panes->addWidget(CurvesPane);
+    Panes->addWidget(Profile);
+    Panes->setStretchFactor(0, 1);
+    Panes->setStretchFactor(1, 1);
     Panes->setChildrenCollapsible(false);
-    ProfilePane->hide();
+    Profile->hide();
 
     auto* across = new QSplitter(Qt::Horizontal);
     across->addWidget(Shots_Pane());
@@ -138,7 +140,7 @@ CurvesPage::CurvesPage(Session& session, QtDisplay& display) : Program(session),
     Resized.setSingleShot(true);
     Resized.setInterval(0);
     connect(&Resized, &QTimer::timeout, this, &CurvesPage::Repaint);
-    for (PictureBox* box : {Dromo, EchelleX, EchelleY, Dromo1, EchelleY1}) {
+    for (PictureBox* box : {Dromo, EchelleX, EchelleY}) {
         connect(box, &PictureBox::Resized, this, [this] { Resized.start(); });
     }
     Wire_Pointer();
@@ -207,29 +209,6 @@ QWidget* CurvesPage::Curves_Pane() {
         // The bar goes up to later times unless time 0 is on top.
         VScroll1->setInvertedAppearance(!view.ZeroOnTop);
     });
-    return pane;
-}
-
-QWidget* CurvesPage::Profile_Pane() {
-    const PageLayout page = Profile_Layout();
-    auto* pane = new QWidget;
-    Dromo1 = new PictureBox;
-    EchelleY1 = new PictureBox;
-    Dromo1->setObjectName("Dromo1");
-    EchelleY1->setObjectName("EchelleY1");
-    Dromo1->setAccessibleName(tr("Seismic profile"));
-    Dromo1->Canvas().Set_Margins(page.Margins);
-    EchelleY1->Canvas().Follow_Rows_Of(&Dromo1->Canvas());
-    EchelleY1->setFixedWidth(Strip_Pixels(this, page.StripY));
-    EchelleY1->setFocusPolicy(Qt::NoFocus);
-    auto* grid = new QGridLayout(pane);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    grid->addWidget(EchelleY1, 0, 0);
-    grid->addWidget(Dromo1, 0, 1);
-    grid->setColumnStretch(1, 1);
-    Screen.Register(Canvas::Dromo1, Dromo1);
-    Screen.Register(Canvas::EchelleY1, EchelleY1);
     return pane;
 }
 
@@ -303,19 +282,34 @@ void CurvesPage::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
 
 void CurvesPage::Repaint() {
     Screen.Repaint_Page(Page::Curves);
-    if (!ProfilePane->isHidden()) Screen.Repaint_Page(Page::Profile);
+}
+
+void CurvesPage::Arrange_Panes() {
+    const Workspace& work = Program.Work;
+    const bool profile = work.Curves.FrameDrawn == 2;
+    // A dialog may change the mode word while the pictures stay.
+    if (work.DisplayMode == "BI") {
+        Combined = true;
+    } else if (!profile || work.DisplayMode.starts_with("Prof")) {
+        Combined = false;
+    }
+    Profile->setVisible(profile);
+    CurvesPane->setVisible(!profile || Combined);
 }
 
 void CurvesPage::Refresh() {
+    Arrange_Panes();
     Fields.Refresh();
+    Profile->Refresh();
 }
 
 void CurvesPage::Refresh_Shots() {
     Shots->Refresh();
+    Profile->Draw_Sketch();
 }
 
-void CurvesPage::Show_Profile_Pane(bool on) {
-    ProfilePane->setVisible(on);
+void CurvesPage::Prepare_Profile() {
+    Profile->Show_Whole_Line();
 }
 
 }  // namespace tarnvik

@@ -13,6 +13,7 @@ class QScrollBar;
 
 namespace tarnvik {
 
+class ProfilePane;
 class QtDisplay;
 class Session;
 
@@ -34,8 +35,8 @@ class ShotListModel : public QAbstractListModel {
     std::vector<int> Colours;
 };
 
-/// Third tab: the travel-time curves with their scale strips and scroll bars, the list of shots, and below
-/// them the seismic profile with its elevation scale.
+/// Third tab: the list of shots, and beside it the travel-time curves, the seismic profile in their place, or
+/// both in the combined display.
 class CurvesPage : public QWidget {
     Q_OBJECT
 
@@ -44,14 +45,15 @@ class CurvesPage : public QWidget {
 
     void Refresh();
     void Refresh_Shots();
-    void Show_Profile_Pane(bool on);
+    /// Makes room for the profile before it is drawn; the whole line comes into sight.
+    void Prepare_Profile();
 
   private:
     QWidget* Curves_Pane();
-    QWidget* Profile_Pane();
     QWidget* Shots_Pane();
     void Wire_Pointer();
     void Wheel(double steps, Qt::KeyboardModifiers modifiers);
+    void Arrange_Panes();
     void Repaint();
 
     Session& Program;
@@ -59,12 +61,12 @@ class CurvesPage : public QWidget {
     PictureBox* Dromo = nullptr;
     PictureBox* EchelleX = nullptr;
     PictureBox* EchelleY = nullptr;
-    PictureBox* Dromo1 = nullptr;
-    PictureBox* EchelleY1 = nullptr;
     QScrollBar* HScroll1 = nullptr;
     QScrollBar* VScroll1 = nullptr;
     QSplitter* Panes = nullptr;
-    QWidget* ProfilePane = nullptr;
+    QWidget* CurvesPane = nullptr;
+    ProfilePane* Profile = nullptr;
+    bool Combined = false;
     ShotListModel* Shots = nullptr;
     FieldBinder Fields;
     QTimer Resized;

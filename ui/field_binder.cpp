@@ -118,6 +118,49 @@ void FieldBinder::Text(QComboBox* control, std::string& field, Reaction changed)
     });
 }
 
+void FieldBinder::Finished_Text(QComboBox* control, std::string& field, Reaction finished) {
+    Text(control, field);
+    QObject::connect(control, &QComboBox::textActivated, control, [&field, finished](const QString& chosen) {
+        field = chosen.toStdString();
+        React(finished);
+    });
+    QLineEdit* typed = control->lineEdit();
+    if (typed == nullptr) return;
+    QObject::connect(typed, &QLineEdit::editingFinished, control, [typed, finished] {
+        if (!typed->isModified()) return;
+        typed->setModified(false);
+        React(finished);
+    });
+}
+
+void FieldBinder::Entries(QComboBox* control, const std::vector<std::string>& entries) {
+    Follow([control, &entries] {
+        QStringList texts;
+        for (const std::string& entry : entries)
+            texts << QString::fromStdString(entry);
+        bool same = texts.size() == control->count();
+        for (int index = 0; same && index < control->count(); ++index)
+            same = control->itemText(index) == texts[index];
+        if (same) return;
+        const QSignalBlocker silent(control);
+        control->clear();
+        control->addItems(texts);
+    });
+}
+
+void FieldBinder::Result(QLineEdit* control, const std::string& field) {
+    control->setReadOnly(true);
+    control->setFocusPolicy(Qt::ClickFocus);
+    Follow([control, &field] {
+        const QPalette usual = control->parentWidget()->palette();
+        QPalette flat = usual;
+        flat.setColor(QPalette::Base, usual.color(QPalette::Window));
+        if (control->palette() != flat) control->setPalette(flat);
+        const QString text = QString::fromStdString(field);
+        if (control->text() != text) control->setText(text);
+    });
+}
+
 void FieldBinder::Choice(QButtonGroup* group, int& field, Reaction changed) {
     QObject::connect(group, &QButtonGroup::idToggled, group, [&field, changed](int id, bool on) {
         if (!on) return;

@@ -41,6 +41,12 @@ class FieldBinder {
     void Choice(QComboBox* control, int& field, Reaction changed = {});
     /// Text of a list that can be typed over.
     void Text(QComboBox* control, std::string& field, Reaction changed = {});
+    /// The reaction runs when an entry is chosen, the same one again included, or what was typed is finished.
+    void Finished_Text(QComboBox* control, std::string& field, Reaction finished);
+    /// The entries of a list, kept while they do not change. Comes before the text of the same control.
+    void Entries(QComboBox* control, const std::vector<std::string>& entries);
+    /// A result: it can be selected and copied, not typed over, and looks unlike an input.
+    void Result(QLineEdit* control, const std::string& field);
     /// One of several option buttons; the button's id in the group is the value.
     void Choice(QButtonGroup* group, int& field, Reaction changed = {});
     void Number(QSpinBox* control, int& field, Reaction changed = {});

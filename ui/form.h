@@ -21,6 +21,10 @@ class Form : public QWidget {
 
     /// The logic changed fields or grids.
     virtual void Refresh() { Fields.Refresh(); }
+    /// The form stands open; a modal one is about to.
+    virtual void Opened() {}
+    /// The logic calls the form in front, after the picture served it.
+    virtual void Called() {}
     /// The form goes away, by its own button or by the window's.
     virtual void Closed() {}
 

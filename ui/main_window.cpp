@@ -52,6 +52,8 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     SSTab1->addTab(Records, Family_Icon("record"), tr("Field record"));
     SSTab1->addTab(Tables, Family_Icon("table"), tr("Tables"));
     SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
+    // A tool window beside a wide page takes its room from the page and not from the screen.
+    SSTab1->setMinimumSize(560, 320);
     setCentralWidget(SSTab1);
 
     Bars = new CommandBars(session, *this);
@@ -148,8 +150,8 @@ void MainWindow::Select_Tab(Tab tab) {
     SSTab1->setCurrentIndex(static_cast<int>(tab));
 }
 
-void MainWindow::Show_Profile_Pane() {
-    Curves->Show_Profile_Pane(true);
+void MainWindow::Prepare_Profile() {
+    Curves->Prepare_Profile();
 }
 
 void MainWindow::Place_Dock(QDockWidget* dock) {

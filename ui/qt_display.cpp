@@ -72,7 +72,7 @@ void QtDisplay::Show_Curves() {
 }
 
 void QtDisplay::Show_Profile() {
-    if (Window != nullptr) Window->Show_Profile_Pane();
+    if (Window != nullptr) Window->Prepare_Profile();
     SessionDisplay::Show_Profile();
     Show_Fields();
 }
@@ -132,9 +132,11 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
         form->Refresh();
         QObject::connect(box, &QDialog::finished, box, [this, dialog] { Forget(dialog); });
         if (modal) {
-            box->exec();
+            form->Opened();
+            if (Is_Open(dialog)) box->exec();
         } else {
             box->show();
+            form->Opened();
         }
         return;
     }
@@ -148,6 +150,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
         new CloseWatcher(form, [this, dialog] { Forget(dialog); });
         form->Refresh();
         form->show();
+        form->Opened();
         return;
     }
     auto* dock = new QDockWidget(title, Window);
@@ -158,6 +161,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     new CloseWatcher(dock, [this, dialog] { Forget(dialog); });
     form->Refresh();
     Window->Place_Dock(dock);
+    form->Opened();
 }
 
 void QtDisplay::Close_Dialog(Dialog dialog) {
@@ -177,6 +181,7 @@ void QtDisplay::Bring_To_Front(Dialog dialog) {
     found->second.Shell->raise();
     // A docked form stays where it is; one that floats comes over the main window and gets the keys.
     if (found->second.Shell->isWindow()) found->second.Shell->activateWindow();
+    found->second.Content->Called();
 }
 
 bool QtDisplay::Is_Open(Dialog dialog) const {

@@ -2,9 +2,12 @@
 
 #include "ui/form.h"
 #include "ui/forms/auto_pik_form.h"
+#include "ui/forms/confirm_form.h"
+#include "ui/forms/depth_form.h"
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
+#include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
 #include "ui/forms/zoom_form.h"
 
@@ -22,6 +25,9 @@ const std::map<Dialog, FormKind>& Registry() {
     static const std::map<Dialog, FormKind> registry = {
         {Dialog::frmSplash, {"Tarnvik", FormPlace::Box, Make<SplashForm>}},
         {Dialog::AutoPik, {"Automatic picking", FormPlace::Dock, Make<AutoPikForm>}},
+        {Dialog::SpeedF, {"Velocity calculation", FormPlace::Dock, Make<SpeedForm>}},
+        {Dialog::confirm, {"Record data", FormPlace::Box, Make<ConfirmForm>}},
+        {Dialog::Fcalcul, {"Depth Computation", FormPlace::Dock, Make<DepthForm>}},
         {Dialog::rechinfo, {"New profile", FormPlace::Box, Make<NewProfileForm>}},
         {Dialog::Zoom, {"Enlargement factors", FormPlace::Dock, Make<ZoomForm>}},
         {Dialog::RulerF, {"Ruler", FormPlace::Dock, Make<RulerForm>}},

@@ -1,0 +1,217 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "app/commands.h"
+#include "window_fixture.h"
+
+namespace tarnvik {
+namespace {
+
+class Forms : public Window {
+  protected:
+    Forms() {
+        QApplication::setActiveWindow(Screen.get());
+        Program.Work.Project.CurrentFile = Folder / "line.tv5";
+    }
+    Form* Open(Dialog dialog) {
+        Display.Open_Dialog(dialog, false);
+        return Display.Open_Form(dialog);
+    }
+    void Click_Curves(double x, double y) {
+        auto* dromo = Find<PictureBox>("Dromo");
+        QTest::mouseClick(dromo, Qt::LeftButton, {}, Pixel(dromo, x, y));
+    }
+    static void Enter(QWidget* control) {
+        QFocusEvent event(QEvent::FocusIn);
+        QApplication::sendEvent(control, &event);
+    }
+};
+
+TEST_F(Forms, depth_fields_stand_in_their_controls_and_are_known_to_the_picture) {
+    constexpr std::pair<const char*, const char*> fields[] = {
+        {"Text2", "V1A"},   {"Text7", "V1B"},   {"Text3", "V2A"},   {"Text8", "V2B"},   {"Text4", "V3A"},
+        {"Text9", "V3B"},   {"Text5", "V4A"},   {"Text10", "V4B"},  {"Text6", "V5A"},   {"Text11", "V5B"},
+        {"Text31", "IT1A"}, {"Text36", "IT1B"}, {"Text37", "IT2A"}, {"Text38", "IT2B"}, {"Text39", "IT3A"},
+        {"Text40", "IT3B"}, {"Text41", "IT4A"}, {"Text42", "IT4B"}, {"Text44", "CD1A"}, {"Text45", "CD1B"},
+        {"Text46", "CD2A"}, {"Text47", "CD2B"}, {"Text48", "CD3A"}, {"Text49", "CD3B"}, {"Text50", "CD4A"},
+        {"Text51", "CD4B"}};
+    Fcalcul& logic = Program.Depths;
+    Form* form = Open(Dialog::Fcalcul);
+    for (const auto& [control, name] : fields) {
+        auto* edit = form->findChild<QLineEdit*>(control);
+        ASSERT_NE(edit, nullptr) << control;
+        *logic.Field_Named(name) = name;
+        form->Refresh();
+        EXPECT_EQ(edit->text(), name);
+        edit->setText("12.5");
+        Program.Work.DisplayMode = "DROMO";
+        emit edit->textEdited("12.5");
+        EXPECT_EQ(*logic.Field_Named(name), "12.5") << control;
+        EXPECT_EQ(Program.Work.DisplayMode, "Calcul");
+        Enter(edit);
+        EXPECT_EQ(Program.Work.Velocity.FocusField, name);
+    }
+    struct Row {
+        std::string* Field;
+        const char* Control;
+    };
+    const Row results[] = {{&logic.TrueV[5], "Text16"},         {&logic.Thick[4], "Text30"},
+                           {&logic.Depth[2], "Text33"},         {&logic.MeanIntercept[3], "Text19"},
+                           {&logic.MeanCritDist[1], "Text22"},  {&logic.Altitude, "Text1"},
+                           {&logic.MeanIntercept[1], "Text17"}, {&logic.ShotDepth, "Text26"}};
+    for (const auto& [field, control] : results) {
+        *field = "7";
+        form->Refresh();
+        EXPECT_EQ(form->findChild<QLineEdit*>(control)->text(), "7") << control;
+        *field = "";
+    }
+}
+
+TEST_F(Forms, depth_rows_follow_the_count_of_layers_when_it_is_typed_to_its_end) {
+    Form* form = Open(Dialog::Fcalcul);
+    const auto shown = [form](const char* control) {
+        return !form->findChild<QLineEdit*>(control)->isHidden();
+    };
+    auto* count = form->findChild<QLineEdit*>("Text21");
+    for (const int layers : {5, 2, 3, 4}) {
+        count->setFocus();
+        count->selectAll();
+        QTest::keyClicks(count, QString::number(layers));
+        EXPECT_NE(Program.Depths.VisibleLayers, layers) << "not while it is typed";
+        QTest::keyClick(count, Qt::Key_Return);
+        EXPECT_TRUE(shown("Text3") && shown("Text31") && shown("Text27"));
+        EXPECT_EQ(shown("Text9"), layers >= 3) << layers;
+        EXPECT_EQ(shown("Text37") && shown("Text28") && shown("Text23"), layers >= 3) << layers;
+        EXPECT_EQ(shown("Text15") && shown("Text49") && shown("Text34"), layers >= 4) << layers;
+        EXPECT_EQ(shown("Text6") || shown("Text41") || shown("Text25") || shown("Text30"), layers == 5);
+    }
+    EXPECT_FALSE(Program.Depths.Unsaved) << "Return took the count and did not compute";
+}
+
+TEST_F(Forms, mean_fields_refuse_the_focus_and_results_can_be_copied) {
+    Form* form = Open(Dialog::Fcalcul);
+    auto* side = form->findChild<QLineEdit*>("Text31");
+    side->setFocus();
+    QTest::mouseClick(form->findChild<QLineEdit*>("Text17"), Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_TRUE(Prompts.Said("You must correct the upper line"));
+    EXPECT_EQ(Program.Work.Velocity.FocusField, "IT1A") << "the field before keeps the focus";
+    auto* result = form->findChild<QLineEdit*>("Text27");
+    EXPECT_TRUE(result->isReadOnly());
+    EXPECT_NE(result->palette().color(QPalette::Base), side->palette().color(QPalette::Base));
+    EXPECT_NE(result->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(Forms, depth_picks_a_time_computes_by_return_and_marks_what_is_not_saved) {
+    Form* form = Open(Dialog::Fcalcul);
+    auto* save = form->findChild<QPushButton*>("Command4");
+    form->findChild<QLineEdit*>("Text31")->setFocus();
+    Click_Curves(10, 20);
+    const std::string picked = Program.Depths.InterceptA[1];
+    EXPECT_EQ(picked, std::to_string(Program.Work.Curves.MouseTime));
+    EXPECT_EQ(form->findChild<QLineEdit*>("Text31")->text().toStdString(), picked);
+    EXPECT_NE(save->palette().color(QPalette::Button), QColor(Qt::red));
+    QTest::keyClick(form->findChild<QLineEdit*>("Text31"), Qt::Key_Return);
+    EXPECT_TRUE(Program.Depths.Unsaved);
+    EXPECT_NE(form->findChild<QLineEdit*>("Text27")->text(), "");
+    EXPECT_EQ(save->palette().color(QPalette::Button), QColor(Qt::red));
+    save->click();
+    EXPECT_NE(save->palette().color(QPalette::Button), QColor(Qt::red));
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(Folder / "line.tv5")));
+
+    form->findChild<QScrollBar*>("HScroll1")->setValue(2);
+    EXPECT_EQ(Program.Depths.ShotLabel, "2");
+    QTest::keyClick(form->findChild<QLineEdit*>("Text2"), Qt::Key_Escape);
+    EXPECT_FALSE(Display.Is_Open(Dialog::Fcalcul));
+    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+}
+
+TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
+    Form* form = Open(Dialog::SpeedF);
+    EXPECT_EQ(Program.Work.DisplayMode, "Vitesse");
+    form->findChild<QComboBox*>("Combo2")->setEditText("1");
+    Click_Curves(2 * 8.0, 30);
+    EXPECT_EQ(form->findChild<QComboBox*>("Combo3")->currentText(), "2");
+    form->findChild<QComboBox*>("Combo4")->lineEdit()->setFocus();
+    Click_Curves(9 * 8.0, 30);
+    EXPECT_EQ(form->findChild<QComboBox*>("Combo4")->currentText(), "9");
+    auto* velocity = form->findChild<QLineEdit*>("Text4");
+    EXPECT_EQ(velocity->text(), "");
+    QTest::keyClick(form->findChild<QComboBox*>("Combo4")->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(velocity->text(), "500");
+    EXPECT_EQ(velocity->text().toStdString(), Program.Speed.Text4);
+    EXPECT_FALSE(Blank(form->findChild<PictureBox*>("Picture2")));
+
+    // By the window's own button.
+    form->parentWidget()->close();
+    EXPECT_FALSE(Display.Is_Open(Dialog::SpeedF));
+    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+}
+
+TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {
+    Form* form = Open(Dialog::SpeedF);
+    form->findChild<QComboBox*>("Combo2")->setEditText("1");
+    form->findChild<QComboBox*>("Combo4")->setEditText("7");
+    form->findChild<QPushButton*>("Command5")->click();
+    for (const auto& [key, stored] : {std::pair{Qt::Key_Escape, 0}, std::pair{Qt::Key_Return, 500}}) {
+        QTimer::singleShot(0, Screen.get(), [this, key = key] {
+            Form* record = Display.Open_Form(Dialog::confirm);
+            ASSERT_NE(record, nullptr);
+            EXPECT_TRUE(
+                QTest::qWaitFor([record] { return record->isAncestorOf(QApplication::focusWidget()); }));
+            EXPECT_EQ(record->findChild<QLineEdit*>("Text4")->text(), "500");
+            QTest::keyClick(record->findChild<QLineEdit*>("Text2"), key);
+            EXPECT_FALSE(Display.Is_Open(Dialog::confirm));
+            Display.Close_Dialog(Dialog::confirm);
+        });
+        form->findChild<QPushButton*>("Command1")->click();
+        EXPECT_EQ(Program.Work.Project.VelocityA(1, 1), stored);
+        EXPECT_EQ(form->findChild<QPushButton*>("Command1")->isEnabled(), stored == 0);
+    }
+}
+
+TEST_F(Forms, profile_is_drawn_on_command_and_only_painted_when_its_size_changes) {
+    Project& line = Program.Work.Project;
+    for (int shot = 1; shot <= 3; ++shot)
+        line.ShotElevation(shot) = 100;
+    for (int receiver = 1; receiver <= 12; ++receiver)
+        line.ReceiverData(ReceiverElevation, receiver) = static_cast<float>(100 + receiver % 2);
+    auto* curves = Find<PictureBox>("Dromo");
+    auto* profile = Find<PictureBox>("Dromo1");
+    Run_Command(Program, "drawing");
+    QApplication::processEvents();
+    EXPECT_TRUE(profile->isVisible());
+    EXPECT_FALSE(curves->isVisible());
+    EXPECT_FALSE(Blank(profile));
+    EXPECT_FALSE(Blank(Find<PictureBox>("Sketch")));
+    const float corrected = line.ReceiverData(ReceiverDistance, 12);
+    EXPECT_LT(corrected, 55);
+    profile->parentWidget()->resize(600, 300);
+    QTest::qWait(1);
+    QWheelEvent enlarge({100, 100}, profile->mapToGlobal(QPointF(100, 100)), {}, {0, 120}, {},
+                        Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(profile, &enlarge);
+    EXPECT_EQ(profile->Canvas().Current_Frame().Right - profile->Canvas().Current_Frame().Left, 160);
+    EXPECT_EQ(line.ReceiverData(ReceiverDistance, 12), corrected);
+    EXPECT_EQ(Program.Work.Curves.ZoomX, 1) << "the curves keep their own window";
+
+    Run_Command(Program, "BI_M");
+    QApplication::processEvents();
+    EXPECT_TRUE(curves->isVisible() && profile->isVisible());
+    QTest::mouseMove(profile, Pixel(profile, 100, 50));
+    QApplication::processEvents();
+    EXPECT_EQ(Find<QLabel>("ProfileReadout")->text().toStdString(), Program.Work.Fields.ProfileReadout);
+    EXPECT_EQ(Program.Work.Fields.ProfileReadout.rfind("X=2", 0), 0U);
+    Display.Show_Curves();
+    EXPECT_FALSE(profile->isVisible());
+    EXPECT_TRUE(curves->isVisible());
+}
+
+}  // namespace
+}  // namespace tarnvik

@@ -1,0 +1,29 @@
+#include "ui/forms/confirm_form.h"
+
+#include "app/session.h"
+#include "ui/forms/form_keys.h"
+#include "ui_confirm_form.h"
+
+namespace tarnvik {
+
+ConfirmForm::ConfirmForm(Session& session, QtDisplay&) : Program(session) {
+    Ui::ConfirmForm controls;
+    controls.setupUi(this);
+    Confirm& logic = session.Record;
+    Fields.Text(controls.Text1, logic.Text1);
+    Fields.Text(controls.Text2, logic.Text2);
+    Fields.Text(controls.Text3, logic.Text3);
+    Fields.Text(controls.Text4, logic.Text4);
+    Fields.Text(controls.Label5, logic.Label5);
+    Fields.Command(controls.Command1, [&logic] { logic.Command1(); });
+    Fields.Command(controls.Command2, [&logic] { logic.Command2(); });
+    controls.VelocityUnit->setText(session.Work.Settings.Metric() ? "m/s" : "f/s");
+    On_Enter(this, [&logic] { logic.Command1(); });
+    On_Escape(this, [&logic] { logic.Command2(); });
+}
+
+void ConfirmForm::Opened() {
+    Program.Record.Load();
+}
+
+}  // namespace tarnvik
