@@ -171,6 +171,8 @@ void MainWindow::Place_Dock(QDockWidget* dock) {
         dock->setGeometry(desk.intersects(place) ? place : QRect(desk.center(), place.size()));
     } else if (width > 0) {
         resizeDocks({dock}, {width}, Qt::Horizontal);
+    } else if (!known) {
+        resizeDocks({dock}, {dock->widget()->sizeHint().width()}, Qt::Horizontal);
     }
 }
 

@@ -16,6 +16,10 @@ namespace {
 class Forms : public Window {
   protected:
     Forms() {
+        // The program that the test before ended has told all event loops to end; a loop of its own forgets
+        // it.
+        QTimer::singleShot(0, qApp, [] { QApplication::exit(); });
+        QApplication::exec();
         QApplication::setActiveWindow(Screen.get());
         Program.Work.Project.CurrentFile = Folder / "line.tv5";
     }
@@ -159,8 +163,10 @@ TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {
     form->findChild<QComboBox*>("Combo2")->setEditText("1");
     form->findChild<QComboBox*>("Combo4")->setEditText("7");
     form->findChild<QPushButton*>("Command5")->click();
+    int answered = 0;
     for (const auto& [key, stored] : {std::pair{Qt::Key_Escape, 0}, std::pair{Qt::Key_Return, 500}}) {
-        QTimer::singleShot(0, Screen.get(), [this, key = key] {
+        QTimer::singleShot(0, Screen.get(), [this, &answered, key = key] {
+            ++answered;
             Form* record = Display.Open_Form(Dialog::confirm);
             ASSERT_NE(record, nullptr);
             EXPECT_TRUE(
@@ -174,6 +180,7 @@ TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {
         EXPECT_EQ(Program.Work.Project.VelocityA(1, 1), stored);
         EXPECT_EQ(form->findChild<QPushButton*>("Command1")->isEnabled(), stored == 0);
     }
+    EXPECT_EQ(answered, 2);
 }
 
 TEST_F(Forms, profile_is_drawn_on_command_and_only_painted_when_its_size_changes) {

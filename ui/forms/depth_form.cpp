@@ -62,8 +62,7 @@ DepthForm::DepthForm(Session& session, QtDisplay&) : Program(session) {
     LayerCount = controls.Text21;
     const int width = fontMetrics().horizontalAdvance("88888.8") + 12;
     for (QLineEdit* edit : findChildren<QLineEdit*>()) {
-        edit->setMinimumWidth(width);
-        edit->setMaximumWidth(2 * width);
+        edit->setFixedWidth(width);
     }
     Bind_Shot(controls);
     Bind_Layers();
@@ -108,6 +107,10 @@ void DepthForm::Bind_Shot(const Ui::DepthForm& controls) {
     });
     controls.HScroll1->setTracking(false);
     controls.HScroll1->setPageStep(1);
+    // The number below stays on the shot before while the bar stands on an offset shot.
+    Fields.Follow([&logic, label = controls.Label1] {
+        label->setText(tr("Shot change  %1 / %2").arg(logic.HScroll1.Value).arg(logic.HScroll1.Max));
+    });
     Fields.Text(controls.Text52, logic.ShotLabel);
     Fields.Text(controls.Text43, logic.OffsetText);
     Fields.Shown(controls.Text43, [&logic] { return !logic.OffsetText.empty(); });
