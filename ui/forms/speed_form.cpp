@@ -42,7 +42,8 @@ SpeedForm::SpeedForm(Session& session, QtDisplay& display) : Program(session) {
         box->setFixedWidth(width);
     }
     controls.stretchGrid->setColumnStretch(2, 1);
-    controls.layerGrid->setColumnStretch(1, 1);
+    controls.layerGrid->setColumnStretch(2, 1);
+    controls.Label4->setMinimumWidth(controls.Label2->sizeHint().width());
     controls.resultGrid->setColumnStretch(2, 1);
     controls.Picture2->setFixedSize(
         {fontMetrics().horizontalAdvance("8888") + 8, fontMetrics().height() + 4});
