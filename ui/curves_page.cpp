@@ -12,7 +12,6 @@
 
 #include "app/session.h"
 #include "core/text/number.h"
-#include "output/profile.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curves.h"
 #include "traveltime/shot_grid.h"
@@ -244,9 +243,6 @@ void CurvesPage::Wire_Pointer() {
             [&pointer](const PictureEvent& event) { pointer.Double_Click(On_Curves(event)); });
     connect(Dromo, &PictureBox::Key_Pressed, this, [&pointer](int code) { pointer.Key(code); });
     connect(Dromo, &PictureBox::Wheel_Turned, this, &CurvesPage::Wheel);
-    connect(Dromo1, &PictureBox::Moved, this, [this](const PictureEvent& event) {
-        Show_Profile_Readout(Program.Work, Program.Outside, event.X, event.Y);
-    });
 }
 
 void CurvesPage::Wheel(double steps, Qt::KeyboardModifiers modifiers) {

@@ -111,6 +111,7 @@ void MainWindow::Build_Status_Bar() {
 
     Fields.Text(read_out, fields.Text1);
     Fields.Text(record_read_out, fields.RecordReadout);
+    Fields.Shown(profile, [this] { return Program.Work.Curves.FrameDrawn == 2; });
     Fields.Text(status, fields.Status);
     const auto on_record = [this] { return SSTab1->currentWidget() == Records; };
     Fields.Shown(record_read_out, on_record);

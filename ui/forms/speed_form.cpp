@@ -29,7 +29,11 @@ SpeedForm::SpeedForm(Session& session, QtDisplay& display) : Program(session) {
     Bind_Stretch(controls);
     Bind_Layer(controls);
     Bind_Results(controls);
-    Fields.Command(controls.Command1, [&logic] { logic.Command1(); });
+    Fields.Command(controls.Command1, [this, &logic] {
+        logic.Command1();
+        // A button that is closed hands the keys on to the next one: Return would refresh.
+        Called();
+    });
     Fields.Command(controls.Command2, [&logic] { logic.Command2(); });
     Fields.Command(controls.Command3, [this] { Close_Me(); });
     Fields.Command(controls.Command5, [&logic] { logic.Command5(); });
@@ -107,7 +111,13 @@ void SpeedForm::Bind_Results(const Ui::SpeedForm& controls) {
     QPalette red = controls.NotRecorded->palette();
     red.setColor(QPalette::WindowText, QColor(0xd0, 0x20, 0x20));
     controls.NotRecorded->setPalette(red);
-    Fields.Shown(controls.NotRecorded, [&logic] { return !logic.Text4.empty() && logic.SaveEnabled; });
+    Fields.Shown(controls.NotRecorded, [this, &logic] {
+        const std::string result = logic.Combo2 + '|' + logic.Combo1 + '|' + logic.Text4 + '|' + logic.Text5;
+        // Saving closes the button, and only another choice of the layer opens it again.
+        if (CouldSave && !logic.SaveEnabled) Recorded = result;
+        CouldSave = logic.SaveEnabled;
+        return !logic.Text4.empty() && result != Recorded;
+    });
     Fields.Follow([this, unit = controls.VelocityUnit] {
         unit->setText(Program.Work.Settings.Metric() ? "m/s" : "f/s");
     });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "ui/form.h"
 
 namespace Ui {
@@ -26,6 +28,8 @@ class SpeedForm : public Form {
     Session& Program;
     QWidget* FirstBox = nullptr;
     QWidget* LastBox = nullptr;
+    std::string Recorded;  ///< the result saved last
+    bool CouldSave = true;
 };
 
 }  // namespace tarnvik
