@@ -79,7 +79,7 @@ DepthForm::DepthForm(Session& session, QtDisplay&) : Program(session) {
         QPalette colours = palette();
         if (logic.Unsaved) {
             colours.setColor(QPalette::Button, QColor(255, 0, 0));
-            colours.setColor(QPalette::ButtonText, Qt::white);
+            colours.setColor(QPalette::ButtonText, Qt::black);
         }
         if (save->palette() != colours) save->setPalette(colours);
     });
@@ -112,8 +112,13 @@ void DepthForm::Bind_Shot(const Ui::DepthForm& controls) {
         label->setText(tr("Shot change  %1 / %2").arg(logic.HScroll1.Value).arg(logic.HScroll1.Max));
     });
     Fields.Text(controls.Text52, logic.ShotLabel);
+    controls.Text43->setMinimumHeight(fontMetrics().height());
     Fields.Text(controls.Text43, logic.OffsetText);
     Fields.Shown(controls.Text43, [&logic] { return !logic.OffsetText.empty(); });
+    // The rows and buttons below stay where they are when the message comes.
+    QSizePolicy room = controls.Text43->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    controls.Text43->setSizePolicy(room);
     QPalette red = controls.Text43->palette();
     red.setColor(QPalette::WindowText, QColor(0xd0, 0x20, 0x20));
     controls.Text43->setPalette(red);
