@@ -123,8 +123,8 @@ QWidget* ProfilePane::Side() {
     Sketch->setFocusPolicy(Qt::NoFocus);
     Sketch->setMinimumHeight(60);
     Sketch->setMaximumHeight(110);
-    const int width = fontMetrics().horizontalAdvance("Profil total height (meters)  88888.8") + 40;
-    side->setFixedWidth(width);
+    Sketch->Set_Size_Hint({200, 100});
+    side->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     const auto number = [this](const char* name, const QString& tooltip) {
         auto* edit = new QLineEdit;
         edit->setObjectName(name);
