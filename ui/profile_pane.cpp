@@ -1,12 +1,12 @@
 #include "ui/profile_pane.h"
 
-#include <QFormLayout>
 #include <QGridLayout>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "app/session.h"
 #include "output/profile.h"
@@ -124,7 +124,6 @@ QWidget* ProfilePane::Side() {
     Sketch->setMinimumHeight(60);
     Sketch->setMaximumHeight(110);
     Sketch->Set_Size_Hint({200, 100});
-    side->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     const auto number = [this](const char* name, const QString& tooltip) {
         auto* edit = new QLineEdit;
         edit->setObjectName(name);
@@ -136,22 +135,26 @@ QWidget* ProfilePane::Side() {
     auto* highest = number("Text27", tr("Elevation of the highest point of the profile"));
     auto* lowest = number("Text33", tr("Elevation of the lowest point of the profile"));
     auto* height = number("Text32", tr("Difference of the two elevations"));
-    auto* form = new QFormLayout;
-    form->setLabelAlignment(Qt::AlignLeft);
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->setFormAlignment(Qt::AlignRight | Qt::AlignTop);
-    form->addRow(tr("Maximum profile elevation"), highest);
-    form->addRow(tr("Minimum profile elevation"), lowest);
-    form->addRow(tr("Profil total height (meters)"), height);
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(0, 1);
+    const std::pair<QString, QLineEdit*> rows_of_fields[] = {{tr("Maximum profile elevation"), highest},
+                                                             {tr("Minimum profile elevation"), lowest},
+                                                             {tr("Profil total height (meters)"), height}};
+    for (const auto& [caption, field] : rows_of_fields) {
+        const int row = grid->rowCount();
+        grid->addWidget(new QLabel(caption), row, 0);
+        grid->addWidget(field, row, 1);
+    }
     Fields.Text(highest, fields.Text27);
     Fields.Text(lowest, fields.Text33);
     Fields.Result(height, fields.Text32);
 
     auto* rows = new QVBoxLayout(side);
-    rows->setContentsMargins(4, 0, 0, 0);
+    rows->setContentsMargins(4, 0, 4, 0);
     rows->addWidget(Sketch, 1);
-    rows->addLayout(form);
+    rows->addLayout(grid);
     rows->addStretch(1);
+    side->setFixedWidth(side->sizeHint().width());
     return side;
 }
 
