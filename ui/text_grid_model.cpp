@@ -3,13 +3,18 @@
 #include <QApplication>
 #include <QBrush>
 #include <QPalette>
+#include <algorithm>
 
 #include "ui/painting/painter_picture.h"
 
 namespace tarnvik {
 
 TextGridModel::TextGridModel(TextGrid& grid, QObject* parent)
-    : QAbstractTableModel(parent), Grid(grid), ShownRows(grid.Rows()), ShownColumns(grid.Columns()) {}
+    : QAbstractTableModel(parent),
+      Grid(grid),
+      Shown(grid),
+      ShownRows(grid.Rows()),
+      ShownColumns(grid.Columns()) {}
 
 int TextGridModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : ShownRows;
@@ -122,12 +127,29 @@ void TextGridModel::Refresh() {
         beginResetModel();
         ShownRows = Grid.Rows();
         ShownColumns = Grid.Columns();
+        Shown = Grid;
         endResetModel();
-    } else if (ShownRows > 0 && ShownColumns > 0) {
-        emit dataChanged(index(0, 0), index(ShownRows - 1, ShownColumns - 1));
-        emit headerDataChanged(Qt::Horizontal, 0, ShownColumns - 1);
-        emit headerDataChanged(Qt::Vertical, 0, ShownRows - 1);
+        return;
     }
+    // The table is rebuilt with every redraw of the curves, and mostly one cell of thousands has changed:
+    // only the rectangle round the changed ones is shown anew.
+    int top = ShownRows, left = ShownColumns, bottom = -1, right = -1;
+    const TextGrid& grid = Grid;
+    for (int row = 0; row < ShownRows; ++row) {
+        for (int column = 0; column < ShownColumns; ++column) {
+            TextGrid::Cell& shown = Shown.At(row, column);
+            if (shown == grid.At(row, column)) continue;
+            shown = grid.At(row, column);
+            top = std::min(top, row);
+            bottom = std::max(bottom, row);
+            left = std::min(left, column);
+            right = std::max(right, column);
+        }
+    }
+    if (bottom < 0) return;
+    emit dataChanged(index(top, left), index(bottom, right));
+    if (top < Grid.FixedRows) emit headerDataChanged(Qt::Horizontal, left, right);
+    if (left < Grid.FixedColumns) emit headerDataChanged(Qt::Vertical, top, bottom);
 }
 
 }  // namespace tarnvik

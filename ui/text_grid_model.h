@@ -24,7 +24,8 @@ class TextGridModel : public QAbstractTableModel {
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The logic changed the grid. Only a change of its size resets the model.
+    /// The logic changed the grid: cells that differ are shown anew. Only a change of its size resets the
+    /// model.
     void Refresh();
 
     /// How a cell looks that has no colours of its own.
@@ -52,6 +53,7 @@ class TextGridModel : public QAbstractTableModel {
     QVariant Background(const QModelIndex& index, const TextGrid::Cell& cell) const;
 
     TextGrid& Grid;
+    TextGrid Shown;  ///< as the view has it
     int ShownRows = 0;
     int ShownColumns = 0;
 };
