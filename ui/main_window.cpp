@@ -165,7 +165,15 @@ void MainWindow::Place_Dock(QDockWidget* dock) {
     const int width = Places.value("Width").toInt();
     Places.endGroup();
     if (known && dock->isAreaAllowed(area)) addDockWidget(area, dock);
+    // Two tool windows above each other would ask for more height than a screen has: they share one place,
+    // with tabs.
+    for (QDockWidget* other : findChildren<QDockWidget*>()) {
+        const bool same_place = other != dock && other->isVisible() && !other->isFloating() &&
+                                dockWidgetArea(other) == dockWidgetArea(dock);
+        if (same_place) tabifyDockWidget(other, dock);
+    }
     dock->show();
+    dock->raise();
     if (floating && place.isValid()) {
         dock->setFloating(true);
         const QRect desk = screen()->availableVirtualGeometry();
