@@ -30,7 +30,7 @@ constexpr double label_height = 9;  // of a shot's name above the surface
 class Painting {
   public:
     Painting(const Workspace& workspace, Picture& profile, Picture& scale)
-        : State(workspace), Line(workspace.Project), Profile(profile), Scale(scale) {
+        : Work(workspace), Line(workspace.Project), Profile(profile), Scale(scale) {
         const std::string& mode = workspace.Profile.DrawnMode;
         WithReceiverArcs = mode == "Profil2" || mode == "Profil3";
         WithGrmArcs = mode == "Profil3" || mode == "Profil4";
@@ -38,7 +38,7 @@ class Painting {
     }
 
     void Paint() {
-        Places = Places_Of_Profile(State);
+        Places = Places_Of_Profile(Work);
         Set_Scales();
         Background();
         Elevation_Scale();
@@ -55,14 +55,14 @@ class Painting {
     double Shot_Y(int shot) const { return Places.Y(Line.ShotElevation(shot)); }
 
     void Set_Scales() {
-        const CurveView& view = State.Curves;
+        const CurveView& view = Work.Curves;
         const int left = CInt_Or_Fault(Divide(view.HScroll1.Value, view.ZoomX));
         const int right = CInt_Or_Fault(Divide(view.HScroll1.Value + profile_width, view.ZoomX));
         const int top = CInt_Or_Fault(Divide(view.VScroll1.Value + profile_height, view.ZoomY));
         const int bottom = CInt_Or_Fault(Divide(view.VScroll1.Value, view.ZoomY));
         Profile.Scale(left, top, right, bottom);
         Scale.Scale(0, top + 1, 10, bottom - 1);
-        if (!State.Profile.ProfileOverlay) Profile.Clear();
+        if (!Work.Profile.ProfileOverlay) Profile.Clear();
         Scale.Clear();
         Profile.Set_Font_Size(text_size);
         Scale.Set_Font_Size(text_size);
@@ -82,7 +82,7 @@ class Painting {
             const double elevation = Divide(
                 Places.MaxElevation - (profile_height - y) * Places.VerticalFactor, Places.VerticalScale);
             Scale.Point(1, y, colours::ScaleBlue);
-            Scale.Print(Format(elevation, "##00.0") + (State.Settings.Metric() ? "m" : "f"), colours::Black);
+            Scale.Print(Format(elevation, "##00.0") + (Work.Settings.Metric() ? "m" : "f"), colours::Black);
         }
     }
 
@@ -163,7 +163,7 @@ class Painting {
         int count = 0;
         std::array<double, Project::MaxLayers + 1> velocities{};
         Shot_Velocities(Line, shot, count, velocities);
-        const std::string unit = State.Settings.Metric() ? "m/s" : "f/s";
+        const std::string unit = Work.Settings.Metric() ? "m/s" : "f/s";
         const double label_x = shot == Line.NbShots - 1 ? x - 15 : x + 2;
         if (layer != 1) {
             Profile.Print_At(label_x, Places.VerticalScale * y + 5, CStr(Int(velocities[1])) + unit,
@@ -187,7 +187,7 @@ class Painting {
 
     static constexpr int grm_bedrock_row = 9;
 
-    const Workspace& State;
+    const Workspace& Work;
     const Project& Line;
     Picture& Profile;
     Picture& Scale;

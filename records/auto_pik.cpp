@@ -62,18 +62,18 @@ TraceRange Cut(double first, double last, int last_of_file) {
 }  // namespace
 
 void AutoPik::Form_Load() {
-    W.Record.AutoPickMode = -1;
+    Work.Record.AutoPickMode = -1;
 }
 
 void AutoPik::Form_Unload() {
-    W.Record.AutoPickMode = 0;
+    Work.Record.AutoPickMode = 0;
 }
 
 void AutoPik::Set_Start(double x, double y) {
-    W.Record.DownX = x;
-    W.Record.DownY = y;
-    Text55 = CStr(Int(y * W.Record.SampleInterval / 100) / 10);
-    P.Show.Show_Fields();
+    Work.Record.DownX = x;
+    Work.Record.DownY = y;
+    Text55 = CStr(Int(y * Work.Record.SampleInterval / 100) / 10);
+    Outside.Show.Show_Fields();
 }
 
 double AutoPik::Frequency() const {
@@ -82,8 +82,8 @@ double AutoPik::Frequency() const {
 }
 
 void AutoPik::Show_Half_Cycle() {
-    if (W.Record.SampleInterval == 0) return;
-    const auto samples = CInt(1000000.0 / W.Record.SampleInterval / (Frequency() * 2));
+    if (Work.Record.SampleInterval == 0) return;
+    const auto samples = CInt(1000000.0 / Work.Record.SampleInterval / (Frequency() * 2));
     if (samples) Text56 = CStr(*samples);
 }
 
@@ -101,33 +101,33 @@ void AutoPik::Parameter_Changed() {
     if (Val(Text54) > 0) {
         Pick_auto();
     } else {
-        P.Show.Show_Fields();
+        Outside.Show.Show_Fields();
     }
 }
 
 void AutoPik::Command1() {
-    P.Ask.Say(help, W.AppTitle, Icon::Information);
+    Outside.Ask.Say(help, Work.AppTitle, Icon::Information);
 }
 
 void AutoPik::Command2() {
     // One button only: the question cannot be answered with no. This is meant.
-    P.Ask.Say(" Erase FBP values of  " + W.Fields.Text12, W.AppTitle, Icon::Critical);
-    RecordFiles files(W);
-    const TraceRange range = Cut(Val(W.Fields.Text9), Val(W.Fields.Text10), files.Last_Trace());
+    Outside.Ask.Say(" Erase FBP values of  " + Work.Fields.Text12, Work.AppTitle, Icon::Critical);
+    RecordFiles files(Work);
+    const TraceRange range = Cut(Val(Work.Fields.Text9), Val(Work.Fields.Text10), files.Last_Trace());
     for (int trace = range.First; trace <= range.Last; ++trace)
         files.Set_Word(trace, words::First_Breaks, 0);
     if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
     files.Tell_Faults("Reset");
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 void AutoPik::Command3() {
-    Write_Project(W, P);
+    Write_Project(Work, Outside);
 }
 
 AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
-    RecordView& record = W.Record;
+    RecordView& record = Work.Record;
     AutomaticPickingParameters with;
     // The half cycle is shown first and read back, so that a value typed into Text56 does not survive.
     Show_Half_Cycle();
@@ -164,7 +164,7 @@ void AutoPik::Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int f
 }
 
 void AutoPik::Repair_Spikes(RecordFiles& files) {
-    const TraceRange range = Cut(Val(W.Fields.Text9), Val(W.Fields.Text10), files.Last_Trace());
+    const TraceRange range = Cut(Val(Work.Fields.Text9), Val(Work.Fields.Text10), files.Last_Trace());
     std::vector<std::int16_t> found;
     for (int trace = range.First; trace <= range.Last; ++trace) {
         found.push_back(static_cast<std::int16_t>(files.Traces().Word_Or_Zero(trace, words::First_Breaks)));
@@ -179,11 +179,11 @@ void AutoPik::Repair_Spikes(RecordFiles& files) {
 
 void AutoPik::Words_To_Grid(RecordFiles& files) {
     std::int64_t trace = 0;
-    for (int shot = 1; shot <= W.Project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= W.Project.NbReceivers; ++receiver) {
+    for (int shot = 1; shot <= Work.Project.NbShots; ++shot) {
+        for (int receiver = 1; receiver <= Work.Project.NbReceivers; ++receiver) {
             const auto word = files.Traces().Word(++trace, words::First_Breaks);
             if (!word) return;  // the file ends here
-            W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
+            Work.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
         }
     }
 }
@@ -193,23 +193,23 @@ void AutoPik::Unsaved_To_Grid(const AutomaticPicks& picks, int first) {
     for (const auto& word : picks.Words)
         found.push_back(word.value_or(0));
     Repair_Low_Spikes(found);
-    for (std::size_t i = 0; i < found.size() && W.Project.NbReceivers > 0; ++i) {
+    for (std::size_t i = 0; i < found.size() && Work.Project.NbReceivers > 0; ++i) {
         const int number = first - 1 + static_cast<int>(i);
-        const int shot = number / W.Project.NbReceivers + 1;
-        const int receiver = number % W.Project.NbReceivers + 1;
-        if (shot > W.Project.NbShots) break;
-        if (picks.Words[i]) W.Grids.Buildgrid.Set_Text(receiver, shot, CStr(found[i] / 10.0));
+        const int shot = number / Work.Project.NbReceivers + 1;
+        const int receiver = number % Work.Project.NbReceivers + 1;
+        if (shot > Work.Project.NbShots) break;
+        if (picks.Words[i]) Work.Grids.Buildgrid.Set_Text(receiver, shot, CStr(found[i] / 10.0));
     }
 }
 
 void AutoPik::Pick_auto() {
     try {
-        RecordFiles files(W);
+        RecordFiles files(Work);
         if (!files.Is_Open()) throw Fault(files.Traces().Reason());
         const AutomaticPickingParameters with = Read_Parameters(files);
         FileSource source(files.Traces());
         const AutomaticPicks picks = Pick_Record(with, source);
-        W.Record.ReferenceTrace = picks.ReferenceTrace;
+        Work.Record.ReferenceTrace = picks.ReferenceTrace;
         if (picks.ProcessedTrace != 0) {
             Text1 = CStr(picks.ReferenceTrace);
             Text2 = CStr(picks.ProcessedTrace);
@@ -222,13 +222,13 @@ void AutoPik::Pick_auto() {
             Words_To_Grid(files);
         }
         files.Tell_Faults("Automatic picks");
-        Read_Times_From_Grid(W);
+        Read_Times_From_Grid(Work);
     } catch (const Fault& fault) {
-        W.Fields.Status = "No automatic picks: " + W.Project.SuFile + ", " + fault.what();
+        Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }
-    P.Show.Show_Curves();
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Show_Curves();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

@@ -14,7 +14,7 @@ class RecordFiles;
 /// again at each change of a parameter.
 class AutoPik {
   public:
-    AutoPik(Workspace& workspace, Ports& ports) : W(workspace), P(ports) {}
+    AutoPik(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     std::string Text1;           ///< output: reference trace
     std::string Text2;           ///< output: trace processed last
@@ -60,8 +60,8 @@ class AutoPik {
     void Repair_Spikes(RecordFiles& files);
     void Words_To_Grid(RecordFiles& files);
     void Unsaved_To_Grid(const AutomaticPicks& picks, int first);
-    Workspace& W;
-    Ports& P;
+    Workspace& Work;
+    Ports& Outside;
 };
 
 }  // namespace tarnvik

@@ -24,7 +24,7 @@ struct RecordEvent {
 class RecordPointer {
   public:
     RecordPointer(Workspace& workspace, Ports& ports, AutoPik& automatic, RecordZoom& zoom)
-        : W(workspace), P(ports), Automatic(automatic), Zoom(zoom) {}
+        : Work(workspace), Outside(ports), Automatic(automatic), Zoom(zoom) {}
 
     /// The left button picks at once. The right one waits for its release, since it may become a drag.
     void Press(const RecordEvent& event);
@@ -36,7 +36,7 @@ class RecordPointer {
         int Shot = 0;
         int Receiver = 0;
     };
-    bool Area_Armed() const { return W.Record.SpectrumRequest == 1 || W.Record.ZoomMode == 1; }
+    bool Area_Armed() const { return Work.Record.SpectrumRequest == 1 || Work.Record.ZoomMode == 1; }
     Cell Cell_Of(int trace);
     void Click(double x, double y, int button);
     bool Kill(int trace, const Cell& cell, class RecordFiles& files);
@@ -46,8 +46,8 @@ class RecordPointer {
     void Drag(const RecordEvent& event);
     void Redraw();
 
-    Workspace& W;
-    Ports& P;
+    Workspace& Work;
+    Ports& Outside;
     AutoPik& Automatic;
     RecordZoom& Zoom;
     AreaBand Band;

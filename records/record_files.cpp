@@ -9,15 +9,15 @@
 
 namespace tarnvik {
 
-RecordFiles::RecordFiles(Workspace& workspace) : W(workspace) {
-    const std::string path = Su_Path(W.Project);
+RecordFiles::RecordFiles(Workspace& workspace) : Work(workspace) {
+    const std::string path = Su_Path(Work.Project);
     File.emplace(path, SuTraces::Access::Write);
     if (!File->Is_Open()) {
         Opening = File->Reason();
         File.emplace(path, SuTraces::Access::Read);
     }
-    if (File->Sample_Interval() > 0) W.Record.SampleInterval = File->Sample_Interval();
-    const std::string& twin = W.Record.TwinSuFile;
+    if (File->Sample_Interval() > 0) Work.Record.SampleInterval = File->Sample_Interval();
+    const std::string& twin = Work.Record.TwinSuFile;
     if (!twin.empty() && twin != path && File_Exists(twin)) Twin.emplace(twin, SuTraces::Access::Write);
 }
 
@@ -40,25 +40,25 @@ bool RecordFiles::Set_Word(std::int64_t trace, int word, double value) {
     bool saved = true;
     if (Opening.empty()) {
         const Stored stored = File->Set_Word(trace, word, value);
-        saved = Note(trace, stored, W.Project.SuFile, File->Reason());
+        saved = Note(trace, stored, Work.Project.SuFile, File->Reason());
     } else {
-        saved = Note(trace, Stored::No, W.Project.SuFile, Opening);
+        saved = Note(trace, Stored::No, Work.Project.SuFile, Opening);
     }
     if (Twin) {
         const Stored stored = Twin->Set_Word(trace, word, value);
-        saved = Note(trace, stored, W.Record.TwinSuFile, Twin->Reason()) && saved;
+        saved = Note(trace, stored, Work.Record.TwinSuFile, Twin->Reason()) && saved;
     }
     return saved;
 }
 
 bool RecordFiles::Set_Samples(std::int64_t trace, std::span<const float> samples) {
-    if (!Opening.empty()) return Note(trace, Stored::No, W.Project.SuFile, Opening);
+    if (!Opening.empty()) return Note(trace, Stored::No, Work.Project.SuFile, Opening);
     const Stored stored = File->Set_Samples(trace, samples);
-    return Note(trace, stored, W.Project.SuFile, File->Reason());
+    return Note(trace, stored, Work.Project.SuFile, File->Reason());
 }
 
 void RecordFiles::Tell_Faults(const std::string& subject) {
-    std::string& status = W.Fields.Status;
+    std::string& status = Work.Fields.Status;
     if (Failed()) {
         status = subject + Fault;
     } else if (!Traces_Told.empty() && status.starts_with(subject + Traces_Told)) {

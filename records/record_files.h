@@ -35,7 +35,7 @@ class RecordFiles {
 
   private:
     bool Note(std::int64_t trace, Stored stored, const std::string& path, const std::string& reason);
-    Workspace& W;
+    Workspace& Work;
     std::string Opening;  ///< why SuFile cannot be written, empty when it can
     std::optional<SuTraces> File;
     std::optional<SuTraces> Twin;

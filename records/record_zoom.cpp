@@ -14,56 +14,56 @@ constexpr double scale_width = 4;
 }  // namespace
 
 void RecordZoom::Command4() {
-    W.Record.ZoomMode = 1;
-    Store_If_It_Fits(W.Record.SavedFirst, Val(W.Fields.Text9));
-    Store_If_It_Fits(W.Record.SavedLast, Val(W.Fields.Text10));
+    Work.Record.ZoomMode = 1;
+    Store_If_It_Fits(Work.Record.SavedFirst, Val(Work.Fields.Text9));
+    Store_If_It_Fits(Work.Record.SavedLast, Val(Work.Fields.Text10));
     Command4Enabled = false;
     Command17Enabled = true;
-    P.Show.Show_Fields();
+    Outside.Show.Show_Fields();
 }
 
 void RecordZoom::Show_All() {
-    RecordView& record = W.Record;
+    RecordView& record = Work.Record;
     record.FirstSample = 1;
     Store_If_It_Fits(record.LastSample, record.NbSamples);
     record.ZoomMode = 0;
     Command4Enabled = true;
     Command17Enabled = false;
-    if (!ZoomedFile.empty() && ZoomedFile == W.Project.SuFile) {
-        W.Fields.Text9 = CStr(FullFirst);
-        W.Fields.Text10 = CStr(FullLast);
+    if (!ZoomedFile.empty() && ZoomedFile == Work.Project.SuFile) {
+        Work.Fields.Text9 = CStr(FullFirst);
+        Work.Fields.Text10 = CStr(FullLast);
     }
     ZoomedFile.clear();
 }
 
 void RecordZoom::Command17() {
     Show_All();
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 void RecordZoom::Command21() {
     Show_All();
-    TextGrid& sizes = W.Grids.size_grid;
+    TextGrid& sizes = Work.Grids.size_grid;
     for (int row = 0; row < sizes.Rows(); ++row)
         sizes.Set_Text(row, 0, "1");
-    W.Record.AmplitudeGain = Val(W.Fields.Text11);
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Work.Record.AmplitudeGain = Val(Work.Fields.Text11);
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 void RecordZoom::Show_Neighbour(int step) {
-    ScrollBar& scroll = W.Fields.HScroll2;
+    ScrollBar& scroll = Work.Fields.HScroll2;
     const int wanted = scroll.Value + step;
-    if (wanted < 1 || wanted > (W.Project.NbShots > 0 ? W.Project.NbShots : scroll.Max)) return;
+    if (wanted < 1 || wanted > (Work.Project.NbShots > 0 ? Work.Project.NbShots : scroll.Max)) return;
     scroll.Value = wanted;
-    const double traces = static_cast<double>(step) * W.Record.ChannelsPerRecord;
-    W.Fields.Text9 = CStr(Val(W.Fields.Text9) + traces);
-    W.Fields.Text10 = CStr(Val(W.Fields.Text10) + traces);
+    const double traces = static_cast<double>(step) * Work.Record.ChannelsPerRecord;
+    Work.Fields.Text9 = CStr(Val(Work.Fields.Text9) + traces);
+    Work.Fields.Text10 = CStr(Val(Work.Fields.Text10) + traces);
     FullFirst += traces;
     FullLast += traces;
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 void RecordZoom::Command24() {
@@ -75,7 +75,7 @@ void RecordZoom::Command23() {
 }
 
 void RecordZoom::Zoom_To(const RecordArea& dragged) {
-    RecordView& record = W.Record;
+    RecordView& record = Work.Record;
     record.ZoomMode = 0;
     RecordArea area = dragged.Sorted();
     // The pointer may have left the picture while it was held.
@@ -90,29 +90,29 @@ void RecordZoom::Zoom_To(const RecordArea& dragged) {
     if (last <= first) {
         Command4Enabled = true;
         Command17Enabled = !ZoomedFile.empty();
-        P.Ask.Say("1 trace, display not Possible", W.AppTitle);
-        P.Show.Show_Fields();
+        Outside.Ask.Say("1 trace, display not Possible", Work.AppTitle);
+        Outside.Show.Show_Fields();
         return;
     }
-    if (ZoomedFile.empty() || ZoomedFile != W.Project.SuFile) {
-        FullFirst = Val(W.Fields.Text9);
-        FullLast = Val(W.Fields.Text10);
-        ZoomedFile = W.Project.SuFile;
+    if (ZoomedFile.empty() || ZoomedFile != Work.Project.SuFile) {
+        FullFirst = Val(Work.Fields.Text9);
+        FullLast = Val(Work.Fields.Text10);
+        ZoomedFile = Work.Project.SuFile;
     }
-    W.Fields.Text9 = CStr(first);
-    W.Fields.Text10 = CStr(last);
+    Work.Fields.Text9 = CStr(first);
+    Work.Fields.Text10 = CStr(last);
     const auto top = CInt(std::max(area.Y1, 0.0));
     const auto bottom = CInt(std::min<double>(area.Y2, record.NbSamples));
     if (top && bottom && *top < *bottom) {  // a flat area keeps the samples shown
         record.FirstSample = *top;
         record.LastSample = *bottom;
     }
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 void RecordZoom::Draw_Scale_Line(double y) {
-    Picture& scale = P.Show.Canvas_Of(Canvas::Echelle3);
+    Picture& scale = Outside.Show.Canvas_Of(Canvas::Echelle3);
     scale.Set_Draw_Mode(DrawMode::Xor);
     scale.Line(0, y, scale_width, y, colours::White);
     scale.Set_Draw_Mode(DrawMode::Copy);
@@ -137,7 +137,7 @@ void RecordZoom::Scale_Release(double y) {
     ScaleHeld = false;
     if (LineDrawn) Draw_Scale_Line(LineAt);
     LineDrawn = false;
-    RecordView& record = W.Record;
+    RecordView& record = Work.Record;
     auto first = CInt(std::max(ScaleStart, 0.0));
     auto last = CInt(std::max(y, 0.0));
     if (!first || !last) return;
@@ -147,18 +147,18 @@ void RecordZoom::Scale_Release(double y) {
     record.FirstSample = *first;
     record.LastSample = *last;
     record.ClickY2 = y;
-    Picture& picture = P.Show.Canvas_Of(Canvas::Ecran);
+    Picture& picture = Outside.Show.Canvas_Of(Canvas::Ecran);
     picture.Set_Pointer(PointerShape::Hourglass);
     for (const auto& [trace, saved, text] :
-         {std::tuple(&record.FirstTrace, &record.SavedFirst, &W.Fields.Text9),
-          std::tuple(&record.LastTrace, &record.SavedLast, &W.Fields.Text10)}) {
+         {std::tuple(&record.FirstTrace, &record.SavedFirst, &Work.Fields.Text9),
+          std::tuple(&record.LastTrace, &record.SavedLast, &Work.Fields.Text10)}) {
         if (const auto number = CLng(Val(*text))) *trace = *number;
         Store_If_It_Fits(*saved, Val(*text));
     }
-    P.Show.Display_Record();
+    Outside.Show.Display_Record();
     picture.Set_Pointer(PointerShape::Cross);
     Command17Enabled = true;
-    P.Show.Show_Fields();
+    Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

@@ -14,7 +14,7 @@ namespace tarnvik {
 /// records.
 class RecordZoom {
   public:
-    RecordZoom(Workspace& workspace, Ports& ports) : W(workspace), P(ports) {}
+    RecordZoom(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     bool Command4Enabled = true;    ///< arming the zoom
     bool Command17Enabled = false;  ///< back to the complete record
@@ -37,8 +37,8 @@ class RecordZoom {
     void Show_All();
     void Show_Neighbour(int step);
     void Draw_Scale_Line(double y);
-    Workspace& W;
-    Ports& P;
+    Workspace& Work;
+    Ports& Outside;
     std::string ZoomedFile;  ///< file whose traces are zoomed, empty for none
     double FullFirst = 0;    ///< traces shown before the zoom
     double FullLast = 0;

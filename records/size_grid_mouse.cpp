@@ -8,32 +8,32 @@
 namespace tarnvik {
 
 int SizeGridMouse::Traces() const {
-    const std::int64_t traces = std::int64_t{W.Record.LastTrace} - W.Record.FirstTrace + 1;
-    return static_cast<int>(std::clamp<std::int64_t>(traces, 0, W.Grids.size_grid.Rows()));
+    const std::int64_t traces = std::int64_t{Work.Record.LastTrace} - Work.Record.FirstTrace + 1;
+    return static_cast<int>(std::clamp<std::int64_t>(traces, 0, Work.Grids.size_grid.Rows()));
 }
 
 void SizeGridMouse::Move(double y, double height) {
     const int traces = Traces();
     if (traces == 0 || height <= 0) return;
     const double row = std::clamp(Int(y / (height / traces)), 0.0, traces - 1.0);
-    W.Grids.size_grid.CurrentRow = static_cast<int>(row);
-    ToolTip = CStr(W.Grids.size_grid.CurrentRow);
+    Work.Grids.size_grid.CurrentRow = static_cast<int>(row);
+    ToolTip = CStr(Work.Grids.size_grid.CurrentRow);
 }
 
 void SizeGridMouse::Press(int button) {
-    TextGrid& sizes = W.Grids.size_grid;
+    TextGrid& sizes = Work.Grids.size_grid;
     sizes.CurrentColumn = 0;
     const int row = sizes.CurrentRow;
     if (!sizes.Has(row, 0)) return;
     const double factor = sizes.Value(row, 0);
     sizes.Set_Text(row, 0, CStr(button == 1 ? factor * 2 : factor / 2));
     if (sizes.Value(row, 0) < 0.1) {
-        RecordFiles files(W);
-        files.Set_Word(std::int64_t{W.Record.FirstTrace} + row, words::trid, live_trace);
+        RecordFiles files(Work);
+        files.Set_Word(std::int64_t{Work.Record.FirstTrace} + row, words::trid, live_trace);
         files.Tell_Faults("Trace");
     }
-    P.Show.Display_Record();
-    P.Show.Show_Fields();
+    Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

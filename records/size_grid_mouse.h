@@ -10,7 +10,7 @@ namespace tarnvik {
 /// The mouse on size_grid, the column of size factors beside the record, one row a trace.
 class SizeGridMouse {
   public:
-    SizeGridMouse(Workspace& workspace, Ports& ports) : W(workspace), P(ports) {}
+    SizeGridMouse(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     std::string ToolTip;  ///< number of the row under the pointer
 
@@ -22,8 +22,8 @@ class SizeGridMouse {
 
   private:
     int Traces() const;
-    Workspace& W;
-    Ports& P;
+    Workspace& Work;
+    Ports& Outside;
 };
 
 }  // namespace tarnvik

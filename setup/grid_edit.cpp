@@ -129,11 +129,11 @@ void EditHistory::Forget() {
     Done = 0;
 }
 
-GridEditor::GridEditor(Workspace& shared, Ports& ports, Grid which)
-    : Shared(shared), Outside(ports), Which(which) {}
+GridEditor::GridEditor(Workspace& workspace, Ports& ports, Grid which)
+    : Work(workspace), Outside(ports), Which(which) {}
 
 TextGrid& GridEditor::Cells() const {
-    return Which == Grid::Buildgrid ? Shared.Grids.Buildgrid : Shared.Project.remark_grid;
+    return Which == Grid::Buildgrid ? Work.Grids.Buildgrid : Work.Project.remark_grid;
 }
 
 bool GridEditor::Holds_Numbers(int column) const {
@@ -145,7 +145,7 @@ bool GridEditor::Editable(int row, int column) const {
     if (Which == Grid::Remarks)
         return row >= Project::RemarkFirstRow && row <= Project::RemarkLastRow &&
                column <= remark_text_column;
-    const BuildgridLayout layout(Shared.Project);
+    const BuildgridLayout layout(Work.Project);
     if (!layout.Fits(Cells()) || row < 1 || column < 1) return false;
     if (row <= layout.Receivers) return column < layout.Intercept_Column();
     return column <= layout.Shots;
@@ -154,14 +154,14 @@ bool GridEditor::Editable(int row, int column) const {
 std::string GridEditor::Shown(int row, int column, const std::string& text) const {
     if (!Holds_Numbers(column)) return On_One_Line(text);
     if (Which == Grid::Remarks) return With_Point(Trim(text));
-    const BuildgridLayout layout(Shared.Project);
+    const BuildgridLayout layout(Work.Project);
     const bool pick = row <= layout.Receivers && column <= layout.Shots;
     return Format(Val(With_Point(text)), pick ? pick_format : place_format);
 }
 
 void GridEditor::Put(int row, int column, const std::string& text) {
     Cells().Set_Text(row, column, text);
-    if (Which == Grid::Buildgrid) Read_Grid_Cell(Shared, row, column);
+    if (Which == Grid::Buildgrid) Read_Grid_Cell(Work, row, column);
 }
 
 void GridEditor::Refresh() {
@@ -170,12 +170,12 @@ void GridEditor::Refresh() {
 }
 
 void GridEditor::Forget_Message() {
-    if (!LastMessage.empty() && Shared.Fields.Status == LastMessage) Shared.Fields.Status.clear();
+    if (!LastMessage.empty() && Work.Fields.Status == LastMessage) Work.Fields.Status.clear();
     LastMessage.clear();
 }
 
 bool GridEditor::Same_Grid() const {
-    return EditedFile == Shared.Project.CurrentFile && EditedRows == Cells().Rows() &&
+    return EditedFile == Work.Project.CurrentFile && EditedRows == Cells().Rows() &&
            EditedColumns == Cells().Columns();
 }
 
@@ -184,7 +184,7 @@ void GridEditor::Commit(std::vector<CellChange> step) {
     Forget_Message();
     if (step.empty()) return;
     if (!Same_Grid()) History.Forget();
-    EditedFile = Shared.Project.CurrentFile;
+    EditedFile = Work.Project.CurrentFile;
     EditedRows = Cells().Rows();
     EditedColumns = Cells().Columns();
     for (const CellChange& change : step)
@@ -223,7 +223,7 @@ GridEditor::Pasted GridEditor::Paste(int row, int column, std::string_view text)
     if (pasted.Left > 0) {
         LastMessage = CStr(pasted.Cells) + " cells pasted, " + CStr(pasted.Left) +
                       " left out: fixed cell, outside the table, or no number";
-        Shared.Fields.Status = LastMessage;
+        Work.Fields.Status = LastMessage;
         Outside.Show.Show_Fields();
     }
     return pasted;

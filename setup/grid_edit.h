@@ -55,7 +55,7 @@ class EditHistory {
 class GridEditor {
   public:
     enum class Grid { Buildgrid, Remarks };
-    GridEditor(Workspace& shared, Ports& ports, Grid which);
+    GridEditor(Workspace& workspace, Ports& ports, Grid which);
 
     /// Captions are fixed, and so are intercept times, which are computed.
     bool Editable(int row, int column) const;
@@ -93,7 +93,7 @@ class GridEditor {
     void Forget_Message();
     bool Same_Grid() const;
 
-    Workspace& Shared;
+    Workspace& Work;
     Ports& Outside;
     Grid Which;
     EditHistory History;

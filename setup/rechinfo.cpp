@@ -52,8 +52,8 @@ void rechinfo::Fill_Data_Grid() {
 
 void rechinfo::Affichage() {
     Cancelled = false;
-    const RecordedSpread recorded = Recorded_Spread(Su_Path(Shared.Project)).value_or(RecordedSpread());
-    if (Trim(Text1).empty()) Text1 = CStr(Shared.Project.GeoSpace);
+    const RecordedSpread recorded = Recorded_Spread(Su_Path(Work.Project)).value_or(RecordedSpread());
+    if (Trim(Text1).empty()) Text1 = CStr(Work.Project.GeoSpace);
     if (Trim(Text2).empty()) Text2 = "0";
     if (Trim(Text5).empty()) Text5 = "0";
     Text3 = CStr(int{recorded.Channels});
@@ -65,7 +65,7 @@ void rechinfo::Affichage() {
         }
     }
     Text6 = DerivedLength;
-    FocusControl = Shared.NoOffsetShots ? "Text1" : "Text2";
+    FocusControl = Work.NoOffsetShots ? "Text1" : "Text2";
     Offset_or_Not();
 }
 
@@ -82,7 +82,7 @@ void rechinfo::Offset_or_Not() {
 
 void rechinfo::Ask_Stations() {
     const std::string typed =
-        Outside.Ask.Input("Enter number of shot location (stations)", Shared.AppTitle, Text4);
+        Outside.Ask.Input("Enter number of shot location (stations)", Work.AppTitle, Text4);
     if (Val(typed) > 0) Text4 = CStr(Rounded(Val(typed)));
 }
 
@@ -152,7 +152,7 @@ void rechinfo::Command1() {
     if (!(Val(Text1) > 0) || !(Val(Text6) > 0) || !(Val(Text3) >= 1) || !(Val(Text4) >= 1)) {
         Outside.Ask.Say(
             "Geophone spacing, line length, number of geophones and number of shots must be above 0",
-            Shared.AppTitle, Icon::Warning);
+            Work.AppTitle, Icon::Warning);
         return;
     }
     Cancelled = false;
@@ -164,7 +164,7 @@ void rechinfo::Command2() {
 }
 
 void rechinfo::Command3() {
-    if (!Load_SU_File(Shared, Outside)) return;
+    if (!Load_SU_File(Work, Outside)) return;
     Text4.clear();
     Affichage();
 }

@@ -13,7 +13,7 @@ namespace tarnvik {
 /// the user gave up, and Read_Spread what he entered.
 class rechinfo {
   public:
-    rechinfo(Workspace& shared, Ports& ports) : Shared(shared), Outside(ports) {}
+    rechinfo(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     std::string Text1;            ///< geophone spacing
     std::string Text2;            ///< distance between end shot 1 and geophone 1
@@ -57,7 +57,7 @@ class rechinfo {
     void Fill_Data_Grid();
     void Ask_Stations();
 
-    Workspace& Shared;
+    Workspace& Work;
     Ports& Outside;
     std::string DerivedLength;  ///< line length last put into Text6 by the dialog itself
 };

@@ -15,7 +15,7 @@ namespace {
 /// Mode "DROMO": with the left button a band that tells its velocity.
 class DromoPointer : public CurvePointerHandler {
   public:
-    DromoPointer(Workspace& workspace, Ports& ports) : Space(workspace), Band(workspace, ports) {}
+    DromoPointer(Workspace& workspace, Ports& ports) : Work(workspace), Band(workspace, ports) {}
 
     void Press(const PointerEvent& event) override {
         if (event.LeftButton) Band.Start(event);
@@ -23,17 +23,17 @@ class DromoPointer : public CurvePointerHandler {
     void Move(const PointerEvent& event) override {
         if (!event.LeftButton || !Band.Is_Open()) return;
         Band.Update(event);
-        const CurveView& view = Space.Curves;
+        const CurveView& view = Work.Curves;
         if (const auto velocity =
                 Band_Velocity(view.DownDistance, view.DownTime, view.MouseDistance, view.MouseTime))
-            Space.Fields.Text1 = Velocity_Text(Space.Settings, *velocity);
+            Work.Fields.Text1 = Velocity_Text(Work.Settings, *velocity);
     }
     void Release(const PointerEvent& event) override {
         if (event.LeftButton) Band.End(event);
     }
 
   private:
-    Workspace& Space;
+    Workspace& Work;
     RubberBand Band;
 };
 
@@ -59,8 +59,8 @@ double Receiver_At(double x, int receivers, PointerMoment moment) {
 }
 
 CurvePointer::CurvePointer(Workspace& workspace, Ports& ports)
-    : Space(workspace),
-      World(ports),
+    : Work(workspace),
+      Outside(ports),
       DromoMode(std::make_unique<DromoPointer>(workspace, ports)),
       Moving(std::make_unique<MovePick>(workspace, ports)) {}
 
@@ -75,19 +75,19 @@ void CurvePointer::Unregister(const std::string& mode) {
 }
 
 void CurvePointer::Take_Pick_Factor() {
-    CurveView& view = Space.Curves;
-    const std::string& mode = Space.DisplayMode;
+    CurveView& view = Work.Curves;
+    const std::string& mode = Work.DisplayMode;
     if (mode == "quick") return;
     const bool as_drawn = Begins_With_Prof(mode) || mode == "ABC" || mode == "Fantom";
     view.PickFactor = as_drawn ? view.TimeFactor : Pick_Factor(view.MaxTime);
 }
 
 std::string CurvePointer::Read_Out_Text(PointerMoment moment) const {
-    const CurveView& view = Space.Curves;
-    const std::string unit = Space.Settings.Metric() ? "m" : "f";
-    const bool abc = Space.DisplayMode == "ABC";
-    if (abc || Begins_With_Prof(Space.DisplayMode)) {
-        const ProfileView& profile = Space.Profile;
+    const CurveView& view = Work.Curves;
+    const std::string unit = Work.Settings.Metric() ? "m" : "f";
+    const bool abc = Work.DisplayMode == "ABC";
+    if (abc || Begins_With_Prof(Work.DisplayMode)) {
+        const ProfileView& profile = Work.Profile;
         const double factor = profile.ProfileVFactor * (abc ? 4.0 : 1.0);
         const double elevation =
             Divide((100 - view.MouseTime) * factor, profile.ProfileVScale) - profile.ProfileMinElevation;
@@ -99,8 +99,8 @@ std::string CurvePointer::Read_Out_Text(PointerMoment moment) const {
 }
 
 bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
-    const Project& project = Space.Project;
-    CurveView& view = Space.Curves;
+    const Project& project = Work.Project;
+    CurveView& view = Work.Curves;
     if (!Has_Project(project)) return false;
     Take_Pick_Factor();
     const double distance = Int(100 * (project.LineLength * event.X / curve_picture_width)) / 100;
@@ -115,7 +115,7 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
         view.DownY = event.Y;
     }
     try {
-        Space.Fields.Text1 = Read_Out_Text(moment);
+        Work.Fields.Text1 = Read_Out_Text(moment);
     } catch (const Fault&) {
         // No profile has been drawn: the text stays.
     }
@@ -124,10 +124,10 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
 
 void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
                             const PointerEvent& event) {
-    const auto found = Handlers.find(Space.DisplayMode);
-    CurvePointerHandler* handler = found != Handlers.end()        ? found->second
-                                   : Space.DisplayMode == "DROMO" ? DromoMode.get()
-                                                                  : nullptr;
+    const auto found = Handlers.find(Work.DisplayMode);
+    CurvePointerHandler* handler = found != Handlers.end()       ? found->second
+                                   : Work.DisplayMode == "DROMO" ? DromoMode.get()
+                                                                 : nullptr;
     if (handler == nullptr) return;
     try {
         (handler->*what)(event);
@@ -138,40 +138,40 @@ void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent
 
 void CurvePointer::Press(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
-    if (Space.Curves.PickMoving != 0) {
+    if (Work.Curves.PickMoving != 0) {
         Moving->Press(event);
     } else {
         Dispatch(&CurvePointerHandler::Press, event);
     }
-    World.Show.Show_Fields();
+    Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Move(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Move)) return;
-    if (Space.Curves.PickMoving == 0) Dispatch(&CurvePointerHandler::Move, event);
-    if (Space.Curves.RulerShown) Move_Velocity_Cross(Space, World, event.X, event.Y);
-    World.Show.Show_Fields();
+    if (Work.Curves.PickMoving == 0) Dispatch(&CurvePointerHandler::Move, event);
+    if (Work.Curves.RulerShown) Move_Velocity_Cross(Work, Outside, event.X, event.Y);
+    Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Release(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Release)) return;
-    if (Space.Curves.PickMoving != 0) {
+    if (Work.Curves.PickMoving != 0) {
         Moving->Release(event);
     } else {
         Dispatch(&CurvePointerHandler::Release, event);
     }
-    World.Show.Show_Fields();
+    Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Double_Click(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
     Moving->Catch();
-    World.Show.Show_Fields();
+    Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Key(int code) {
-    if (!Has_Project(Space.Project)) return;
-    Velocity_Ruler_Key(Space, World, code);
+    if (!Has_Project(Work.Project)) return;
+    Velocity_Ruler_Key(Work, Outside, code);
 }
 
 }  // namespace tarnvik

@@ -72,8 +72,8 @@ class CurvePointer {
     std::string Read_Out_Text(PointerMoment moment) const;
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
-    Workspace& Space;
-    Ports& World;
+    Workspace& Work;
+    Ports& Outside;
     std::unique_ptr<CurvePointerHandler> DromoMode;
     std::unique_ptr<MovePick> Moving;
     std::map<std::string, CurvePointerHandler*> Handlers;

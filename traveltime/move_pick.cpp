@@ -28,16 +28,16 @@ std::optional<PickPlace> Pick_Near(const Project& project, double distance, doub
 }
 
 void MovePick::Catch() {
-    CurveView& view = Space.Curves;
+    CurveView& view = Work.Curves;
     if (view.PickMoving != 0) return;
-    const std::optional<PickPlace> caught = Pick_Near(Space.Project, view.MouseDistance, view.MouseTime);
+    const std::optional<PickPlace> caught = Pick_Near(Work.Project, view.MouseDistance, view.MouseTime);
     if (!caught) return;
     view.PickMoving = 1;
     view.PickShot = static_cast<std::int16_t>(caught->Shot);
     view.PickReceiver = static_cast<std::int16_t>(caught->Receiver);
     view.DragStartX = 0;  // the first click of the two began a band
     Pressed.reset();
-    World.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::PickMove);
+    Outside.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::PickMove);
 }
 
 void MovePick::Press(const PointerEvent& press) {
@@ -46,29 +46,29 @@ void MovePick::Press(const PointerEvent& press) {
 
 void MovePick::Release(const PointerEvent& release) {
     if (!Pressed) return;
-    CurveView& view = Space.Curves;
+    CurveView& view = Work.Curves;
     const bool same_place = release.X == Pressed->X && release.Y == Pressed->Y;
     Pressed.reset();
     const bool deleted =
-        same_place && World.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver), Space.AppTitle);
+        same_place && Outside.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver), Work.AppTitle);
     // Answered with no, the pick takes the pointer's time like any other move.
     const double y = deleted ? 0 : std::max(0.0, release.Y);
     view.PickMoving = 0;
-    World.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
+    Outside.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
     Store(view.PickFactor * y);
 }
 
 void MovePick::Store(double time_ms) {
-    const int shot = Space.Curves.PickShot;
-    const int receiver = Space.Curves.PickReceiver;
+    const int shot = Work.Curves.PickShot;
+    const int receiver = Work.Curves.PickReceiver;
     // Another project may have been opened between the double click and the release.
-    if (!Space.Project.ShotTimes.Has(shot, receiver)) return;
+    if (!Work.Project.ShotTimes.Has(shot, receiver)) return;
     const float time = static_cast<float>(time_ms);
-    Space.Project.ShotTimes(shot, receiver) = time;
-    Space.Grids.Buildgrid.Set_Text(receiver, shot, Format(time, "##00.00"));
+    Work.Project.ShotTimes(shot, receiver) = time;
+    Work.Grids.Buildgrid.Set_Text(receiver, shot, Format(time, "##00.00"));
     if (Writer != nullptr) Writer->Write_Pick(shot, receiver, time);
     if (Save) Save();
-    World.Show.Show_Curves();
+    Outside.Show.Show_Curves();
 }
 
 }  // namespace tarnvik

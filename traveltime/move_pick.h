@@ -31,7 +31,7 @@ std::optional<PickPlace> Pick_Near(const Project& project, double distance, doub
 /// delete it when the pointer did not move between them.
 class MovePick {
   public:
-    MovePick(Workspace& workspace, Ports& ports) : Space(workspace), World(ports) {}
+    MovePick(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     /// Double click at MouseDistance and MouseTime; nothing while a pick is already in hand.
     void Catch();
@@ -46,8 +46,8 @@ class MovePick {
   private:
     void Store(double time_ms);
 
-    Workspace& Space;
-    Ports& World;
+    Workspace& Work;
+    Ports& Outside;
     std::optional<PointerEvent> Pressed;
 };
 

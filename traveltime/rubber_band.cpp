@@ -51,7 +51,7 @@ void Redraw_Band(Workspace& workspace, Ports& ports, const DrawnBand& band) {
 }
 
 void RubberBand::Start(const PointerEvent& press) {
-    CurveView& view = Space.Curves;
+    CurveView& view = Work.Curves;
     if (!Store_If_It_Fits(view.DragStartX, press.X)) view.DragStartX = 0;
     Store_If_It_Fits(view.DragStartY, press.Y);
     view.DragEndX = view.DragStartX;
@@ -62,32 +62,32 @@ void RubberBand::Start(const PointerEvent& press) {
 }
 
 void RubberBand::Update(const PointerEvent& move) {
-    CurveView& view = Space.Curves;
+    CurveView& view = Work.Curves;
     if (!Is_Open()) return;
     Store_If_It_Fits(view.DragEndX, move.X);
     Store_If_It_Fits(view.DragEndY, move.Y);
     // The line follows the pointer itself, its whole-number ends would be off by many pixels.
-    Redraw_Band(Space, World,
-                {true, view.DownX, view.DownY, move.X, move.Y, Space.Settings.VelocityLineColor});
+    Redraw_Band(Work, Outside,
+                {true, view.DownX, view.DownY, move.X, move.Y, Work.Settings.VelocityLineColor});
 }
 
 void RubberBand::End(const PointerEvent& release, bool fixed) {
-    CurveView& view = Space.Curves;
+    CurveView& view = Work.Curves;
     if (!Is_Open()) return;
     Store_If_It_Fits(view.DragEndX, release.X);
     Store_If_It_Fits(view.DragEndY, release.Y);
     if (!fixed || !view.Band.Stands) return;
     const DrawnBand line = view.Band;
-    Redraw_Band(Space, World, {});
-    Picture& dromo = World.Show.Canvas_Of(Canvas::Dromo);
-    dromo.Set_Draw_Width(std::max<int>(1, Space.Settings.VelocityLineWidth));
+    Redraw_Band(Work, Outside, {});
+    Picture& dromo = Outside.Show.Canvas_Of(Canvas::Dromo);
+    dromo.Set_Draw_Width(std::max<int>(1, Work.Settings.VelocityLineWidth));
     Draw_Band(dromo, line);
     dromo.Set_Draw_Width(1);
 }
 
 void RubberBand::Close() {
-    Space.Curves.DragStartX = 0;
-    Space.Curves.Band = {};
+    Work.Curves.DragStartX = 0;
+    Work.Curves.Band = {};
 }
 
 }  // namespace tarnvik

@@ -26,7 +26,7 @@ std::string Velocity_Text(const Settings& settings, double velocity);
 /// DragStartX of 0 means that there is none.
 class RubberBand {
   public:
-    RubberBand(Workspace& workspace, Ports& ports) : Space(workspace), World(ports) {}
+    RubberBand(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
     /// Begins a band at the press. A former one stays on the picture until the next redraw.
     void Start(const PointerEvent& press);
@@ -36,11 +36,11 @@ class RubberBand {
     void End(const PointerEvent& release, bool fixed = false);
     /// There is no band any more; its line stays until the next redraw.
     void Close();
-    bool Is_Open() const { return Space.Curves.DragStartX != 0; }
+    bool Is_Open() const { return Work.Curves.DragStartX != 0; }
 
   private:
-    Workspace& Space;
-    Ports& World;
+    Workspace& Work;
+    Ports& Outside;
 };
 
 /// Erases the band that stands and draws `band` in XOR; unbuffered meanwhile, so that the picture follows the

@@ -5,7 +5,7 @@
 namespace tarnvik {
 
 void RulerF::ruler_dromo() {
-    Draw_Time_Strip(World.Show.Canvas_Of(Canvas::Regle), Space.Curves);
+    Draw_Time_Strip(Outside.Show.Canvas_Of(Canvas::Regle), Work.Curves);
 }
 
 }  // namespace tarnvik

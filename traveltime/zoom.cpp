@@ -85,12 +85,12 @@ void VScroll1_Change(Workspace& workspace, Ports& ports, int value) {
 Zoom::Zoom(Workspace& workspace, Ports& ports)
     : Combo1(CStr(workspace.Curves.ZoomX)),
       Combo2(CStr(workspace.Curves.ZoomY)),
-      Space(workspace),
-      World(ports) {}
+      Work(workspace),
+      Outside(ports) {}
 
 void Zoom::Command1() {
-    Set_Zoom(Space.Curves, Val(Combo1), Val(Combo2));
-    Redraw(Space, World);
+    Set_Zoom(Work.Curves, Val(Combo1), Val(Combo2));
+    Redraw(Work, Outside);
 }
 
 }  // namespace tarnvik

@@ -43,8 +43,8 @@ class Zoom {
     void Command1();
 
   private:
-    Workspace& Space;
-    Ports& World;
+    Workspace& Work;
+    Ports& Outside;
 };
 
 }  // namespace tarnvik
