@@ -47,7 +47,7 @@ void Fcalcul::VitesseVraie() {
         // A wrong layer 2 is told but ends nothing: the caller goes on with the angles of before. This is
         // meant.
         if (wrong > 2) Work.Depth.VelocityFault = true;
-        Say("Layer " + CStr(wrong) + " Velocity must be  greater ...", Icon::Critical);
+        Say(Layer_Order_Message(wrong), Icon::Critical);
         return;
     }
     True_Velocities(static_cast<int>(layers), apparent, Work.Depth.TrueV, Work.Depth.AngleCritique);

@@ -53,9 +53,7 @@ void FcalculPointer::Press(const PointerEvent& event) {
 void FcalculPointer::Move(const PointerEvent& event) {
     if (Form.Shot() == 0 || !Band.Is_Open()) return;
     Band.Update(event);
-    const CurveView& view = Work.Curves;
-    const auto velocity = Band_Velocity(view.DownDistance, view.DownTime, view.MouseDistance, view.MouseTime);
-    if (velocity) Work.Fields.Text1 = Velocity_Text(Work.Settings, *velocity);
+    Tell_Band_Velocity(Work);
     Outside.Show.Show_Fields();
 }
 

@@ -17,12 +17,10 @@ void Intercept_Thicknesses(const InterceptTimes& input, DepthWork::PerRefractor&
         for (std::size_t upper = 1; upper < layer; ++upper)
             time -= delay[refractor][upper];
         const double cosine = 2 * std::cos(angle[refractor][layer]);
-        double below_shot = Divide(input.V[layer] * time, cosine);
-        // The delays are those of the whole layer without the shot depth.
-        const double for_delays =
-            layer == 1 ? input.HalfShotDepth + below_shot - input.HalfShotDepth : below_shot;
-        if (layer == 1) below_shot += input.HalfShotDepth;
-        thickness[layer] = below_shot;
+        // Half the shot depth belongs to layer 1; the delays are those without it.
+        const double half_shot_depth = layer == 1 ? input.HalfShotDepth : 0;
+        thickness[layer] = half_shot_depth + Divide(input.V[layer] * time, cosine);
+        const double for_delays = thickness[layer] - half_shot_depth;
         for (std::size_t deeper = refractor + 1; deeper <= layers; ++deeper)
             delay[deeper][layer] = 2 * Divide(for_delays, input.V[layer]) * std::cos(angle[deeper][layer]);
     }

@@ -10,10 +10,6 @@ namespace tarnvik {
 
 namespace {
 
-std::string Order_Message(int layer) {
-    return "Layer " + std::to_string(layer) + " Velocity must be  greater ...";
-}
-
 /// Mean over the two branches of the critical angle between an upper velocity and an apparent lower one.
 double Mean_Angle(double upper, double lower_a, double lower_b) {
     return 0.5 * ArcSinus(Divide(upper, lower_a)) + 0.5 * ArcSinus(Divide(upper, lower_b));
@@ -25,6 +21,10 @@ double ArcSinus(double ratio) {
     if (!(ratio > 0)) return 0;
     if (ratio >= 1) throw Fault("no critical angle");
     return std::atan(std::sqrt(ratio * ratio / (1 - ratio * ratio)));
+}
+
+std::string Layer_Order_Message(int layer) {
+    return "Layer " + std::to_string(layer) + " Velocity must be  greater ...";
 }
 
 int Layer_Out_Of_Order(int layers, const ApparentVelocities& apparent) {
@@ -88,7 +88,7 @@ bool Vitesse_Vraie_Commune(Workspace& workspace, Ports& ports, int shot, int lay
     if (wrong != 0) {
         // A wrong layer 2 is no VelocityFault outside quick_interpret: the caller goes on with former angles.
         if (wrong > 2 || quick) depth.VelocityFault = true;
-        return refuse(Order_Message(wrong));
+        return refuse(Layer_Order_Message(wrong));
     }
     True_Velocities(layers, apparent, depth.TrueV, depth.AngleCritique);
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 
@@ -19,6 +21,9 @@ struct ApparentVelocities {
 /// The first layer (2 to 5) whose velocity is below that of the layer above it, 0 when the order is right.
 /// Layer 2 of side B is not looked at; this is meant, a wrong one has no critical angle.
 int Layer_Out_Of_Order(int layers, const ApparentVelocities& apparent);
+
+/// What the user is told about a layer out of order; the double blank is meant.
+std::string Layer_Order_Message(int layer);
 
 /// True velocities of layers 1 to `layers` (2 to 5) and the critical angles, each the mean of the two
 /// branches: the reversed-profile rule of B. B. Redpath, "Seismic refraction exploration for engineering site

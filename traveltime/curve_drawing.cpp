@@ -17,7 +17,7 @@ constexpr int scale_font = 8;
 constexpr int shot_number_font = 9;
 constexpr double point_radius = 0.3;
 constexpr double velocity_of_no_delay = 10000;  // two picks at the same time
-constexpr double ms_per_s = 1000;
+constexpr double ms_per_second = 1000;
 
 double Factor_Or_One(double factor) {
     return factor > 0 ? factor : 1;
@@ -133,14 +133,14 @@ void CurveDrawing::Take_Segment_Colour(int j) {
     if (j == 1) {
         // The segment that rises from a shot at the first receiver.
         if (ShotDistance == Distance(1) && Time(1) != 0)
-            Take_Velocity(static_cast<double>(Distance(1)) / Time(1) * ms_per_s);
+            Take_Velocity(static_cast<double>(Distance(1)) / Time(1) * ms_per_second);
         return;
     }
     for (int earlier = j - 1; earlier >= std::max(1, j - 3); --earlier) {
         if (Time(earlier) <= 0) continue;
         const double distance = std::abs(static_cast<double>(Distance(j)) - Distance(earlier));
         const double time = std::abs(static_cast<double>(Time(j)) - Time(earlier));
-        Take_Velocity(time == 0 ? velocity_of_no_delay : distance / time * ms_per_s);
+        Take_Velocity(time == 0 ? velocity_of_no_delay : distance / time * ms_per_second);
         return;
     }
 }
@@ -165,7 +165,7 @@ void CurveDrawing::Draw_Shot_Between(int j) {
     const double xs = Shot_X();
     if (Style.ByVelocity && Time(j) + Time(j + 1) != 0) {
         const double spacing = static_cast<double>(Distance(j + 1)) - Distance(j);
-        Take_Velocity(spacing / (static_cast<double>(Time(j)) + Time(j + 1)) * ms_per_s);
+        Take_Velocity(spacing / (static_cast<double>(Time(j)) + Time(j + 1)) * ms_per_second);
     }
     // Before the first pick of the curve there is nothing to come down from.
     if (PointDrawn) Dromo.Line_To(xs, 0, InColour);

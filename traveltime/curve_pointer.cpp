@@ -23,10 +23,7 @@ class DromoPointer : public CurvePointerHandler {
     void Move(const PointerEvent& event) override {
         if (!event.LeftButton || !Band.Is_Open()) return;
         Band.Update(event);
-        const CurveView& view = Work.Curves;
-        if (const auto velocity =
-                Band_Velocity(view.DownDistance, view.DownTime, view.MouseDistance, view.MouseTime))
-            Work.Fields.Text1 = Velocity_Text(Work.Settings, *velocity);
+        Tell_Band_Velocity(Work);
     }
     void Release(const PointerEvent& event) override {
         if (event.LeftButton) Band.End(event);
@@ -68,10 +65,6 @@ CurvePointer::~CurvePointer() = default;
 
 void CurvePointer::Register(const std::string& mode, CurvePointerHandler* handler) {
     Handlers[mode] = handler;
-}
-
-void CurvePointer::Unregister(const std::string& mode) {
-    Handlers.erase(mode);
 }
 
 void CurvePointer::Take_Pick_Factor() {

@@ -58,10 +58,9 @@ class CurvePointer {
     /// A key by its code: 107 plus, 109 minus, 33 and 34 Page Up and Down, 37 to 40 left, up, right, down.
     void Key(int code);
 
-    /// The handler of a display mode, which must live until it is unregistered. It goes before the built-in
-    /// one of mode "DROMO".
+    /// The handler of a display mode, which must live as long as this object. It goes before the built-in one
+    /// of mode "DROMO".
     void Register(const std::string& mode, CurvePointerHandler* handler);
-    void Unregister(const std::string& mode);
 
     /// The pick caught by a double click: its writer and the saving of the project are set here.
     MovePick& Pick_In_Hand() { return *Moving; }

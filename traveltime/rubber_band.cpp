@@ -9,8 +9,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr double ms_per_s = 1000;
-constexpr double least_slope = 0.0001;
+constexpr double ms_per_second = 1000;
 
 void Draw_Band(Picture& dromo, const DrawnBand& band) {
     if (band.Stands) dromo.Line(band.X1, band.Y1, band.X2, band.Y2, band.InColour);
@@ -19,22 +18,19 @@ void Draw_Band(Picture& dromo, const DrawnBand& band) {
 }  // namespace
 
 std::optional<double> Band_Velocity(double down_distance, double down_time, double distance, double time) {
-    const double dt = std::abs(down_time - time) / ms_per_s;
+    const double dt = std::abs(down_time - time) / ms_per_second;
     if (dt == 0) return std::nullopt;
     return Int(std::abs(distance - down_distance) / dt);
 }
 
-std::optional<double> Band_Intercept(double down_distance, double down_time, double distance, double time,
-                                     double shot_distance) {
-    if (down_time == time) return std::nullopt;
-    double slope = (distance - down_distance) / (down_time - time) + least_slope;
-    if (slope == 0) slope = least_slope;
-    const double b = down_time - down_distance / slope;
-    return Int(10 * (b + shot_distance / slope)) / 10;
-}
-
 std::string Velocity_Text(const Settings& settings, double velocity) {
     return "Velocity= " + CStr(velocity) + (settings.Metric() ? " m/s" : " f/s");
+}
+
+void Tell_Band_Velocity(Workspace& workspace) {
+    const CurveView& view = workspace.Curves;
+    const auto velocity = Band_Velocity(view.DownDistance, view.DownTime, view.MouseDistance, view.MouseTime);
+    if (velocity) workspace.Fields.Text1 = Velocity_Text(workspace.Settings, *velocity);
 }
 
 void Redraw_Band(Workspace& workspace, Ports& ports, const DrawnBand& band) {

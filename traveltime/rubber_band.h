@@ -13,13 +13,12 @@ namespace tarnvik {
 /// length units, times in ms. Nothing for a band without a time difference.
 std::optional<double> Band_Velocity(double down_distance, double down_time, double distance, double time);
 
-/// Intercept time (ms, cut to a tenth) of a band at a shot. The slope takes the time difference backwards
-/// (press less pointer) and 0.0001 more; both are meant. Nothing for a band without a time difference.
-std::optional<double> Band_Intercept(double down_distance, double down_time, double distance, double time,
-                                     double shot_distance);
-
 /// "Velocity= " with the number and " m/s" or " f/s", as the status field shows it.
 std::string Velocity_Text(const Settings& settings, double velocity);
+
+/// The status field tells the velocity of the band from the last press to the pointer; it stays for a band
+/// without a time difference.
+void Tell_Band_Velocity(Workspace& workspace);
 
 /// The line that the user draws on the travel-time picture with the button held. It stands in XOR in the
 /// colour and width of the velocity line; its whole-number ends are in CurveView (DragStartX ...), where a

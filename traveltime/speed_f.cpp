@@ -1,6 +1,5 @@
 #include "traveltime/speed_f.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "core/fault.h"
@@ -206,8 +205,7 @@ void SpeedPointer::Release(const PointerEvent& event) {
     const int receivers = Work.Project.NbReceivers;
     if (receivers < 1) return;
     Work.Curves.DragStartX = 0;
-    const double nearest = Rounded(event.X / (regression_width / receivers));
-    const int receiver = static_cast<int>(std::clamp(nearest, 1.0, static_cast<double>(receivers)));
+    const int receiver = static_cast<int>(Receiver_At(event.X, receivers, PointerMoment::Release));
     Work.Curves.MouseReceiver = static_cast<std::int16_t>(receiver);
     std::string& box = Form.LastEntered == SpeedF::ReceiverBox::From ? Form.Combo3 : Form.Combo4;
     box = CStr(receiver);

@@ -39,7 +39,7 @@ TEST(CurveFrame, ThinsReceiverLinesAndLabelsByTheirNumber) {
          {Case{24, 24, "2", "24", "4.6"}, Case{25, 13, "3", "25", "9"}, Case{48, 24, "3", "47", "9"},
           Case{49, 7, "9", "49", "36"}, Case{120, 6, "21", "101", "92"}}) {
         LineOfShots line(1, c.Receivers, 4.6);
-        Dessine_Cadre(line.Space, line.Ports);
+        Dessine_Cadre(line.Work, line.Ports);
         const std::vector<std::string> texts = line.Of(Canvas::EchelleX).Texts();
         SCOPED_TRACE(c.Receivers);
         EXPECT_EQ(Vertical_Lines(line.Dromo()).size(), c.Lines);
@@ -50,7 +50,7 @@ TEST(CurveFrame, ThinsReceiverLinesAndLabelsByTheirNumber) {
         EXPECT_EQ(texts[3], c.SecondDistance);
         EXPECT_EQ(texts[texts.size() - 2], c.LastNumber);
         const double x = Vertical_Lines(line.Dromo())[1];
-        EXPECT_NEAR(x, Position_Ecran(line.Space.Project, std::stoi(c.SecondNumber)), 1e-9);
+        EXPECT_NEAR(x, Position_Ecran(line.Work.Project, std::stoi(c.SecondNumber)), 1e-9);
         EXPECT_NEAR(line.Of(Canvas::EchelleX).Printed(c.SecondNumber)->X1, x - 1, 1e-9);
     }
 }
@@ -70,7 +70,7 @@ TEST(CurveFrame, TimeGridFollowsTheLatestPick) {
         SCOPED_TRACE(c.Latest);
         LineOfShots line(1, 4);
         line.Pick(1, {0, c.Latest});
-        Dessine_Cadre(line.Space, line.Ports);
+        Dessine_Cadre(line.Work, line.Ports);
         const auto labels = line.Of(Canvas::EchelleY).Of(Drawn::Verb::Print);
         EXPECT_EQ(labels.front().Text, c.First);
         EXPECT_EQ(labels.back().Text, c.Last);
@@ -82,38 +82,38 @@ TEST(CurveFrame, TimeGridFollowsTheLatestPick) {
 
 TEST(CurveFrame, WindowFollowsZoomScrollBarsAndZeroOnTop) {
     LineOfShots line(1, 24);
-    Set_Zoom(line.Space.Curves, 7, 0.5);
-    line.Space.Curves.HScroll1.Value = 10;
-    Dessine_Cadre(line.Space, line.Ports);
+    Set_Zoom(line.Work.Curves, 7, 0.5);
+    line.Work.Curves.HScroll1.Value = 10;
+    Dessine_Cadre(line.Work, line.Ports);
     Expect_Corners(line.Dromo(), 10, 200, 24, 0);
     Expect_Corners(line.Of(Canvas::EchelleX), 10, 0, 24, 10);
     Expect_Corners(line.Of(Canvas::EchelleY), 0, 201, 10, -1);
 
-    line.Space.Curves.ZeroOnTop = true;
+    line.Work.Curves.ZeroOnTop = true;
     const auto grid = line.Dromo().Of(Drawn::Verb::Line);
-    Dessine_Cadre(line.Space, line.Ports);
+    Dessine_Cadre(line.Work, line.Ports);
     Expect_Corners(line.Dromo(), 10, 0, 24, 200);
     Expect_Corners(line.Of(Canvas::EchelleY), 0, 1, 10, 199);
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Line).size(), grid.size());
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Line).back().Y1, grid.back().Y1);
 
-    RulerF(line.Space, line.Ports).ruler_dromo();
+    RulerF(line.Work, line.Ports).ruler_dromo();
     Expect_Corners(line.Of(Canvas::Regle), 0, 1, 10, 199);
     EXPECT_EQ(line.Of(Canvas::Regle).Texts(), line.Of(Canvas::EchelleY).Texts());
 }
 
 TEST(CurveFrame, AnyTypedFactorLeavesAUsableWindow) {
     LineOfShots line(1, 24);
-    Zoom zoom(line.Space, line.Ports);
+    Zoom zoom(line.Work, line.Ports);
     for (const char* typed : {"", "0", "-3", "x"}) {
         zoom.Combo1 = zoom.Combo2 = typed;
         zoom.Command1();
-        EXPECT_EQ(line.Space.Curves.ZoomX, 1) << typed;
-        EXPECT_EQ(line.Space.Curves.ZoomY, 1) << typed;
+        EXPECT_EQ(line.Work.Curves.ZoomX, 1) << typed;
+        EXPECT_EQ(line.Work.Curves.ZoomY, 1) << typed;
     }
     zoom.Combo1 = zoom.Combo2 = "1E300";
     zoom.Command1();
-    const CurveWindow window = Visible_Window(line.Space.Curves);
+    const CurveWindow window = Visible_Window(line.Work.Curves);
     EXPECT_GE(window.X2 - window.X1, 1);
     EXPECT_GE(window.Yw - window.Yv, 1);
 }
@@ -121,29 +121,29 @@ TEST(CurveFrame, AnyTypedFactorLeavesAUsableWindow) {
 TEST(CurveFrame, ScrollBarsKeepTheirRangeAndTheDialogsMode) {
     LineOfShots line(1, 25);  // 120 m
     line.Pick(1, {120});
-    Zoom zoom(line.Space, line.Ports);
+    Zoom zoom(line.Work, line.Ports);
     zoom.Combo1 = "4";
     zoom.Combo2 = "2";
     zoom.Command1();
-    CurveView& view = line.Space.Curves;
+    CurveView& view = line.Work.Curves;
     EXPECT_EQ(view.HScroll1.Max, 72);
     EXPECT_EQ(view.VScroll1.Max, 50);
     line.Display.OnShowCurves = [&line] { line.Draw(); };
-    line.Space.DisplayMode = "Vitesse";
-    HScroll1_Change(line.Space, line.Ports, 60);
-    EXPECT_EQ(line.Space.Fields.Status, "75 m to 105");
-    EXPECT_EQ(line.Space.DisplayMode, "Vitesse");
-    VScroll1_Change(line.Space, line.Ports, 50);
-    EXPECT_EQ(line.Space.Fields.Status, "75 ms to 150");
+    line.Work.DisplayMode = "Vitesse";
+    HScroll1_Change(line.Work, line.Ports, 60);
+    EXPECT_EQ(line.Work.Fields.Status, "75 m to 105");
+    EXPECT_EQ(line.Work.DisplayMode, "Vitesse");
+    VScroll1_Change(line.Work, line.Ports, 50);
+    EXPECT_EQ(line.Work.Fields.Status, "75 ms to 150");
     Set_Zoom(view, 2, 1);
     EXPECT_EQ(view.HScroll1.Value, 48);
     EXPECT_EQ(view.VScroll1.Value, 0);
 
     // Only "PROF" in capitals redraws the profile.
-    line.Space.DisplayMode = "Profil";
+    line.Work.DisplayMode = "Profil";
     zoom.Command1();
     EXPECT_EQ(line.Display.Count("Show_Profile"), 0);
-    line.Space.DisplayMode = "PROFIL";
+    line.Work.DisplayMode = "PROFIL";
     zoom.Command1();
     EXPECT_EQ(line.Display.Count("Show_Profile"), 1);
 }
@@ -151,9 +151,9 @@ TEST(CurveFrame, ScrollBarsKeepTheirRangeAndTheDialogsMode) {
 TEST(CurveFrame, ReceiverInterceptsAreMarkedWhenAskedFor) {
     LineOfShots line(1, 4);
     line.Pick(1, {0, 80});
-    line.Space.Project.ReceiverData(ReceiverIntercept, 3) = 12.7F;
-    line.Space.Curves.ShowReceiverIntercepts = true;
-    Dessine_Cadre(line.Space, line.Ports);
+    line.Work.Project.ReceiverData(ReceiverIntercept, 3) = 12.7F;
+    line.Work.Curves.ShowReceiverIntercepts = true;
+    Dessine_Cadre(line.Work, line.Ports);
     const auto marks = line.Dromo().Of(Drawn::Verb::Circle, colours::Magenta);
     ASSERT_EQ(marks.size(), 1U);
     EXPECT_NEAR(marks[0].X1, 64, 1e-9);

@@ -61,7 +61,7 @@ TEST(CurveColours, VelocityClassesTakeTheirLowerLimit) {
 TEST(Curves, RisesFromAShotAtTheFirstReceiverAndJoinsAcrossAGap) {
     Curves line;
     line.Pick(1, {5, 0, 40, 55});
-    line.Space.Curves.ZoomX = 3;
+    line.Work.Curves.ZoomX = 3;
     line.Draw_Shot(1, ink);
     const RecordingPicture& dromo = line.Dromo();
     EXPECT_TRUE(dromo.Has_Line(0, 0, 0, 5, ink));
@@ -100,7 +100,7 @@ TEST(Curves, DipsToAShotBetweenTwoReceivers) {
     };
     for (const Case& c : cases) {
         Curves line;
-        line.Space.Project.ShotDistance(1) = 15;
+        line.Work.Project.ShotDistance(1) = 15;
         line.Pick(1, c.Times);
         line.Draw_Shot(1, ink);
         for (const auto& l : c.Lines)
@@ -113,9 +113,9 @@ TEST(Curves, DipsToAShotBetweenTwoReceivers) {
 
 TEST(Curves, OffsetShotIsNumberedBesideItsLastPointInDromoModeOnly) {
     Curves line;
-    line.Space.Project.ShotDistance(1) = -20;
+    line.Work.Project.ShotDistance(1) = -20;
     line.Pick(1, {30, 40, 50, 55});
-    line.Space.DisplayMode = "Fantom";
+    line.Work.DisplayMode = "Fantom";
     line.Draw_Shot(1, ink);
     EXPECT_EQ(line.Dromo().Printed("1"), nullptr);
     line.Draw();
@@ -142,9 +142,9 @@ TEST(Curves, ShiftKeepsAPickOnTheAxisAndInventsNone) {
 
 TEST(Curves, SegmentsTakeTheColourOfTheirVelocity) {
     Curves line;
-    line.Space.Settings.ColorChoice = true;
-    line.Space.Settings.ColorLimits = {400, 600, 1500, 5000, 9000};
-    line.Space.Settings.ClassColor = {1, 2, 3, 4, 5, 6};
+    line.Work.Settings.ColorChoice = true;
+    line.Work.Settings.ColorLimits = {400, 600, 1500, 5000, 9000};
+    line.Work.Settings.ClassColor = {1, 2, 3, 4, 5, 6};
     line.Pick(1, {1, 21, 41, 41});  // at the shot, 500, 500 and no delay: 10000
     line.Draw_Shot(1, ink);
     std::vector<Colour> drawn;
@@ -158,7 +158,7 @@ TEST(Curves, SegmentsTakeTheColourOfTheirVelocity) {
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Line).back().InColour, 3);
 
     // Both legs at a shot between receivers: 10 m in 2 + 3 ms.
-    line.Space.Project.ShotDistance(1) = 15;
+    line.Work.Project.ShotDistance(1) = 15;
     line.Pick(1, {22, 2, 3, 23});
     line.Draw_Shot(1, ink);
     EXPECT_TRUE(line.Dromo().Has_Line(32, 2, 48, 0, 4));
@@ -173,14 +173,14 @@ TEST(Curves, RefusesWrongShotsAndTellsAFaultOnce) {
     EXPECT_EQ(line.Prompts.Messages[0].Text, "Wrong Shot number");
     EXPECT_EQ(line.Prompts.Messages[0].WithIcon, Icon::Critical);
     line.Prompts.Messages.clear();
-    line.Space.Project.LineLength = 0;
+    line.Work.Project.LineLength = 0;
     line.Draw();
     ASSERT_EQ(line.Prompts.Messages.size(), 1U);
     EXPECT_EQ(line.Prompts.Last_Text(), "TV5 File  error");
 
     LineOfShots none(12, 4);
-    none.Space.Project.CurrentFile = "*.tv5";
-    Erase_Project(none.Space.Project);
+    none.Work.Project.CurrentFile = "*.tv5";
+    Erase_Project(none.Work.Project);
     none.Draw();
     EXPECT_TRUE(none.Prompts.Messages.empty());
     LineOfShots empty(0, 0);
@@ -190,15 +190,15 @@ TEST(Curves, RefusesWrongShotsAndTellsAFaultOnce) {
 
 TEST(Curves, RedrawEndsEveryModeAndBand) {
     Curves line;
-    line.Space.DisplayMode = "Calcul";
-    line.Space.Curves.FrameDrawn = 2;
-    line.Space.Curves.DragStartX = 30;
-    line.Space.Curves.Band.Stands = true;
+    line.Work.DisplayMode = "Calcul";
+    line.Work.Curves.FrameDrawn = 2;
+    line.Work.Curves.DragStartX = 30;
+    line.Work.Curves.Band.Stands = true;
     line.Draw();
-    EXPECT_EQ(line.Space.DisplayMode, "DROMO");
-    EXPECT_EQ(line.Space.Curves.FrameDrawn, 1);
-    EXPECT_EQ(line.Space.Curves.DragStartX, 0);
-    EXPECT_FALSE(line.Space.Curves.Band.Stands);
+    EXPECT_EQ(line.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(line.Work.Curves.FrameDrawn, 1);
+    EXPECT_EQ(line.Work.Curves.DragStartX, 0);
+    EXPECT_FALSE(line.Work.Curves.Band.Stands);
     EXPECT_EQ(line.Dromo().Pointer, PointerShape::Cross);
     EXPECT_EQ(line.Display.Calls, (std::vector<std::string>{"Show_Grids"}));
 }
@@ -207,32 +207,32 @@ TEST(ShotGrid, RedShotIsLeftOutUnlessAllAreAskedFor) {
     Curves line;
     line.Pick(1, {1, 2, 3, 4});
     line.Draw();
-    line.Space.Fields.Check11 = false;
-    Toggle_Shot(line.Space, line.Ports, 1);
-    Toggle_Shot(line.Space, line.Ports, 3);
+    line.Work.Fields.Check11 = false;
+    Toggle_Shot(line.Work, line.Ports, 1);
+    Toggle_Shot(line.Work, line.Ports, 3);
     line.Draw();
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Circle).size(), 1U);  // the pick of shot 2
-    EXPECT_EQ(line.Space.Grids.Grille_Shot.Rows(), 2);
-    line.Space.Fields.Check11 = true;
+    EXPECT_EQ(line.Work.Grids.Grille_Shot.Rows(), 2);
+    line.Work.Fields.Check11 = true;
     line.Draw();
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Circle).size(), 5U);
-    line.Space.Fields.Check11 = false;
-    Toggle_Shot(line.Space, line.Ports, 1);
+    line.Work.Fields.Check11 = false;
+    Toggle_Shot(line.Work, line.Ports, 1);
     line.Draw();
     EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Circle).size(), 5U);
 }
 
 TEST(Curves, SecondWindowAndPaperShowTheSamePicture) {
     LineOfShots line(3, 24);
-    line.Space.Project.ShotDistance(3) = line.Space.Project.LineLength + 20;
+    line.Work.Project.ShotDistance(3) = line.Work.Project.LineLength + 20;
     for (int s = 1; s <= 3; ++s)
         line.Pick(s, {30, 25, 20, 15, 10, 5, 5, 10});
-    line.Space.Curves.DoubleView = 1;
+    line.Work.Curves.DoubleView = 1;
     line.Draw();
     RecordingPicture paper, across, beside;
-    line.Space.DisplayMode = "Calcul";
-    EXPECT_TRUE(Draw_Curves_On(line.Space, {paper, &across, &beside}));
-    EXPECT_EQ(line.Space.DisplayMode, "Calcul");
+    line.Work.DisplayMode = "Calcul";
+    EXPECT_TRUE(Draw_Curves_On(line.Work, {paper, &across, &beside}));
+    EXPECT_EQ(line.Work.DisplayMode, "Calcul");
     EXPECT_EQ(across.Texts(), line.Of(Canvas::EchelleX).Texts());
     EXPECT_EQ(beside.Texts(), line.Of(Canvas::EchelleY).Texts());
     for (const RecordingPicture* other : {&paper, &line.Of(Canvas::Dromo2)}) {
@@ -248,15 +248,15 @@ TEST(Curves, SecondWindowAndPaperShowTheSamePicture) {
 TEST(Curves, SuperposedProjectSpansTheFrameByItsOwnLength) {
     Curves line;
     line.Draw();
-    Project other = LineOfShots(1, 3, 50).Space.Project;
+    Project other = LineOfShots(1, 3, 50).Work.Project;
     other.ShotTimes(1, 2) = 30;
     line.Dromo().List.clear();
-    Superpose(line.Space, line.Ports, other);
+    Superpose(line.Work, line.Ports, other);
     const auto points = line.Dromo().Of(Drawn::Verb::Circle);
     ASSERT_EQ(points.size(), 1U);
     EXPECT_NEAR(points[0].X1, 48, 1e-9);
     EXPECT_NEAR(points[0].Y1, 30, 1e-9);
     other.LineLength = 0;
-    Superpose(line.Space, line.Ports, other);
+    Superpose(line.Work, line.Ports, other);
     EXPECT_EQ(line.Prompts.Last_Text(), "TV5 File  error");
 }

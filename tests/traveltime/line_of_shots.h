@@ -9,7 +9,7 @@ namespace tarnvik::test {
 /// A line with receivers every `spacing` from 0 and shots spread evenly over it, no picks.
 struct LineOfShots : TestPorts {
     LineOfShots(int shots, int receivers, double spacing = 5) {
-        tarnvik::Project& project = Space.Project;
+        tarnvik::Project& project = Work.Project;
         project.CurrentFile = "/nowhere/line.tv5";
         project.NbShots = static_cast<std::int16_t>(shots);
         project.NbReceivers = static_cast<std::int16_t>(receivers);
@@ -25,19 +25,19 @@ struct LineOfShots : TestPorts {
     void Pick(int shot, std::initializer_list<float> times) {
         int r = 0;
         for (const float time : times)
-            Space.Project.ShotTimes(shot, ++r) = time;
+            Work.Project.ShotTimes(shot, ++r) = time;
     }
-    void Draw() { Show_Curves(Space, Ports); }
+    void Draw() { Show_Curves(Work, Ports); }
     RecordingPicture& Of(Canvas canvas) { return Display.Pictures[canvas]; }
     RecordingPicture& Dromo() { return Of(Canvas::Dromo); }
     /// One curve alone on an empty frame, in `colour`.
     void Draw_Shot(int shot, Colour colour, double shift = 0) {
-        Dessine_Cadre(Space, Ports);
+        Dessine_Cadre(Work, Ports);
         Dromo().List.clear();
-        Dessine_Tir(Space, Ports, shot, colour, shift, Space.Curves.TimeFactor, Space.Project.LineLength);
+        Dessine_Tir(Work, Ports, shot, colour, shift, Work.Curves.TimeFactor, Work.Project.LineLength);
     }
 
-    Workspace Space;
+    Workspace Work;
 };
 
 }  // namespace tarnvik::test
