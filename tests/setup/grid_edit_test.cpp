@@ -137,7 +137,8 @@ TEST_F(BuildgridEditing, APasteIsOneStepBackAndForth) {
 TEST_F(BuildgridEditing, StepsOfAnotherLineCannotBeUndone) {
     editor.Type(1, 2, "5");
     ASSERT_TRUE(editor.Can_Undo());
-    Remove_Colonne(workspace, ports.Ports, 1);
+    Take_Out_Shot(project, 1);
+    Fill_Grid(workspace);
     EXPECT_FALSE(editor.Can_Undo());
     editor.Undo();
     EXPECT_EQ(project.ShotTimes(1, 1), 5);
