@@ -32,7 +32,6 @@ void Form_Load(Session& session, const std::string& command_line) {
     work.AppTitle = "Tarnvik 16.5";
     Insist_On_Decimal_Point(session);
     work.NoOffsetShots = true;
-    work.LegendPlaced = false;
     work.Project.NbReceivers = 24;
     work.Curves.ZoomX = 1;
     work.Curves.ZoomY = 1;

@@ -143,18 +143,12 @@ struct RecordView {
     float ScaleLeft = 0;
     float ScaleRight = 0;
 
-    std::int16_t PickedTrace = 0;
-    std::int16_t FieldChannel = 0;
     double PickTimeShift = 0;  ///< ms added to every click
     std::int16_t ZoomMode = 0;
     std::int16_t SpectrumRequest = 0;
     std::int16_t AutoPickMode = 0;  ///< -1 while AutoPik is open
     double DownX = 0;
     double DownY = 0;
-    double ClickX2 = 0;
-    double ClickY2 = 0;
-    std::int16_t SavedFirst = 0;
-    std::int16_t SavedLast = 0;
     std::int32_t ReferenceTrace = 0;
     double TraceScale = 0;              ///< amplitude scale of the record drawn last, 0 before the first
     std::int32_t StationsAskedFor = 0;  ///< first trace of the record whose stations were asked for
@@ -210,10 +204,7 @@ struct Workspace {
     std::string AppTitle = "Tarnvik 16.5";
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
     bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
-    bool LegendPlaced = false;
-    std::size_t SavedFingerprint = 0;  ///< of the project as it was last read or written
-    std::string
-        BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
+    std::size_t SavedFingerprint = 0;   ///< of the project as it was last read or written
     CurveView Curves;
     VelocityWork Velocity;
     DepthWork Depth;

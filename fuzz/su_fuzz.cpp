@@ -59,7 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Display_Record(workspace, ports, path);
     workspace.Fields.Text10 = "7";
     Display_Record(workspace, ports, path);
-    HeaderArray header;
-    lecture_data(workspace, 1, 5, header);
+    SuTraces file(path);
+    for (int word = 1; word <= header_words; ++word)
+        file.Word(5, word);
     return 0;
 }

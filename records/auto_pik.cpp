@@ -1,8 +1,6 @@
 #include "records/auto_pik.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <vector>
 
 #include "core/fault.h"
@@ -177,17 +175,6 @@ void AutoPik::Repair_Spikes(RecordFiles& files) {
     }
 }
 
-void AutoPik::Words_To_Grid(RecordFiles& files) {
-    std::int64_t trace = 0;
-    for (int shot = 1; shot <= Work.Project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= Work.Project.NbReceivers; ++receiver) {
-            const auto word = files.Traces().Word(++trace, words::First_Breaks);
-            if (!word) return;  // the file ends here
-            Work.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
-        }
-    }
-}
-
 void AutoPik::Unsaved_To_Grid(const AutomaticPicks& picks, int first) {
     std::vector<std::int16_t> found;
     for (const auto& word : picks.Words)
@@ -219,7 +206,7 @@ void AutoPik::Pick_auto() {
         if (files.Failed()) {
             Unsaved_To_Grid(picks, with.FirstTrace);
         } else {
-            Words_To_Grid(files);
+            Fill_Grid_From_Headers(Work, files.Traces());
         }
         files.Tell_Faults("Automatic picks");
         Read_Times_From_Grid(Work);

@@ -58,7 +58,6 @@ class AutoPik {
     AutomaticPickingParameters Read_Parameters(RecordFiles& files);
     void Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first);
     void Repair_Spikes(RecordFiles& files);
-    void Words_To_Grid(RecordFiles& files);
     void Unsaved_To_Grid(const AutomaticPicks& picks, int first);
     Workspace& Work;
     Ports& Outside;

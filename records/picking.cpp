@@ -17,7 +17,7 @@ namespace {
 
 constexpr double drag_pixels = 3;  ///< a hand that trembles less than this has not dragged
 
-/// Sample interval of the file, or of the view while the file cannot be read, in ms; 0 without any.
+/// Sample interval in ms; 0 while none is known.
 double Interval(const RecordView& record) {
     return record.SampleInterval / 1000.0;
 }
@@ -45,8 +45,6 @@ void RecordPointer::Press(const RecordEvent& event) {
     if (Area_Armed()) {
         Outside.Show.Canvas_Of(Canvas::Ecran).Set_Pointer(PointerShape::Cross);
         Band.Start(event.X, event.Y);
-        Store_If_It_Fits(Work.Record.SavedFirst, Val(Work.Fields.Text9));
-        Store_If_It_Fits(Work.Record.SavedLast, Val(Work.Fields.Text10));
         return;
     }
     if (event.Button == 2) {
@@ -95,14 +93,12 @@ RecordPointer::Cell RecordPointer::Cell_Of(int trace) {
     const RecordView& record = Work.Record;
     const int channels = record.ChannelsPerRecord;
     const int record_number = Work.Fields.HScroll2.Value;
-    double field_channel = trace;
     double receiver = First_Receiver_Shown(Work) + trace - Val(Work.Fields.Text9);
     if (Work.Fields.Check8) {
         // Counted from the other end of the record.
-        field_channel = static_cast<double>(channels) * record_number - trace + 1;
+        const double field_channel = static_cast<double>(channels) * record_number - trace + 1;
         receiver = Work.Fields.Check2 ? field_channel + Val(Work.Fields.Text18) - 1 : field_channel;
     }
-    Store_If_It_Fits(Work.Record.FieldChannel, field_channel);
     Cell cell;
     cell.Shot = Work.Fields.Check2 ? CInt(Val(Work.Fields.Text13)).value_or(0) : record_number;
     cell.Receiver = CInt(receiver).value_or(0);
@@ -113,7 +109,6 @@ void RecordPointer::Click(double x, double y, int button) {
     RecordView& record = Work.Record;
     const auto trace = Shown_Trace_At(record, x);
     if (!trace) return;
-    Store_If_It_Fits(record.PickedTrace, *trace);
     if (Work.Fields.Check16) {
         Reverse_Polarity(Work, Outside, *trace);
         return;
@@ -204,7 +199,6 @@ void RecordPointer::Drag(const RecordEvent& event) {
     {
         RecordFiles files(Work);
         const double ms = Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100;
-        Store_If_It_Fits(Work.Record.PickedTrace, *trace);
         files.Set_Word(*trace, words::First_Breaks, ms * 10);
         files.Tell_Faults("Pick");
         Store_Time(Cell_Of(*trace), ms);

@@ -1,7 +1,6 @@
 #include "records/record_display.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "core/files.h"
 #include "core/ports/picture.h"
@@ -20,8 +19,7 @@ constexpr std::int64_t most_size_rows = 100'000;  // a range typed in error must
 /// stays the whole record.
 void Read_Counts_Again(RecordView& view, const std::string& path) {
     const bool whole = view.FirstSample <= 1 && view.LastSample == view.NbSamples;
-    std::int32_t second = 0;
-    Recherche_Nb_Trace(view, path, view.NbTraces, second);
+    Recherche_Nb_Trace(view, path);
     if (view.NbSamples > 0 && (whole || view.LastSample > view.NbSamples)) {
         Store_If_It_Fits(view.LastSample, view.NbSamples);
     }

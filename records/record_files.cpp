@@ -1,7 +1,7 @@
 #include "records/record_files.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 
 #include "core/fault.h"
 #include "core/files.h"
@@ -63,6 +63,18 @@ void RecordFiles::Tell_Faults(const std::string& subject) {
         status = subject + Fault;
     } else if (!Traces_Told.empty() && status.starts_with(subject + Traces_Told)) {
         status.clear();
+    }
+}
+
+void Fill_Grid_From_Headers(Workspace& workspace, SuTraces& file) {
+    const Project& project = workspace.Project;
+    std::int64_t trace = 0;
+    for (int shot = 1; shot <= project.NbShots; ++shot) {
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+            const auto word = file.Word(++trace, words::First_Breaks);
+            if (!word) return;  // the file ends here
+            workspace.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
+        }
     }
 }
 

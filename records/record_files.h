@@ -43,6 +43,10 @@ class RecordFiles {
     std::string Traces_Told;
 };
 
+/// Picks of the headers of an SU file to the table Buildgrid, as ms; trace (shot - 1) * NbReceivers +
+/// receiver. Cells whose trace the file lacks stay.
+void Fill_Grid_From_Headers(Workspace& workspace, SuTraces& file);
+
 /// Picks of the table Buildgrid to ShotTimes; where the table has no cell the time stays.
 void Read_Times_From_Grid(Workspace& workspace);
 

@@ -1,7 +1,6 @@
 #include "records/record_zoom.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 #include "core/text/number.h"
@@ -15,8 +14,6 @@ constexpr double scale_width = 4;
 
 void RecordZoom::Command4() {
     Work.Record.ZoomMode = 1;
-    Store_If_It_Fits(Work.Record.SavedFirst, Val(Work.Fields.Text9));
-    Store_If_It_Fits(Work.Record.SavedLast, Val(Work.Fields.Text10));
     Command4Enabled = false;
     Command17Enabled = true;
     Outside.Show.Show_Fields();
@@ -146,15 +143,10 @@ void RecordZoom::Scale_Release(double y) {
     if (*first >= *last) return;  // a click, no stretch of time
     record.FirstSample = *first;
     record.LastSample = *last;
-    record.ClickY2 = y;
     Picture& picture = Outside.Show.Canvas_Of(Canvas::Ecran);
     picture.Set_Pointer(PointerShape::Hourglass);
-    for (const auto& [trace, saved, text] :
-         {std::tuple(&record.FirstTrace, &record.SavedFirst, &Work.Fields.Text9),
-          std::tuple(&record.LastTrace, &record.SavedLast, &Work.Fields.Text10)}) {
-        if (const auto number = CLng(Val(*text))) *trace = *number;
-        Store_If_It_Fits(*saved, Val(*text));
-    }
+    if (const auto trace = CLng(Val(Work.Fields.Text9))) record.FirstTrace = *trace;
+    if (const auto trace = CLng(Val(Work.Fields.Text10))) record.LastTrace = *trace;
     Outside.Show.Display_Record();
     picture.Set_Pointer(PointerShape::Cross);
     Command17Enabled = true;

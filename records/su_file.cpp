@@ -119,9 +119,7 @@ std::string Su_Path(const Project& project) {
     return File_Exists(beside + name) ? beside + name : name;
 }
 
-bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t& traces,
-                        std::int32_t& second) {
-    second = 0;
+bool Recherche_Nb_Trace(RecordView& view, const std::string& path) {
     const SuTraces file(path);
     if (!file.Is_Open()) return false;
     if (file.Length() >= Header_Word(words::ns).Offset + 2) {
@@ -129,36 +127,8 @@ bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t&
         view.NbSamples = file.Nb_Samples();
     }
     if (file.Length() >= Header_Word(words::dt).Offset + 2) view.SampleInterval = file.Sample_Interval();
-    if (const auto count = file.Nb_Traces()) traces = *count;
+    if (const auto count = file.Nb_Traces()) view.NbTraces = *count;
     return true;
-}
-
-Stored Enregistre_dans_Header(Workspace& workspace, std::int64_t trace, int word, double value) {
-    if (word < 1 || word > header_words) return Stored::No;
-    SuTraces file(Su_Path(workspace.Project), SuTraces::Access::Write);
-    return file.Is_Open() ? file.Set_Word(trace, word, value) : Stored::No;
-}
-
-void lecture_data(Workspace& workspace, std::int32_t first, std::int32_t last, HeaderArray& header) {
-    // No more columns than any grid could show, whatever the range asked for.
-    constexpr std::int64_t most = 1'000'000;
-    const auto count = static_cast<int>(std::clamp<std::int64_t>(std::int64_t{last} - first + 1, 0, most));
-    if (header.Last_Row() != header_words || header.Last_Column() != count) {
-        header = HeaderArray(header_words, count);
-    }
-    SuTraces file(Su_Path(workspace.Project));
-    for (int column = 1; column <= count; ++column) {
-        for (int word = 1; word <= header_words; ++word) {
-            if (const auto value = file.Word(std::int64_t{first} + column - 1, word)) {
-                header(word, column) = *value;
-            }
-        }
-    }
-}
-
-std::string Header_Text(int word, double value) {
-    if (Header_Word(word).Type == WordType::Float32) return CStr(static_cast<float>(value));
-    return CStr(value);
 }
 
 }  // namespace tarnvik

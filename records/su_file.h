@@ -5,7 +5,6 @@
 #include <span>
 #include <string>
 
-#include "core/arrays.h"
 #include "core/workspace.h"
 #include "records/header_words.h"
 #include "records/positioned_file.h"
@@ -91,22 +90,8 @@ class SuTraces {
 /// folder is looked for beside the project file. The name in the project stays as it is.
 std::string Su_Path(const Project& project);
 
-/// Reads sample count and interval of a file into the view; `traces` becomes the number of its traces,
-/// `second` 0. What cannot be read keeps its value. False when the file cannot be opened.
-bool Recherche_Nb_Trace(RecordView& view, const std::string& path, std::int32_t& traces,
-                        std::int32_t& second);
-
-/// Writes one header word of a trace of SuFile.
-Stored Enregistre_dans_Header(Workspace& workspace, std::int64_t trace, int word, double value);
-
-/// Words 1 to 90 by trace 1 to n of a range. Words 72 to 78 are floats, all others whole numbers.
-using HeaderArray = Array2<double>;
-
-/// Reads all words of traces `first` to `last` of SuFile. What lies beyond the end of the file keeps the
-/// value that the array held; the array is allocated anew when it has not the size of the range.
-void lecture_data(Workspace& workspace, std::int32_t first, std::int32_t last, HeaderArray& header);
-
-/// A header value as it stands in a grid.
-std::string Header_Text(int word, double value);
+/// Reads number of traces, sample count and interval of a file into the view. What cannot be read keeps its
+/// value. False when the file cannot be opened.
+bool Recherche_Nb_Trace(RecordView& view, const std::string& path);
 
 }  // namespace tarnvik

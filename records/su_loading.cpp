@@ -5,6 +5,7 @@
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/record_files.h"
 
 namespace tarnvik {
 
@@ -99,8 +100,7 @@ std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces) {
 
 bool Scan_Channels(Workspace& workspace, const std::string& path) {
     RecordView& view = workspace.Record;
-    std::int32_t second = 0;
-    if (!Recherche_Nb_Trace(view, path, view.NbTraces, second)) return false;
+    if (!Recherche_Nb_Trace(view, path)) return false;
     SuTraces file(path);
     view.ChannelsPerRecord = Channels_Per_Record(file, view.NbTraces);
     Store_Quotient(view.NbRecords, view.NbTraces, view.ChannelsPerRecord);
@@ -115,8 +115,7 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
     constexpr std::string_view filtered = "_flt.su";
     view.TwinSuFile =
         LCase(Right(path, filtered.size())) == filtered ? Derived_File(path, filtered, ".su") : std::string();
-    std::int32_t second = 0;
-    Recherche_Nb_Trace(view, path, view.NbTraces, second);
+    Recherche_Nb_Trace(view, path);
     SuTraces file(path);
     if (const auto delay = file.Word(1, words::delrt)) {
         Store_If_It_Fits(view.RecordDelay, *delay < 0 ? -*delay : *delay);
@@ -191,12 +190,11 @@ bool Locate_SU_File(Workspace& workspace, Ports& ports) {
 
 void Offer_SU_File(Workspace& workspace, Ports& ports) {
     if (workspace.Project.SuFile.empty()) return;
-    const bool was_there = File_Exists(Su_Path(workspace.Project));
-    if (!was_there) {
+    const std::string path = Su_Path(workspace.Project);
+    if (!File_Exists(path)) {
         Locate_SU_File(workspace, ports);
         return;
     }
-    const std::string path = Su_Path(workspace.Project);
     Start_With_SU_File(workspace, path);
     Scan_Channels(workspace, path);
 }
@@ -240,15 +238,8 @@ void Load_FBP_From_SU_Header(Workspace& workspace, Ports& ports) {
         return;
     }
     if (!Locate_SU_File(workspace, ports)) return;
-    const Project& project = workspace.Project;
-    SuTraces file(Su_Path(project));
-    for (int shot = 1; shot <= project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
-            const std::int64_t trace = std::int64_t{shot - 1} * project.NbReceivers + receiver;
-            const auto word = file.Word(trace, words::First_Breaks);
-            if (word) workspace.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
-        }
-    }
+    SuTraces file(Su_Path(workspace.Project));
+    Fill_Grid_From_Headers(workspace, file);
     ports.Show.Show_Grids();
 }
 

@@ -21,14 +21,14 @@ class AutoPikDialog : public RecordOnScreen {
         Automatic.Text53 = "-4";
         Automatic.Text54 = "8";
         Automatic.Text55 = "7";
-        W.Record.DownX = Middle(2);
+        Work.Record.DownX = Middle(2);
     }
 };
 
 TEST_F(AutoPikDialog, PicksTheRecordAndCopiesAllShotsToTheGrid) {
     File.Put16(7, pick_offset, 61);
     Write();
-    W.Project.ShotTimes(2, 1) = 5;  // the file has none
+    Work.Project.ShotTimes(2, 1) = 5;  // the file has none
     Automatic.Parameter_Changed();
     // Trace 3 lies below both its neighbours and is repaired: (100 + 110) / 2.
     Expect_Only(SuBuilder(File)
@@ -36,13 +36,13 @@ TEST_F(AutoPikDialog, PicksTheRecordAndCopiesAllShotsToTheGrid) {
                     .Put16(2, pick_offset, 100)
                     .Put16(3, pick_offset, 105)
                     .Put16(4, pick_offset, 110),
-                W.Project.SuFile);
+                Work.Project.SuFile);
     EXPECT_EQ(Times(1), (std::vector<float>{12, 10, 10.5F, 11}));
     EXPECT_EQ(Times(2), (std::vector<float>{0, 0, 6.1F, 0}));
     EXPECT_EQ(Automatic.Text56, "2");
     EXPECT_EQ(Automatic.Text1, "2");
     EXPECT_EQ(Automatic.Text2, "1");
-    EXPECT_EQ(W.Record.ReferenceTrace, 2);
+    EXPECT_EQ(Work.Record.ReferenceTrace, 2);
     EXPECT_EQ(Ports.Display.Count("Show_Curves"), 1);
     EXPECT_EQ(Ports.Display.Count("Display_Record"), 1);
 
@@ -59,7 +59,7 @@ TEST_F(AutoPikDialog, NothingIsPickedBeforeAWindowIsGiven) {
     Write();
     Automatic.Text54 = "";
     Automatic.Parameter_Changed();
-    EXPECT_EQ(Content_Of(W.Project.SuFile), Before);
+    EXPECT_EQ(Content_Of(Work.Project.SuFile), Before);
 }
 
 TEST_F(AutoPikDialog, HalfCycleAndSensitivityFields) {
@@ -78,32 +78,32 @@ TEST_F(AutoPikDialog, HalfCycleAndSensitivityFields) {
 
 TEST_F(AutoPikDialog, TwinGetsThePicksToo) {
     Write();
-    W.Record.TwinSuFile = File.Write(Folder / "twin.su");
+    Work.Record.TwinSuFile = File.Write(Folder / "twin.su");
     Automatic.Pick_auto();
-    EXPECT_EQ(Content_Of(W.Record.TwinSuFile), Content_Of(W.Project.SuFile));
+    EXPECT_EQ(Content_Of(Work.Record.TwinSuFile), Content_Of(Work.Project.SuFile));
 }
 
 TEST_F(AutoPikDialog, PicksThatCannotBeSavedStayInTheProject) {
     Write();
-    W.Project.ShotTimes(2, 3) = 4;
+    Work.Project.ShotTimes(2, 3) = 4;
     Fill_Grid();
     {
         const NothingCanBeWritten disk;
         Automatic.Pick_auto();
     }
-    EXPECT_EQ(Content_Of(W.Project.SuFile), Before);
-    EXPECT_TRUE(W.Fields.Status.starts_with("Automatic picks not saved: ")) << W.Fields.Status;
+    EXPECT_EQ(Content_Of(Work.Project.SuFile), Before);
+    EXPECT_TRUE(Work.Fields.Status.starts_with("Automatic picks not saved: ")) << Work.Fields.Status;
     EXPECT_EQ(Times(1), (std::vector<float>{12, 10, 10.5F, 11}));
     EXPECT_EQ(Times(2), (std::vector<float>{0, 0, 4, 0}));
 }
 
 TEST_F(AutoPikDialog, AFileThatVanishedIsTold) {
     Write();
-    W.Project.ShotTimes(2, 3) = 4;
+    Work.Project.ShotTimes(2, 3) = 4;
     Fill_Grid();
-    std::filesystem::remove(W.Project.SuFile);
+    std::filesystem::remove(Work.Project.SuFile);
     Automatic.Pick_auto();
-    EXPECT_NE(W.Fields.Status.find(W.Project.SuFile), std::string::npos);
+    EXPECT_NE(Work.Fields.Status.find(Work.Project.SuFile), std::string::npos);
     EXPECT_EQ(Times(2)[2], 4);
 }
 
@@ -111,24 +111,24 @@ TEST_F(AutoPikDialog, AFragmentThatCountsAsATraceIsNoFault) {
     File.Bytes.resize(7 * trace_bytes + 180);  // more than half a trace, but no room for its pick
     Write();
     Show(2);
-    W.Record.DownX = Middle(5);
+    Work.Record.DownX = Middle(5);
     Automatic.Pick_auto();
-    EXPECT_EQ(W.Fields.Status, "");
+    EXPECT_EQ(Work.Fields.Status, "");
     EXPECT_EQ(Times(2), (std::vector<float>{8, 7, 6, 0}));
-    EXPECT_EQ(Content_Of(W.Project.SuFile).size(), Before.size());
+    EXPECT_EQ(Content_Of(Work.Project.SuFile).size(), Before.size());
 }
 
 TEST_F(AutoPikDialog, ResetErasesTheRecordShown) {
     for (int trace = 1; trace <= traces; ++trace)
         File.Put16(trace, pick_offset, 10 * trace);
     Write();
-    W.Fields.Text12 = "1/ FLDR 7";
-    W.Fields.Text9 = "2";
+    Work.Fields.Text12 = "1/ FLDR 7";
+    Work.Fields.Text9 = "2";
     Automatic.Command2();
     EXPECT_EQ(Ports.Prompts.Last_Text(), " Erase FBP values of  1/ FLDR 7");
     EXPECT_EQ(Ports.Prompts.Messages.back().WithIcon, Icon::Critical);
     EXPECT_EQ(File_Words(), (std::vector{10, 0, 0, 0, 50, 60, 70, 80}));
-    W.Fields.Text10 = "2000000000";
+    Work.Fields.Text10 = "2000000000";
     Automatic.Command2();
     EXPECT_EQ(File_Words(), (std::vector{10, 0, 0, 0, 0, 0, 0, 0}));
 }

@@ -50,18 +50,18 @@ class RecordOnScreen : public ::testing::Test {
         File.Records(channels);
         for (int trace = 1; trace <= traces; ++trace)
             File.Put32(trace, 0, trace);
-        W.Project.SuFile = Folder / "line.su";
-        W.Project.NbShots = 2;
-        W.Project.NbReceivers = channels;
-        Redimension_Project(W.Project);
-        W.Record.NbSamples = W.Record.SamplesWord = W.Record.LastSample = samples;
-        W.Record.FirstSample = 1;
-        W.Record.SampleInterval = 1000;
-        W.Record.ChannelsPerRecord = channels;
-        W.Fields.HScroll2 = {1, 1, 2};
+        Work.Project.SuFile = Folder / "line.su";
+        Work.Project.NbShots = 2;
+        Work.Project.NbReceivers = channels;
+        Redimension_Project(Work.Project);
+        Work.Record.NbSamples = Work.Record.SamplesWord = Work.Record.LastSample = samples;
+        Work.Record.FirstSample = 1;
+        Work.Record.SampleInterval = 1000;
+        Work.Record.ChannelsPerRecord = channels;
+        Work.Fields.HScroll2 = {1, 1, 2};
         Show(1);
-        W.Grids.Buildgrid.Resize(channels + 3, 2 + 4);
-        W.Grids.size_grid.Resize(channels, 1);
+        Work.Grids.Buildgrid.Resize(channels + 3, 2 + 4);
+        Work.Grids.size_grid.Resize(channels, 1);
         Ports.Display.OnShowCurves = [this] { Fill_Grid(); };
         Fill_Grid();
     }
@@ -69,24 +69,24 @@ class RecordOnScreen : public ::testing::Test {
     /// Puts a record on screen as the display would.
     void Show(int record) {
         const int first = (record - 1) * channels + 1;
-        W.Fields.HScroll2.Value = record;
-        W.Record.FirstTrace = first;
-        W.Record.LastTrace = first + channels - 1;
-        W.Record.RecordWidth = channels * 2000.0;
-        W.Fields.Text9 = std::to_string(first);
-        W.Fields.Text10 = std::to_string(first + channels - 1);
-        W.Fields.Text18 = std::to_string(first);
+        Work.Fields.HScroll2.Value = record;
+        Work.Record.FirstTrace = first;
+        Work.Record.LastTrace = first + channels - 1;
+        Work.Record.RecordWidth = channels * 2000.0;
+        Work.Fields.Text9 = std::to_string(first);
+        Work.Fields.Text10 = std::to_string(first + channels - 1);
+        Work.Fields.Text18 = std::to_string(first);
         Ports.Display.Canvas_Of(Canvas::Ecran).Scale(first * 2000.0, 1, (first + channels) * 2000.0, samples);
     }
     void Fill_Grid() {
         for (int shot = 1; shot <= 2; ++shot) {
             for (int receiver = 1; receiver <= channels; ++receiver) {
-                W.Grids.Buildgrid.Set_Text(receiver, shot,
-                                           Format(W.Project.ShotTimes(shot, receiver), "###0.00"));
+                Work.Grids.Buildgrid.Set_Text(receiver, shot,
+                                              Format(Work.Project.ShotTimes(shot, receiver), "###0.00"));
             }
         }
     }
-    void Write() { Before = Content_Of(File.Write(W.Project.SuFile)); }
+    void Write() { Before = Content_Of(File.Write(Work.Project.SuFile)); }
 
     static double Middle(int trace) { return trace * 2000.0 + 1000; }
     void Click(int trace, double sample, int button = 1) {
@@ -99,7 +99,7 @@ class RecordOnScreen : public ::testing::Test {
         return static_cast<std::int16_t>(low | static_cast<unsigned char>(bytes.at(at + 1)) << 8);
     }
     std::vector<int> File_Words() const {
-        const std::string bytes = Content_Of(W.Project.SuFile);
+        const std::string bytes = Content_Of(Work.Project.SuFile);
         std::vector<int> words;
         for (int trace = 1; trace <= traces; ++trace)
             words.push_back(Word_In(bytes, trace));
@@ -108,7 +108,7 @@ class RecordOnScreen : public ::testing::Test {
     std::vector<float> Times(int shot) const {
         std::vector<float> times;
         for (int receiver = 1; receiver <= channels; ++receiver)
-            times.push_back(W.Project.ShotTimes(shot, receiver));
+            times.push_back(Work.Project.ShotTimes(shot, receiver));
         return times;
     }
     /// The file with the words of some traces changed is what must be on the disk, to the last byte.
@@ -119,11 +119,11 @@ class RecordOnScreen : public ::testing::Test {
     TemporaryFolder Folder;
     SuBuilder File;
     std::string Before;
-    Workspace W;
+    Workspace Work;
     TestPorts Ports;
-    AutoPik Automatic{W, Ports.Ports};
-    RecordZoom Zoom{W, Ports.Ports};
-    RecordPointer Pointer{W, Ports.Ports, Automatic, Zoom};
+    AutoPik Automatic{Work, Ports.Ports};
+    RecordZoom Zoom{Work, Ports.Ports};
+    RecordPointer Pointer{Work, Ports.Ports, Automatic, Zoom};
 };
 
 }  // namespace tarnvik::test

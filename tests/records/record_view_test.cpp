@@ -23,12 +23,12 @@ TEST_F(RecordViewTools, ZoomToAnAreaAndBack) {
     Zoom.Command4();
     EXPECT_FALSE(Zoom.Command4Enabled);
     Drag(8100, 25, 4100, 6.4);  // from the lower right corner, beyond the last sample
-    EXPECT_EQ(W.Fields.Text9, "2");
-    EXPECT_EQ(W.Fields.Text10, "3");
-    EXPECT_EQ(W.Record.FirstSample, 6);
-    EXPECT_EQ(W.Record.LastSample, samples);
-    EXPECT_EQ(W.Record.ZoomMode, 0);
-    EXPECT_EQ(Content_Of(W.Project.SuFile), Before) << "the drag is no pick";
+    EXPECT_EQ(Work.Fields.Text9, "2");
+    EXPECT_EQ(Work.Fields.Text10, "3");
+    EXPECT_EQ(Work.Record.FirstSample, 6);
+    EXPECT_EQ(Work.Record.LastSample, samples);
+    EXPECT_EQ(Work.Record.ZoomMode, 0);
+    EXPECT_EQ(Content_Of(Work.Project.SuFile), Before) << "the drag is no pick";
     // Each rectangle of the rubber band was drawn twice and so taken away.
     const auto boxes = Ports.Display.Pictures[Canvas::Ecran].Of(Drawn::Verb::Box);
     ASSERT_EQ(boxes.size(), 4U);
@@ -38,16 +38,16 @@ TEST_F(RecordViewTools, ZoomToAnAreaAndBack) {
         EXPECT_EQ(boxes[i].Y2, boxes[i + 1].Y2);
     }
     Zoom.Command17();
-    EXPECT_EQ(W.Fields.Text9, "1");
-    EXPECT_EQ(W.Fields.Text10, "4");
-    EXPECT_EQ(W.Record.FirstSample, 1);
-    EXPECT_EQ(W.Record.LastSample, samples);
+    EXPECT_EQ(Work.Fields.Text9, "1");
+    EXPECT_EQ(Work.Fields.Text10, "4");
+    EXPECT_EQ(Work.Record.FirstSample, 1);
+    EXPECT_EQ(Work.Record.LastSample, samples);
     EXPECT_TRUE(Zoom.Command4Enabled);
 
     Zoom.Command4();
     Drag(4100, 3, 5800, 9);
     EXPECT_EQ(Ports.Prompts.Last_Text(), "1 trace, display not Possible");
-    EXPECT_EQ(W.Fields.Text10, "4");
+    EXPECT_EQ(Work.Fields.Text10, "4");
     EXPECT_TRUE(Zoom.Command4Enabled);
 }
 
@@ -58,42 +58,42 @@ TEST_F(RecordViewTools, TimeScaleSelectsSamples) {
     };
     for (const Case& each :
          {Case{4.4, 12, 4, 12}, {12, 4.4, 4, 12}, {7, 90, 7, 20}, {-3, 5, 0, 5}, {5, 5, 1, 20}}) {
-        W.Record.FirstSample = 1;
-        W.Record.LastSample = samples;
+        Work.Record.FirstSample = 1;
+        Work.Record.LastSample = samples;
         Zoom.Scale_Press(each.From);
         Zoom.Scale_Move(9);
         Zoom.Scale_Release(each.To);
-        EXPECT_EQ(W.Record.FirstSample, each.First);
-        EXPECT_EQ(W.Record.LastSample, each.Last);
+        EXPECT_EQ(Work.Record.FirstSample, each.First);
+        EXPECT_EQ(Work.Record.LastSample, each.Last);
     }
     EXPECT_EQ(Ports.Display.Pictures[Canvas::Echelle3].List.size() % 2, 0U);
 }
 
 TEST_F(RecordViewTools, NeighbouringShots) {
     Zoom.Command24();
-    EXPECT_EQ(W.Fields.Text9, "1");
+    EXPECT_EQ(Work.Fields.Text9, "1");
     Zoom.Command23();
     Zoom.Command23();
-    EXPECT_EQ(W.Fields.HScroll2.Value, 2);
-    EXPECT_EQ(W.Fields.Text9, "5");
-    EXPECT_EQ(W.Fields.Text10, "8");
+    EXPECT_EQ(Work.Fields.HScroll2.Value, 2);
+    EXPECT_EQ(Work.Fields.Text9, "5");
+    EXPECT_EQ(Work.Fields.Text10, "8");
     EXPECT_EQ(Ports.Display.Count("Display_Record"), 1);
 }
 
 TEST_F(RecordViewTools, GainAndPolarity) {
     for (const auto& [typed, smaller] :
          {std::pair{"1", "0.8"}, {"0.06", "0.001"}, {"-2", "0.001"}, {"abc", "0.001"}}) {
-        W.Fields.Text11 = typed;
-        Reduce_Trace_Size(W, Ports.Ports);
-        EXPECT_EQ(W.Fields.Text11, smaller);
-        EXPECT_EQ(W.Record.AmplitudeGain, Val(smaller));
+        Work.Fields.Text11 = typed;
+        Reduce_Trace_Size(Work, Ports.Ports);
+        EXPECT_EQ(Work.Fields.Text11, smaller);
+        EXPECT_EQ(Work.Record.AmplitudeGain, Val(smaller));
     }
-    Enlarge_Trace_Size(W, Ports.Ports);
-    EXPECT_EQ(W.Fields.Text11, "0.002");
-    Turn_Display_Polarity(W, Ports.Ports);
-    EXPECT_EQ(W.Record.DisplayPolarity, -1);
-    W.Record.DisplayPolarity = 3;
-    Turn_Display_Polarity(W, Ports.Ports);
+    Enlarge_Trace_Size(Work, Ports.Ports);
+    EXPECT_EQ(Work.Fields.Text11, "0.002");
+    Turn_Display_Polarity(Work, Ports.Ports);
+    EXPECT_EQ(Work.Record.DisplayPolarity, -1);
+    Work.Record.DisplayPolarity = 3;
+    Turn_Display_Polarity(Work, Ports.Ports);
     EXPECT_EQ(Ports.Prompts.Last_Text(), "3");
 }
 
@@ -101,27 +101,27 @@ TEST_F(RecordViewTools, SizeFactors) {
     File.Put16(7, life_offset, 2);
     Write();
     Show(2);
-    SizeGridMouse mouse(W, Ports.Ports);
-    W.Grids.size_grid.Set_Text(2, 0, "0.15");
+    SizeGridMouse mouse(Work, Ports.Ports);
+    Work.Grids.size_grid.Set_Text(2, 0, "0.15");
     mouse.Move(59, 80);
     EXPECT_EQ(mouse.ToolTip, "2");
     mouse.Press(1);
-    EXPECT_EQ(W.Grids.size_grid.Text(2, 0), "0.3");
+    EXPECT_EQ(Work.Grids.size_grid.Text(2, 0), "0.3");
     mouse.Press(2);
     mouse.Press(2);
-    EXPECT_EQ(W.Grids.size_grid.Text(2, 0), "0.075");
-    Expect_Only(SuBuilder(File).Put16(7, life_offset, 1), W.Project.SuFile);
+    EXPECT_EQ(Work.Grids.size_grid.Text(2, 0), "0.075");
+    Expect_Only(SuBuilder(File).Put16(7, life_offset, 1), Work.Project.SuFile);
     mouse.Move(500, 80);
-    EXPECT_EQ(W.Grids.size_grid.CurrentRow, 3);
+    EXPECT_EQ(Work.Grids.size_grid.CurrentRow, 3);
 }
 
 TEST_F(RecordViewTools, SpectrumOfAnArea) {
     const std::string tool = Folder / "SUSPECTRE.EXE";
     Ports.Launcher.Folder = Folder.Path;
-    W.Record.NbSamples = 500;
-    W.Record.SampleInterval = 250;
-    W.Record.LastTrace = 200;
-    W.Record.RecordWidth = 400000;
+    Work.Record.NbSamples = 500;
+    Work.Record.SampleInterval = 250;
+    Work.Record.LastTrace = 200;
+    Work.Record.RecordWidth = 400000;
     struct Case {
         const char* What;
         double X1, Y1, X2, Y2;
@@ -177,19 +177,19 @@ TEST_F(RecordViewTools, SpectrumOfAnArea) {
         Ports.Launcher.Result = each.Result;
         Ports.Launcher.Started.clear();
         Ports.Prompts.Messages.clear();
-        Spectre_Frequency(W, Ports.Ports);
+        Spectre_Frequency(Work, Ports.Ports);
         Drag(each.X1, each.Y1, each.X2, each.Y2);
         std::vector<std::string> said;
         for (const auto& message : Ports.Prompts.Messages)
             said.push_back(message.Text);
         EXPECT_EQ(said, each.Said);
-        EXPECT_EQ(W.Record.SpectrumRequest, 0);
+        EXPECT_EQ(Work.Record.SpectrumRequest, 0);
         if (each.Arguments.empty()) {
             EXPECT_TRUE(Ports.Launcher.Started.empty());
         } else {
             ASSERT_EQ(Ports.Launcher.Started.size(), 1U);
             EXPECT_EQ(Ports.Launcher.Started[0],
-                      tool + "|f=" + W.Project.SuFile + " " + each.Arguments + "|" + Folder.Path);
+                      tool + "|f=" + Work.Project.SuFile + " " + each.Arguments + "|" + Folder.Path);
         }
     }
 }

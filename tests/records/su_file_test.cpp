@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <filesystem>
 #include <numeric>
@@ -55,7 +56,7 @@ TEST_F(SuFile, AWrittenWordChangesItsOwnBytesOnlyAndReadsBack) {
         if (word == words::ns) continue;  // it would move the other traces
         const HeaderWord& entry = Header_Word(word);
         builder.Write(path);
-        ASSERT_EQ(Enregistre_dans_Header(Work, 2, word, -2), Stored::Yes);
+        ASSERT_EQ(SuTraces(path, SuTraces::Access::Write).Set_Word(2, word, -2), Stored::Yes);
         const int size = entry.Type == WordType::Int16 ? 2 : 4;
         const std::string after = Content_Of(path);
         const auto changed = Changed_Bytes(builder.Bytes, after);
@@ -63,28 +64,24 @@ TEST_F(SuFile, AWrittenWordChangesItsOwnBytesOnlyAndReadsBack) {
         for (const auto place : changed)
             EXPECT_NE(std::find(meant.begin(), meant.end(), place), meant.end()) << word << " at " << place;
         EXPECT_EQ(after.size(), builder.Bytes.size());
-        HeaderArray header;
-        lecture_data(Work, 2, 2, header);
+        const double read = SuTraces(path).Word(2, word).value_or(0);
         if (entry.Type != WordType::Float32) {
-            EXPECT_EQ(header(word, 1), -2) << word;
+            EXPECT_EQ(read, -2) << word;
         } else {
             // The integer's bits, read as a float: meant.
-            EXPECT_TRUE(std::isnan(header(word, 1))) << word;
+            EXPECT_TRUE(std::isnan(read)) << word;
         }
     }
 }
 
 TEST_F(SuFile, WholeNumbersTypedIntoFloatWordsReadBackAsTinyFloats) {
-    Write(SuBuilder(1, 5).Put_Float(1, 188, 2.5F));
-    ASSERT_EQ(Enregistre_dans_Header(Work, 1, 73, 3), Stored::Yes);
-    ASSERT_EQ(Enregistre_dans_Header(Work, 1, 78, 3), Stored::Yes);
-    HeaderArray header;
-    lecture_data(Work, 1, 1, header);
-    EXPECT_GT(header(73, 1), 0);
-    EXPECT_LT(header(73, 1), 1e-40);
-    EXPECT_EQ(header(73, 1), header(78, 1));
-    EXPECT_EQ(Header_Text(73, header(73, 1)), "4.203895E-45");
-    EXPECT_EQ(Header_Text(74, header(74, 1)), "2.5");
+    SuTraces file(Write(SuBuilder(1, 5).Put_Float(1, 188, 2.5F)), SuTraces::Access::Write);
+    ASSERT_EQ(file.Set_Word(1, 73, 3), Stored::Yes);
+    ASSERT_EQ(file.Set_Word(1, 78, 3), Stored::Yes);
+    const double three_as_float = std::bit_cast<float>(std::int32_t{3});
+    EXPECT_EQ(file.Word(1, 73), three_as_float);
+    EXPECT_EQ(file.Word(1, 78), three_as_float);
+    EXPECT_EQ(file.Word(1, 74), 2.5);
 }
 
 TEST_F(SuFile, AValueIsRoundedHalvesToEvenAndOneTooLargeLeavesTheWord) {
@@ -105,11 +102,11 @@ TEST_F(SuFile, AValueIsRoundedHalvesToEvenAndOneTooLargeLeavesTheWord) {
         {12, 3e9, Stored::DoesNotFit, 40000},
         {12, std::nan(""), Stored::DoesNotFit, 40000},
     };
+    SuTraces file(path, SuTraces::Access::Write);
     for (const Case& c : cases) {
-        EXPECT_EQ(Enregistre_dans_Header(Work, 1, c.Word, c.Value), c.Result) << c.Value;
+        EXPECT_EQ(file.Set_Word(1, c.Word, c.Value), c.Result) << c.Value;
         EXPECT_EQ(SuTraces(path).Word(1, c.Word), c.After) << c.Value;
     }
-    EXPECT_EQ(Enregistre_dans_Header(Work, 1, 91, 1), Stored::No);
 }
 
 TEST_F(SuFile, NothingIsWrittenBeforeOrBehindTheTraces) {
@@ -155,11 +152,9 @@ TEST_F(SuFile, TraceCountIsRoundedHalvesToEven) {
     for (const auto& [length, traces] : cases) {
         SuBuilder builder(4, 5);
         builder.Bytes.resize(static_cast<std::size_t>(length));
-        std::int32_t count = -1;
-        std::int32_t second = -1;
-        EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder), count, second));
-        EXPECT_EQ(count, traces) << length;
-        EXPECT_EQ(second, 0);
+        Work.Record.NbTraces = -1;
+        EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder)));
+        EXPECT_EQ(Work.Record.NbTraces, traces) << length;
     }
     EXPECT_EQ(Work.Record.SamplesWord, 5);
     EXPECT_EQ(Work.Record.SampleInterval, 1000);
@@ -168,21 +163,20 @@ TEST_F(SuFile, TraceCountIsRoundedHalvesToEven) {
 TEST_F(SuFile, WhatCannotBeReadKeepsItsValue) {
     Work.Record.SamplesWord = 7;
     Work.Record.SampleInterval = 250;
-    std::int32_t count = 99;
-    std::int32_t second = 0;
-    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder / "none.su", count, second));
-    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder.Path, count, second));
-    EXPECT_EQ(count, 99);
+    Work.Record.NbTraces = 99;
+    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder / "none.su"));
+    EXPECT_FALSE(Recherche_Nb_Trace(Work.Record, Folder.Path));
+    EXPECT_EQ(Work.Record.NbTraces, 99);
     SuBuilder builder(1, 0);
     builder.Bytes.resize(50);
-    EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder), count, second));
+    EXPECT_TRUE(Recherche_Nb_Trace(Work.Record, Write(builder)));
     EXPECT_EQ(Work.Record.SamplesWord, 7);
     EXPECT_EQ(Work.Record.SampleInterval, 250);
     // A negative count whose trace has no bytes: no quotient.
-    count = 99;
-    Recherche_Nb_Trace(Work.Record, Write(SuBuilder(2, 0).Put16(1, 114, -60)), count, second);
+    Work.Record.NbTraces = 99;
+    Recherche_Nb_Trace(Work.Record, Write(SuBuilder(2, 0).Put16(1, 114, -60)));
     EXPECT_EQ(Work.Record.NbSamples, -60);
-    EXPECT_EQ(count, 99);
+    EXPECT_EQ(Work.Record.NbTraces, 99);
 }
 
 TEST_F(SuFile, PositionsReachBeyondFourGigabytes) {
@@ -190,8 +184,8 @@ TEST_F(SuFile, PositionsReachBeyondFourGigabytes) {
     const std::string path = Write(SuBuilder(1, 20000));
     const std::int64_t length = 70000 * Trace_Length(20000);
     std::filesystem::resize_file(path, static_cast<std::uintmax_t>(length));
-    EXPECT_EQ(Enregistre_dans_Header(Work, 60001, words::ep, 4711), Stored::Yes);
-    SuTraces file(path);
+    SuTraces file(path, SuTraces::Access::Write);
+    EXPECT_EQ(file.Set_Word(60001, words::ep, 4711), Stored::Yes);
     EXPECT_EQ(file.Nb_Traces(), 70000);
     EXPECT_EQ(file.Word(60001, words::ep), 4711);
     PositionedFile raw(path, PositionedFile::Access::Read);

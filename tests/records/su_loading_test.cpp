@@ -214,9 +214,9 @@ TEST_F(SuLoading, WildFilesEndWithoutHarm) {
         builder.Put16(1, 114, ns);
         const std::string path = Write(builder);
         EXPECT_TRUE(Scan_Channels(Work, path));
-        HeaderArray header;
-        Work.Project.SuFile = path;
-        lecture_data(Work, 1, 3, header);
+        SuTraces file(path);
+        for (int word = 1; word <= header_words; ++word)
+            file.Word(3, word);
     }
     SuBuilder builder(1, 0);
     for (const std::string& bytes : {std::string(), text.substr(0, 239), text}) {
