@@ -5,6 +5,7 @@
 #include "app/session.h"
 #include "app/view_commands.h"
 #include "core/project_save.h"
+#include "core/text/number.h"
 #include "output/profile.h"
 #include "records/record_buttons.h"
 #include "records/spectrum_area.h"
@@ -166,6 +167,25 @@ void Line_Length(Session& session) {
 
 void Remove_Current_Shot(Session& session) {
     RemoveShot(session.Work, session.Outside, session.Work.Grids.Buildgrid.CurrentColumn);
+}
+
+void Take_Out_Current_Shot(Session& session) {
+    Workspace& work = session.Work;
+    const int shot = work.Grids.Buildgrid.CurrentColumn;
+    if (shot < 1 || shot > work.Project.NbShots) {
+        session.Outside.Ask.Say("Select a cell of the shot first", work.AppTitle, Icon::Information);
+        return;
+    }
+    if (!session.Outside.Ask.Ask_Yes("Take shot " + CStr(shot) + " out of the project in memory ?",
+                                     work.AppTitle)) {
+        return;
+    }
+    Close_Computing_Dialogs(session);
+    Read_Grid(work);
+    Remove_Colonne(work, session.Outside, shot);
+    session.PickTable.Forget();
+    session.Outside.Show.Show_Curves();
+    session.Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

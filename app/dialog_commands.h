@@ -41,5 +41,7 @@ void Correct_Distances(Session& session);
 void Line_Length(Session& session);
 /// The shot of Buildgrid's current column is taken out, in a project of a new name.
 void Remove_Current_Shot(Session& session);
+/// The same shot is taken out of the project in memory; its file stays until the next save.
+void Take_Out_Current_Shot(Session& session);
 
 }  // namespace tarnvik

@@ -37,7 +37,10 @@ Session::Session(Ports outside, std::string settings_file)
 
 void Session::Write_Pick(int shot, int receiver, double time_ms) {
     if (Work.Project.SuFile.empty()) return;
-    const std::int64_t trace = std::int64_t{shot - 1} * Work.Record.ChannelsPerRecord + receiver;
+    // Without a channel count the records are taken to hold the line's receivers, as the header commands do.
+    const std::int64_t channels =
+        Work.Record.ChannelsPerRecord > 0 ? Work.Record.ChannelsPerRecord : Work.Project.NbReceivers;
+    const std::int64_t trace = (shot - 1) * channels + receiver;
     SuTraces file(Su_Path(Work.Project), SuTraces::Access::Write);
     if (file.Set_Pick(trace, time_ms) == Stored::No) {
         Work.Fields.Status = "Pick not in the field records: " + Work.Project.SuFile + ": " + file.Reason();

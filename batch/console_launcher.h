@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <utility>
-
 #include "core/ports/launcher.h"
 
 namespace tarnvik {

@@ -8,10 +8,9 @@ namespace {
 
 using namespace tarnvik;
 
-constexpr double pixels_per_point = 96.0 / 72.0;
-
+constexpr double points_a_pixel = 96.0 / 72.0;
 void Rubber_Band_Step(benchmark::State& state) {
-    ImagePicture picture({1920, 1080}, pixels_per_point);
+    ImagePicture picture({1920, 1080}, points_a_pixel);
     picture.Scale(0, 100, 96, 0);
     picture.Clear();
     picture.Set_Draw_Mode(DrawMode::Xor);

@@ -205,6 +205,8 @@ struct Workspace {
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
     bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
     std::size_t SavedFingerprint = 0;   ///< of the project as it was last read or written
+    std::string
+        BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;
     VelocityWork Velocity;
     DepthWork Depth;

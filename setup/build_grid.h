@@ -31,8 +31,8 @@ inline constexpr const char* pick_format = "###0.00";
 inline constexpr const char* place_format = "##00.00";
 
 /// Lays out Buildgrid for the project and writes the whole model into it: captions, picks (ms), places,
-/// elevations and intercept times. Colours of cells stay while the size of the grid stays. A project
-/// whose arrays do not hold its shots and receivers leaves the grid empty.
+/// elevations and intercept times. Colours of cells stay while the size of the grid stays. Arrays that are
+/// not allocated leave their cells at zero.
 void Fill_Grid(Workspace& workspace);
 
 /// Size and captions alone, all other cells as they were; a new profile has captions of its own.

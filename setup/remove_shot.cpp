@@ -11,9 +11,12 @@
 #include "core/fault.h"
 #include "core/files.h"
 #include "core/project_file.h"
+#include "core/project_open.h"
 #include "core/text/number.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
+#include "setup/build_grid.h"
+#include "setup/geometry.h"
 
 namespace tarnvik {
 
@@ -121,6 +124,40 @@ bool Take_Out_Shot(Project& project, int shot) {
     project.CritDistB = Without(project.CritDistB, shot);
     project.ShotThickness = Without(project.ShotThickness, shot);
     --project.NbShots;
+    return true;
+}
+
+bool Remove_Colonne(Workspace& workspace, Ports& ports, int column) {
+    Project& project = workspace.Project;
+    if (column < 1 || column > project.NbShots) return false;
+    if (!project.CurrentFile.empty() && workspace.BackedUpBeforeRemoval != project.CurrentFile) {
+        const std::string reason =
+            File_Exists(project.CurrentFile) ? Backup_Project(project.CurrentFile) : std::string();
+        if (!reason.empty())
+            ports.Ask.Say(project.CurrentFile + ": no backup copy: " + reason, workspace.AppTitle,
+                          Icon::Warning);
+        workspace.BackedUpBeforeRemoval = project.CurrentFile;
+    }
+    TextGrid& grid = workspace.Grids.Buildgrid;
+    const bool shown = BuildgridLayout(project).Fits(grid);
+    Take_Out_Shot(project, column);
+    if (shown) {
+        for (int row = 0; row < grid.Rows(); ++row) {
+            for (int i = column; i + 1 < grid.Columns(); ++i)
+                grid.At(row, i) = grid.At(row, i + 1);
+        }
+        grid.Resize(grid.Rows(), grid.Columns() - 1);
+        // The columns behind carried the captions of their old numbers.
+        for (int shot = column; shot <= project.NbShots; ++shot)
+            grid.Set_Text(0, shot, "Shot" + CStr(shot));
+    }
+    TextGrid& marks = workspace.Grids.Grille_Shot;
+    for (int row = column - 1; row + 1 < marks.Rows(); ++row) {
+        const std::string caption = marks.Text(row, 0);
+        marks.At(row, 0) = marks.At(row + 1, 0);
+        marks.Set_Text(row, 0, caption);
+    }
+    if (marks.Rows() >= column) marks.Resize(marks.Rows() - 1, marks.Columns());
     return true;
 }
 

@@ -13,6 +13,10 @@ namespace tarnvik {
 /// NbShots falls by 1. A number that is no shot changes nothing; the answer tells.
 bool Take_Out_Shot(Project& project, int shot);
 
+/// Takes the shot of a column out of Buildgrid, Grille_Shot and the project. Before the first removal in a
+/// project its file is copied to the backup. False when the column holds no shot.
+bool Remove_Colonne(Workspace& workspace, Ports& ports, int column);
+
 /// Double click on a shot's column: after a question, writes the project without that shot to a file of a new
 /// name and has the records without it extracted to an SU file of that name. The project in memory, its file
 /// and its records stay as they are. In the extracted records all traces are live.

@@ -211,6 +211,12 @@ QWidget* TablesPage::Line_Group() {
                               "End Shot"),
                            Correct_Distances),
                     3, 0, 1, 3);
+    rows->addWidget(
+        Button("TakeOutShot", tr("Remove shot"),
+               tr("Takes the shot of the selected column out of the project in memory; its file is "
+                  "backed up first"),
+               Take_Out_Current_Shot),
+        4, 0, 1, 3);
     return group;
 }
 

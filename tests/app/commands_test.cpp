@@ -2,8 +2,10 @@
 
 #include <set>
 
+#include "app/dialog_commands.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
+#include "setup/build_grid.h"
 #include "support/su_builder.h"
 
 namespace tarnvik::test {
@@ -140,6 +142,25 @@ TEST_F(Commands, opening_from_the_menu_asks_for_missing_records_and_leads_to_the
     EXPECT_EQ(World.Prompts.Last_Text(), " You must (re)compute all thickness to load data in memroy");
     EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
+}
+
+TEST_F(Commands, a_shot_is_taken_out_of_memory_after_a_question_and_with_a_backup) {
+    const std::string path = Project_File();
+    Program.Work.Settings.RecentFiles[0] = path;
+    Run_Command(Program, "F1_F");
+    Fill_Grid(Program.Work);
+    const std::string before = *Read_File(path);
+    Program.Work.Grids.Buildgrid.CurrentColumn = 1;
+    World.Prompts.Expect("Take shot 1 out of the project in memory ?", Answer::No);
+    Take_Out_Current_Shot(Program);
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+    std::filesystem::remove(Folder / "line.bak");
+    World.Prompts.Expect("Take shot 1 out of the project in memory ?", Answer::Yes);
+    Take_Out_Current_Shot(Program);
+    EXPECT_EQ(Program.Work.Project.NbShots, 1);
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 1), 26);
+    EXPECT_EQ(*Read_File(path), before);
+    EXPECT_EQ(*Read_File(Folder / "line.bak"), before);
 }
 
 TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alone) {

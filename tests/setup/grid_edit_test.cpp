@@ -137,8 +137,7 @@ TEST_F(BuildgridEditing, APasteIsOneStepBackAndForth) {
 TEST_F(BuildgridEditing, StepsOfAnotherLineCannotBeUndone) {
     editor.Type(1, 2, "5");
     ASSERT_TRUE(editor.Can_Undo());
-    Take_Out_Shot(project, 1);
-    Fill_Grid(workspace);
+    Remove_Colonne(workspace, ports.Ports, 1);
     EXPECT_FALSE(editor.Can_Undo());
     editor.Undo();
     EXPECT_EQ(project.ShotTimes(1, 1), 5);

@@ -81,19 +81,39 @@ class Removal : public ::testing::Test {
     Ports ports{prompts, display, launcher};
 };
 
-TEST_F(Removal, TakesTheShotOutWithAllThatBelongsToIt) {
-    Project& project = workspace.Project;
-    for (const int none : {0, -1, 5})
-        EXPECT_FALSE(Take_Out_Shot(project, none)) << none;
-    ASSERT_TRUE(Take_Out_Shot(project, 2));
+TEST_F(Removal, TakesAMiddleShotOutOfModelAndGrids) {
+    workspace.Grids.Grille_Shot = TextGrid(4, 1);
+    workspace.Grids.Grille_Shot.At(2, 0).BackColour = 255;
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 2));
+    const Project& project = workspace.Project;
     ASSERT_EQ(project.NbShots, 3);
     Expect_Shot(project, 1, 1, 4);
     Expect_Shot(project, 2, 3, 4);
     Expect_Shot(project, 3, 4, 4);
     EXPECT_EQ(project.ShotTimes.Last_Row(), 3);
-    ASSERT_TRUE(Take_Out_Shot(project, 3));
-    EXPECT_EQ(project.NbShots, 2);
-    Expect_Shot(project, 2, 3, 4);
+    EXPECT_EQ(workspace.Grids.Grille_Shot.At(1, 0).BackColour, 255) << "the mark goes with shot 3";
+
+    const TextGrid moved = workspace.Grids.Buildgrid;
+    Fill_Grid(workspace);
+    const TextGrid& filled = workspace.Grids.Buildgrid;
+    ASSERT_EQ(moved.Columns(), filled.Columns());
+    for (int row = 0; row < filled.Rows(); ++row) {
+        for (int column = 0; column < filled.Columns(); ++column)
+            EXPECT_EQ(moved.Text(row, column), filled.Text(row, column)) << row << ", " << column;
+    }
+}
+
+TEST_F(Removal, BacksUpOnlyBeforeTheFirst) {
+    const auto saved = Read_File(folder / "line.TV5");
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 4));
+    const std::string backup = Derived_File(folder / "line.TV5", ".tv5", ".bak");
+    EXPECT_EQ(Read_File(backup), saved);
+    ASSERT_TRUE(std::filesystem::remove(backup));
+    ASSERT_TRUE(Remove_Colonne(workspace, ports, 1));
+    EXPECT_FALSE(File_Exists(backup));
+    for (const int column : {0, -1, 3, 4})
+        EXPECT_FALSE(Remove_Colonne(workspace, ports, column)) << column;
+    EXPECT_EQ(workspace.Project.NbShots, 2);
 }
 
 TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
