@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "core/ports/launcher.h"
 
 namespace tarnvik {

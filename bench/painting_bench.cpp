@@ -8,9 +8,10 @@ namespace {
 
 using namespace tarnvik;
 
-constexpr double points_a_pixel = 96.0 / 72.0;
+constexpr double pixels_per_point = 96.0 / 72.0;
+
 void Rubber_Band_Step(benchmark::State& state) {
-    ImagePicture picture({1920, 1080}, points_a_pixel);
+    ImagePicture picture({1920, 1080}, pixels_per_point);
     picture.Scale(0, 100, 96, 0);
     picture.Clear();
     picture.Set_Draw_Mode(DrawMode::Xor);

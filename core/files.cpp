@@ -1,5 +1,6 @@
 #include "core/files.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -110,7 +111,7 @@ std::string Name_Of(std::string_view path) {
 }
 
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement) {
-    const std::string derived = Folder_Of(path) + Replace_First(Name_Of(path), ending, replacement);
+    std::string derived = Folder_Of(path) + Replace_First(Name_Of(path), ending, replacement);
     if (File_Exists(derived)) return derived;
     const std::string wanted = LCase(Name_Of(derived));
     const std::string folder = Folder_Of(derived);

@@ -1,7 +1,5 @@
 #include "core/profile_text.h"
 
-#include <algorithm>
-
 #include "core/text/letters.h"
 
 namespace tarnvik {
@@ -15,13 +13,6 @@ bool Is_Heading(const std::string& line) {
 std::string Heading_Name(const std::string& line) {
     const std::string heading = Trim(line);
     return LCase(Trim(heading.substr(1, heading.find(']') - 1)));
-}
-
-std::string One_Line(std::string_view text) {
-    std::string line(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return line;
 }
 
 }  // namespace

@@ -115,12 +115,9 @@ void Read_Remarks(ItemReader& items, TextGrid& grid) {
     }
 }
 
-/// A cell or a path is one line of text; a line end in it would shift all that stands behind.
-std::string One_Line(std::string_view text) {
-    std::string line = To_Windows_1252(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return line;
+/// A cell or a path as it is filed: a line end in it would shift all that stands behind.
+std::string Filed_Text(std::string_view text) {
+    return To_Windows_1252(One_Line(text));
 }
 
 constexpr const char* line_end = "\r\n";
@@ -227,13 +224,13 @@ std::string Bytes_Before_Total_Time(const Project& project) {
         bytes += line.End();
     }
     Append_Shot_Rows(project, bytes);
-    bytes += One_Line(project.SuFile) + line_end;
+    bytes += Filed_Text(project.SuFile) + line_end;
     for (int row = Project::RemarkFirstRow; row <= Project::RemarkLastRow; ++row) {
         PrintLine line;
         for (int column = 0; column < remark_text_column; ++column) {
             line.Item(project.remark_grid.Value(row, column)).Zone();
         }
-        bytes += line.Raw(One_Line(project.remark_grid.Text(row, remark_text_column))).End();
+        bytes += line.Raw(Filed_Text(project.remark_grid.Text(row, remark_text_column))).End();
     }
     return bytes;
 }

@@ -94,7 +94,6 @@ void Read_Project(Workspace& workspace, const std::string& path) {
 }
 
 bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
-    Run(hooks.HideFrames);
     workspace.Fields.Text1.clear();
     // A copy, since the hooks may set another CurrentFile.
     const std::string path = workspace.Project.CurrentFile;

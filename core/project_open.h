@@ -10,9 +10,8 @@ namespace tarnvik {
 
 /// What opening a project asks of the floors above; an empty function is left out.
 struct OpeningHooks {
-    std::function<void()> HideFrames;    ///< display frames of the previous project
     std::function<void()> OfferSuFile;   ///< lets the user look for field records that are not found
-    std::function<void()> ReadGrmFile;   ///< companion GRM file of CurrentFile
+    std::function<void()> ReadGrmFile;   ///< companion GRM file of CurrentFile; waits for the GRM dialogs
     std::function<void()> ClearDisplay;  ///< Clear_Display
     std::function<void()> LoadSuFile;    ///< loads and shows SuFile
 };

@@ -86,7 +86,7 @@ std::string Write_Rescue_File(const Workspace& workspace, const Ports& ports, co
                                                 fs::temp_directory_path(failed).string()};
     for (const std::string& folder : folders) {
         if (folder.empty()) continue;
-        const std::string path = With_Separator(folder) + rescue_name;
+        std::string path = With_Separator(folder) + rescue_name;
         if (Replace_File(path, bytes).empty()) return path;
     }
     return {};

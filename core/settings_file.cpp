@@ -179,7 +179,9 @@ void Read_Settings(Workspace& workspace, Ports& ports, const std::string& path) 
         failed = true;
     }
     Repair(workspace.Settings);
-    if (failed) ports.Ask.Say("File Tarnvik32.INI error", workspace.AppTitle, Icon::Critical);
+    if (failed)
+        ports.Ask.Say(std::string("File ") + settings_file_name + " error", workspace.AppTitle,
+                      Icon::Critical);
 }
 
 bool Write_Settings(const Workspace& workspace, Ports& ports, const std::string& path) {

@@ -40,7 +40,7 @@ void Scale_Time_Strip(Picture& strip, const CurveView& view) {
 void Print_Time_Labels(Picture& strip, double time_factor) {
     const TimeGrid grid = Time_Grid(time_factor);
     for (int t = grid.Step; t <= grid.Last; t += grid.Step) {
-        strip.Print_At(1, t / time_factor + 2, CStr(t) + (t < 100 ? "   ms" : " ms"), colours::LightCyan);
+        strip.Print_At(1, t / time_factor + 2, CStr(t) + (t < 100 ? "   ms" : " ms"), colours::Cyan);
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "app/session.h"
 #include "app/start.h"
+#include "core/settings_file.h"
 #include "ui/main_window.h"
 #include "ui/qt_display.h"
 #include "ui/qt_launcher.h"
@@ -50,7 +51,7 @@ int main(int argc, char** argv) {
     const QString folder =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/tarnvik";
     QDir().mkpath(folder);
-    const QString settings = folder + "/Tarnvik32.INI";
+    const QString settings = folder + "/" + tarnvik::settings_file_name;
 
     tarnvik::QtPrompts prompts;
     tarnvik::QtLauncher launcher;

@@ -120,6 +120,7 @@ void MainWindow::Build_Status_Bar() {
     Fields.Follow([this] {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
+        SSTab1->setTabToolTip(0, From(work.Fields.FirstTabCaption));
         QStringList range;
         for (const std::string& text : {Distance_Range_Text(work), Time_Range_Text(work)}) {
             if (!text.empty()) range << From(text);

@@ -87,7 +87,6 @@ inline constexpr Colour Yellow = 65535;
 inline constexpr Colour White = 0xFFFFFF;
 inline constexpr Colour LightGrey = 0xC0C0C0;
 inline constexpr Colour Grey = 0x808080;
-inline constexpr Colour LightCyan = 0xFFFF00;                       ///< colour 11 of the sixteen
 inline constexpr Colour ScaleBlue = 115 + 173 * 256 + 214 * 65536;  ///< RGB(115, 173, 214) of the scale texts
 }  // namespace colours
 

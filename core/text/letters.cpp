@@ -89,6 +89,13 @@ std::string_view Left(std::string_view text, std::size_t count) {
     return text.substr(0, count);
 }
 
+std::string One_Line(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
 std::string Replace_First(std::string_view text, std::string_view found, std::string_view replacement) {
     std::string result(text);
     const auto place = LCase(text).find(LCase(found));

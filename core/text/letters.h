@@ -16,6 +16,9 @@ std::string Trim(std::string_view text);
 std::string_view Right(std::string_view text, std::size_t count);
 std::string_view Left(std::string_view text, std::size_t count);
 
+/// The text on one line: each carriage return and line feed becomes a blank.
+std::string One_Line(std::string_view text);
+
 /// Replaces the first place where `found` stands, found without regard to case; all other letters stay as
 /// they are.
 std::string Replace_First(std::string_view text, std::string_view found, std::string_view replacement);

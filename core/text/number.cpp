@@ -250,7 +250,7 @@ std::string Format(double value, std::string_view pattern) {
 
     // The decimal digits as one string with `places` digits behind the point, rounded by hand so that 0.125
     // becomes 0.13 and not what the binary form happens to lie nearest to.
-    const int places = static_cast<int>(place_pattern.size());
+    const std::size_t places = place_pattern.size();
     const Decimal number = To_Decimal(value, double_digits);
     std::string digits = number.Digits;
     int whole_count = number.Exponent + 1;
@@ -258,7 +258,7 @@ std::string Format(double value, std::string_view pattern) {
         digits.insert(0, static_cast<std::size_t>(-whole_count), '0');
         whole_count = 0;
     }
-    const auto wanted = static_cast<std::size_t>(whole_count + places);
+    const auto wanted = static_cast<std::size_t>(whole_count) + places;
     const bool round_up = digits.size() > wanted && digits[wanted] >= '5';
     digits.resize(wanted, '0');
     if (round_up) {

@@ -48,7 +48,7 @@ TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_sc
 TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
     // The rule strips whatever stands there; scripts that start the program rely on the quotes.
     Form_Load(Program, Project_File());
-    EXPECT_NE(World.Prompts.Last_Text(), "");
+    EXPECT_EQ(World.Prompts.Last_Text(), "No TV5 file selected ");
     EXPECT_EQ(Program.Work.Project.NbShots, 5);  // the default of the settings, nothing was read
 }
 
@@ -127,13 +127,16 @@ TEST_F(StartDialog, the_last_file_is_displayed_with_the_reminder_of_the_thicknes
 }
 
 TEST_F(StartDialog, the_file_is_read_and_backed_up_twice_on_the_road_of_the_dialog) {
-    // Meant: the second backup holds what the first reading left, so the copy on disk is that of the second
-    // one.
-    const std::string path = Project_File();
+    // Meant. Each opening asks about the blank in the name, so the question tells how many there were.
+    const std::string path = Project_File("my line.tv5");
+    const std::string question =
+        path + " file name contains a space, correct it ? (FOR DIRECTORY DO NOT CORRECT HERE ! ) ";
     World.Prompts.Expect_File("Tarnvik File selection", path);
+    World.Prompts.Expect(question, Answer::No);
+    World.Prompts.Expect(question, Answer::No);
     EXPECT_TRUE(Splash.Command2());
     EXPECT_EQ(Program.Work.Settings.RecentFiles[0], path);
-    EXPECT_EQ(*Read_File(Folder / "line.bak"), *Read_File(path));
+    EXPECT_EQ(*Read_File(Folder / "my line.bak"), *Read_File(path));
     EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
 }
 

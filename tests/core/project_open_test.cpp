@@ -26,7 +26,7 @@ class ProjectOpen : public testing::Test {
     ProjectOpen() {
         EXPECT_EQ(Replace_File(Path, Plain_File()), "");
         const auto note = [this](const char* name) { return [this, name] { Hooked.emplace_back(name); }; };
-        Hooks = {note("hide"), note("su"), note("grm"), note("clear"), note("load")};
+        Hooks = {note("su"), note("grm"), note("clear"), note("load")};
         // The backup copy stands between the two companion files.
         Hooks.OfferSuFile = [this] { Hooked.emplace_back(File_Exists(Folder / "line.bak") ? "late" : "su"); };
         Hooks.ReadGrmFile = [this] {
@@ -50,7 +50,7 @@ TEST_F(ProjectOpen, LoadsBacksUpAndResetsTheViews) {
     Work.Fields.HScroll2.Value = 7;
     Work.Project.CurrentFile = Path;
     ASSERT_TRUE(Open_Project(Work, Outside.Ports, Hooks));
-    EXPECT_EQ(Hooked, (std::vector<std::string>{"hide", "su", "grm"}));
+    EXPECT_EQ(Hooked, (std::vector<std::string>{"su", "grm"}));
     EXPECT_EQ(Read_File(Folder / "line.bak"), Plain_File());
     EXPECT_EQ(Work.Project.ProjectName, "line");
     EXPECT_EQ(Work.Project.ProjectDir, Folder / "");
