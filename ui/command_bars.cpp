@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <set>
@@ -19,6 +20,16 @@ namespace {
 const std::set<std::string_view> group_starts = {"herz",  "Double",  "tosu", "dromo", "vitess1", "sum",
                                                  "print", "drawing", "find", "stop",  "nozoom"};
 
+/// Entries of work to come can be pointed at, so that they say what they are.
+class MenuStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* answer) const override {
+        if (hint == SH_Menu_AllowActiveAndDisabled) return 1;
+        return QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+};
+
 QString From(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -26,7 +37,7 @@ QString From(std::string_view text) {
 }  // namespace
 
 CommandBars::CommandBars(Session& session, QMainWindow& window)
-    : QObject(&window), Program(session), Window(window) {
+    : QObject(&window), Program(session), Window(window), StyleOfMenus(new MenuStyle) {
     auto* toolbar = window.addToolBar(tr("Toolbar"));
     toolbar->setObjectName("Toolbar1");
     toolbar->setMovable(false);
@@ -44,6 +55,7 @@ CommandBars::CommandBars(Session& session, QMainWindow& window)
         if (group_starts.contains(command.Name)) toolbar->addSeparator();
         toolbar->addAction(Action_For(command));
     }
+    StyleOfMenus->setParent(&window);  // as its last child it outlives the menus
     Refresh();
 }
 
@@ -53,13 +65,13 @@ QMenu* CommandBars::Menu_Of(const QString& path) {
     const qsizetype cut = path.lastIndexOf('/');
     QMenu* menu =
         cut < 0 ? Window.menuBar()->addMenu(path) : Menu_Of(path.left(cut))->addMenu(path.mid(cut + 1));
+    menu->setStyle(StyleOfMenus);
     menu->setToolTipsVisible(true);
     Menus[path] = menu;
     return menu;
 }
 
 QAction* CommandBars::Action_For(const Command& command) {
-    const bool button = command.Menu.empty();
     auto* action = new QAction(From(command.Caption.empty() ? command.Name : command.Caption), this);
     action->setObjectName(From(command.Name));
     action->setIcon(Family_Icon(From(command.Icon)));
@@ -70,7 +82,7 @@ QAction* CommandBars::Action_For(const Command& command) {
     if (!command.Available()) {
         action->setEnabled(false);
         action->setStatusTip(QString::fromStdString(Not_Available_Text(command)));
-        if (button) action->setToolTip(action->statusTip());
+        action->setToolTip(action->statusTip());
     }
     if (command.Checked != nullptr) action->setCheckable(true);
     if (command.Checked != nullptr || command.Text != nullptr) Changing.emplace_back(action, &command);

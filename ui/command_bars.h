@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QStyle>
 #include <map>
 #include <utility>
 #include <vector>
@@ -12,7 +13,7 @@ struct Command;
 class Session;
 
 /// Menu bar and toolbar of the main window, built from the command table. A command of later work is there,
-/// disabled, and says so in the status bar.
+/// disabled, and says so in the status bar while the pointer is over it.
 class CommandBars : public QObject {
     Q_OBJECT
 
@@ -28,6 +29,7 @@ class CommandBars : public QObject {
 
     Session& Program;
     QMainWindow& Window;
+    QStyle* StyleOfMenus;
     std::map<QString, QMenu*> Menus;
     std::vector<std::pair<QAction*, const Command*>> Changing;
 };

@@ -4,8 +4,11 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QListView>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTest>
 
@@ -33,6 +36,11 @@ TEST_F(Window, has_an_icon_and_a_button_for_each_toolbar_key_and_an_entry_for_ea
         EXPECT_EQ(action->isEnabled(), command.Available() && action->isVisible()) << command.Name;
         EXPECT_FALSE(command.Menu.empty() && Family_Icon(name).isNull()) << command.Name;
         EXPECT_FALSE(!command.Available() && action->statusTip().isEmpty()) << command.Name;
+    }
+    for (const QAction* entry : Screen->menuBar()->actions()) {
+        const QMenu* menu = entry->menu();
+        EXPECT_TRUE(menu->style()->styleHint(QStyle::SH_Menu_AllowActiveAndDisabled, nullptr, menu))
+            << "a disabled entry could not say what it is";
     }
     auto* zero = Find<QAction>("Zerop");
     zero->trigger();
