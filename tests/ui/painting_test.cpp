@@ -148,6 +148,29 @@ TEST(Painter_picture, a_strip_shows_each_height_beside_the_picture_it_belongs_to
     }
 }
 
+TEST(Painter_picture, texts_of_a_distance_scale_get_narrower_letters_where_one_would_cover_the_next) {
+    constexpr int texts = 4;
+    const auto painted = [](int width) {
+        ImagePicture main({width, 100}, screen_density);
+        main.Scale(0, 100, texts, 0);
+        ImagePicture strip({width, 30}, screen_density);
+        strip.Follow_Columns_Of(&main);
+        strip.Clear();
+        strip.Scale(0, 0, texts, 10);
+        for (int text = 0; text < texts; ++text)
+            strip.Print_At(text, 1, "102.5", colours::Black);
+        return strip.Image().copy();
+    };
+    const auto blank_columns_before_the_next = [](const QImage& strip) {
+        const int pitch = strip.width() / texts;
+        return pitch - 1 - Ink(strip.copy(0, 0, pitch, strip.height())).right();
+    };
+    const QImage wide = painted(400);
+    const int usual = Ink(wide.copy(0, 0, 100, 30)).width();
+    const QImage narrow = painted(texts * (usual - 4));
+    EXPECT_GE(blank_columns_before_the_next(narrow), 1);
+}
+
 TEST(Painter_picture, places_that_are_no_number_or_far_away_do_no_harm) {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();
     constexpr double endless = std::numeric_limits<double>::infinity();

@@ -13,6 +13,10 @@ namespace {
 // Anchors this far outside the window (as a part of its size) still belong to a text of the margin.
 constexpr double margin_text_reach = 0.08;
 
+// Letters narrower than this (per cent) could not be read; texts that need it may overlap.
+constexpr int narrowest_letters = 60;
+constexpr double scale_text_gap = 1.5;  // points
+
 // Painters lose precision far outside their device; polygons stop there.
 constexpr int far_pixel = 30000;
 
@@ -111,6 +115,7 @@ void PainterPicture::Scale(double left, double top, double right, double bottom)
 }
 
 void PainterPicture::Place_Window() {
+    ScaleTexts.clear();
     Inner =
         Outer.marginsRemoved(QMarginsF(Margins.Left, Margins.Top, Margins.Right, Margins.Bottom) * Density);
     if (Raster) Inner = QRectF(Inner.toRect());
@@ -197,6 +202,11 @@ QPainter* PainterPicture::Ready_To_Stroke(Colour colour) {
 
 void PainterPicture::Clear() {
     PenX = PenY = 0;
+    ScaleTexts.clear();
+    if (LetterWidth != 100) {
+        LetterWidth = 100;
+        FontKnown = FontSet = false;
+    }
     QPainter* painter = Active_Painter();
     if (painter == nullptr) return;
     Forget_State();
@@ -358,10 +368,39 @@ void PainterPicture::Point(double x, double y, Colour colour) {
     Touched(dot.adjusted(-1, -1, 1, 1));
 }
 
+/// Under a narrow picture all texts of the scale get narrower letters, so that none covers the one before it.
+void PainterPicture::Make_Room_For(const ScaleText& next) {
+    const auto before = std::find_if(ScaleTexts.rbegin(), ScaleTexts.rend(),
+                                     [&next](const ScaleText& text) { return text.Y == next.Y; });
+    if (before != ScaleTexts.rend() && before->X < next.X) {
+        const double room = Device_X(next.X) - Device_X(before->X) - scale_text_gap * Density;
+        const int fitting = std::max(narrowest_letters, static_cast<int>(100 * room / before->FullWidth));
+        if (fitting < LetterWidth) {
+            const std::vector<ScaleText> printed = ScaleTexts;
+            Clear();
+            LetterWidth = fitting;
+            FontKnown = FontSet = false;
+            for (const ScaleText& text : printed) {
+                Move_To(text.X, text.Y);
+                Print(text.Letters, text.Ink);
+            }
+        }
+    }
+    ScaleTexts.push_back(next);
+}
+
 void PainterPicture::Print(std::string_view text, Colour colour) {
     const double x = PenX;
     const double y = PenY;
+    if (ColumnsOf != nullptr && Raster && !text.empty()) {
+        QFont usual = Font;
+        usual.setPixelSize(std::max(1, static_cast<int>(std::lround(FontPoints * Density))));
+        usual.setStretch(QFont::Unstretched);
+        const QString letters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        Make_Room_For({std::string(text), x, y, colour, QFontMetricsF(usual).horizontalAdvance(letters)});
+    }
     if (!FontKnown) {
+        Font.setStretch(LetterWidth);
         Font.setPixelSize(std::max(1, static_cast<int>(std::lround(FontPoints * Density))));
         FontKnown = true;
     }

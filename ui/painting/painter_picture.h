@@ -6,7 +6,9 @@
 #include <QRectF>
 #include <map>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/ports/picture.h"
 #include "ui/painting/pixel_figures.h"
@@ -88,7 +90,17 @@ class PainterPicture : public Picture {
         double Reach = 0;
     };
 
+    /// A text of a distance scale as it was printed.
+    struct ScaleText {
+        std::string Letters;
+        double X = 0;
+        double Y = 0;
+        Colour Ink = 0;
+        double FullWidth = 0;  ///< of its letters in their usual width, pixels
+    };
+
     void Place_Window();
+    void Make_Room_For(const ScaleText& next);
     double Device_X(double x) const { return Inner.left() + InForce.To_Pixel_X(x); }
     double Device_Y(double y) const { return Inner.top() + InForce.To_Pixel_Y(y); }
     double Device_Width(int points) const;
@@ -120,6 +132,8 @@ class PainterPicture : public Picture {
     int FontPoints = 8;
     QFont Font;
     bool FontKnown = false;
+    int LetterWidth = 100;              ///< per cent of the usual one
+    std::vector<ScaleText> ScaleTexts;  ///< of a strip that follows columns, since it was cleared
 
     // What the painter holds at the moment, so that nothing is set twice.
     Clip ClipSet = Clip::None;
