@@ -66,6 +66,11 @@ void SpeedF::Show_Layer(const std::string& layer) {
     InterceptShown = number > 1;
 }
 
+void SpeedF::Enter_Receiver(ReceiverBox box) {
+    LastEntered = box;
+    Work.DisplayMode = "Vitesse";
+}
+
 void SpeedF::Combo1_Changed() {
     Show_Layer(Combo1);
     Outside.Show.Show_Fields();

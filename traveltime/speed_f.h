@@ -40,8 +40,11 @@ class SpeedF {
     std::vector<std::string> ReceiverEntries;
     std::vector<std::string> LayerEntries{"0", "1", "2", "3", "4", "5"};
 
-    void Load();            ///< the form opens
-    void Close();           ///< the form closes, by Command3 or otherwise
+    void Load();   ///< the form opens
+    void Close();  ///< the form closes, by Command3 or otherwise
+    /// A receiver box got the focus: the picture serves this dialog again, whatever served itself of it
+    /// meanwhile.
+    void Enter_Receiver(ReceiverBox box);
     void Combo1_Changed();  ///< layer
     void Combo2_Changed();  ///< shot
     void Check2_Clicked();  ///< ticked or unticked

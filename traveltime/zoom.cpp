@@ -37,11 +37,11 @@ void Redraw(Workspace& workspace, Ports& ports) {
     }
 }
 
-void Show_Scrolled(Workspace& workspace, Ports& ports, std::string range) {
+/// The status label takes its text from Distance_Range_Text and Time_Range_Text by itself.
+void Show_Scrolled(Workspace& workspace, Ports& ports) {
     const std::string mode = workspace.DisplayMode;
     Redraw(workspace, ports);
     workspace.DisplayMode = mode;
-    if (!range.empty()) workspace.Fields.Status = std::move(range);
     ports.Show.Show_Fields();
 }
 
@@ -74,12 +74,12 @@ std::string Time_Range_Text(const Workspace& workspace) {
 
 void HScroll1_Change(Workspace& workspace, Ports& ports, int value) {
     workspace.Curves.HScroll1.Value = value;
-    Show_Scrolled(workspace, ports, Distance_Range_Text(workspace));
+    Show_Scrolled(workspace, ports);
 }
 
 void VScroll1_Change(Workspace& workspace, Ports& ports, int value) {
     workspace.Curves.VScroll1.Value = value;
-    Show_Scrolled(workspace, ports, Time_Range_Text(workspace));
+    Show_Scrolled(workspace, ports);
 }
 
 Zoom::Zoom(Workspace& workspace, Ports& ports)

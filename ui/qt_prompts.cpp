@@ -110,13 +110,15 @@ std::string QtPrompts::Input(const std::string& prompt, const std::string& title
 
 std::string QtPrompts::Open_File(const FileRequest& request) {
     return QFileDialog::getOpenFileName(Owner(), QString::fromStdString(request.Title),
-                                        Start_Place(request, false), File_Filters(request.Filter).join(";;"))
+                                        Start_Place(request, false), File_Filters(request.Filter).join(";;"),
+                                        nullptr, QFileDialog::HideNameFilterDetails)
         .toStdString();
 }
 
 std::string QtPrompts::Save_File(const FileRequest& request) {
     QFileDialog dialog(Owner(), QString::fromStdString(request.Title), Start_Place(request, false));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(File_Filters(request.Filter));
     const QString name = QString::fromStdString(request.DefaultName);
     if (!name.contains('*')) dialog.selectFile(name);

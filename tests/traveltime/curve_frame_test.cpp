@@ -131,10 +131,10 @@ TEST(CurveFrame, ScrollBarsKeepTheirRangeAndTheDialogsMode) {
     line.Display.OnShowCurves = [&line] { line.Draw(); };
     line.Work.DisplayMode = "Vitesse";
     HScroll1_Change(line.Work, line.Ports, 60);
-    EXPECT_EQ(line.Work.Fields.Status, "75 m to 105");
+    EXPECT_EQ(Distance_Range_Text(line.Work), "75 m to 105");
     EXPECT_EQ(line.Work.DisplayMode, "Vitesse");
     VScroll1_Change(line.Work, line.Ports, 50);
-    EXPECT_EQ(line.Work.Fields.Status, "75 ms to 150");
+    EXPECT_EQ(Time_Range_Text(line.Work), "75 ms to 150");
     Set_Zoom(view, 2, 1);
     EXPECT_EQ(view.HScroll1.Value, 48);
     EXPECT_EQ(view.VScroll1.Value, 0);

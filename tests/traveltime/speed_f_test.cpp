@@ -228,7 +228,9 @@ TEST_F(SpeedTest, AReleaseOnThePictureFillsTheReceiverBoxEnteredLast) {
     SpeedPointer pointer(Work, World.Ports, *Form);
     pointer.Release({30, 10, true, false});
     EXPECT_EQ(Form->Combo3, "8");  // 30 / 4 rounded, half to even
-    Form->LastEntered = SpeedF::ReceiverBox::To;
+    Work.DisplayMode = "Calcul";   // the depth dialog has taken the picture since
+    Form->Enter_Receiver(SpeedF::ReceiverBox::To);
+    EXPECT_EQ(Work.DisplayMode, "Vitesse");
     pointer.Release({97, 10, true, false});
     EXPECT_EQ(Form->Combo4, "24");
     pointer.Release({-1, 10, true, false});

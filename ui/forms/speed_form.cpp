@@ -72,7 +72,7 @@ void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
                      {controls.Combo4, controls.To, ReceiverBox::To}};
     for (const auto& [box, mark, meaning] : receivers) {
         Fields.On_Focus(box, [this, &logic, meaning = meaning] {
-            logic.LastEntered = meaning;
+            logic.Enter_Receiver(meaning);
             Fields.Refresh();
         });
         Keep_Room(mark);
