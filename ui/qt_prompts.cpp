@@ -39,7 +39,9 @@ QString Start_Place(const FileRequest& request, bool with_name) {
 }  // namespace
 
 QStringList File_Filters(const std::string& filter) {
-    const QStringList parts = QString::fromStdString(filter).split('|');
+    QStringList parts = QString::fromStdString(filter).split('|');
+    // A filter may be a caption alone whose last word is the pattern ("Fichier Tarnvik *.TV5").
+    if (parts.size() == 1) parts << parts[0].section(' ', -1);
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QStringList patterns;

@@ -116,6 +116,7 @@ TEST(Qt_prompts, file_filters_hold_in_both_cases) {
     EXPECT_EQ(File_Filters("Seismic Unix (SU)|*.SU|All files|*.*|"),
               QStringList({"Seismic Unix SU (*.[sS][uU])", "All files (*)"}));
     EXPECT_EQ(File_Filters("Two|*.a;*.B|"), QStringList({"Two (*.[aA] *.[bB])"}));
+    EXPECT_EQ(File_Filters("Fichier Tarnvik *.TV5"), QStringList({"Fichier Tarnvik *.TV5 (*.[tT][vV]5)"}));
     EXPECT_TRUE(File_Filters("").isEmpty());
 }
 
