@@ -31,22 +31,7 @@ Session::Session(Ports outside, std::string settings_file)
     Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };
-    Pointer.Pick_In_Hand().Writer = this;
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
-}
-
-void Session::Write_Pick(int shot, int receiver, double time_ms) {
-    if (Work.Project.SuFile.empty()) return;
-    // Without a channel count the records are taken to hold the line's receivers, as the header commands do.
-    const std::int64_t channels =
-        Work.Record.ChannelsPerRecord > 0 ? Work.Record.ChannelsPerRecord : Work.Project.NbReceivers;
-    const std::int64_t trace = (shot - 1) * channels + receiver;
-    SuTraces file(Su_Path(Work.Project), SuTraces::Access::Write);
-    if (file.Set_Pick(trace, time_ms) == Stored::No) {
-        Work.Fields.Status = "Pick not in the field records: " + Work.Project.SuFile + ": " + file.Reason();
-        Outside.Show.Show_Fields();
-    }
-    Outside.Show.Display_Record();
 }
 
 }  // namespace tarnvik

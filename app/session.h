@@ -24,7 +24,7 @@ namespace tarnvik {
 
 /// The running program without its windows: the workspace, the ports to the outside, and every dialog's
 /// logic, wired to each other. The window, tarnvik-batch and the tests each drive one.
-class Session : private PickWriter {
+class Session {
   public:
     /// `settings_file` is the full path of Tarnvik32.INI.
     Session(Ports outside, std::string settings_file);
@@ -56,9 +56,6 @@ class Session : private PickWriter {
     rechinfo NewProfile;
     GridEditor PickTable;    ///< Buildgrid
     GridEditor RemarkTable;  ///< remark_grid
-
-  private:
-    void Write_Pick(int shot, int receiver, double time_ms) override;
 };
 
 }  // namespace tarnvik

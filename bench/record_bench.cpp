@@ -5,7 +5,7 @@
 #include <fstream>
 #include <vector>
 
-#include "records/positioned_file.h"
+#include "core/positioned_file.h"
 #include "records/record_display.h"
 #include "records/su_loading.h"
 #include "support/counting_picture.h"

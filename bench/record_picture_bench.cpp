@@ -47,9 +47,9 @@ std::string Line(const test::TemporaryFolder& folder, bool noise_alone) {
         }
     }
     const std::string path = builder.Write(folder / "line.su");
-    SuTraces file(path, SuTraces::Access::Write);
+    SuWriter file(path, nullptr);
     for (int trace = 1; trace <= 2 * traces; ++trace)
-        file.Set_Pick(trace, 40);
+        file.Set_Word(trace, words::First_Breaks, 400);
     return path;
 }
 

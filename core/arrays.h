@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "core/fault.h"
@@ -22,6 +23,9 @@ class Array1 {
     /// Highest index, -1 while unallocated.
     int Last() const { return static_cast<int>(Elements.size()) - 1; }
     bool Has(int index) const { return index >= 0 && index <= Last(); }
+    /// All elements in their order, element 0 first.
+    std::span<T> Values() { return Elements; }
+    std::span<const T> Values() const { return Elements; }
     bool operator==(const Array1&) const = default;
 
   private:
@@ -54,6 +58,9 @@ class Array2 {
     int Last_Row() const { return Rows - 1; }
     int Last_Column() const { return Columns - 1; }
     bool Has(int row, int column) const { return row >= 0 && row < Rows && column >= 0 && column < Columns; }
+    /// All elements, row by row, row 0 and column 0 included.
+    std::span<T> Values() { return Elements; }
+    std::span<const T> Values() const { return Elements; }
     bool operator==(const Array2&) const = default;
 
   private:

@@ -36,6 +36,7 @@ struct Project {
     static constexpr int GrmRows = 10;
     static constexpr int RemarkFirstRow = 2;  ///< of remark_grid
     static constexpr int RemarkLastRow = 9;
+    static constexpr int RemarkColumns = 4;
 
     std::int16_t NbShots = 0;
     std::int16_t NbReceivers = 0;

@@ -3,8 +3,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 
+#include "core/edits/edits.h"
 #include "core/project.h"
 #include "core/settings.h"
 
@@ -121,6 +123,12 @@ struct ProfileView {
     bool ProfileOverlay = false;
 };
 
+/// Stations that the user gave a record: shot station and station of its first geophone.
+struct RecordStations {
+    double Shot = 0;
+    double FirstGeophone = 0;
+};
+
 /// State of the field-record display and of what is read from the SU file.
 struct RecordView {
     std::int16_t SamplesWord = 0;
@@ -131,6 +139,7 @@ struct RecordView {
     std::int16_t ChannelsPerRecord = 0;
     std::int16_t NbRecords = 0;
     std::string TwinSuFile;
+    std::map<int, RecordStations> StationsTyped;  ///< by record number; the others are in the headers
 
     std::int32_t FirstTrace = 0;
     std::int32_t LastTrace = 0;
@@ -200,6 +209,7 @@ struct MainGrids {
 /// nobody copies it and nobody keeps a second truth.
 struct Workspace {
     tarnvik::Project Project;
+    tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
     std::string AppTitle = "Tarnvik 16.5";
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means

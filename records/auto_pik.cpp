@@ -7,6 +7,7 @@
 #include "core/project_save.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
@@ -108,14 +109,20 @@ void AutoPik::Command1() {
 }
 
 void AutoPik::Command2() {
-    // One button only: the question cannot be answered with no. This is meant.
-    Outside.Ask.Say(" Erase FBP values of  " + Work.Fields.Text12, Work.AppTitle, Icon::Critical);
-    RecordFiles files(Work);
+    if (Outside.Ask.Message(" Erase FBP values of  " + Work.Fields.Text12, Work.AppTitle, Icon::Critical,
+                            Buttons::OkCancel) != Answer::Ok) {
+        return;
+    }
+    EditScope edit(Work, "Reset FBP of record " + CStr(Work.Fields.HScroll2.Value));
+    PickSetter picks(Work);
+    RecordFiles& files = picks.Files();
     const TraceRange range = Cut(Val(Work.Fields.Text9), Val(Work.Fields.Text10), files.Last_Trace());
     for (int trace = range.First; trace <= range.Last; ++trace)
-        files.Set_Word(trace, words::First_Breaks, 0);
+        picks.Set_Trace(trace, 0);
     if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
     files.Tell_Faults("Reset");
+    edit.End();
+    Outside.Show.Show_Curves();
     Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
@@ -175,23 +182,23 @@ void AutoPik::Repair_Spikes(RecordFiles& files) {
     }
 }
 
-void AutoPik::Unsaved_To_Grid(const AutomaticPicks& picks, int first) {
+void AutoPik::Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, int first) {
     std::vector<std::int16_t> found;
     for (const auto& word : picks.Words)
         found.push_back(word.value_or(0));
     Repair_Low_Spikes(found);
-    for (std::size_t i = 0; i < found.size() && Work.Project.NbReceivers > 0; ++i) {
-        const int number = first - 1 + static_cast<int>(i);
-        const int shot = number / Work.Project.NbReceivers + 1;
-        const int receiver = number % Work.Project.NbReceivers + 1;
-        if (shot > Work.Project.NbShots) break;
-        if (picks.Words[i]) Work.Grids.Buildgrid.Set_Text(receiver, shot, CStr(found[i] / 10.0));
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        const auto place = setter.Layout().Place_Of(first + static_cast<std::int64_t>(i));
+        if (place && picks.Words[i]) setter.Set_Time(*place, found[i] / 10.0);
     }
 }
 
 void AutoPik::Pick_auto() {
+    EditScope edit(Work, "Automatic picking of record " + CStr(Work.Fields.HScroll2.Value),
+                   "automatic picking " + CStr(Work.Fields.HScroll2.Value));
     try {
-        RecordFiles files(Work);
+        PickSetter setter(Work);
+        RecordFiles& files = setter.Files();
         if (!files.Is_Open()) throw Fault(files.Traces().Reason());
         const AutomaticPickingParameters with = Read_Parameters(files);
         FileSource source(files.Traces());
@@ -204,15 +211,15 @@ void AutoPik::Pick_auto() {
         Store_Picks(files, picks, with.FirstTrace);
         if (!files.Failed()) Repair_Spikes(files);
         if (files.Failed()) {
-            Unsaved_To_Grid(picks, with.FirstTrace);
+            Unsaved_To_Times(setter, picks, with.FirstTrace);
         } else {
-            Fill_Grid_From_Headers(Work, files.Traces());
+            Take_Header_Picks(setter);
         }
         files.Tell_Faults("Automatic picks");
-        Read_Times_From_Grid(Work);
     } catch (const Fault& fault) {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }
+    edit.End();
     Outside.Show.Show_Curves();
     Outside.Show.Display_Record();
     Outside.Show.Show_Fields();

@@ -8,6 +8,7 @@
 
 namespace tarnvik {
 
+class PickSetter;
 class RecordFiles;
 
 /// Dialog AutoPik: picks all first breaks of the record on screen, beside which it stays open, and does so
@@ -58,7 +59,7 @@ class AutoPik {
     AutomaticPickingParameters Read_Parameters(RecordFiles& files);
     void Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first);
     void Repair_Spikes(RecordFiles& files);
-    void Unsaved_To_Grid(const AutomaticPicks& picks, int first);
+    void Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, int first);
     Workspace& Work;
     Ports& Outside;
 };

@@ -5,30 +5,26 @@
 #include "records/record_buttons.h"
 #include "records/record_display.h"
 #include "records/record_files.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
 namespace {
 
-/// Picks of the table and of ShotTimes; empty cells stay empty. A pick moved to 0 or below is kept as it is.
-void Shift_Grid(Workspace& workspace, int shot, int first, int last, double shift) {
-    TextGrid& grid = workspace.Grids.Buildgrid;
-    for (int receiver = first; receiver <= last; ++receiver) {
-        const double time = grid.Value(receiver, shot);
-        if (time <= 0) continue;
-        grid.Set_Text(receiver, shot, CStr(time + shift));
-        if (workspace.Project.ShotTimes.Has(shot, receiver)) {
-            workspace.Project.ShotTimes(shot, receiver) = static_cast<float>(time + shift);
-        }
-    }
-}
-
-void Shift_File(Workspace& workspace, Picture& picture, std::int64_t first, std::int64_t last, double shift) {
-    RecordFiles files(workspace);
+/// Picks of ShotTimes above 0 move; a pick moved to 0 or below is kept as it is. In the file every trace
+/// moves.
+void Shift_Receivers(Workspace& workspace, Picture& picture, int record, int first, int last, double shift) {
+    PickSetter picks(workspace);
+    RecordFiles& files = picks.Files();
     const double sample_ms = workspace.Record.SampleInterval / 1000.0;
-    for (std::int64_t trace = first; trace <= last; ++trace) {
-        const auto word = files.Traces().Word(trace, words::First_Breaks);
-        const double old_time = word.value_or(0) / 10.0;
+    const std::int64_t before = picks.Layout().First_Trace(record) - 1;
+    for (std::int64_t trace = before + first; trace <= before + last; ++trace) {
+        const auto place = picks.Layout().Place_Of(trace);
+        if (place && place->Shot >= 1 && workspace.Project.ShotTimes.Has(place->Shot, place->Receiver)) {
+            const double time = workspace.Project.ShotTimes(place->Shot, place->Receiver);
+            if (time > 0) picks.Set_Time(*place, Val(Format(time, "###0.00")) + shift, PickDigits::All);
+        }
+        const double old_time = files.Traces().Word(trace, words::First_Breaks).value_or(0) / 10.0;
         files.Set_Word(trace, words::First_Breaks, (old_time + shift) * 10);
         if (sample_ms <= 0) continue;
         const double left = static_cast<double>(trace) * trace_width;
@@ -61,9 +57,10 @@ void Shift_Picks(Workspace& workspace, Ports& ports) {
                            workspace.AppTitle)) {
         return;
     }
-    Shift_Grid(workspace, record, first, last, shift);
-    const std::int64_t before = (std::int64_t{record} - 1) * workspace.Record.ChannelsPerRecord;
-    Shift_File(workspace, ports.Show.Canvas_Of(Canvas::Ecran), before + first, before + last, shift);
+    {
+        const EditScope edit(workspace, "FB shift of record " + CStr(record));
+        Shift_Receivers(workspace, ports.Show.Canvas_Of(Canvas::Ecran), record, first, last, shift);
+    }
     ports.Show.Show_Curves();
     ports.Show.Display_Record();
     ports.Show.Show_Fields();

@@ -9,6 +9,7 @@
 #include "records/polarity_reversal.h"
 #include "records/record_display.h"
 #include "records/record_files.h"
+#include "records/set_pick.h"
 #include "records/spectrum_area.h"
 
 namespace tarnvik {
@@ -88,23 +89,6 @@ void RecordPointer::Release(const RecordEvent& event) {
     }
 }
 
-/// Place of a trace's pick in the project.
-RecordPointer::Cell RecordPointer::Cell_Of(int trace) {
-    const RecordView& record = Work.Record;
-    const int channels = record.ChannelsPerRecord;
-    const int record_number = Work.Fields.HScroll2.Value;
-    double receiver = First_Receiver_Shown(Work) + trace - Val(Work.Fields.Text9);
-    if (Work.Fields.Check8) {
-        // Counted from the other end of the record.
-        const double field_channel = static_cast<double>(channels) * record_number - trace + 1;
-        receiver = Work.Fields.Check2 ? field_channel + Val(Work.Fields.Text18) - 1 : field_channel;
-    }
-    Cell cell;
-    cell.Shot = Work.Fields.Check2 ? CInt(Val(Work.Fields.Text13)).value_or(0) : record_number;
-    cell.Receiver = CInt(receiver).value_or(0);
-    return cell;
-}
-
 void RecordPointer::Click(double x, double y, int button) {
     RecordView& record = Work.Record;
     const auto trace = Shown_Trace_At(record, x);
@@ -113,65 +97,57 @@ void RecordPointer::Click(double x, double y, int button) {
         Reverse_Polarity(Work, Outside, *trace);
         return;
     }
-    RecordFiles files(Work);
     if (Interval(record) > 0) y += record.PickTimeShift / Interval(record);
-    const Cell cell = Cell_Of(*trace);
-    // Any click, also one that asks for a kill, first brings a dead trace back to life.
-    files.Set_Word(*trace, words::trid, live_trace);
-    if (button == 2 && Kill(*trace, cell, files)) return;
-    Pick(*trace, cell, y, files);
-}
-
-/// Asks whether to kill the trace. False when the answer is no: the click then places a pick, which is meant.
-bool RecordPointer::Kill(int trace, const Cell& cell, RecordFiles& files) {
-    const double row = Val(Work.Fields.Text18) + Work.Grids.size_grid.CurrentRow;
-    if (!Outside.Ask.Ask_Yes("Kill trace " + CStr(row), Work.AppTitle)) return false;
-    files.Set_Word(trace, words::trid, dead_trace);
-    files.Set_Word(trace, words::First_Breaks, 0);
-    files.Tell_Faults("Kill");
-    if (cell.Receiver >= 1 && cell.Shot >= 1) {
-        if (Work.Project.ShotTimes.Has(cell.Shot, cell.Receiver)) {
-            Work.Project.ShotTimes(cell.Shot, cell.Receiver) = 0;
+    if (button == 2) {
+        const double row = Val(Work.Fields.Text18) + Work.Grids.size_grid.CurrentRow;
+        // The answer No places a pick, as users know it; a box that was closed does nothing.
+        const Answer answer = Outside.Ask.Message("Kill trace " + CStr(row), Work.AppTitle, Icon::Question,
+                                                  Buttons::YesNoCancel);
+        if (answer == Answer::Cancel) return;
+        if (answer == Answer::Yes) {
+            Kill(*trace);
+            return;
         }
-        Work.Grids.Buildgrid.Set_Text(cell.Receiver, cell.Shot, "0.00");
     }
-    Outside.Show.Display_Record();
-    Read_Times_From_Grid(Work);
-    Outside.Show.Show_Curves();
-    Outside.Show.Show_Fields();
-    return true;
+    Pick(*trace, y);
 }
 
-void RecordPointer::Pick(int trace, const Cell& cell, double y, RecordFiles& files) {
+namespace {
+
+/// Name of an edit of one trace, by its place in the project where it has one.
+std::string Trace_Edit_Name(const char* what, const PickSetter& picks, int trace) {
+    const auto place = picks.Layout().Place_Of(trace);
+    if (!place) return std::string(what) + " trace " + CStr(trace);
+    return std::string(what) + " shot " + CStr(place->Shot) + ", receiver " + CStr(place->Receiver);
+}
+
+}  // namespace
+
+void RecordPointer::Kill(int trace) {
+    PickSetter picks(Work);
+    EditScope edit(Work, Trace_Edit_Name("Kill", picks, trace));
+    picks.Files().Set_Word(trace, words::trid, dead_trace);
+    picks.Set_Trace(trace, 0);
+    picks.Tell_Faults("Kill");
+    edit.End();
+    Redraw();
+}
+
+void RecordPointer::Pick(int trace, double y) {
     Picture& picture = Outside.Show.Canvas_Of(Canvas::Ecran);
+    PickSetter picks(Work);
+    EditScope edit(Work, Trace_Edit_Name("Pick", picks, trace));
     const double ms = y * Work.Record.SampleInterval / 1000;
-    files.Set_Word(trace, words::First_Breaks, ms * 10);
-    files.Tell_Faults("Pick");
+    // A pick brings a dead trace back to life.
+    picks.Files().Set_Word(trace, words::trid, live_trace);
+    picks.Set_Trace(trace, ms);
+    picks.Tell_Faults("Pick");
+    edit.End();
     picture.Set_Draw_Width(3);
     const double left = trace * trace_width;
     picture.Line(left, y, left + trace_width, y, colours::Red);
-    Store_Time(cell, ms);
     Redraw();
     picture.Set_Pointer(PointerShape::Cross);
-}
-
-void RecordPointer::Store_Time(const Cell& cell, double ms) {
-    const std::string text = Format(ms, "##00.00");
-    // One column further than the shot's own, as ever; the redraw of the curves fills the table from
-    // ShotTimes.
-    if (cell.Receiver >= 1 && cell.Shot >= 1 && Work.Grids.Buildgrid.Has(cell.Receiver, cell.Shot + 1)) {
-        TextGrid::Cell& shown = Work.Grids.Buildgrid.At(cell.Receiver, cell.Shot + 1);
-        shown.Text = text;
-        shown.ForeColour = colours::Black;
-        shown.Align = TextGrid::Alignment::Right;
-    }
-    Array2<float>& times = Work.Project.ShotTimes;
-    if (cell.Receiver >= 1 && cell.Shot >= 1 && times.Has(cell.Shot, cell.Receiver)) {
-        times(cell.Shot, cell.Receiver) = static_cast<float>(Val(text));
-    } else if (Work.Project.NbShots > 0) {
-        Work.Fields.Status = "Pick in the SU file only: the project has no receiver " + CStr(cell.Receiver) +
-                             " of shot " + CStr(cell.Shot);
-    }
 }
 
 void RecordPointer::Read_Out(const RecordEvent& event) {
@@ -195,14 +171,13 @@ void RecordPointer::Drag(const RecordEvent& event) {
     if (!Dragged && std::hypot(across, down) <= drag_pixels) return;
     const auto trace = Shown_Trace_At(Work.Record, event.X);
     if (!trace) return;
+    if (!Dragged) ++Drags;
     Dragged = true;
-    {
-        RecordFiles files(Work);
-        const double ms = Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100;
-        files.Set_Word(*trace, words::First_Breaks, ms * 10);
-        files.Tell_Faults("Pick");
-        Store_Time(Cell_Of(*trace), ms);
-    }
+    PickSetter picks(Work);
+    EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks, *trace), "drag on record " + CStr(Drags));
+    picks.Set_Trace(*trace, Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100);
+    picks.Tell_Faults("Pick");
+    edit.End();
     Outside.Show.Display_Record();
 }
 

@@ -32,16 +32,10 @@ class RecordPointer {
     void Release(const RecordEvent& event);
 
   private:
-    struct Cell {
-        int Shot = 0;
-        int Receiver = 0;
-    };
     bool Area_Armed() const { return Work.Record.SpectrumRequest == 1 || Work.Record.ZoomMode == 1; }
-    Cell Cell_Of(int trace);
     void Click(double x, double y, int button);
-    bool Kill(int trace, const Cell& cell, class RecordFiles& files);
-    void Pick(int trace, const Cell& cell, double y, class RecordFiles& files);
-    void Store_Time(const Cell& cell, double ms);
+    void Kill(int trace);
+    void Pick(int trace, double y);
     void Read_Out(const RecordEvent& event);
     void Drag(const RecordEvent& event);
     void Redraw();
@@ -53,6 +47,7 @@ class RecordPointer {
     AreaBand Band;
     bool RightHeld = false;
     bool Dragged = false;
+    int Drags = 0;  ///< numbers the drags, whose events are one edit each
     RecordEvent Pressed;
 };
 

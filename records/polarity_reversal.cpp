@@ -7,6 +7,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/spread_layout.h"
 
 namespace tarnvik {
 
@@ -26,22 +27,20 @@ void Reverse_Polarity(Workspace& workspace, Ports& ports, int trace) {
     const std::string answer = Trim(ports.Ask.Input(
         "Reverse polarity for all shots  (=0) or select a shot, press X to cancel", workspace.AppTitle, "0"));
     if (answer.empty() || UCase(answer) == "X") return;
-    RecordView& record = workspace.Record;
+    EditScope edit(workspace, answer == "0" ? "Polarity of all shots" : "Polarity of trace " + CStr(trace));
     RecordFiles files(workspace);
     std::vector<float> samples(static_cast<std::size_t>(std::max(files.Traces().Nb_Samples(), 0)));
     if (answer == "0") {
-        const int receivers = workspace.Project.NbReceivers;
-        const double shown = static_cast<double>(record.LastTrace) - record.FirstTrace + 1;
-        if (shown != 0) Store_If_It_Fits(workspace.Velocity.CurrentShot, record.LastTrace / shown);
-        const int position = trace - receivers * (workspace.Velocity.CurrentShot - 1);
-        for (int shot = 1; shot <= workspace.Project.NbShots; ++shot) {
-            Reverse_Trace(files, samples, static_cast<std::int64_t>(receivers) * (shot - 1) + position);
-        }
+        const SpreadLayout spread(workspace, files.Traces());
+        const std::int64_t channel = trace - spread.First_Trace(spread.Record_Of(trace));
+        for (int record = 1; record <= spread.Records(); ++record)
+            Reverse_Trace(files, samples, spread.First_Trace(record) + channel);
     } else {
         Reverse_Trace(files, samples, trace);
     }
     if (!files.Is_Open()) files.Set_Samples(trace, samples);
     files.Tell_Faults("Polarity");
+    edit.End();
     ports.Show.Display_Record();
     ports.Show.Show_Fields();
 }

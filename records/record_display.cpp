@@ -131,11 +131,12 @@ void Store_Stations(Workspace& workspace, Ports& ports, const std::string& path)
     const MainFields& fields = workspace.Fields;
     const std::int64_t trace = workspace.Record.FirstTrace;
     std::string reason;
+    const EditScope edit(workspace, "Stations of record " + CStr(fields.HScroll2.Value));
     const auto store = [&](int word, const std::string& text) {
         if (text.empty()) return;  // the box was cancelled, the field wiped
         const double station = Val(text);
         if (SuTraces(path).Word(trace, word) == Rounded(station)) return;
-        SuTraces file(path, SuTraces::Access::Write);
+        SuWriter file(path, &workspace.Edits);
         const Stored stored = file.Is_Open() ? file.Set_Word(trace, word, station) : Stored::No;
         if (stored == Stored::No) reason = file.Reason();
     };

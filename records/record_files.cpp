@@ -11,14 +11,14 @@ namespace tarnvik {
 
 RecordFiles::RecordFiles(Workspace& workspace) : Work(workspace) {
     const std::string path = Su_Path(Work.Project);
-    File.emplace(path, SuTraces::Access::Write);
+    File.emplace(path, &Work.Edits);
     if (!File->Is_Open()) {
         Opening = File->Reason();
-        File.emplace(path, SuTraces::Access::Read);
+        File.emplace(path, &Work.Edits, SuTraces::Access::Read);
     }
     if (File->Sample_Interval() > 0) Work.Record.SampleInterval = File->Sample_Interval();
     const std::string& twin = Work.Record.TwinSuFile;
-    if (!twin.empty() && twin != path && File_Exists(twin)) Twin.emplace(twin, SuTraces::Access::Write);
+    if (!twin.empty() && twin != path && File_Exists(twin)) Twin.emplace(twin, &Work.Edits);
 }
 
 int RecordFiles::Last_Trace() const {
@@ -35,20 +35,30 @@ bool RecordFiles::Note(std::int64_t trace, Stored stored, const std::string& pat
     return false;
 }
 
-bool RecordFiles::Set_Word(std::int64_t trace, int word, double value) {
+template <class Write>
+bool RecordFiles::Write_Both(std::int64_t trace, Write write) {
     if (Traces_Told.empty()) Traces_Told = " not saved: trace " + CStr(static_cast<double>(trace)) + ", ";
     bool saved = true;
     if (Opening.empty()) {
-        const Stored stored = File->Set_Word(trace, word, value);
+        const Stored stored = write(*File);
         saved = Note(trace, stored, Work.Project.SuFile, File->Reason());
     } else {
         saved = Note(trace, Stored::No, Work.Project.SuFile, Opening);
     }
     if (Twin) {
-        const Stored stored = Twin->Set_Word(trace, word, value);
+        const Stored stored = write(*Twin);
         saved = Note(trace, stored, Work.Record.TwinSuFile, Twin->Reason()) && saved;
     }
     return saved;
+}
+
+bool RecordFiles::Set_Word(std::int64_t trace, int word, double value) {
+    return Write_Both(trace, [&](SuWriter& file) { return file.Set_Word(trace, word, value); });
+}
+
+bool RecordFiles::Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel) {
+    return Write_Both(trace,
+                      [&](SuWriter& file) { return file.Set_Record_And_Channel(trace, record, channel); });
 }
 
 bool RecordFiles::Set_Samples(std::int64_t trace, std::span<const float> samples) {
@@ -63,30 +73,6 @@ void RecordFiles::Tell_Faults(const std::string& subject) {
         status = subject + Fault;
     } else if (!Traces_Told.empty() && status.starts_with(subject + Traces_Told)) {
         status.clear();
-    }
-}
-
-void Fill_Grid_From_Headers(Workspace& workspace, SuTraces& file) {
-    const Project& project = workspace.Project;
-    std::int64_t trace = 0;
-    for (int shot = 1; shot <= project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
-            const auto word = file.Word(++trace, words::First_Breaks);
-            if (!word) return;  // the file ends here
-            workspace.Grids.Buildgrid.Set_Text(receiver, shot, CStr(*word / 10.0));
-        }
-    }
-}
-
-void Read_Times_From_Grid(Workspace& workspace) {
-    Project& project = workspace.Project;
-    const TextGrid& grid = workspace.Grids.Buildgrid;
-    for (int shot = 1; shot <= project.NbShots; ++shot) {
-        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
-            if (grid.Has(receiver, shot) && project.ShotTimes.Has(shot, receiver)) {
-                project.ShotTimes(shot, receiver) = static_cast<float>(grid.Value(receiver, shot));
-            }
-        }
     }
 }
 

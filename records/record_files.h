@@ -8,9 +8,10 @@
 
 namespace tarnvik {
 
-/// The SU file on screen and its unfiltered twin, opened for one operation that changes the same header words
-/// in both. Words reach the operating system with each call, so that nothing is lost with the program. What
-/// could not be written is remembered until Tell_Faults.
+/// The project's SU file and its unfiltered twin, opened for one operation: all that the user changes in
+/// headers and samples goes through here, the same words into both. Words reach the operating system with
+/// each call, so that nothing is lost with the program, and stand in the edit on hand. What could not be
+/// written is remembered until Tell_Faults.
 class RecordFiles {
   public:
     /// Opens SuFile, for reading only when it cannot be written, and TwinSuFile when there is one. Takes
@@ -24,10 +25,14 @@ class RecordFiles {
 
     /// Writes a word of a trace to both files. False when one of them missed it.
     bool Set_Word(std::int64_t trace, int word, double value);
+    /// Writes `fldr` and `tracf` of a trace to both files.
+    bool Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel);
     /// Writes the samples of a trace to SuFile alone: the twin holds others.
     bool Set_Samples(std::int64_t trace, std::span<const float> samples);
 
     bool Failed() const { return !Fault.empty(); }
+    /// What could not be written first, with its file and the reason; empty while all went well.
+    const std::string& First_Fault() const { return Fault; }
     /// Shows what was not saved in the status field, where it stays; `subject` is the word it starts with
     /// ("Pick", "FB shift"). When all went well, takes away the text of an earlier failure of the same
     /// traces.
@@ -35,20 +40,15 @@ class RecordFiles {
 
   private:
     bool Note(std::int64_t trace, Stored stored, const std::string& path, const std::string& reason);
+    template <class Write>
+    bool Write_Both(std::int64_t trace, Write write);
     Workspace& Work;
     std::string Opening;  ///< why SuFile cannot be written, empty when it can
-    std::optional<SuTraces> File;
-    std::optional<SuTraces> Twin;
+    std::optional<SuWriter> File;
+    std::optional<SuWriter> Twin;
     std::string Fault;
     std::string Traces_Told;
 };
-
-/// Picks of the headers of an SU file to the table Buildgrid, as ms; trace (shot - 1) * NbReceivers +
-/// receiver. Cells whose trace the file lacks stay.
-void Fill_Grid_From_Headers(Workspace& workspace, SuTraces& file);
-
-/// Picks of the table Buildgrid to ShotTimes; where the table has no cell the time stays.
-void Read_Times_From_Grid(Workspace& workspace);
 
 /// Trace of the file under a place of the record picture; nothing while no record is shown or outside of
 /// any trace number.

@@ -28,6 +28,7 @@ void SizeGridMouse::Press(int button) {
     const double factor = sizes.Value(row, 0);
     sizes.Set_Text(row, 0, CStr(button == 1 ? factor * 2 : factor / 2));
     if (sizes.Value(row, 0) < 0.1) {
+        const EditScope edit(Work, "Revive trace " + CStr(Work.Record.FirstTrace + row));
         RecordFiles files(Work);
         files.Set_Word(std::int64_t{Work.Record.FirstTrace} + row, words::trid, live_trace);
         files.Tell_Faults("Trace");

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <string_view>
 
 #include "core/files.h"
 #include "core/text/number.h"
@@ -66,11 +67,17 @@ std::optional<std::int16_t> SuTraces::Channel(std::int64_t trace) {
     return channel;
 }
 
-Stored SuTraces::Put(std::int64_t position, const void* source, std::int64_t count) {
-    return File.Write(position, source, count) ? Stored::Yes : Stored::No;
+Stored SuWriter::Put(std::int64_t position, const void* source, std::int64_t count) {
+    const std::string_view fresh(static_cast<const char*>(source),
+                                 static_cast<std::size_t>(std::max(count, std::int64_t{0})));
+    Former.assign(fresh.size(), '\0');
+    const bool known = File.Read(position, Former.data(), count);
+    if (!File.Write(position, source, count)) return Stored::No;
+    if (known && Recorder != nullptr) Recorder->Note_File_Change(Path, position, Former, fresh);
+    return Stored::Yes;
 }
 
-Stored SuTraces::Set_Word(std::int64_t trace, int word, double value) {
+Stored SuWriter::Set_Word(std::int64_t trace, int word, double value) {
     const HeaderWord& entry = Header_Word(word);
     const std::int64_t position = Trace_Position(trace, Nb_Samples()) + entry.Offset;
     if (entry.Type == WordType::Int16) {
@@ -81,7 +88,7 @@ Stored SuTraces::Set_Word(std::int64_t trace, int word, double value) {
     return whole ? Put(position, &*whole, 4) : Stored::DoesNotFit;
 }
 
-Stored SuTraces::Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel) {
+Stored SuWriter::Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel) {
     const std::array<std::int32_t, 2> both = {record, channel};
     const std::int64_t position = Trace_Position(trace, Nb_Samples()) + Header_Word(words::fldr).Offset;
     return Put(position, both.data(), sizeof both);
@@ -94,7 +101,7 @@ std::int32_t SuTraces::Samples(std::int64_t trace, std::span<float> target) {
     return static_cast<std::int32_t>(File.Read_Some(position, target.data(), wanted * 4) / 4);
 }
 
-Stored SuTraces::Set_Samples(std::int64_t trace, std::span<const float> source) {
+Stored SuWriter::Set_Samples(std::int64_t trace, std::span<const float> source) {
     const auto count = std::clamp<std::int64_t>(Nb_Samples(), 0, std::ssize(source));
     const std::int64_t position = Trace_Position(trace, Nb_Samples()) + header_length;
     return Put(position, source.data(), count * 4);

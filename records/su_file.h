@@ -5,9 +5,9 @@
 #include <span>
 #include <string>
 
+#include "core/positioned_file.h"
 #include "core/workspace.h"
 #include "records/header_words.h"
-#include "records/positioned_file.h"
 
 namespace tarnvik {
 
@@ -53,22 +53,12 @@ class SuTraces {
     /// The low 16 bits of `tracf`; nothing beyond the end.
     std::optional<std::int16_t> Channel(std::int64_t trace);
 
-    /// Writes a header word, rounded to the nearest whole number, halves to even. A value beyond 16 bits
-    /// leaves a 16-bit word as it was. Words 72 to 78 get the 32-bit integer form of the value, although they
-    /// are read as floats; this is meant.
-    Stored Set_Word(std::int64_t trace, int word, double value);
-    /// Writes `fldr` and `tracf`, which stand side by side.
-    Stored Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel);
-
     /// First-break pick in ms, in tenths; 0 means none, also beyond the end of the file.
     double Pick_Ms(std::int64_t trace) { return Word_Or_Zero(trace, words::First_Breaks) / 10.0; }
-    Stored Set_Pick(std::int64_t trace, double ms) { return Set_Word(trace, words::First_Breaks, ms * 10); }
 
     /// Samples 1 to `target.size()` of a trace, at most Nb_Samples; tells how many were read. The others keep
     /// what the target held.
     std::int32_t Samples(std::int64_t trace, std::span<float> target);
-    /// Writes samples 1 to `source.size()`, at most Nb_Samples.
-    Stored Set_Samples(std::int64_t trace, std::span<const float> source);
 
     /// Header and samples of a trace in one read, for drawing: the words are those of Word, the samples as in
     /// Samples.
@@ -79,11 +69,36 @@ class SuTraces {
     };
     Trace Read_Trace(std::int64_t trace, std::span<float> samples);
 
-  private:
-    Stored Put(std::int64_t position, const void* source, std::int64_t count);
+  protected:
     PositionedFile File;
+
+  private:
     std::int16_t Word_Of_Samples = 0;
     std::int16_t Interval = 0;
+};
+
+/// The one way into an SU file: writes header words and samples, exactly the bytes meant, and tells the
+/// recorder what stood there before. A file of the user has the project's Edits as its recorder; without one
+/// nobody is told, which suits copies that this program made for itself.
+class SuWriter : public SuTraces {
+  public:
+    SuWriter(const std::string& path, FileRecorder* recorder, Access access = Access::Write)
+        : SuTraces(path, access), Path(path), Recorder(recorder) {}
+
+    /// Writes a header word, rounded to the nearest whole number, halves to even. A value beyond 16 bits
+    /// leaves a 16-bit word as it was. Words 72 to 78 get the 32-bit integer form of the value, although they
+    /// are read as floats; users' files rely on it.
+    Stored Set_Word(std::int64_t trace, int word, double value);
+    /// Writes `fldr` and `tracf`, which stand side by side.
+    Stored Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel);
+    /// Writes samples 1 to `source.size()`, at most Nb_Samples.
+    Stored Set_Samples(std::int64_t trace, std::span<const float> source);
+
+  private:
+    Stored Put(std::int64_t position, const void* source, std::int64_t count);
+    std::string Path;
+    FileRecorder* Recorder;
+    std::string Former;  ///< bytes before a write; kept for its memory
 };
 
 /// The project's SuFile as it can be opened: a name without a folder that is not found from the running

@@ -6,6 +6,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
@@ -72,8 +73,7 @@ bool Number_By_Hand(Workspace& workspace, Ports& ports) {
                             workspace.AppTitle, CStr(int{view.ChannelsPerRecord})));
     Store_If_It_Fits(view.ChannelsPerRecord, channels);
     if (channels == 0 || view.ChannelsPerRecord < 1) return false;
-    const std::string reason =
-        Renumber_Traces(workspace.Project.SuFile, view.NbTraces, view.ChannelsPerRecord);
+    const std::string reason = Renumber_Traces(workspace, view.NbTraces, view.ChannelsPerRecord);
     if (reason.empty()) return true;
     ports.Ask.Say(workspace.Project.SuFile + " cannot be written: " + reason, workspace.AppTitle,
                   Icon::Critical);
@@ -199,13 +199,14 @@ void Offer_SU_File(Workspace& workspace, Ports& ports) {
     Scan_Channels(workspace, path);
 }
 
-std::string Renumber_Traces(const std::string& path, std::int32_t traces, std::int32_t channels) {
-    SuTraces file(path, SuTraces::Access::Write);
-    if (!file.Is_Open()) return file.Reason();
+std::string Renumber_Traces(Workspace& workspace, std::int32_t traces, std::int32_t channels) {
+    const EditScope edit(workspace, "Number the traces");
+    RecordFiles files(workspace);
+    if (!files.Is_Open()) return files.Traces().Reason();
     std::int32_t record = 1;
     std::int32_t channel = 1;
     for (std::int32_t trace = 1; trace <= traces; ++trace) {
-        if (file.Set_Record_And_Channel(trace, record, channel) != Stored::Yes) return file.Reason();
+        if (!files.Set_Record_And_Channel(trace, record, channel)) return files.First_Fault();
         if (++channel > channels) {
             channel = 1;
             ++record;
@@ -217,18 +218,21 @@ std::string Renumber_Traces(const std::string& path, std::int32_t traces, std::i
 void Grid_2_SU(Workspace& workspace, Ports& ports) {
     if (!Locate_SU_File(workspace, ports)) return;
     const Project& project = workspace.Project;
-    SuTraces file(Su_Path(project), SuTraces::Access::Write);
-    bool lost = !file.Is_Open();
-    for (int shot = 1; shot <= project.NbShots && file.Is_Open(); ++shot) {
+    const EditScope edit(workspace, "Picks of the table into the SU headers");
+    PickSetter picks(workspace);
+    bool saved = picks.Files().Is_Open();
+    for (int shot = 1; shot <= project.NbShots && picks.Files().Is_Open(); ++shot) {
         for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
-            const std::int64_t trace = std::int64_t{shot - 1} * project.NbReceivers + receiver;
-            const double ms = workspace.Grids.Buildgrid.Value(receiver, shot);
-            lost |= file.Set_Pick(trace, ms) == Stored::No;
+            const auto trace = picks.Layout().Trace_Of({shot, receiver});
+            if (!trace || !project.ShotTimes.Has(shot, receiver)) continue;
+            const double ms = Val(Format(project.ShotTimes(shot, receiver), "###0.00"));
+            saved &= picks.Files().Set_Word(*trace, words::First_Breaks, ms * 10);
         }
     }
-    if (lost) {
-        ports.Ask.Say(project.SuFile + " cannot be written: " + file.Reason(), workspace.AppTitle,
-                      Icon::Critical);
+    if (!saved) {
+        const std::string reason =
+            picks.Files().Failed() ? picks.Files().First_Fault() : picks.Files().Traces().Reason();
+        ports.Ask.Say(project.SuFile + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
     }
 }
 
@@ -238,9 +242,9 @@ void Load_FBP_From_SU_Header(Workspace& workspace, Ports& ports) {
         return;
     }
     if (!Locate_SU_File(workspace, ports)) return;
-    SuTraces file(Su_Path(workspace.Project));
-    Fill_Grid_From_Headers(workspace, file);
-    ports.Show.Show_Grids();
+    const EditScope edit(workspace, "Load FBP from SU header");
+    PickSetter picks(workspace);
+    Take_Header_Picks(picks);
 }
 
 }  // namespace tarnvik

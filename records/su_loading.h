@@ -42,16 +42,15 @@ bool Locate_SU_File(Workspace& workspace, Ports& ports);
 /// file is left alone.
 void Offer_SU_File(Workspace& workspace, Ports& ports);
 
-/// Numbers all traces of a file: records from 1, channels 1 to `channels` in each. Answers the reason of a
-/// failure, empty when it went well.
-std::string Renumber_Traces(const std::string& path, std::int32_t traces, std::int32_t channels);
+/// Numbers all traces of the project's records: records from 1, channels 1 to `channels` in each. Answers the
+/// reason of a failure, empty when it went well.
+std::string Renumber_Traces(Workspace& workspace, std::int32_t traces, std::int32_t channels);
 
-/// Picks of Buildgrid into the headers of the SU file, trace (shot - 1) * NbReceivers + receiver. The file
-/// must hold the traces in project order.
+/// Picks of the table into the headers of the SU file, each at the trace of its shot and receiver.
 void Grid_2_SU(Workspace& workspace, Ports& ports);
 
-/// Picks of the headers into Buildgrid, after a question (Command20, "Load FBP from SU header"). Cells whose
-/// trace the file lacks stay.
+/// Picks of the headers into the table and ShotTimes, after a question (Command20, "Load FBP from SU
+/// header"). Picks whose trace the file lacks stay.
 void Load_FBP_From_SU_Header(Workspace& workspace, Ports& ports);
 
 }  // namespace tarnvik

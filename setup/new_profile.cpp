@@ -4,6 +4,7 @@
 #include "core/project_file.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/record_files.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -26,7 +27,7 @@ bool Give_Up(Workspace& workspace, Ports& ports) {
 /// Numbers the records just chosen and names their project file. False when the user gave up.
 bool Take_Up_Records(Workspace& workspace, Ports& ports) {
     Project& project = workspace.Project;
-    const std::string reason = Number_Traces(Su_Path(project), workspace.Record.ChannelsPerRecord);
+    const std::string reason = Number_Traces(workspace, workspace.Record.ChannelsPerRecord);
     if (!reason.empty()) {
         ports.Ask.Say(project.SuFile + " cannot be written: " + reason, workspace.AppTitle, Icon::Warning);
     }
@@ -57,18 +58,18 @@ void Build_Grid(Workspace& workspace) {
 
 }  // namespace
 
-std::string Number_Traces(const std::string& su_file, std::int32_t channels) {
-    SuTraces file(su_file, SuTraces::Access::Write);
-    if (!file.Is_Open()) return file.Reason();
-    const std::int32_t traces = file.Nb_Traces().value_or(0);
+std::string Number_Traces(Workspace& workspace, std::int32_t channels) {
+    const EditScope edit(workspace, "Number the traces");
+    RecordFiles files(workspace);
+    if (!files.Is_Open()) return files.Traces().Reason();
+    const int traces = files.Last_Trace();
     std::int32_t counter = 1;
-    for (std::int32_t trace = 1; trace <= traces; ++trace) {
-        const auto channel = file.Word(trace, words::tracf);
+    for (int trace = 1; trace <= traces; ++trace) {
+        const auto channel = files.Traces().Word(trace, words::tracf);
         if (!channel) break;  // a fragment that only counts as a trace
-        if (file.Set_Word(trace, words::ep, counter) == Stored::No ||
-            file.Set_Word(trace, words::tracl, *channel) == Stored::No) {
-            return file.Reason();
-        }
+        files.Set_Word(trace, words::ep, counter);
+        files.Set_Word(trace, words::tracl, *channel);
+        if (files.Failed()) return files.First_Fault();
         if (++counter > channels) counter = 1;
     }
     return {};

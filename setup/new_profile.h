@@ -15,8 +15,9 @@ namespace tarnvik {
 /// project is saved by the user. True when a project was made.
 bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog);
 
-/// Numbers the traces of an SU file for a new profile: a counter from 1 to `channels` and from 1 again goes
-/// to `ep`, and `tracf` is copied to `tracl`. Answers the reason of a failure, empty when it went well.
-std::string Number_Traces(const std::string& su_file, std::int32_t channels);
+/// Numbers the traces of the project's records for a new profile: a counter from 1 to `channels` and from 1
+/// again goes to `ep`, and `tracf` is copied to `tracl`. Answers the reason of a failure, empty when it went
+/// well.
+std::string Number_Traces(Workspace& workspace, std::int32_t channels);
 
 }  // namespace tarnvik

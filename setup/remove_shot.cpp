@@ -46,7 +46,7 @@ Array2<T> Without(const Array2<T>& of_shots, int shot) {
 /// whole and no trace of the others: their places in the file tell their receivers. Answers the reason of a
 /// failure.
 std::string Mark_Shot(const std::string& su_file, int shot, int receivers) {
-    SuTraces traces(su_file, SuTraces::Access::Write);
+    SuWriter traces(su_file, nullptr);
     if (!traces.Is_Open()) return traces.Reason();
     const std::int64_t first = static_cast<std::int64_t>(shot - 1) * receivers + 1;
     const std::int64_t last = first + receivers - 1;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/text/number.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
@@ -63,12 +64,11 @@ void MovePick::Store(double time_ms) {
     const int receiver = Work.Curves.PickReceiver;
     // Another project may have been opened between the double click and the release.
     if (!Work.Project.ShotTimes.Has(shot, receiver)) return;
-    const float time = static_cast<float>(time_ms);
-    Work.Project.ShotTimes(shot, receiver) = time;
-    Work.Grids.Buildgrid.Set_Text(receiver, shot, Format(time, "##00.00"));
-    if (Writer != nullptr) Writer->Write_Pick(shot, receiver, time);
+    Set_Pick(Work, {shot, receiver}, static_cast<float>(time_ms), PickDigits::All);
     if (Save) Save();
     Outside.Show.Show_Curves();
+    if (!Work.Project.SuFile.empty()) Outside.Show.Display_Record();
+    Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

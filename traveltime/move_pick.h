@@ -3,25 +3,12 @@
 #include <functional>
 #include <optional>
 
+#include "core/pick_place.h"
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "traveltime/curve_pointer.h"
 
 namespace tarnvik {
-
-/// Takes a changed pick into the field records: the header word of its trace and the marks on the record.
-class PickWriter {
-  public:
-    virtual ~PickWriter() = default;
-    /// Shot and receiver from 1, time in ms; 0 means that the pick is deleted.
-    virtual void Write_Pick(int shot, int receiver, double time_ms) = 0;
-};
-
-struct PickPlace {
-    int Shot = 0;
-    int Receiver = 0;
-    bool operator==(const PickPlace&) const = default;
-};
 
 /// The pick that lies within 3 length units and 3 ms of a place, both strictly; of several the last one in
 /// the order of shots and receivers.
@@ -40,8 +27,7 @@ class MovePick {
     /// (the one of the double click itself) is passed over.
     void Release(const PointerEvent& release);
 
-    PickWriter* Writer = nullptr;  ///< none while there are no field records
-    std::function<void()> Save;    ///< writes the project file
+    std::function<void()> Save;  ///< writes the project file
 
   private:
     void Store(double time_ms);

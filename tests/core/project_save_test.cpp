@@ -158,7 +158,7 @@ TEST(ProjectSave, AKillDuringSavesLeavesAWholeFile) {
     TemporaryFolder folder;
     const std::string path = folder / "line.tv5";
     Workspace workspace = Small_Workspace(path);
-    Workspace other = workspace;
+    Workspace other = Small_Workspace(path);
     other.Project.NbShots = 40;
     other.Project.NbReceivers = 120;
     Redimension_Project(other.Project);

@@ -56,7 +56,7 @@ TEST_F(SuFile, AWrittenWordChangesItsOwnBytesOnlyAndReadsBack) {
         if (word == words::ns) continue;  // it would move the other traces
         const HeaderWord& entry = Header_Word(word);
         builder.Write(path);
-        ASSERT_EQ(SuTraces(path, SuTraces::Access::Write).Set_Word(2, word, -2), Stored::Yes);
+        ASSERT_EQ(SuWriter(path, nullptr).Set_Word(2, word, -2), Stored::Yes);
         const int size = entry.Type == WordType::Int16 ? 2 : 4;
         const std::string after = Content_Of(path);
         const auto changed = Changed_Bytes(builder.Bytes, after);
@@ -75,7 +75,7 @@ TEST_F(SuFile, AWrittenWordChangesItsOwnBytesOnlyAndReadsBack) {
 }
 
 TEST_F(SuFile, WholeNumbersTypedIntoFloatWordsReadBackAsTinyFloats) {
-    SuTraces file(Write(SuBuilder(1, 5).Put_Float(1, 188, 2.5F)), SuTraces::Access::Write);
+    SuWriter file(Write(SuBuilder(1, 5).Put_Float(1, 188, 2.5F)), nullptr);
     ASSERT_EQ(file.Set_Word(1, 73, 3), Stored::Yes);
     ASSERT_EQ(file.Set_Word(1, 78, 3), Stored::Yes);
     const double three_as_float = std::bit_cast<float>(std::int32_t{3});
@@ -102,7 +102,7 @@ TEST_F(SuFile, AValueIsRoundedHalvesToEvenAndOneTooLargeLeavesTheWord) {
         {12, 3e9, Stored::DoesNotFit, 40000},
         {12, std::nan(""), Stored::DoesNotFit, 40000},
     };
-    SuTraces file(path, SuTraces::Access::Write);
+    SuWriter file(path, nullptr);
     for (const Case& c : cases) {
         EXPECT_EQ(file.Set_Word(1, c.Word, c.Value), c.Result) << c.Value;
         EXPECT_EQ(SuTraces(path).Word(1, c.Word), c.After) << c.Value;
@@ -113,7 +113,7 @@ TEST_F(SuFile, NothingIsWrittenBeforeOrBehindTheTraces) {
     SuBuilder builder(2, 5);
     builder.Bytes.resize(builder.Bytes.size() - 100);  // the second trace lost its samples and more
     const std::string path = Write(builder);
-    SuTraces file(path, SuTraces::Access::Write);
+    SuWriter file(path, nullptr);
     const std::vector<float> samples(5, 1.0F);
     EXPECT_EQ(file.Set_Word(0, words::ep, 1), Stored::No);
     EXPECT_EQ(file.Set_Word(3, words::ep, 1), Stored::No);
@@ -128,7 +128,7 @@ TEST_F(SuFile, NothingIsWrittenBeforeOrBehindTheTraces) {
 TEST_F(SuFile, SamplesAreReadAndWrittenInPlace) {
     const SuBuilder builder = SuBuilder(2, 3).Samples(2, {1, -2, 3});
     const std::string path = Write(builder);
-    SuTraces file(path, SuTraces::Access::Write);
+    SuWriter file(path, nullptr);
     std::vector<float> samples(4, 9);
     EXPECT_EQ(file.Samples(2, samples), 3);
     EXPECT_EQ(samples, (std::vector<float>{1, -2, 3, 9}));
@@ -138,10 +138,10 @@ TEST_F(SuFile, SamplesAreReadAndWrittenInPlace) {
 
 TEST_F(SuFile, PicksAreTenthsOfAMillisecond) {
     const std::string path = Write(SuBuilder(1, 3));
-    SuTraces file(path, SuTraces::Access::Write);
-    EXPECT_EQ(file.Set_Pick(1, 12.34), Stored::Yes);
+    SuWriter file(path, nullptr);
+    EXPECT_EQ(file.Set_Word(1, words::First_Breaks, (12.34) * 10), Stored::Yes);
     EXPECT_EQ(file.Pick_Ms(1), 12.3);
-    EXPECT_EQ(file.Set_Pick(1, 3276.8), Stored::DoesNotFit);
+    EXPECT_EQ(file.Set_Word(1, words::First_Breaks, (3276.8) * 10), Stored::DoesNotFit);
     EXPECT_EQ(file.Pick_Ms(1), 12.3);
 }
 
@@ -184,7 +184,7 @@ TEST_F(SuFile, PositionsReachBeyondFourGigabytes) {
     const std::string path = Write(SuBuilder(1, 20000));
     const std::int64_t length = 70000 * Trace_Length(20000);
     std::filesystem::resize_file(path, static_cast<std::uintmax_t>(length));
-    SuTraces file(path, SuTraces::Access::Write);
+    SuWriter file(path, nullptr);
     EXPECT_EQ(file.Set_Word(60001, words::ep, 4711), Stored::Yes);
     EXPECT_EQ(file.Nb_Traces(), 70000);
     EXPECT_EQ(file.Word(60001, words::ep), 4711);

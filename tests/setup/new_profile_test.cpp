@@ -59,7 +59,8 @@ TEST_F(Records, AreNumberedAtTheBytesToldAndNowhereElse) {
     for (int trace = 1; trace <= 7; ++trace)
         builder.Put32(trace, 12, 100000 + trace).Put32(trace, 0, -1).Put32(trace, 16, -1);
     const std::string path = builder.Write(folder / "a.su");
-    ASSERT_EQ(Number_Traces(path, 3), "");
+    workspace.Project.SuFile = path;
+    ASSERT_EQ(Number_Traces(workspace, 3), "");
     SuTraces traces(path);
     const int counters[] = {1, 2, 3, 1, 2, 3, 1};
     for (int trace = 1; trace <= 7; ++trace) {
@@ -71,7 +72,8 @@ TEST_F(Records, AreNumberedAtTheBytesToldAndNowhereElse) {
         const auto within = byte % length;
         EXPECT_TRUE(within < 4 || (within >= 16 && within < 20)) << byte;
     }
-    EXPECT_NE(Number_Traces(folder / "none.su", 3), "");
+    workspace.Project.SuFile = folder / "none.su";
+    EXPECT_NE(Number_Traces(workspace, 3), "");
 }
 
 TEST_F(Records, BecomeAProject) {
@@ -179,7 +181,7 @@ TEST_F(Records, SeventyTwoShotsAreTheMost) {
     for (const bool accepted : {true, false}) {
         const std::string name = accepted ? "a.su" : "b.su";
         const std::string path = Field_File(name);
-        SuTraces(path, SuTraces::Access::Write).Set_Word(1, words::ep, 77);
+        SuWriter(path, nullptr).Set_Word(1, words::ep, 77);
         prompts.Expect(ask_converted, Answer::Yes);
         prompts.Expect_File("Load ", path);
         display.OnOpen = [&] {

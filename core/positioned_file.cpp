@@ -1,4 +1,4 @@
-#include "records/positioned_file.h"
+#include "core/positioned_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,0 +1,41 @@
+#include "core/edits/edit.h"
+
+namespace tarnvik {
+
+std::size_t Edit::Footprint() const {
+    std::size_t size = sizeof(Edit) + Name.size() + Block.Footprint();
+    for (const FileChange& file : Files)
+        size += file.Path.size() + file.Bytes.Footprint();
+    return size;
+}
+
+void Edit::Write(ByteWriter& writer) const {
+    using std::chrono::duration_cast;
+    writer.Text(Name);
+    writer.Value(
+        static_cast<std::int64_t>(duration_cast<std::chrono::milliseconds>(Time.time_since_epoch()).count()));
+    Block.Write(writer);
+    writer.Value(static_cast<std::uint32_t>(Files.size()));
+    for (const FileChange& file : Files) {
+        writer.Text(file.Path);
+        file.Bytes.Write(writer);
+    }
+}
+
+Edit Edit::Read(ByteReader& reader) {
+    Edit edit;
+    edit.Name = reader.Text();
+    edit.Time =
+        std::chrono::system_clock::time_point(std::chrono::milliseconds(reader.Value<std::int64_t>()));
+    edit.Block = ByteChanges::Read(reader);
+    const auto files = reader.Value<std::uint32_t>();
+    for (std::uint32_t i = 0; i < files && !reader.Failed(); ++i) {
+        FileChange file;
+        file.Path = reader.Text();
+        file.Bytes = ByteChanges::Read(reader);
+        edit.Files.push_back(std::move(file));
+    }
+    return edit;
+}
+
+}  // namespace tarnvik

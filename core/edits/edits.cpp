@@ -1,0 +1,306 @@
+#include "core/edits/edits.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/edits/file_changes.h"
+#include "core/edits/journal.h"
+#include "core/workspace.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr std::size_t most_memory = 512U << 20U;  ///< bytes of history; the oldest edits go beyond it
+
+using Direction = ByteChanges::Direction;
+
+void Add_File_Change(std::vector<FileChange>& files, const std::string& path, std::int64_t position,
+                     std::string_view before, std::string_view after) {
+    auto found =
+        std::find_if(files.begin(), files.end(), [&](const FileChange& file) { return file.Path == path; });
+    if (found == files.end()) found = files.insert(files.end(), {path, {}});
+    found->Bytes.Add(position, before, after);
+}
+
+}  // namespace
+
+Edits::Edits() = default;
+Edits::~Edits() = default;
+Edits::Edits(Edits&&) noexcept = default;
+Edits& Edits::operator=(Edits&&) noexcept = default;
+
+void Edits::Start(const Project& project, bool saved) {
+    History.clear();
+    Position = 0;
+    Series.clear();
+    LastBlock = Project_Block(project);
+    SavedBlock = saved ? LastBlock : std::string();
+    SavedState = saved;
+    ProjectFile = project.CurrentFile;
+    Log.reset();
+}
+
+void Edits::Saved(const Project& project) {
+    std::string block = Project_Block(project);
+    if (Position > 0 && !LastBlock.empty()) {
+        Edit& last = History[Position - 1];
+        last.Block.Append(ByteChanges::Between(LastBlock, block));
+    }
+    Series.clear();
+    LastBlock = std::move(block);
+    SavedBlock = LastBlock;
+    SavedState = true;
+    ProjectFile = project.CurrentFile;
+    Drop_Journal();
+}
+
+std::string Edits::Undo_Name() const {
+    return Position > 0 ? History[Position - 1].Name : std::string();
+}
+
+std::string Edits::Redo_Name() const {
+    return Position < History.size() ? History[Position].Name : std::string();
+}
+
+void Edits::Begin(const Project& project, const std::string& name, const std::string& series) {
+    if (Depth++ > 0) return;
+    Take_In_Stray_Changes(project);
+    Current = {};
+    Current.Name = name;
+    CurrentSeries = series;
+}
+
+/// What changed outside any scope has no name but must not be lost: undoing goes by what stood before.
+void Edits::Take_In_Stray_Changes(const Project& project) {
+    std::string block = Project_Block(project);
+    if (LastBlock.empty()) {
+        LastBlock = std::move(block);
+        ProjectFile = project.CurrentFile;
+        return;
+    }
+    if (block == LastBlock) return;
+    Edit stray;
+    stray.Name = "Change";
+    stray.Block = ByteChanges::Between(LastBlock, block);
+    Add(std::move(stray), project, {});
+}
+
+void Edits::Note_File_Change(const std::string& path, std::int64_t position, std::string_view before,
+                             std::string_view after) {
+    if (before == after) return;
+    if (Is_Open()) {
+        Add_File_Change(Current.Files, path, position, before, after);
+        return;
+    }
+    // A write outside any scope is an edit of its own.
+    Edit edit;
+    edit.Name = "Field records";
+    Add_File_Change(edit.Files, path, position, before, after);
+    History.resize(Position);
+    History.push_back(std::move(edit));
+    Position = History.size();
+}
+
+bool Edits::End(const Project& project) {
+    if (Depth == 0 || --Depth > 0) return false;
+    Edit edit = std::exchange(Current, {});
+    const std::string block = Project_Block(project);
+    if (block != LastBlock) edit.Block = ByteChanges::Between(LastBlock, block);
+    std::erase_if(edit.Files, [](const FileChange& file) { return file.Bytes.Empty(); });
+    if (edit.Block.Empty() && edit.Files.empty()) {
+        ChangeNotice nothing;
+        Tell(nothing);
+        return false;
+    }
+    Add(std::move(edit), project, CurrentSeries);
+    return true;
+}
+
+void Edits::Add(Edit edit, const Project& project, const std::string& series) {
+    edit.Time = std::chrono::system_clock::now();
+    ChangeNotice notice;
+    notice.Name = edit.Name;
+    TouchedParts touched = Touched_By(edit.Block, project);
+    notice.Parts = touched.Parts;
+    notice.Picks = std::move(touched.Picks);
+    std::vector<FileChange> files = edit.Files;
+    for (const FileChange& file : files)
+        notice.Files.push_back(&file);
+
+    if (!JournalFolder.empty()) {
+        if (!Log) Log = Journal::Begin(JournalFolder, project.CurrentFile, LastBlock);
+        if (Log) Log->Write_Edit(edit);
+    }
+    LastBlock = Project_Block(project);
+    SavedState = !SavedBlock.empty() && Same_Filed_Content(SavedBlock, LastBlock);
+
+    const bool joins = !series.empty() && series == Series && Position == History.size() && Position > 0;
+    History.resize(Position);
+    if (joins) {
+        Edit& last = History.back();
+        last.Block.Append(edit.Block);
+        last.Time = edit.Time;
+        for (const FileChange& file : edit.Files) {
+            for (const ByteChanges::Run& run : file.Bytes.All())
+                Add_File_Change(last.Files, file.Path, run.Position, run.Before, run.After);
+        }
+    } else {
+        History.push_back(std::move(edit));
+    }
+    Series = series;
+    Position = History.size();
+    Forget_Oldest();
+    Tell(notice);
+}
+
+void Edits::Forget_Oldest() {
+    std::size_t memory = 0;
+    std::size_t kept = 0;
+    while (kept < History.size()) {
+        memory += History[History.size() - 1 - kept].Footprint();
+        if (memory > most_memory && kept > 0) break;
+        ++kept;
+    }
+    const std::size_t gone = History.size() - kept;
+    History.erase(History.begin(), History.begin() + static_cast<std::ptrdiff_t>(gone));
+    Position -= std::min(Position, gone);
+}
+
+void Edits::Give_Up(Project& project) {
+    if (Depth == 0 || --Depth > 0) return;
+    const Edit edit = std::exchange(Current, {});
+    Take_Project_Block(LastBlock, project);
+    Apply_To_Files(edit.Files, Direction::Back);
+    ChangeNotice nothing;
+    Tell(nothing);
+}
+
+std::string Edits::Step(Project& project, Direction direction, ChangeNotice& notice) {
+    const bool back = direction == Direction::Back;
+    const Edit& edit = History[back ? Position - 1 : Position];
+    std::string block = Project_Block(project);
+    if (!edit.Block.Apply(block, direction)) return "the project has another size than the history knows";
+    const std::string reason = Apply_To_Files(edit.Files, direction);
+    if (!reason.empty()) return reason;
+    // The parts are named by the block in which the change stands, before or after: that with more room.
+    const TouchedParts before = Touched_By(edit.Block, project);
+    Take_Project_Block(block, project);
+    const TouchedParts after = Touched_By(edit.Block, project);
+    notice.Parts.Add(before.Parts);
+    notice.Parts.Add(after.Parts);
+    notice.Picks.insert(notice.Picks.end(), after.Picks.begin(), after.Picks.end());
+    for (const FileChange& file : edit.Files)
+        notice.Files.push_back(&file);
+    notice.Name = edit.Name;
+    Position = back ? Position - 1 : Position + 1;
+    LastBlock = std::move(block);
+    if (!JournalFolder.empty()) {
+        // A journal that began behind this edit has no such step; the way back is then an edit of its own.
+        if (!Log) Log = Journal::Begin(JournalFolder, project.CurrentFile, Project_Block(project));
+        if (Log) Log->Write_Step(back, edit);
+    }
+    return {};
+}
+
+std::string Edits::Undo(Project& project) {
+    return Can_Undo() ? Go_To(project, Position - 1) : std::string();
+}
+
+std::string Edits::Redo(Project& project) {
+    return Can_Redo() ? Go_To(project, Position + 1) : std::string();
+}
+
+std::string Edits::Go_To(Project& project, std::size_t position) {
+    if (Is_Open()) return "an edit is in work";
+    Take_In_Stray_Changes(project);
+    position = std::min(position, History.size());
+    ChangeNotice notice;
+    notice.Happened = position < Position ? ChangeNotice::Kind::Undone : ChangeNotice::Kind::Redone;
+    Series.clear();
+    std::string reason;
+    while (reason.empty() && Position != position)
+        reason = Step(project, position < Position ? Direction::Back : Direction::Forth, notice);
+    std::sort(notice.Picks.begin(), notice.Picks.end());
+    notice.Picks.erase(std::unique(notice.Picks.begin(), notice.Picks.end()), notice.Picks.end());
+    SavedState = !SavedBlock.empty() && Same_Filed_Content(SavedBlock, LastBlock);
+    Tell(notice);
+    return reason;
+}
+
+void Edits::Tell(ChangeNotice& notice) {
+    if (On_Change) On_Change(notice);
+}
+
+void Edits::Keep_Journals_In(const std::string& folder) {
+    JournalFolder = folder;
+    Log.reset();
+}
+
+void Edits::Drop_Journal() {
+    if (Log) Log->Remove();
+    Log.reset();
+}
+
+bool Edits::Restore(Project& project, const JournalContent& content) {
+    std::string block = content.Base;
+    std::vector<Edit> edits;
+    std::size_t done = 0;
+    for (const JournalContent::Record& record : content.Records) {
+        // The files were written at once and stand as the journal tells; the project alone is brought back.
+        if (!record.Content.Block.Apply(block, Direction::Forth)) return false;
+        if (record.What == JournalContent::Kind::Undo && done > 0) {
+            --done;
+        } else if (record.What == JournalContent::Kind::Redo && done < edits.size()) {
+            ++done;
+        } else {
+            // Also a step along edits from before the journal began, whose way is then an edit of its own.
+            edits.resize(done);
+            edits.push_back(record.Content);
+            done = edits.size();
+        }
+    }
+    Project restored = project;
+    if (!Take_Project_Block(content.Base, restored)) return false;
+    const std::string former = Project_Block(project);
+    Start(restored, false);
+    if (!Take_Project_Block(block, project)) return false;
+    History = std::move(edits);
+    Position = done;
+    LastBlock = std::move(block);
+    SavedBlock = former;
+    SavedState = Same_Filed_Content(former, LastBlock);
+    if (!JournalFolder.empty()) {
+        Log = Journal::Begin(JournalFolder, project.CurrentFile, content.Base);
+        for (const JournalContent::Record& record : content.Records) {
+            if (Log) Log->Write_Again(record);
+        }
+    }
+    ChangeNotice notice;
+    notice.Happened = ChangeNotice::Kind::Redone;
+    notice.Parts.Add(ProjectPart::Counts);
+    Tell(notice);
+    return true;
+}
+
+EditScope::EditScope(Workspace& workspace, std::string name, std::string series) : Work(workspace) {
+    Work.Edits.Begin(Work.Project, name, series);
+}
+
+EditScope::~EditScope() {
+    End();
+}
+
+bool EditScope::End() {
+    if (Ended) return false;
+    Ended = true;
+    return Work.Edits.End(Work.Project);
+}
+
+void EditScope::Give_Up() {
+    if (Ended) return;
+    Ended = true;
+    Work.Edits.Give_Up(Work.Project);
+}
+
+}  // namespace tarnvik

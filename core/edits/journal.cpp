@@ -1,0 +1,274 @@
+#include "core/edits/journal.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <cstdio>
+#include <filesystem>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+#include "core/files.h"
+
+namespace tarnvik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view mark = "Tarnvik journal 1\n";
+constexpr std::string_view ending = ".journal";
+constexpr int most_names = 100;
+
+#ifdef _WIN32
+int Open_New(const std::string& path) {
+    return _open(path.c_str(), _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+}
+bool Lock(int) {
+    return true;
+}
+bool Held_By_Another(const std::string&) {
+    return false;
+}
+std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
+    return _write(handle, bytes, static_cast<unsigned>(std::min<std::size_t>(count, 1U << 30U)));
+}
+void Flush(int handle) {
+    _commit(handle);
+}
+void Close(int handle) {
+    _close(handle);
+}
+#else
+int Open_New(const std::string& path) {
+    return open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600);
+}
+bool Lock(int handle) {
+    return flock(handle, LOCK_EX | LOCK_NB) == 0;
+}
+/// The lock goes with the program that holds it, however it ends.
+bool Held_By_Another(const std::string& path) {
+    const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0) return true;
+    const bool locked = !Lock(handle);
+    close(handle);
+    return locked;
+}
+std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
+    return write(handle, bytes, count);
+}
+void Flush(int handle) {
+    fdatasync(handle);
+}
+void Close(int handle) {
+    close(handle);
+}
+#endif
+
+void Write_All(int handle, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::int64_t put = Write_Some(handle, bytes.data(), bytes.size());
+        if (put < 0 && errno == EINTR) continue;
+        if (put <= 0) return;  // a full disk must not end the work; the project itself is saved by the user
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+}
+
+/// A sum over the bytes of a record, so that one cut short by a kill is known (FNV-1a, public domain).
+std::uint32_t Check_Sum(std::string_view bytes) {
+    std::uint32_t sum = 2166136261U;
+    for (const char byte : bytes)
+        sum = (sum ^ static_cast<unsigned char>(byte)) * 16777619U;
+    return sum;
+}
+
+std::string Free_Name(const std::string& folder, const std::string& project_file, int number) {
+    std::string name = Name_Of(project_file);
+    if (name.empty()) name = "new profile";
+    return folder + "/" + name + "-" + std::to_string(Check_Sum(project_file)) + "-" +
+           std::to_string(number) + std::string(ending);
+}
+
+}  // namespace
+
+/// Brings what was written to the disk without keeping the writer waiting.
+class Journal::Flusher {
+  public:
+    explicit Flusher(int handle) : Handle(handle), Work([this] { Run(); }) {}
+    ~Flusher() {
+        {
+            const std::lock_guard guard(Access);
+            Ending = true;
+        }
+        Wake.notify_one();
+        Work.join();
+    }
+    Flusher(const Flusher&) = delete;
+    Flusher& operator=(const Flusher&) = delete;
+
+    void Ask() {
+        {
+            const std::lock_guard guard(Access);
+            Asked = true;
+        }
+        Wake.notify_one();
+    }
+
+  private:
+    void Run() {
+        std::unique_lock guard(Access);
+        while (true) {
+            Wake.wait(guard, [this] { return Asked || Ending; });
+            if (!Asked) return;
+            Asked = false;
+            guard.unlock();
+            Flush(Handle);
+            guard.lock();
+        }
+    }
+
+    int Handle;
+    std::mutex Access;
+    std::condition_variable Wake;
+    bool Asked = false;
+    bool Ending = false;
+    std::thread Work;
+};
+
+Journal::Journal(std::string path, int handle)
+    : Path(std::move(path)), Handle(handle), OnDisk(std::make_unique<Flusher>(handle)) {}
+
+Journal::~Journal() {
+    OnDisk.reset();
+    Close(Handle);
+}
+
+std::unique_ptr<Journal> Journal::Begin(const std::string& folder, const std::string& project_file,
+                                        std::string_view base_block) {
+    std::error_code failed;
+    fs::create_directories(folder, failed);
+    for (int number = 1; number <= most_names; ++number) {
+        const std::string path = Free_Name(folder, project_file, number);
+        const int handle = Open_New(path);
+        if (handle < 0 && fs::exists(path, failed)) continue;  // a former journal, kept until it is answered
+        if (handle < 0) return nullptr;
+        Lock(handle);
+        std::unique_ptr<Journal> journal(new Journal(path, handle));
+        ByteWriter head;
+        head.Text(project_file);
+        head.Text(base_block);
+        Write_All(handle, mark);
+        journal->Write_Record('B', head.Bytes());
+        return journal;
+    }
+    return nullptr;
+}
+
+void Journal::Write_Record(char kind, std::string_view payload) {
+    ByteWriter record;
+    record.Reserve(payload.size() + 16);
+    record.Value(kind);
+    record.Text(payload);
+    record.Value(Check_Sum(payload));
+    Write_All(Handle, record.Bytes());
+    OnDisk->Ask();
+}
+
+void Journal::Write_Edit(const Edit& edit) {
+    ByteWriter payload;
+    edit.Write(payload);
+    Write_Record(static_cast<char>(JournalContent::Kind::Edit), payload.Bytes());
+}
+
+void Journal::Write_Step(bool back, const Edit& edit) {
+    ByteWriter payload;
+    Edit step;
+    step.Name = (back ? "Undo: " : "Redo: ") + edit.Name;
+    step.Time = std::chrono::system_clock::now();
+    step.Block = back ? edit.Block.Reversed() : edit.Block;
+    for (const FileChange& file : edit.Files)
+        step.Files.push_back({file.Path, back ? file.Bytes.Reversed() : file.Bytes});
+    step.Write(payload);
+    Write_Record(static_cast<char>(back ? JournalContent::Kind::Undo : JournalContent::Kind::Redo),
+                 payload.Bytes());
+}
+
+void Journal::Write_Again(const JournalContent::Record& record) {
+    ByteWriter payload;
+    record.Content.Write(payload);
+    Write_Record(static_cast<char>(record.What), payload.Bytes());
+}
+
+void Journal::Remove() {
+    std::error_code failed;
+    fs::remove(Path, failed);
+}
+
+std::size_t JournalContent::Edits_Of_Project() const {
+    return static_cast<std::size_t>(std::count_if(
+        Records.begin(), Records.end(), [](const Record& record) { return !record.Content.Block.Empty(); }));
+}
+
+std::chrono::system_clock::time_point JournalContent::Last_Time() const {
+    return Records.empty() ? std::chrono::system_clock::time_point() : Records.back().Content.Time;
+}
+
+JournalContent Read_Journal(const std::string& path) {
+    JournalContent content;
+    const auto bytes = Read_File(path);
+    if (!bytes || !bytes->starts_with(mark)) return content;
+    ByteReader reader(std::string_view(*bytes).substr(mark.size()));
+    bool begun = false;
+    while (!reader.At_End()) {
+        const char kind = reader.Value<char>();
+        const std::string payload = reader.Text();
+        const auto sum = reader.Value<std::uint32_t>();
+        if (reader.Failed() || sum != Check_Sum(payload)) break;
+        ByteReader inside(payload);
+        if (kind == 'B') {
+            content.ProjectFile = inside.Text();
+            content.Base = inside.Text();
+            begun = !inside.Failed();
+            continue;
+        }
+        JournalContent::Record record;
+        record.What = static_cast<JournalContent::Kind>(kind);
+        record.Content = Edit::Read(inside);
+        if (inside.Failed()) break;
+        content.Records.push_back(std::move(record));
+    }
+    if (begun) content.File = path;
+    return content;
+}
+
+std::vector<JournalContent> Journals_Left_Behind(const std::string& folder) {
+    std::vector<JournalContent> found;
+    std::error_code failed;
+    for (fs::directory_iterator entry(folder, failed); !failed && entry != fs::directory_iterator();
+         entry.increment(failed)) {
+        const std::string path = entry->path().string();
+        if (!path.ends_with(ending) || Held_By_Another(path)) continue;
+        JournalContent content = Read_Journal(path);
+        if (!content.File.empty() && content.Edits_Of_Project() > 0) found.push_back(std::move(content));
+    }
+    std::sort(found.begin(), found.end(), [](const JournalContent& one, const JournalContent& other) {
+        return one.Last_Time() > other.Last_Time();
+    });
+    return found;
+}
+
+void Remove_Journal(const JournalContent& content) {
+    std::error_code failed;
+    if (!content.File.empty()) fs::remove(content.File, failed);
+}
+
+}  // namespace tarnvik

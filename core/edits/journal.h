@@ -1,0 +1,74 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/edits/edit.h"
+
+namespace tarnvik {
+
+/// What a journal tells that a killed program left behind.
+struct JournalContent {
+    enum class Kind : char { Edit = 'E', Undo = 'U', Redo = 'R' };
+    struct Record {
+        Kind What = Kind::Edit;
+        /// The edit; of an undo or redo what the step changed, forward: an edit that stands before the
+        /// journal began is not in it.
+        tarnvik::Edit Content;
+    };
+    std::string File;         ///< the journal itself
+    std::string ProjectFile;  ///< full path of the project; empty for a line that never got a name
+    std::string Base;         ///< project block before the first record
+    std::vector<Record> Records;
+
+    /// Number of records that change what a project file keeps, and the time of the last one.
+    std::size_t Edits_Of_Project() const;
+    std::chrono::system_clock::time_point Last_Time() const;
+};
+
+/// The edits since a project was opened or last saved, written behind each other as they are made, so that a
+/// program that is killed loses nothing but the edit on hand. Each record is with the operating system when
+/// its routine returns and on the disk shortly after, by a thread of its own.
+///
+/// A journal belongs to the running program as long as it is open: others pass it over.
+class Journal {
+  public:
+    /// Begins the journal of a project in a folder, which is made where it is missing. Null where it cannot
+    /// be written.
+    static std::unique_ptr<Journal> Begin(const std::string& folder, const std::string& project_file,
+                                          std::string_view base_block);
+    ~Journal();
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
+
+    void Write_Edit(const Edit& edit);
+    void Write_Step(bool back, const Edit& edit);
+    /// Takes a record of a former journal over.
+    void Write_Again(const JournalContent::Record& record);
+    /// Takes the file away.
+    void Remove();
+
+  private:
+    class Flusher;
+    Journal(std::string path, int handle);
+    void Write_Record(char kind, std::string_view payload);
+
+    std::string Path;
+    int Handle = -1;
+    std::unique_ptr<Flusher> OnDisk;
+};
+
+/// The journals of a folder that no running program holds and that tell of changes a project file may lack,
+/// newest first. A record cut short at the end is left out.
+std::vector<JournalContent> Journals_Left_Behind(const std::string& folder);
+
+/// Content of one journal; its File is empty when it is none.
+JournalContent Read_Journal(const std::string& path);
+
+/// Takes a journal away that was read, when its work was brought back or declined.
+void Remove_Journal(const JournalContent& content);
+
+}  // namespace tarnvik

@@ -1,0 +1,78 @@
+#include "records/set_pick.h"
+
+#include <algorithm>
+
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+constexpr const char* stored_format = "##00.00";
+constexpr const char* cell_format = "###0.00";
+}  // namespace
+
+PickSetter::PickSetter(Workspace& workspace)
+    : Work(workspace), Records(workspace), Spread(workspace, Records.Traces()) {}
+
+void PickSetter::Set_Time(PickPlace place, double ms, PickDigits digits) {
+    const double time = digits == PickDigits::All ? ms : Val(Format(ms, stored_format));
+    if (place.Shot < 1 || place.Receiver < 1 || !Work.Project.ShotTimes.Has(place.Shot, place.Receiver))
+        return;
+    Work.Project.ShotTimes(place.Shot, place.Receiver) = static_cast<float>(time);
+    TextGrid& table = Work.Grids.Buildgrid;
+    if (!table.Has(place.Receiver, place.Shot)) return;
+    TextGrid::Cell& cell = table.At(place.Receiver, place.Shot);
+    cell.Text = Format(static_cast<float>(time), cell_format);
+    cell.ForeColour.reset();
+    cell.Align = TextGrid::Alignment::Right;
+}
+
+bool PickSetter::Set_Trace(std::int64_t trace, double ms, PickDigits digits) {
+    const bool saved = Records.Set_Word(trace, words::First_Breaks, ms * 10);
+    const auto place = Spread.Place_Of(trace);
+    if (!place) return saved;
+    const bool known =
+        place->Shot >= 1 && place->Receiver >= 1 && Work.Project.ShotTimes.Has(place->Shot, place->Receiver);
+    if (known) {
+        Set_Time(*place, ms, digits);
+    } else if (Work.Project.NbShots > 0) {
+        Work.Fields.Status = "Pick in the SU file only: the project has no receiver " +
+                             CStr(place->Receiver) + " of shot " + CStr(place->Shot);
+    }
+    return saved;
+}
+
+bool PickSetter::Set_Place(PickPlace place, double ms, PickDigits digits) {
+    Set_Time(place, ms, digits);
+    if (Work.Project.SuFile.empty()) return true;
+    if (const auto trace = Spread.Trace_Of(place))
+        return Records.Set_Word(*trace, words::First_Breaks, ms * 10);
+    Work.Fields.Status =
+        "Pick not in the field records: " + Work.Project.SuFile + ": " +
+        (Records.Is_Open() ? "no trace of shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver)
+                           : Records.Traces().Reason());
+    return false;
+}
+
+void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits) {
+    const EditScope edit(workspace, Pick_Name(place));
+    PickSetter picks(workspace);
+    picks.Set_Place(place, ms, digits);
+    picks.Tell_Faults("Pick");
+}
+
+std::string Pick_Name(PickPlace place) {
+    return "Pick shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver);
+}
+
+void Take_Header_Picks(PickSetter& picks) {
+    SuTraces& file = picks.Files().Traces();
+    const std::int64_t traces = picks.Files().Last_Trace();
+    for (std::int64_t trace = 1; trace <= traces; ++trace) {
+        const auto word = file.Word(trace, words::First_Breaks);
+        if (!word) return;  // the file ends here
+        if (const auto place = picks.Layout().Place_Of(trace)) picks.Set_Time(*place, *word / 10.0);
+    }
+}
+
+}  // namespace tarnvik

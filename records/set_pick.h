@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/pick_place.h"
+#include "core/workspace.h"
+#include "records/record_files.h"
+#include "records/spread_layout.h"
+
+namespace tarnvik {
+
+/// How a pick stands in ShotTimes: to the hundredth of a ms that the table shows, or as the single-precision
+/// number that the curves' pointer gives.
+enum class PickDigits { Hundredths, All };
+
+/// The one routine that writes a first break: header word 86 (tenths of a ms) of its trace in the SU file and
+/// its twin, ShotTimes, and the cell of Buildgrid. 0 takes the pick away.
+class PickSetter {
+  public:
+    /// Opens the project's records for one operation. A project without any has its picks in ShotTimes alone.
+    explicit PickSetter(Workspace& workspace);
+
+    /// The pick of a trace. False when a file missed it; where the project has no such shot and receiver, the
+    /// status field tells that it went to the file alone.
+    bool Set_Trace(std::int64_t trace, double ms, PickDigits digits = PickDigits::Hundredths);
+    /// The pick of a shot and receiver, in the first trace of the file that belongs to it.
+    bool Set_Place(PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
+    /// The pick in ShotTimes and Buildgrid alone, for words that the file has already.
+    void Set_Time(PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
+
+    const SpreadLayout& Layout() const { return Spread; }
+    RecordFiles& Files() { return Records; }
+    /// Tells in the status field what could not be written; see RecordFiles.
+    void Tell_Faults(const std::string& subject) { Records.Tell_Faults(subject); }
+
+  private:
+    Workspace& Work;
+    RecordFiles Records;
+    SpreadLayout Spread;
+};
+
+/// One pick as an edit of its own.
+void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
+
+/// "Pick shot 3, receiver 7", the name of such an edit.
+std::string Pick_Name(PickPlace place);
+
+/// ShotTimes and Buildgrid take the picks of all headers of the file, zeros too, each at the place of its
+/// trace. Places whose trace the file lacks keep theirs.
+void Take_Header_Picks(PickSetter& picks);
+
+}  // namespace tarnvik
