@@ -257,8 +257,10 @@ std::span<const Command> Command_Table() {
 }
 
 const Command* Find_Command(std::string_view name) {
-    for (const Command& command : command_table) {
-        if (command.Name == name) return &command;
+    for (const auto& table : {Command_Table(), Record_Page_Commands(), Tables_Page_Commands()}) {
+        for (const Command& command : table) {
+            if (command.Name == name) return &command;
+        }
     }
     return nullptr;
 }
@@ -268,9 +270,21 @@ std::string Not_Available_Text(const Command& command) {
     return std::string(name) + ": not available in this version";
 }
 
+std::string Refusal_Of(const Command& command, const Session& session) {
+    if (!command.Available()) return Not_Available_Text(command);
+    return command.Refusal == nullptr ? std::string() : command.Refusal(session);
+}
+
 void Run_Command(Session& session, std::string_view name) {
     const Command* command = Find_Command(name);
-    if (command != nullptr && command->Available()) command->Run(session);
+    if (command == nullptr || !command->Available()) return;
+    const std::string refusal = Refusal_Of(*command, session);
+    if (refusal.empty()) {
+        command->Run(session);
+        return;
+    }
+    session.Work.Fields.Status = refusal;
+    session.Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

@@ -8,8 +8,8 @@ namespace tarnvik {
 
 class Session;
 
-/// One command as the user meets it: a key of the toolbar or an entry of a menu. Keys and entries that do the
-/// same share their Run.
+/// One command as the user meets it: a key of the toolbar, an entry of a menu, or a button of a page. Keys,
+/// entries and buttons that do the same share their Run.
 struct Command {
     std::string_view Name{};  ///< key of the toolbar button, or name of the menu control
     std::string_view Menu{};  ///< title of the menu; a submenu behind "/"; empty for a toolbar key
@@ -22,20 +22,31 @@ struct Command {
     std::string (*Text)(const Session&) =
         nullptr;  ///< caption that changes (recent files); null for the others
 
+    /// Why the command cannot be run now, in words for the user; empty when it can. Null: always.
+    std::string (*Refusal)(const Session&) = nullptr;
+
     bool Available() const { return Run != nullptr; }
 };
 
-/// All commands: first the toolbar's keys in the order of their buttons, then the menus from left to right
-/// and from top to bottom. An entry whose caption is "-" is a line between groups.
+/// Commands of the main window: first the toolbar's keys in the order of their buttons, then the menus from
+/// left to right and from top to bottom. An entry whose caption is "-" is a line between groups.
 std::span<const Command> Command_Table();
 
-/// The command of that toolbar key or menu control; null when there is none.
+/// Buttons of the record page and of the tables page, by the names of their controls.
+std::span<const Command> Record_Page_Commands();
+std::span<const Command> Tables_Page_Commands();
+
+/// The command of that toolbar key, menu control or button; null when there is none.
 const Command* Find_Command(std::string_view name);
 
 /// Text for the status bar while an entry of later work is pointed at.
 std::string Not_Available_Text(const Command& command);
 
-/// Runs the command of that name: nothing for an unknown name and for one of later work.
+/// Why the command cannot be run now; empty when it can.
+std::string Refusal_Of(const Command& command, const Session& session);
+
+/// Runs the command of that name: nothing for an unknown name and for one of later work. One that is refused
+/// tells the reason in the status field.
 void Run_Command(Session& session, std::string_view name);
 
 }  // namespace tarnvik
