@@ -3,6 +3,7 @@
 #include "app/commands.h"
 #include "app/dialog_commands.h"
 #include "app/documents.h"
+#include "app/edit_commands.h"
 #include "app/file_commands.h"
 #include "app/session.h"
 #include "app/start.h"
@@ -78,6 +79,7 @@ bool Language(const Session& session) {
 constexpr std::string_view file_menu = "&File";
 constexpr std::string_view conversion_menu = "&File/Conversion";
 constexpr std::string_view export_menu = "&File/Export";
+constexpr std::string_view edit_menu = "&Edit";
 constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
 constexpr std::string_view screen_menu = "&Screen Display";
@@ -153,6 +155,11 @@ const std::array command_table = {
     Separator(file_menu),
     Command{.Name = "Fin_Mnu", .Menu = file_menu, .Caption = "End", .Icon = "stop", .Shortcut = "Ctrl+Q", .Run = Quit_From_Menu},
     Command{.Name = "Exit_M", .Menu = file_menu, .Caption = "Exit without saving", .Run = Exit_At_Once},
+
+    // Edit
+    Command{.Name = "Undo_M", .Menu = edit_menu, .Caption = "&Undo", .Shortcut = "Ctrl+Z", .Run = Undo_Edit, .Text = Undo_Caption, .Refusal = Undo_Refusal},
+    Command{.Name = "Redo_M", .Menu = edit_menu, .Caption = "&Redo", .Shortcut = "Ctrl+Shift+Z", .Run = Redo_Edit, .Text = Redo_Caption, .Refusal = Redo_Refusal},
+    Command{.Name = "History_M", .Menu = edit_menu, .Caption = "&History...", .Run = Show_History},
 
     // Processing
     Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog},

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/session.h"
+#include "app/start.h"
 #include "app/view_commands.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
@@ -43,6 +44,18 @@ void Show_Profile_In_Mode(Session& session, const std::string& mode) {
     session.Work.DisplayMode = mode;
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Profile();
+}
+
+/// A new profile was given up halfway: the former project is gone, and nothing may look as if it were there.
+void Show_No_Project(Session& session) {
+    Workspace& work = session.Work;
+    Close_Computing_Dialogs(session);
+    work.Edits.Drop_Journal();
+    work.Edits.Start(work.Project, true);
+    work.FileOnDisk.clear();
+    work.Fields.Caption = work.AppTitle;
+    work.Fields.FirstTabCaption.clear();
+    session.Outside.Show.Show_Fields();
 }
 
 /// The table's own commands work on the model: what was typed goes there first, what they changed is shown.
@@ -87,7 +100,11 @@ void Show_Curves_And_Profile(Session& session) {
 }
 
 void Start_New_Profile(Session& session) {
-    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    if (!May_Leave_Project(session)) return;
+    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) {
+        if (session.Work.Project.CurrentFile.empty()) Show_No_Project(session);
+        return;
+    }
     Close_Computing_Dialogs(session);
     session.PickTable.Forget();
     session.RemarkTable.Forget();

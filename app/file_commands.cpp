@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/dialog_commands.h"
+#include "app/recovery.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
@@ -16,12 +17,14 @@
 namespace tarnvik {
 
 void Open_Travel_Time(Session& session) {
+    if (!May_Leave_Project(session)) return;
     session.Work.DisplayMode.clear();
     if (!Select_Project(session.Work, session.Outside, session.Hooks)) {
         session.Work.DisplayMode = "DROMO";
         return;
     }
     Show_Opened_Project(session);
+    Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
     const Project& project = session.Work.Project;
     // The opening has asked for missing records once already; this command asks again, which is meant.
     if (!project.SuFile.empty() && !File_Exists(Su_Path(project)) &&
@@ -54,8 +57,9 @@ void Ask_For_Backup(Session& session) {
 }
 
 void Convert_Bak_To_Tv5(Session& session) {
+    if (!May_Leave_Project(session)) return;
     session.Work.DisplayMode.clear();
-    Backup_To_Project(session.Work, session.Outside, session.Hooks);
+    if (Backup_To_Project(session.Work, session.Outside, session.Hooks)) Close_Computing_Dialogs(session);
     session.Work.DisplayMode = "DROMO";
 }
 

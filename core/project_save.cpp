@@ -62,7 +62,8 @@ void Back_To_Dromo(Workspace& workspace) {
 void After_Save(Workspace& workspace, Ports& ports) {
     // Stands 1 higher from now on, only the next load takes it off again.
     workspace.Project.TotalTime += 1;
-    workspace.SavedFingerprint = Project_Fingerprint(workspace.Project);
+    workspace.Edits.Saved(workspace.Project);
+    workspace.FileOnDisk = workspace.Project.CurrentFile;
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
     if (workspace.DisplayMode == "BUILD" || workspace.DisplayMode == "CORRECT") {
         ports.Ask.Say("File: " + workspace.Project.CurrentFile + " has been recorded", workspace.AppTitle,
@@ -110,11 +111,6 @@ void Rescue_Project(Workspace& workspace, Ports& ports, const std::string& reaso
 
 }  // namespace
 
-bool Project_Is_Saved(const Workspace& workspace) {
-    const Project& project = workspace.Project;
-    return !project.ShotTimes.Has(0, 0) || Project_Fingerprint(project) == workspace.SavedFingerprint;
-}
-
 bool Write_Project(Workspace& workspace, Ports& ports) {
     const std::string& path = workspace.Project.CurrentFile;
     if (path.empty()) {
@@ -124,6 +120,10 @@ bool Write_Project(Workspace& workspace, Ports& ports) {
     const Content content = Content_Of(workspace.Project);
     if (!content.Refusal.empty()) {
         Say_Not_Recorded(workspace, ports, content.Refusal);
+        return false;
+    }
+    if (path != workspace.FileOnDisk && File_Exists(path) &&
+        !ports.Ask.Ask_Yes(path + " already exists, overwrite ?", workspace.AppTitle, Icon::Warning)) {
         return false;
     }
     const std::string reason = Record(path, content.Bytes);
@@ -157,7 +157,15 @@ bool Save_Project_As(Workspace& workspace, Ports& ports) {
         Rescue_Project(workspace, ports, "No file name was given", content.Bytes, former_file);
         return false;
     }
-    if (Name_Of(answer).find('.') == std::string::npos) answer += ".TV5";
+    if (Name_Of(answer).find('.') == std::string::npos) {
+        // The dialog asked about another name.
+        answer += ".TV5";
+        if (File_Exists(answer) &&
+            !ports.Ask.Ask_Yes(answer + " already exists, overwrite ?", workspace.AppTitle, Icon::Warning)) {
+            current = former_file;
+            return false;
+        }
+    }
     const std::string reason = Record(answer, content.Bytes);
     if (!reason.empty()) {
         Rescue_Project(workspace, ports, answer + ": " + reason, content.Bytes, former_file);

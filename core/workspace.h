@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -213,8 +212,10 @@ struct Workspace {
     tarnvik::Settings Settings;
     std::string AppTitle = "Tarnvik 16.5";
     std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
-    bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
-    std::size_t SavedFingerprint = 0;   ///< of the project as it was last read or written
+    /// The file that the project in memory was read from or written to, or whose replacement the user agreed
+    /// to; CurrentFile may name another one.
+    std::string FileOnDisk;
+    bool NoOffsetShots = true;  ///< set to false by a file with offset shots; never set back
     std::string
         BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;

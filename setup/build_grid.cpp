@@ -100,6 +100,14 @@ void Fill_Grid(Workspace& workspace) {
     }
 }
 
+void Fill_Grid_Cell(Workspace& workspace, PickPlace place) {
+    const Project& project = workspace.Project;
+    TextGrid& grid = workspace.Grids.Buildgrid;
+    if (!BuildgridLayout(project).Fits(grid) || !project.ShotTimes.Has(place.Shot, place.Receiver)) return;
+    CellWriter(grid, pick_format)
+        .Write(place.Receiver, place.Shot, project.ShotTimes(place.Shot, place.Receiver));
+}
+
 bool Read_Grid_Cell(Workspace& workspace, int row, int column) {
     Project& project = workspace.Project;
     const BuildgridLayout layout(project);

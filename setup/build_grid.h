@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/pick_place.h"
 #include "core/project.h"
 #include "core/text_grid.h"
 #include "core/workspace.h"
@@ -34,6 +35,9 @@ inline constexpr const char* place_format = "##00.00";
 /// elevations and intercept times. Colours of cells stay while the size of the grid stays. Arrays that are
 /// not allocated leave their cells at zero.
 void Fill_Grid(Workspace& workspace);
+
+/// One cell of the same, in a grid that is laid out for the project.
+void Fill_Grid_Cell(Workspace& workspace, PickPlace place);
 
 /// Size and captions alone, all other cells as they were; a new profile has captions of its own.
 enum class BuildgridCaptions { Project, NewProfile };

@@ -43,6 +43,7 @@ bool Take_Up_Records(Workspace& workspace, Ports& ports) {
         if (Name_Of(path).find('.') == std::string::npos) path += ".TV5";
     }
     project.CurrentFile = path;
+    workspace.FileOnDisk = path;  // its replacement has been agreed to
     Split_Project_Path(project, path);
     return true;
 }
@@ -121,6 +122,7 @@ bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
         return Give_Up(workspace, ports);
     }
     Build_Grid(workspace);
+    workspace.Edits.Start(project, false);
     workspace.DisplayMode = "DROMO";
     workspace.Fields.Caption = project.CurrentFile + " [" + workspace.AppTitle + "]";
     ports.Show.Show_Grids();

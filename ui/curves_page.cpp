@@ -304,6 +304,10 @@ void CurvesPage::Refresh_Shots() {
     Profile->Draw_Sketch();
 }
 
+void CurvesPage::Repaint_Profile() {
+    Profile->Repaint();
+}
+
 void CurvesPage::Prepare_Profile() {
     Profile->Show_Whole_Line();
 }

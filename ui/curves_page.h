@@ -47,6 +47,7 @@ class CurvesPage : public QWidget {
     void Refresh_Shots();
     /// Makes room for the profile before it is drawn; the whole line comes into sight.
     void Prepare_Profile();
+    void Repaint_Profile();
 
   private:
     QWidget* Curves_Pane();

@@ -10,7 +10,6 @@
 #include "app/pages.h"
 #include "app/session.h"
 #include "app/start.h"
-#include "core/project_save.h"
 #include "traveltime/zoom.h"
 #include "ui/command_bars.h"
 #include "ui/curves_page.h"
@@ -26,7 +25,6 @@ namespace {
 
 // A user who drags the window's edge sees the pictures follow at once; what belongs to the change as a whole
 // comes when the edge has been let go.
-constexpr int unsaved_check_ms = 500;
 constexpr int resize_pause_ms = 150;
 
 QString From(const std::string& text) {
@@ -103,11 +101,7 @@ void MainWindow::Build_Status_Bar() {
     Unsaved->setToolTip(tr("The project differs from its file (Ctrl+S saves it)"));
     for (QLabel* label : {ZoomRange, Unsaved, ProjectName, Units})
         statusBar()->addPermanentWidget(label);
-    // Any event may change the project; comparing it twice a second costs less than a thousandth of the time.
-    connect(&UnsavedCheck, &QTimer::timeout, this,
-            [this] { Unsaved->setVisible(!Project_Is_Saved(Program.Work)); });
-    UnsavedCheck.start(unsaved_check_ms);
-    Unsaved->hide();
+    Fields.Shown(Unsaved, [this] { return !Program.Work.Edits.Is_Saved(); });
 
     Fields.Text(read_out, fields.Text1);
     Fields.Text(record_read_out, fields.RecordReadout);
@@ -148,12 +142,20 @@ void MainWindow::Refresh_Grids() {
     Curves->Refresh_Shots();
 }
 
+void MainWindow::Refresh_Cell(int row, int column) {
+    Tables->Refresh_Cell(row, column);
+}
+
 void MainWindow::Select_Tab(Tab tab) {
     SSTab1->setCurrentIndex(static_cast<int>(tab));
 }
 
 void MainWindow::Prepare_Profile() {
     Curves->Prepare_Profile();
+}
+
+void MainWindow::Repaint_Profile() {
+    Curves->Repaint_Profile();
 }
 
 void MainWindow::Place_Dock(QDockWidget* dock) {
@@ -207,8 +209,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     Places.setValue("Window/Geometry", saveGeometry());
     if (!Screen.Ended()) {
         // Both questions come every time, as users know them.
-        Unload_Form(Program);
-        Screen.End_Program();
+        if (!Unload_Form(Program)) {
+            event->ignore();
+            return;
+        }
+        End_Session(Program);
     }
     event->accept();
 }

@@ -201,7 +201,7 @@ void ProfilePane::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
 void ProfilePane::Repaint() {
     if (isHidden()) return;
     const LentWindow window(Program.Work.Curves, ZoomX, ZoomY, Across->value(), Up->value());
-    Screen.Repaint_Page(Page::Profile);
+    Screen.Paint_Profile_Now();
 }
 
 }  // namespace tarnvik

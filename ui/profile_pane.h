@@ -25,6 +25,8 @@ class ProfilePane : public QWidget {
 
     void Refresh();
     void Draw_Sketch();
+    /// Paints what stands, enlarged as it is.
+    void Repaint();
     /// Takes the enlargement back.
     void Show_Whole_Line();
 
@@ -32,7 +34,6 @@ class ProfilePane : public QWidget {
     QWidget* Side();
     void Wheel(double steps, Qt::KeyboardModifiers modifiers);
     void Set_Window(double zoom_x, double zoom_y);
-    void Repaint();
 
     Session& Program;
     QtDisplay& Screen;

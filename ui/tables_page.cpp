@@ -285,6 +285,10 @@ void TablesPage::Refresh() {
     Fit_Columns();
 }
 
+void TablesPage::Refresh_Cell(int row, int column) {
+    Buildgrid->Cells().Refresh_Cell(row, column);
+}
+
 void TablesPage::Fit_Columns() {
     // Widths are fitted when the table changes its shape; what the user has dragged stays otherwise.
     const int columns = Buildgrid->Cells().columnCount();

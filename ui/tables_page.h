@@ -20,6 +20,8 @@ class TablesPage : public QWidget {
     explicit TablesPage(Session& session);
     /// Fields and grids.
     void Refresh();
+    /// One cell of Buildgrid.
+    void Refresh_Cell(int row, int column);
     void Refresh_Fields() { Fields.Refresh(); }
 
   private:

@@ -122,6 +122,17 @@ Qt::ItemFlags TextGridModel::flags(const QModelIndex& index) const {
     return flags;
 }
 
+void TextGridModel::Refresh_Cell(int row, int column) {
+    if (Grid.Rows() != ShownRows || Grid.Columns() != ShownColumns) {
+        Refresh();
+        return;
+    }
+    if (!Shown.Has(row, column)) return;
+    Shown.At(row, column) = static_cast<const TextGrid&>(Grid).At(row, column);
+    const QModelIndex changed = index(row, column);
+    emit dataChanged(changed, changed);
+}
+
 void TextGridModel::Refresh() {
     if (Grid.Rows() != ShownRows || Grid.Columns() != ShownColumns) {
         beginResetModel();

@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include "app/commands.h"
+#include "app/dialog_rows.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "support/test_ports.h"
@@ -49,7 +50,8 @@ TEST_F(Window, has_an_icon_and_a_button_for_each_toolbar_key_and_an_entry_for_ea
 }
 
 TEST_F(Window, every_dialog_with_a_form_opens_refreshes_and_closes) {
-    for (const Dialog dialog : Dialogs_With_Form()) {
+    for (const DialogRow& row : Dialog_Rows()) {
+        const Dialog dialog = row.Which;
         Display.Open_Dialog(dialog, false);
         QApplication::processEvents();
         ASSERT_TRUE(Display.Is_Open(dialog)) << static_cast<int>(dialog);
