@@ -9,6 +9,7 @@
 #include "support/test_ports.h"
 #include "ui/field_binder.h"
 #include "ui/painting/painter_picture.h"
+#include "ui/qt_launcher.h"
 #include "ui/running/tool_run.h"
 #include "ui/qt_prompts.h"
 #include "ui/text_grid_model.h"
