@@ -14,6 +14,7 @@
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_loading.h"
 #include "setup/spread.h"
@@ -33,8 +34,9 @@ bool Refuse(BatchRun& run, const std::string& text) {
 bool Open_Record(BatchRun& run, const std::string& su_file, int record) {
     Workspace& work = run.Program.Work;
     if (!File_Exists(su_file)) return Refuse(run, su_file + ": This file does not exist !");
-    work.Project.SuFile = su_file;
-    Start_With_SU_File(work, su_file);
+    // As typed, not as a project would name it: from the folder that the command runs in.
+    work.Project.SuFile = std::filesystem::absolute(su_file).string();
+    Start_With_SU_File(work, work.Project.SuFile);
     if (!Scan_Channels(work, su_file) || work.Record.ChannelsPerRecord < 1 || work.Record.NbRecords < 1) {
         return Refuse(run, su_file + ": no records found in this file");
     }
@@ -69,14 +71,13 @@ ExitStatus Draw_Record(const CommonOptions& common, const RecordOptions& options
     if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
     Workspace& work = run.Program.Work;
     if (!Open_Record(run, common.ProjectFile, options.Record)) return Refused;
-    MainFields& fields = work.Fields;
-    fields.Combo1 = options.Style == "wiggle"  ? WiggleOnly
-                    : options.Style == "color" ? TwoColours
-                                               : VariableArea;
-    fields.clip = options.Clip;
-    fields.Check3 = options.Equalize;
-    fields.Text11 = CStr(options.Gain);
-    work.Record.AmplitudeGain = options.Gain;
+    RecordView& view = work.Record;
+    view.Style = options.Style == "wiggle"  ? WiggleOnly
+                 : options.Style == "color" ? TwoColours
+                                            : VariableArea;
+    view.ClipAmplitude = options.Clip;
+    view.EqualiseTraces = options.Equalize;
+    view.AmplitudeGain = options.Gain;
     if (!options.Samples.empty()) {
         const auto colon = options.Samples.find(':');
         const double first = Val(options.Samples);
@@ -189,16 +190,16 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
 
     AutoPik& dialog = run.Program.AutomaticPicking;
     dialog.Form_Load();
-    dialog.Text51 = options.Frequency ? CStr(*options.Frequency) : "";
-    dialog.Text53 = CStr(options.SearchFrom);
-    dialog.Text54 = CStr(options.Window);
-    dialog.Text57 = CStr(options.MinAmplitude);
-    dialog.Text3 = CStr(options.Shift);
-    dialog.Check2 = options.Negative;
-    dialog.Check3 = options.Absolute;
+    dialog.Frequency = options.Frequency ? CStr(*options.Frequency) : "";
+    dialog.StartShift = CStr(options.SearchFrom);
+    dialog.Window = CStr(options.Window);
+    dialog.MinAmplitude = CStr(options.MinAmplitude);
+    dialog.PickShift = CStr(options.Shift);
+    dialog.Negative = options.Negative;
+    dialog.Absolute = options.Absolute;
     // The middle of the reference trace on the record picture.
     work.Record.DownX = *reference * trace_width + trace_width / 2;
-    dialog.Text55 = CStr(options.Start);
+    dialog.FirstTime = CStr(options.Start);
     work.Fields.Status.clear();
     dialog.Pick_auto();
     // What could not be picked or written stands in the status field.
