@@ -11,6 +11,7 @@
 #include "records/picking.h"
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
+#include "setup/elevations.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
@@ -56,6 +57,8 @@ class Session {
     rechinfo NewProfile;
     GridEditor PickTable;    ///< Buildgrid
     GridEditor RemarkTable;  ///< remark_grid
+    ElevationUpdate Elevations = ElevationUpdate::ShotsFromReceivers;  ///< what Command3 computes
+    bool ElevationsChosen = false;                                     ///< the user has chosen that once
 };
 
 }  // namespace tarnvik

@@ -167,13 +167,11 @@ struct RecordView {
 struct MainFields {
     std::string Caption;
     std::string Text1;            ///< status field: pointer read-out
-    std::string Text6;            ///< line length
     std::string Text9 = "1";      ///< first trace of the record
     std::string Text10 = "24";    ///< last trace
     std::string Text11 = "1";     ///< gain
     std::string Text12;           ///< record and FLDR
     std::string Text13 = "1";     ///< shot station
-    std::string Text16;           ///< DistanceShift
     std::string Text18 = "1";     ///< geophone station
     std::string Text19;           ///< colour scale file
     std::string Text21;           ///< travel-time curve on the record; below 1 all
