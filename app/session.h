@@ -55,8 +55,8 @@ class Session {
 
     // Set-up of a line.
     rechinfo NewProfile;
-    GridEditor PickTable;    ///< Buildgrid
-    GridEditor RemarkTable;  ///< remark_grid
+    GridEditor PickTable;                                              ///< Buildgrid
+    GridEditor RemarkTable;                                            ///< remark_grid
     ElevationUpdate Elevations = ElevationUpdate::ShotsFromReceivers;  ///< what Command3 computes
     bool ElevationsChosen = false;                                     ///< the user has chosen that once
 };

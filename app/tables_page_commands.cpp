@@ -70,9 +70,9 @@ constexpr std::string_view line_group = "Line";
 constexpr std::string_view elevations_group = "Elevations";
 constexpr std::string_view coordinates_group = "Surveyed coordinates";
 
-#define TARNVIK_XYZ_FORM                                                                                     \
-    "<p>Text files with one point on a line, in the order of the line: <b>X Y Z</b> or <b>name X Y Z</b>, "  \
-    "separated by blanks, tabs, commas or semicolons, decimals behind a point. The first line may be a "     \
+#define TARNVIK_XYZ_FORM                                                                                    \
+    "<p>Text files with one point on a line, in the order of the line: <b>X Y Z</b> or <b>name X Y Z</b>, " \
+    "separated by blanks, tabs, commas or semicolons, decimals behind a point. The first line may be a "    \
     "heading.</p><p>Distances are horizontal, along the path through the geophones.</p>"
 
 // clang-format off

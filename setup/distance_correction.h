@@ -10,8 +10,8 @@ namespace tarnvik {
 /// of 0 moves nothing and forgets the one in force; a cancelled box changes nothing.
 void Distance_Correction(Workspace& workspace, Ports& ports);
 
-/// Double click on the line length: takes the line length, from end shot 1 to an end shot of the user's choice. A
-/// length that is not above 0, or a cancelled box, changes nothing.
+/// Double click on the line length: takes the line length, from end shot 1 to an end shot of the user's
+/// choice. A length that is not above 0, or a cancelled box, changes nothing.
 void Enter_Line_Length(Workspace& workspace, Ports& ports);
 
 }  // namespace tarnvik

@@ -43,7 +43,7 @@ void rechinfo::Fill_Shot_Table() {
     for (int shot = 1; shot <= shots; ++shot) {
         ShotTable.Set_Text(shot, 0, (SeveralSpreads ? "Station " : "Shot ") + CStr(shot));
         ShotTable.Set_Text(shot, DistanceColumn,
-                          CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
+                           CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
         ShotTable.Set_Text(shot, ElevationColumn, "0");
         ShotTable.At(shot, DistanceColumn).Align = TextGrid::Alignment::Right;
         ShotTable.At(shot, ElevationColumn).Align = TextGrid::Alignment::Right;
@@ -82,7 +82,8 @@ void rechinfo::Offset_or_Not() {
         DerivedLength = CStr(Val(Spacing) * std::max(Rounded(Val(Geophones)) - 1, 0.0));
         LineLength = DerivedLength;
     }
-    FirstDistanceCaption = Offsets ? "Distance from Geophone1 to shot 2" : "Distance from Geophone1 to shot 1";
+    FirstDistanceCaption =
+        Offsets ? "Distance from Geophone1 to shot 2" : "Distance from Geophone1 to shot 1";
     Fill_Shot_Table();
     dessine_squetch();
     Outside.Show.Show_Fields();

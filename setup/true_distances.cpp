@@ -74,13 +74,12 @@ void Compute_Distances_According_To_Z(Workspace& workspace, Ports& ports) {
     const std::string& title = workspace.AppTitle;
     // All questions are answered on a copy, so that the change itself is one edit, made whole or not at all.
     Project changed = workspace.Project;
-    const double spacing =
-        Val(ports.Ask.Input("Enter the avearage distance between geophones, ZERO= Exit module", title,
-                            CStr(changed.GeoSpace)));
+    const double spacing = Val(ports.Ask.Input(
+        "Enter the avearage distance between geophones, ZERO= Exit module", title, CStr(changed.GeoSpace)));
     if (!(spacing > 0)) return;
     changed.GeoSpace = spacing;
-    const std::string first = ports.Ask.Input("Enter the distance between End shot 1 and geophones 1 ", title,
-                                              CStr(spacing / 2));
+    const std::string first =
+        ports.Ask.Input("Enter the distance between End shot 1 and geophones 1 ", title, CStr(spacing / 2));
     if (Trim(first).empty()) return;
 
     const auto before = Receiver_Places(changed);
