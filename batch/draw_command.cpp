@@ -45,7 +45,7 @@ ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const s
     Page page = Page::Curves;
     if (options.What == "profile") {
         page = Page::Profile;
-        work.DisplayMode = options.Mode;
+        work.Mode.Display(Mode_Of_Word(options.Mode).value_or(DisplayMode::Profil));
         Draw_Seismic_Profile(work, run.Program.Outside);
         if (run.Prompts.Refused()) return Refused;
     }

@@ -92,7 +92,7 @@ class KeptDistances {
 void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, Picture& profile, Picture& scale) {
     const KeptDistances before(workspace.Project);
     std::string failure;
-    workspace.Profile.DrawnMode = workspace.DisplayMode;
+    workspace.Profile.DrawnMode = workspace.Mode.On_Display();
     try {
         Horizontal_Distances(workspace, ports);
         Measure_Profile(workspace, ports);
@@ -115,10 +115,10 @@ void Show_Combined(Workspace& workspace, Ports& ports) {
     ports.Show.Canvas_Of(Canvas::Dromo).Clear();
     workspace.Profile.ProfileOverlay = true;
     ports.Show.Show_Curves();
-    workspace.DisplayMode = "Profil3";
+    workspace.Mode.Display(DisplayMode::Profil3);
     Draw_Seismic_Profile(workspace, ports);
     workspace.Curves.FrameDrawn = 2;
-    workspace.DisplayMode = "BI";
+    workspace.Mode.Display(DisplayMode::Both);
     ports.Show.Show_Fields();
 }
 

@@ -106,7 +106,7 @@ void Take_Over(Workspace& workspace, Workspace&& aside, Ports& ports) {
     Scale_Time_Grid(workspace);
     efface_grille(workspace);
     Build_Grid(workspace);
-    workspace.DisplayMode = "DROMO";
+    workspace.Mode.Display(DisplayMode::Dromo);
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
     workspace.Edits.Start(workspace.Project, false);
     ports.Show.Select_Tab(Tab::Tables);
