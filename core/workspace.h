@@ -199,8 +199,6 @@ struct RecordView {
 struct MainFields {
     std::string Caption;
     std::string Text1;            ///< status field: pointer read-out
-    std::string Text6;            ///< line length
-    std::string Text16;           ///< DistanceShift
     std::string Text19;           ///< colour scale file
     std::string Text25;           ///< TotalTime
     std::string Text27;           ///< maximum profile elevation
