@@ -18,7 +18,6 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
-#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
@@ -37,12 +36,9 @@ void Open_Over_Curves(Session& session, const std::string& mode, Dialog dialog) 
 }
 
 void Show_Profile_In_Mode(Session& session, const std::string& mode) {
-    // The drawing takes the enlargement back; the scroll bars go with it, or part of the line were out of
-    // sight with no bar to bring it back.
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Work.DisplayMode = mode;
     session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Show_Profile();
+    Draw_Seismic_Profile(session.Work, session.Outside);
 }
 
 /// The table's own commands work on the model: what was typed goes there first, what they changed is shown.
@@ -81,7 +77,6 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Curves_And_Profile(Session& session) {
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "core/edits/edits.h"
@@ -116,11 +117,16 @@ struct DepthWork {
 /// State of the profile picture.
 struct ProfileView {
     std::string DrawnMode;  ///< mode word of the last drawing; a dialog may have changed DisplayMode since
+    std::optional<double> GivenMaxElevation;  ///< answered or typed by the user
+    std::optional<double> GivenMinElevation;
     double ProfileMaxElevation = 0;
     double ProfileMinElevation = 0;
     std::int16_t ProfileVFactor = 1;
     double ProfileVScale = 1;
-    bool ProfileOverlay = false;
+    double ZoomX = 1;  ///< enlargement of what stands, and how far it is scrolled, in enlarged units
+    double ZoomY = 1;
+    int Across = 0;
+    int Up = 0;
 };
 
 /// Stations that the user gave a record: shot station and station of its first geophone.
@@ -178,9 +184,6 @@ struct MainFields {
     std::string Text19;           ///< colour scale file
     std::string Text21;           ///< travel-time curve on the record; below 1 all
     std::string Text25;           ///< TotalTime
-    std::string Text27;           ///< maximum profile elevation
-    std::string Text32;           ///< profil total height
-    std::string Text33;           ///< minimum profile elevation
     std::string Label16;          ///< path of the SU file
     std::string FirstTabCaption;  ///< path of the project file on the first tab
     std::string Status;           ///< status label: zoom range, time shift, faults to be seen

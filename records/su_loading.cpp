@@ -130,6 +130,9 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
 std::string Path_Refusal(const std::string& path) {
     const std::string letters = To_Windows_1252(path);
     if (letters.size() > longest_path) return path + " path is too long";
+    // A letter that the project file has no code for would be a question mark in it.
+    if (From_Windows_1252(letters) != path)
+        return path + " contains a letter that a project file cannot hold";
     for (const char letter : letters) {
         const int code = static_cast<unsigned char>(letter);
         if (code >= 45 && code < 171) continue;
