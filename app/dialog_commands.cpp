@@ -23,20 +23,17 @@ namespace tarnvik {
 
 namespace {
 
-/// Opens a computing dialog over the curves: its mode word first, since the picture reacts by it at once; a
+/// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
 /// profile that shares the picture goes away.
-void Open_Over_Curves(Session& session, const std::string& mode, Dialog dialog) {
-    session.Work.DisplayMode = mode;
-    if (session.Work.Curves.FrameDrawn == 2) {
-        session.Outside.Show.Show_Curves();
-        session.Work.DisplayMode = mode;
-    }
+void Open_Over_Curves(Session& session, DisplayMode mode, Dialog dialog) {
+    session.Work.Mode.Take(dialog, mode);
+    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
 }
 
-void Show_Profile_In_Mode(Session& session, const std::string& mode) {
-    session.Work.DisplayMode = mode;
+void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
+    session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Draw_Seismic_Profile(session.Work, session.Outside);
 }
@@ -53,27 +50,27 @@ void Run_On_Table(Session& session, Command command) {
 }  // namespace
 
 void Show_Velocity_Dialog(Session& session) {
-    Open_Over_Curves(session, "Vitesse2", Dialog::SpeedF);
+    Open_Over_Curves(session, DisplayMode::Vitesse, Dialog::SpeedF);
 }
 
 void Show_Depth_Dialog(Session& session) {
-    Open_Over_Curves(session, "Calcul", Dialog::Fcalcul);
+    Open_Over_Curves(session, DisplayMode::Calcul, Dialog::Fcalcul);
 }
 
 void Show_Intercept_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil");
+    Show_Profile_In_Mode(session, DisplayMode::Profil);
 }
 
 void Show_Abc_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil2");
+    Show_Profile_In_Mode(session, DisplayMode::Profil2);
 }
 
 void Show_Grm_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil4");
+    Show_Profile_In_Mode(session, DisplayMode::Profil4);
 }
 
 void Show_Full_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil3");
+    Show_Profile_In_Mode(session, DisplayMode::Profil3);
 }
 
 void Show_Curves_And_Profile(Session& session) {

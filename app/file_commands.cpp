@@ -16,11 +16,7 @@
 namespace tarnvik {
 
 void Open_Travel_Time(Session& session) {
-    session.Work.DisplayMode.clear();
-    if (!Select_Project(session.Work, session.Outside, session.Hooks)) {
-        session.Work.DisplayMode = "DROMO";
-        return;
-    }
+    if (!Select_Project(session.Work, session.Outside, session.Hooks)) return;
     Show_Opened_Project(session);
     const Project& project = session.Work.Project;
     // The opening has asked for missing records once already; this command asks again, which is meant.
@@ -54,9 +50,7 @@ void Ask_For_Backup(Session& session) {
 }
 
 void Convert_Bak_To_Tv5(Session& session) {
-    session.Work.DisplayMode.clear();
     Backup_To_Project(session.Work, session.Outside, session.Hooks);
-    session.Work.DisplayMode = "DROMO";
 }
 
 void Convert_Tv4_To_Tv5(Session& session) {

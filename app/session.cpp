@@ -26,8 +26,8 @@ Session::Session(Ports outside, std::string settings_file)
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
-    Pointer.Register("Vitesse", &SpeedMouse);
-    Pointer.Register("Calcul", &DepthMouse);
+    Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
+    Pointer.Register(DisplayMode::Calcul, &DepthMouse);
     Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };

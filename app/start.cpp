@@ -36,7 +36,7 @@ void Form_Load(Session& session, const std::string& command_line) {
     work.Curves.ZoomX = 1;
     work.Curves.ZoomY = 1;
     Clear_Selection(session.Work.Curves);
-    work.DisplayMode = "DROMO";
+    work.Mode.Display(DisplayMode::Dromo);
     // Without a settings file this is the first start: from now on the desktop opens project files with this
     // program.
     if (!File_Exists(session.SettingsFile)) session.Outside.Launch.Register_File_Type();
@@ -61,7 +61,6 @@ void Form_Load(Session& session, const std::string& command_line) {
 bool Open_File_Named(Session& session, const std::string& path) {
     const bool opened = Open_Named_Project(session.Work, session.Outside, session.Hooks, path);
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
     if (opened) Show_Opened_Project(session);
     return opened;
 }
@@ -70,14 +69,13 @@ void Show_Opened_Project(Session& session) {
     Close_Computing_Dialogs(session);
     Clear_Display(session);
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
+    session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
     if (session.Hooks.LoadSuFile) session.Hooks.LoadSuFile();
 }
 
 void Read_From_Dialog(Session& session) {
-    session.Work.DisplayMode.clear();
     session.Outside.Show.Select_Tab(Tab::Curves);
     if (Select_Project(session.Work, session.Outside, session.Hooks)) {
         // Read and backed up a second time; this order is meant.
@@ -85,7 +83,6 @@ void Read_From_Dialog(Session& session) {
         Show_Opened_Project(session);
     }
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
 }
 
 void Display_Last_File(Session& session) {
@@ -125,11 +122,11 @@ void Unload_Form(Session& session) {
 }
 
 void Resize_Form(Session& session) {
-    std::string& mode = session.Work.DisplayMode;
-    if (mode == "ABC") mode = "Profil2";
-    if (mode == "Profil2" || mode == "Profil") {
+    PictureMode& mode = session.Work.Mode;
+    if (mode.On_Display() == DisplayMode::Abc) mode.Display(DisplayMode::Profil2);
+    if (mode.On_Display() == DisplayMode::Profil2 || mode.On_Display() == DisplayMode::Profil) {
         session.Outside.Show.Show_Profile();
-    } else if (mode == "DROMO") {
+    } else if (mode.On_Display() == DisplayMode::Dromo) {
         session.Outside.Show.Show_Curves();
     }
 }

@@ -13,7 +13,7 @@ namespace tarnvik {
 
 namespace {
 
-/// The page whose picture stands on the screen, whatever mode a dialog has set since it was drawn.
+/// The page whose picture stands on the screen.
 Page Page_On_Screen(const Session& session) {
     return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
 }
@@ -60,13 +60,15 @@ void Clear_Display(Session& session) {
 }
 
 void Close_Computing_Dialogs(Session& session) {
-    for (const Dialog dialog : {Dialog::confirm, Dialog::SpeedF, Dialog::Fcalcul})
+    for (const Dialog dialog : {Dialog::confirm, Dialog::SpeedF, Dialog::Fcalcul}) {
         session.Outside.Show.Close_Dialog(dialog);
+        session.Work.Mode.Release(dialog);
+    }
 }
 
 void Back_To_Curves(Session& session) {
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
+    session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
 }
@@ -101,7 +103,7 @@ void Toggle_Receiver_Intercepts(Session& session) {
 }
 
 void Show_Zoom(Session& session) {
-    if (session.Work.DisplayMode == "BI") {
+    if (session.Work.Mode.On_Display() == DisplayMode::Both) {
         session.Outside.Ask.Say("Not available with this display", session.Work.AppTitle, Icon::Critical);
         return;
     }

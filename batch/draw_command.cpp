@@ -46,7 +46,7 @@ ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const s
     Page page = Page::Curves;
     if (options.What == "profile") {
         page = Page::Profile;
-        work.DisplayMode = options.Mode;
+        work.Mode.Display(Mode_Of_Word(options.Mode).value_or(DisplayMode::Profil));
         Draw_Seismic_Profile(work, run.Program.Outside, options.Elevations);
         if (run.Prompts.Refused()) return run.Finish(Refused);
         Enlarge_Profile(work.Profile, options.ZoomX, options.ZoomY);

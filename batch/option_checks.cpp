@@ -47,7 +47,7 @@ CLI::Validator Check(std::string description, std::function<std::string(std::str
 }  // namespace
 
 CLI::Validator Number_Between(double least, double most) {
-    const std::string range = "NUMBER from " + CStr(least) + " to " + CStr(most);
+    const std::string range = "number from " + CStr(least) + " to " + CStr(most);
     return Check(range, [least, most, range](const std::string& text) -> std::string {
         const auto value = Whole_Text_As_Number(text);
         return value && *value >= least && *value <= most ? "" : text + " is no " + range;
@@ -61,7 +61,7 @@ CLI::Validator Any_Number() {
 }
 
 CLI::Validator Number_Above_0() {
-    return Check("NUMBER above 0", [](const std::string& text) -> std::string {
+    return Check("number above 0", [](const std::string& text) -> std::string {
         return Whole_Text_As_Number(text).value_or(0) > 0 ? "" : text + " is no number above 0";
     });
 }

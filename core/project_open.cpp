@@ -135,7 +135,6 @@ bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& 
 bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
     Clear_Selection(workspace.Curves);
     workspace.Curves.PickMoving = 0;
-    workspace.Curves.SavePart = "DROMO";
     const std::string path =
         ports.Ask.Open_File({"Tarnvik File selection", "File Tarnvik TV5 |*.TV5|File Tarnvik BAK |*.BAK|",
                              "*.TV5", workspace.Project.ProjectDir});
@@ -182,23 +181,18 @@ std::string Backup_Project(const std::string& path) {
 }
 
 bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
-    workspace.DisplayMode.clear();
     const std::string backup = ports.Ask.Open_File(
         {"Tarnvik BAK TV5 selection", "File Tarnvik TV5 |*.BAK|", "*.BAK", workspace.Project.ProjectDir});
-    if (backup.empty()) {
-        workspace.DisplayMode = "DROMO";
-        return false;
-    }
+    if (backup.empty()) return false;
     const std::string path = Folder_Of(backup) + Replace_First(Name_Of(backup), ".bak", ".tv5");
     const std::string reason = path == backup ? std::string() : Copy_File(backup, path);
     if (!reason.empty()) {
         ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
-        workspace.DisplayMode = "DROMO";
         return false;
     }
     Run(hooks.ClearDisplay);
     const bool opened = Open_Named_Project(workspace, ports, hooks, path);
-    workspace.DisplayMode = "DROMO";
+    workspace.Mode.Display(DisplayMode::Dromo);
     ports.Show.Show_Curves();
     if (opened && Take_Records_Beside(workspace, hooks)) Run(hooks.LoadSuFile);
     return opened;

@@ -5,14 +5,16 @@
 
 namespace tarnvik {
 
-/// The only road to the project file: writes the project to CurrentFile, sets the caption, confirms in the
-/// modes "BUILD" and "CORRECT", clears the selection and goes back to mode "DROMO". TotalTime in memory
-/// stands 1 higher afterwards; this is meant.
+/// Whether a save that went well is confirmed by a message.
+enum class SaveNotice { None, Told };
+
+/// The only road to the project file: writes the project to CurrentFile, sets the caption and clears the
+/// selection. TotalTime in memory stands 1 higher afterwards, which only the next load takes off again.
 ///
 /// A value beyond the file's 16 bits, arrays without content, or a disk that refuses is told to the user;
 /// then nothing is written, the old file stays whole, nothing in memory changes, and the answer is false.
 /// Without a file name nothing is saved and no message comes.
-bool Write_Project(Workspace& workspace, Ports& ports);
+bool Write_Project(Workspace& workspace, Ports& ports, SaveNotice notice = SaveNotice::None);
 
 /// False while the project in memory differs from its file, as far as the program has read or written it.
 /// TotalTime does not count. Without a project there is nothing to save.

@@ -5,8 +5,11 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
+#include "core/awaited_field.h"
+#include "core/display_mode.h"
 #include "core/edits/edits.h"
 #include "core/project.h"
 #include "core/settings.h"
@@ -52,9 +55,10 @@ struct CurveView {
     ScrollBar VScroll1;
     std::int16_t FrameDrawn = 0;  ///< 1 the frame stands, 2 curves and profile stand together
     std::int16_t DoubleView = 0;  ///< 1 while the second window is open
-    std::string SavePart;         ///< second mode word; "PARTIE" keeps thicknesses out of the next store
     bool ZeroOnTop = false;       ///< menu mark Zerop
     bool ShowReceiverIntercepts = false;
+    bool LeadInStrokes = false;  ///< every curve rises from (0, 0)
+    std::set<int> ShotsLeftOut;  ///< shots that Grille_Shot leaves out of the curves, from 1
     std::int16_t LastLabelledShot = 0;
     Colour LastColour = 0;  ///< of the curve drawn last; a shot without a colour rule takes it over
 
@@ -90,8 +94,8 @@ struct VelocityWork {
     double VelocityResult = 0;
     double InterceptResult = 0;
     double Correlation = 0;
-    std::string FocusField;   ///< field that awaits a value from the picture, empty when none
-    std::string QuickStatus;  ///< status label of quick_interpret
+    std::optional<AwaitedField> Awaited;  ///< field that awaits a value from the picture
+    std::string QuickStatus;              ///< status label of quick_interpret
 };
 
 /// Working values of the depth computations, kept from one shot and one dialog to the next. Elements count
@@ -116,8 +120,8 @@ struct DepthWork {
 
 /// State of the profile picture.
 struct ProfileView {
-    std::string DrawnMode;  ///< mode word of the last drawing; a dialog may have changed DisplayMode since
-    std::optional<double> GivenMaxElevation;  ///< answered or typed by the user
+    DisplayMode DrawnMode = DisplayMode::None;  ///< mode of the last drawing
+    std::optional<double> GivenMaxElevation;    ///< answered or typed by the user
     std::optional<double> GivenMinElevation;
     double ProfileMaxElevation = 0;
     double ProfileMinElevation = 0;
@@ -204,7 +208,7 @@ struct MainFields {
 /// Grids of the main form beside the project's own remark_grid.
 struct MainGrids {
     TextGrid Buildgrid;
-    TextGrid Grille_Shot;  ///< one row a shot, column 0; a red cell leaves the shot out
+    TextGrid Grille_Shot;  ///< one row a shot, column 0; red where CurveView leaves the shot out
     TextGrid size_grid;    ///< one row a displayed trace
 };
 
@@ -215,9 +219,9 @@ struct Workspace {
     tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
     std::string AppTitle = "Tarnvik 16.5";
-    std::string DisplayMode = "DROMO";  ///< what a press on the Dromo picture means
-    bool NoOffsetShots = true;          ///< set to false by a file with offset shots; never set back
-    std::size_t SavedFingerprint = 0;   ///< of the project as it was last read or written
+    PictureMode Mode;                  ///< what the Dromo picture shows and what a press on it means
+    bool NoOffsetShots = true;         ///< set to false by a file with offset shots; never set back
+    std::size_t SavedFingerprint = 0;  ///< of the project as it was last read or written
     std::string
         BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;

@@ -130,8 +130,8 @@ void Draw_Between_Given_Elevations(Workspace& workspace, Ports& ports) {
 }  // namespace
 
 void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, const ProfileElevations& given) {
-    const auto before = workspace.Profile.DrawnMode;
-    workspace.Profile.DrawnMode = workspace.DisplayMode;
+    const DisplayMode before = workspace.Profile.DrawnMode;
+    workspace.Profile.DrawnMode = workspace.Mode.On_Display();
     std::string failure = Reason_Against_Painting(workspace);
     if (failure.empty()) {
         try {
@@ -158,10 +158,10 @@ void Show_Combined(Workspace& workspace, Ports& ports) {
     Set_Zoom(workspace.Curves, 1, 1);
     ports.Show.Canvas_Of(Canvas::Dromo).Clear();
     ports.Show.Show_Curves();
-    workspace.DisplayMode = "Profil3";
+    workspace.Mode.Display(DisplayMode::Profil3);
     Draw_Seismic_Profile(workspace, ports);
     workspace.Curves.FrameDrawn = 2;
-    workspace.DisplayMode = "BI";
+    workspace.Mode.Display(DisplayMode::Both);
     ports.Show.Show_Fields();
 }
 

@@ -13,10 +13,9 @@ struct ProfileElevations {
     std::optional<double> Min;
 };
 
-/// The user asks for the seismic profile, with the modes "Profil" (shot depths), "Profil2" (and depths below
-/// receivers), "Profil4" (shot depths and GRM) and "Profil3" (all) in DisplayMode: corrects the slope
-/// distances, which is an edit, finds the extremes (asking for those that are 0 and not given) and shows the
-/// whole line.
+/// The user asks for the seismic profile, in the mode on display: Profil (shot depths), Profil2 (and depths
+/// below receivers), Profil4 (shot depths and GRM) or Profil3 (all). Corrects the slope distances, which is
+/// an edit, finds the extremes (asking for those that are 0 and not given) and shows the whole line.
 ///
 /// The correction shortens a line that is not flat at each call. Whatever shows the profile again (another
 /// size, an enlargement, a printer) therefore takes Display::Show_Profile or Paint_Profile. A profile that
@@ -27,7 +26,7 @@ void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, const ProfileEleva
 /// stands is drawn between them at once.
 void Give_Profile_Elevations(Workspace& workspace, Ports& ports, const ProfileElevations& given);
 
-/// Curves and profile together, mode "BI", neither of them enlarged.
+/// Curves and profile together, mode Both, neither of them enlarged.
 void Show_Combined(Workspace& workspace, Ports& ports);
 
 /// The pointer is at (x, y) of the profile's picture: shows distance and elevation there in whole units. A

@@ -31,9 +31,9 @@ class Painting {
   public:
     Painting(const Workspace& workspace, Picture& profile, Picture& scale)
         : Work(workspace), Line(workspace.Project), Profile(profile), Scale(scale) {
-        const std::string& mode = workspace.Profile.DrawnMode;
-        WithReceiverArcs = mode == "Profil2" || mode == "Profil3";
-        WithGrmArcs = mode == "Profil3" || mode == "Profil4";
+        const DisplayMode mode = workspace.Profile.DrawnMode;
+        WithReceiverArcs = mode == DisplayMode::Profil2 || mode == DisplayMode::Profil3;
+        WithGrmArcs = mode == DisplayMode::Profil3 || mode == DisplayMode::Profil4;
         First_Last_End_Shot(Line, FirstShot, LastShot);
     }
 

@@ -121,7 +121,7 @@ bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
         return Give_Up(workspace, ports);
     }
     Build_Grid(workspace);
-    workspace.DisplayMode = "DROMO";
+    workspace.Mode.Display(DisplayMode::Dromo);
     workspace.Fields.Caption = project.CurrentFile + " [" + workspace.AppTitle + "]";
     ports.Show.Show_Grids();
     ports.Show.Show_Fields();

@@ -17,6 +17,7 @@
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "setup/geometry.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -151,13 +152,7 @@ bool Remove_Colonne(Workspace& workspace, Ports& ports, int column) {
         for (int shot = column; shot <= project.NbShots; ++shot)
             grid.Set_Text(0, shot, "Shot" + CStr(shot));
     }
-    TextGrid& marks = workspace.Grids.Grille_Shot;
-    for (int row = column - 1; row + 1 < marks.Rows(); ++row) {
-        const std::string caption = marks.Text(row, 0);
-        marks.At(row, 0) = marks.At(row + 1, 0);
-        marks.Set_Text(row, 0, caption);
-    }
-    if (marks.Rows() >= column) marks.Resize(marks.Rows() - 1, marks.Columns());
+    Remove_Shot_Row(workspace, column);
     return true;
 }
 
@@ -214,7 +209,6 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
     report += "The new Tarnvik file has been saved as " + new_file + "\nLoad this file !";
     ports.Ask.Say(report, workspace.AppTitle, Icon::Information);
     workspace.Fields.Caption = "[" + new_file + "]";
-    workspace.DisplayMode = "DROMO";
     ports.Show.Show_Fields();
 }
 

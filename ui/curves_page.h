@@ -64,7 +64,6 @@ class CurvesPage : public QWidget {
     QSplitter* Panes = nullptr;
     QWidget* CurvesPane = nullptr;
     ProfilePane* Profile = nullptr;
-    bool Combined = false;
     ShotListModel* Shots = nullptr;
     FieldBinder Fields;
     QTimer Resized;

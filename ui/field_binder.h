@@ -59,7 +59,7 @@ class FieldBinder {
     /// A control that is usable, or shown, only while a condition holds.
     void Enabled(QWidget* control, std::function<bool()> condition);
     void Shown(QWidget* control, std::function<bool()> condition);
-    /// A control that the user has entered sets a word in the logic (FocusField and the like).
+    /// A control that the user has entered tells the logic.
     void On_Focus(QWidget* control, Reaction entered);
     /// Anything else that follows the fields.
     void Follow(Reaction refresh) { Refreshers.push_back(std::move(refresh)); }

@@ -205,7 +205,7 @@ void ProfilePane::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
         return;
     }
     // The combined display is not enlarged.
-    if (Program.Work.DisplayMode == "BI") return;
+    if (Program.Work.Mode.On_Display() == DisplayMode::Both) return;
     const auto enlarged = [factor = std::pow(wheel_zoom, steps)](double zoom) {
         const double wanted = std::clamp(zoom * factor, 1.0, largest_zoom);
         return wanted < 1.05 ? 1.0 : wanted;

@@ -50,7 +50,7 @@ class Display {
 
     virtual Picture& Canvas_Of(Canvas canvas) = 0;
 
-    virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw; ends in mode "DROMO"
+    virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw
     virtual void Display_Record() = 0;  ///< field record, full redraw
     virtual void Show_Profile() = 0;    ///< seismic profile that stands; asks and corrects nothing
     virtual void Show_Grids() = 0;      ///< Buildgrid, Grille_Shot, remark_grid, size_grid changed

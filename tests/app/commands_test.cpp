@@ -86,11 +86,11 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
 }
 
 TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
-    Program.Work.DisplayMode = "BI";
+    Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
     EXPECT_TRUE(World.Display.Opened.empty());
-    Program.Work.DisplayMode = "DROMO";
+    Program.Work.Mode.Display(DisplayMode::Dromo);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Zoom});
 }
@@ -101,20 +101,23 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
     EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
 }
 
-TEST_F(Commands, a_dialog_sets_its_mode_word_before_it_opens) {
+TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
     Run_Command(Program, "vitess1");
-    EXPECT_EQ(Program.Work.DisplayMode, "Vitesse2");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
     Run_Command(Program, "sum");
-    EXPECT_EQ(Program.Work.DisplayMode, "Calcul");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
     EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
 }
 
 TEST_F(Commands, each_profile_entry_has_its_mode) {
-    const std::pair<const char*, const char*> modes[] = {
-        {"S2", "Profil"}, {"S3", "Profil2"}, {"S4", "Profil4"}, {"S5", "Profil3"}, {"drawing", "Profil"}};
+    const std::pair<const char*, DisplayMode> modes[] = {{"S2", DisplayMode::Profil},
+                                                         {"S3", DisplayMode::Profil2},
+                                                         {"S4", DisplayMode::Profil4},
+                                                         {"S5", DisplayMode::Profil3},
+                                                         {"drawing", DisplayMode::Profil}};
     for (const auto& [name, mode] : modes) {
         Run_Command(Program, name);
-        EXPECT_EQ(Program.Work.DisplayMode, mode) << name;
+        EXPECT_EQ(Program.Work.Mode.On_Display(), mode) << name;
     }
     EXPECT_EQ(World.Display.Count("Show_Profile"), 5);
 }
@@ -175,7 +178,7 @@ TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alo
     project.CurrentFile = Folder / "line.tv5";
     Program.Work.Record.ChannelsPerRecord = 3;
     Scale_Time_Grid(Program.Work);
-    Program.Work.DisplayMode = "DROMO";
+    Program.Work.Mode.Display(DisplayMode::Dromo);
 
     // Shot 2, receiver 2 lies at 13 ms; the picture has 0.5 ms a unit.
     const double x = Position_Ecran(project, 2);

@@ -133,7 +133,6 @@ TEST_F(ProjectOpen, SelectionShiftsTheRecentFilesWithoutRemovingDuplicates) {
     EXPECT_EQ(Outside.Prompts.FileRequests[0].Directory, "/start/");
     EXPECT_EQ(Outside.Prompts.FileRequests[0].DefaultName, "*.TV5");
     EXPECT_EQ(Outside.Prompts.FileRequests[1].Directory, Folder / "");
-    EXPECT_EQ(Work.Curves.SavePart, "DROMO");
 }
 
 TEST_F(ProjectOpen, ACancelledOrTooLongSelectionChangesNothing) {
@@ -207,10 +206,10 @@ TEST_F(ProjectOpen, ABackupComesBackAsProjectWithItsFieldRecords) {
     EXPECT_EQ(Work.Project.SuFile, Folder / "COPY.SU");
     EXPECT_EQ(Hooked.front(), "clear");
     EXPECT_EQ(Hooked.back(), "load");
-    EXPECT_EQ(Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
     Outside.Prompts.Expect_File("Tarnvik BAK TV5 selection", "");
     EXPECT_FALSE(Backup_To_Project(Work, Outside.Ports, Hooks));
-    EXPECT_EQ(Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(ProjectOpen, AnOlderFileIsConvertedAsAStream) {

@@ -26,8 +26,8 @@ class ProfileTest : public testing::Test {
             EXPECT_EQ(Paint_Profile(workspace, Drawing(), Strip()), "");
         };
     }
-    void Draw(const std::string& mode = "Profil") {
-        Work.DisplayMode = mode;
+    void Draw(DisplayMode mode = DisplayMode::Profil) {
+        Work.Mode.Display(mode);
         Draw_Seismic_Profile(Work, Test.Ports);
     }
     RecordingPicture& Drawing() { return Test.Display.Pictures[Canvas::Dromo1]; }
@@ -172,16 +172,19 @@ TEST_F(ProfileTest, ShowsReceiverAndGrmDepthsByMode) {
     project.ReceiverData(ReceiverDepth1, 3) = -4;
     project.GrmData(9, 2) = 10;
     struct Case {
-        const char* Mode;
+        DisplayMode Mode;
         std::size_t ReceiverArcs;
         std::size_t GrmArcs;
     };
-    for (const Case& c : {Case{"Profil", 0, 0}, {"Profil2", 3, 0}, {"Profil3", 3, 1}, {"Profil4", 0, 1}}) {
+    for (const Case& c : {Case{DisplayMode::Profil, 0, 0},
+                          {DisplayMode::Profil2, 3, 0},
+                          {DisplayMode::Profil3, 3, 1},
+                          {DisplayMode::Profil4, 0, 1}}) {
         Draw(c.Mode);
-        EXPECT_EQ(Drawing().Of(Verb::Point, colours::Blue).size(), c.ReceiverArcs) << c.Mode;
-        EXPECT_EQ(Drawing().Of(Verb::Arc, grm_colour).size(), c.GrmArcs) << c.Mode;
+        EXPECT_EQ(Drawing().Of(Verb::Point, colours::Blue).size(), c.ReceiverArcs) << Word_Of(c.Mode);
+        EXPECT_EQ(Drawing().Of(Verb::Arc, grm_colour).size(), c.GrmArcs) << Word_Of(c.Mode);
     }
-    Draw("Profil3");
+    Draw(DisplayMode::Profil3);
     const std::vector<double> radii = Arc_Radii(colours::Blue, 70);
     ASSERT_EQ(radii.size(), 3U);
     EXPECT_NEAR(radii[0], 12, 1e-9);
@@ -198,7 +201,7 @@ TEST_F(ProfileTest, ShowsReceiverAndGrmDepthsByMode) {
 
 TEST_F(ProfileTest, LeadsTheGroundFromTheReceiverToAShotBehindItsArcs) {
     Work.Project.ReceiverData(ReceiverRockDepth, 2) = 12;
-    Draw("Profil2");
+    Draw(DisplayMode::Profil2);
     EXPECT_TRUE(Drawing().Has_Line(70, 90, 85, 90, colours::Lime));
 }
 
@@ -206,7 +209,7 @@ TEST_F(ProfileTest, ScalesRadiiTwiceAndGrmArcsOnce) {
     Give_Layers(2, {5, 0, 0, 0});
     Work.Project.ReceiverData(ReceiverRockDepth, 2) = 4;
     Work.Project.GrmData(9, 2) = 10;
-    Draw("Profil3");
+    Draw(DisplayMode::Profil3);
     Work.Profile.ProfileVScale = 2;  // never left so by a drawing; the ground is at 100 - 2 * 10
     RecordingPicture painted;
     RecordingPicture strip;
@@ -357,7 +360,7 @@ TEST_F(ProfileTest, RefusesALineOfLength0AndLeavesTheProject) {
 
 TEST_F(ProfileTest, AnswersAProjectWithoutShotsWithItsMessage) {
     Workspace empty;
-    empty.DisplayMode = "Profil3";
+    empty.Mode.Display(DisplayMode::Profil3);
     Draw_Seismic_Profile(empty, Test.Ports);
     ASSERT_EQ(Test.Prompts.Messages.size(), 1U);
     EXPECT_EQ(Test.Prompts.Messages[0].Title, "Seismic profile Error");
@@ -389,7 +392,7 @@ TEST_F(ProfileTest, CorrectsTheDistancesAsAnEditWhenTheUserStartsItAndNeverWhenI
 TEST_F(ProfileTest, ChangesNothingOfALineThatIsFlat) {
     Work.Edits.Start(Work.Project, true);
     const std::string start = Project_Block(Work.Project);
-    Draw("Profil3");
+    Draw(DisplayMode::Profil3);
     EXPECT_EQ(Project_Block(Work.Project), start);
     EXPECT_TRUE(Work.Edits.All().empty());
     EXPECT_TRUE(Work.Edits.Is_Saved());
@@ -423,7 +426,7 @@ TEST_F(ProfileTest, StandsBesideTheCurvesInTheCombinedDisplay) {
     double zoom_of_curves = 0;
     Test.Display.OnShowCurves = [&] {
         zoom_of_curves = Work.Curves.ZoomX;
-        Work.DisplayMode = "DROMO";
+        Work.Mode.Display(DisplayMode::Dromo);
         Work.Curves.FrameDrawn = 1;
     };
     const int clears = Drawing().Clears;
@@ -433,7 +436,7 @@ TEST_F(ProfileTest, StandsBesideTheCurvesInTheCombinedDisplay) {
     EXPECT_EQ(Work.Profile.ZoomY, 1);
     EXPECT_EQ(Drawing().Of(Verb::Arc).size(), 1U) << "drawn with ABC and GRM depths";
     EXPECT_EQ(Drawing().Clears, clears + 1) << "no letters of before stay at the margins";
-    EXPECT_EQ(Work.DisplayMode, "BI");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Both);
     EXPECT_EQ(Work.Curves.FrameDrawn, 2);
 }
 
