@@ -19,97 +19,61 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
-#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
 namespace {
 
-/// Opens a computing dialog over the curves: its mode word first, since the picture reacts by it at once; a
+/// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
 /// profile that shares the picture goes away.
-void Open_Over_Curves(Session& session, const std::string& mode, Dialog dialog) {
-    session.Work.DisplayMode = mode;
-    if (session.Work.Curves.FrameDrawn == 2) {
-        session.Outside.Show.Show_Curves();
-        session.Work.DisplayMode = mode;
-    }
+void Open_Over_Curves(Session& session, DisplayMode mode, Dialog dialog) {
+    session.Work.Mode.Take(dialog, mode);
+    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
 }
 
-void Show_Profile_In_Mode(Session& session, const std::string& mode) {
-    // The drawing takes the enlargement back; the scroll bars go with it, or part of the line were out of
-    // sight with no bar to bring it back.
-    Set_Zoom(session.Work.Curves, 1, 1);
-    session.Work.DisplayMode = mode;
+void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
+    session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Show_Profile();
-}
-
-/// A new profile was given up halfway: the former project is gone, and nothing may look as if it were there.
-void Show_No_Project(Session& session) {
-    Workspace& work = session.Work;
-    Close_Computing_Dialogs(session);
-    work.Edits.Drop_Journal();
-    work.Edits.Start(work.Project, true);
-    work.FileOnDisk.clear();
-    work.Fields.Caption = work.AppTitle;
-    work.Fields.FirstTabCaption.clear();
-    session.Outside.Show.Show_Fields();
-}
-
-/// The table's own commands work on the model: what was typed goes there first, what they changed is shown.
-template <class Command>
-void Run_On_Table(Session& session, Command command) {
-    Read_Grid(session.Work);
-    command();
-    session.Outside.Show.Show_Curves();
-    session.Outside.Show.Show_Fields();
+    Draw_Seismic_Profile(session.Work, session.Outside);
 }
 
 }  // namespace
 
 void Show_Velocity_Dialog(Session& session) {
-    Open_Over_Curves(session, "Vitesse2", Dialog::SpeedF);
+    Open_Over_Curves(session, DisplayMode::Vitesse, Dialog::SpeedF);
 }
 
 void Show_Depth_Dialog(Session& session) {
-    Open_Over_Curves(session, "Calcul", Dialog::Fcalcul);
+    Open_Over_Curves(session, DisplayMode::Calcul, Dialog::Fcalcul);
 }
 
 void Show_Intercept_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil");
+    Show_Profile_In_Mode(session, DisplayMode::Profil);
 }
 
 void Show_Abc_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil2");
+    Show_Profile_In_Mode(session, DisplayMode::Profil2);
 }
 
 void Show_Grm_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil4");
+    Show_Profile_In_Mode(session, DisplayMode::Profil4);
 }
 
 void Show_Full_Profile(Session& session) {
-    Show_Profile_In_Mode(session, "Profil3");
+    Show_Profile_In_Mode(session, DisplayMode::Profil3);
 }
 
 void Show_Curves_And_Profile(Session& session) {
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);
 }
 
 void Start_New_Profile(Session& session) {
     if (!May_Leave_Project(session)) return;
-    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) {
-        if (session.Work.Project.CurrentFile.empty()) Show_No_Project(session);
-        return;
-    }
+    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
     Close_Computing_Dialogs(session);
-    session.PickTable.Forget();
-    session.RemarkTable.Forget();
-    session.Outside.Show.Show_Grids();
-    session.Outside.Show.Show_Fields();
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
 }
@@ -120,7 +84,7 @@ void Load_Records(Session& session) {
 
 void Load_Header_Picks(Session& session) {
     Load_FBP_From_SU_Header(session.Work, session.Outside);
-    Read_Grid(session.Work);
+    Tell_Times_Below_0(session.Work);
     session.Outside.Show.Show_Curves();
 }
 
@@ -138,36 +102,24 @@ void Ask_Time_Shift(Session& session) {
 }
 
 void Scale_Or_Shift_Picks(Session& session) {
-    shiftFBP(session.Work, session.Outside);
+    shiftFBP(session.Work, session.Outside,
+             [&session](const std::string& path) { return Open_File_Named(session, path); });
 }
 
 void Delete_File(Session& session) {
     Deletename(session.Work, session.Outside);
 }
 
-void Save_From_Table(Session& session) {
-    Read_Grid(session.Work);
-    Write_Project(session.Work, session.Outside);
-}
-
 void True_Distances(Session& session) {
-    Run_On_Table(session, [&session] { Compute_Distances_According_To_Z(session.Work, session.Outside); });
+    Compute_Distances_According_To_Z(session.Work, session.Outside);
 }
 
-void Shot_Elevations(Session& session) {
-    Run_On_Table(session, [&session] {
-        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ShotsFromReceivers);
-    });
-}
-
-void Receiver_Elevations(Session& session) {
-    Run_On_Table(session, [&session] {
-        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ReceiversFromShots);
-    });
+void Interpolate_Elevations(Session& session) {
+    CalculAltiShot(session.Work, session.Outside, session.Elevations);
 }
 
 void Enter_Xyz(Session& session) {
-    Run_On_Table(session, [&session] { Enter_XYZ_Files(session.Work, session.Outside); });
+    Enter_XYZ_Files(session.Work, session.Outside);
 }
 
 void Check_Xyz(Session& session) {
@@ -175,11 +127,11 @@ void Check_Xyz(Session& session) {
 }
 
 void Correct_Distances(Session& session) {
-    Run_On_Table(session, [&session] { Distance_Correction(session.Work, session.Outside); });
+    Distance_Correction(session.Work, session.Outside);
 }
 
 void Line_Length(Session& session) {
-    Run_On_Table(session, [&session] { Enter_Line_Length(session.Work, session.Outside); });
+    Enter_Line_Length(session.Work, session.Outside);
 }
 
 void Remove_Current_Shot(Session& session) {
@@ -189,18 +141,15 @@ void Remove_Current_Shot(Session& session) {
 void Take_Out_Current_Shot(Session& session) {
     Workspace& work = session.Work;
     const int shot = work.Grids.Buildgrid.CurrentColumn;
-    if (shot < 1 || shot > work.Project.NbShots) {
-        session.Outside.Ask.Say("Select a cell of the shot first", work.AppTitle, Icon::Information);
-        return;
-    }
     if (!session.Outside.Ask.Ask_Yes("Take shot " + CStr(shot) + " out of the project in memory ?",
                                      work.AppTitle)) {
         return;
     }
     Close_Computing_Dialogs(session);
-    Read_Grid(work);
+    EditScope edit(work, "Take out shot " + CStr(shot));
     Remove_Colonne(work, session.Outside, shot);
-    session.PickTable.Forget();
+    edit.End();
+    Scale_Time_Grid(work);
     session.Outside.Show.Show_Curves();
     session.Outside.Show.Show_Fields();
 }

@@ -18,11 +18,7 @@ namespace tarnvik {
 
 void Open_Travel_Time(Session& session) {
     if (!May_Leave_Project(session)) return;
-    session.Work.DisplayMode.clear();
-    if (!Select_Project(session.Work, session.Outside, session.Hooks)) {
-        session.Work.DisplayMode = "DROMO";
-        return;
-    }
+    if (!Select_Project(session.Work, session.Outside, session.Hooks)) return;
     Show_Opened_Project(session);
     Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
     const Project& project = session.Work.Project;
@@ -58,9 +54,9 @@ void Ask_For_Backup(Session& session) {
 
 void Convert_Bak_To_Tv5(Session& session) {
     if (!May_Leave_Project(session)) return;
-    session.Work.DisplayMode.clear();
-    if (Backup_To_Project(session.Work, session.Outside, session.Hooks)) Close_Computing_Dialogs(session);
-    session.Work.DisplayMode = "DROMO";
+    if (!Backup_To_Project(session.Work, session.Outside, session.Hooks)) return;
+    Close_Computing_Dialogs(session);
+    Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
 }
 
 void Convert_Tv4_To_Tv5(Session& session) {

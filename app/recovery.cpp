@@ -9,7 +9,6 @@
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/number.h"
-#include "records/su_loading.h"
 
 namespace tarnvik {
 
@@ -74,7 +73,6 @@ bool Open_Project_Of(Session& session, const JournalContent& journal) {
 bool Bring_Back(Session& session, const JournalContent& journal) {
     Workspace& work = session.Work;
     if (!Open_Project_Of(session, journal)) return false;
-    const std::string shown = work.Project.SuFile;
     if (!work.Edits.Restore(work.Project, journal)) {
         session.Outside.Ask.Say(journal.File + " does not fit together; it is left as it is.", work.AppTitle,
                                 Icon::Critical);
@@ -82,10 +80,6 @@ bool Bring_Back(Session& session, const JournalContent& journal) {
     }
     // The former journal goes only when the new one holds its work.
     if (work.Edits.Has_Journal()) Remove_Journal(journal);
-    if (work.Project.SuFile != shown) {
-        Start_With_SU_File(work, Su_Path(work.Project));
-        Scan_Channels(work, Su_Path(work.Project));
-    }
     Scale_Time_Grid(work);
     Show_Opened_Project(session);
     return true;

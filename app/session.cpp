@@ -28,12 +28,12 @@ Session::Session(Ports outside, std::string settings_file)
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
-    Pointer.Register("Vitesse", &SpeedMouse);
-    Pointer.Register("Calcul", &DepthMouse);
+    Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
+    Pointer.Register(DisplayMode::Calcul, &DepthMouse);
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
-    Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };
+    Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
 }
 

@@ -6,7 +6,7 @@
 #include "app/pages.h"
 #include "app/session.h"
 #include "core/ports/silent_picture.h"
-#include "output/profile.h"
+#include "output/profile_painting.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
@@ -47,8 +47,8 @@ void SessionDisplay::Show_Cell(int row, int column) {
 
 void SessionDisplay::Repaint_Page(Page page) {
     Ask(page == Page::Curves   ? Request::PaintCurves
-        : page == Page::Record ? Request::PaintRecord
-                               : Request::PaintProfile);
+        : page == Page::Record ? Request::Record
+                               : Request::Profile);
 }
 
 void SessionDisplay::Release_Redraws() {
@@ -80,13 +80,9 @@ bool SessionDisplay::Do_Drawings() {
         if (request != Request::Grids && request != Request::Fields) drawings.push_back(request);
     }
     // A drawing makes the painting of the same picture needless.
-    for (const auto& [drawing, painting] :
-         {std::pair(Request::Curves, Request::PaintCurves), std::pair(Request::Record, Request::PaintRecord),
-          std::pair(Request::Profile, Request::PaintProfile)}) {
-        if (Has(drawings, drawing)) std::erase(drawings, painting);
-        std::erase(Wanted, drawing);
-        std::erase(Wanted, painting);
-    }
+    if (Has(drawings, Request::Curves)) std::erase(drawings, Request::PaintCurves);
+    std::erase_if(Wanted,
+                  [](Request request) { return request != Request::Grids && request != Request::Fields; });
     for (const Request request : drawings)
         Do(request);
     return !drawings.empty();
@@ -104,13 +100,7 @@ void SessionDisplay::Do(Request request) {
             Draw_Profile();
             break;
         case Request::PaintCurves:
-            Paint_Again(Page::Curves);
-            break;
-        case Request::PaintRecord:
-            Paint_Again(Page::Record);
-            break;
-        case Request::PaintProfile:
-            Paint_Again(Page::Profile);
+            Paint_Curves();
             break;
         case Request::Grids:
             Refresh_Grids();
@@ -133,28 +123,20 @@ void SessionDisplay::Draw_Record() {
 }
 
 void SessionDisplay::Draw_Profile() {
-    Draw_Seismic_Profile(Owner->Work, Owner->Outside);
+    if (!Page_Can_Be_Drawn(*Owner, Page::Profile)) return;
+    Paint_Profile(Owner->Work, Canvas_Of(Canvas::Dromo1), Canvas_Of(Canvas::EchelleY1));
 }
 
-void SessionDisplay::Paint_Again(Page page) {
-    if (!Page_Can_Be_Drawn(*Owner, page)) return;
+void SessionDisplay::Paint_Curves() {
+    if (!Page_Can_Be_Drawn(*Owner, Page::Curves)) return;
+    // The band and the cross go with the old picture.
+    Owner->Work.Curves.Band = {};
+    Owner->Work.Curves.Cross = {};
     SilentPicture none;
-    switch (page) {
-        case Page::Curves:
-            Draw_Page(*Owner, page,
-                      PagePictures{Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX),
-                                   Canvas_Of(Canvas::EchelleY)});
-            if (Owner->Work.Curves.DoubleView == 1)
-                Draw_Page(*Owner, page, PagePictures{Canvas_Of(Canvas::Dromo2), none, none});
-            break;
-        case Page::Profile:
-            Draw_Page(*Owner, page,
-                      PagePictures{Canvas_Of(Canvas::Dromo1), none, Canvas_Of(Canvas::EchelleY1)});
-            break;
-        case Page::Record:
-            Draw_Record();
-            break;
-    }
+    Draw_Page(*Owner, Page::Curves,
+              {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY)});
+    if (Owner->Work.Curves.DoubleView == 1)
+        Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none});
 }
 
 void SessionDisplay::Refresh_Cell(int, int) {

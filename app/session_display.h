@@ -31,7 +31,6 @@ class SessionDisplay : public Display {
     virtual void Draw_Curves();
     virtual void Draw_Record();
     virtual void Draw_Profile();
-    virtual void Paint_Again(Page page);
     virtual void Refresh_Grids() {}
     virtual void Refresh_Fields() {}
     virtual void Refresh_Cell(int row, int column);
@@ -39,7 +38,8 @@ class SessionDisplay : public Display {
     Session* Owner = nullptr;
 
   private:
-    enum class Request { Curves, Record, Profile, PaintCurves, PaintRecord, PaintProfile, Grids, Fields };
+    enum class Request { Curves, Record, Profile, PaintCurves, Grids, Fields };
+    void Paint_Curves();
     void Ask(Request request);
     void Do(Request request);
     /// The drawings that wait; false when there were none.

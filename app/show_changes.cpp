@@ -4,9 +4,10 @@
 #include <initializer_list>
 #include <string>
 
+#include "app/pages.h"
 #include "app/session.h"
 #include "core/text/number.h"
-#include "records/su_loading.h"
+#include "records/record_display.h"
 #include "setup/build_grid.h"
 
 namespace tarnvik {
@@ -64,36 +65,11 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
         // Curves beside the profile are painted: a drawing would take the profile away.
         if (curves) show.Repaint_Page(Page::Curves);
         if (!notice.Parts.Empty()) show.Repaint_Page(Page::Profile);
-    } else if (curves && work.Curves.FrameDrawn == 1) {
+    } else if (work.Curves.FrameDrawn == 1 && notice.Parts.Has(ProjectPart::Counts)) {
         show.Show_Curves();
+    } else if (work.Curves.FrameDrawn == 1 && curves) {
+        show.Repaint_Page(Page::Curves);
     }
-}
-
-bool Is_Field_Record(const Workspace& work, const std::string& path) {
-    return path == Su_Path(work.Project) || path == work.Record.TwinSuFile;
-}
-
-void Show_Records(Session& session, const ChangeNotice& notice) {
-    Workspace& work = session.Work;
-    const std::string path = Su_Path(work.Project);
-    const bool walked = notice.Happened != ChangeNotice::Kind::Made;
-    const bool bytes = std::any_of(notice.Files.begin(), notice.Files.end(), [&work](const FileChange* file) {
-        return Is_Field_Record(work, file->Path);
-    });
-    if (walked && notice.Parts.Has(ProjectPart::FieldRecords)) {
-        // The counts of the display belong to the other file.
-        Start_With_SU_File(work, path);
-        if (!Scan_Channels(work, path)) session.Outside.Show.Canvas_Of(Canvas::Ecran).Clear();
-        session.Outside.Show.Display_Record();
-        return;
-    }
-    if (walked && bytes) {
-        SuTraces file(path);
-        if (Channels_Per_Record(file, work.Record.NbTraces) != work.Record.ChannelsPerRecord)
-            Scan_Channels(work, path);
-    }
-    const bool times_on_record = work.Fields.Check6 && notice.Parts.Has(ProjectPart::Times);
-    if (bytes || times_on_record) session.Outside.Show.Display_Record();
 }
 
 /// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
@@ -124,7 +100,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
         Follow_Project(work);
     }
     Show_Table(session, notice);
-    Show_Records(session, notice);
+    Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work.Project));
     Show_Pictures(session, notice);
     Show_In_Dialogs(session, notice);
     session.Outside.Show.Show_Fields();

@@ -65,7 +65,7 @@ void Form_Load(Session& session, const std::string& command_line) {
     work.Curves.ZoomX = 1;
     work.Curves.ZoomY = 1;
     Clear_Selection(session.Work.Curves);
-    work.DisplayMode = "DROMO";
+    work.Mode.Display(DisplayMode::Dromo);
     if (first_start) session.Outside.Launch.Register_File_Type();
     Read_Settings(work, session.Outside, session.SettingsFile);
     if (!work.Project.CurrentFile.empty()) work.Settings.RecentFiles[0] = work.Project.CurrentFile;
@@ -102,7 +102,6 @@ bool May_Leave_Project(Session& session) {
 bool Load_And_Show(Session& session, const std::string& path) {
     const bool opened = Open_Named_Project(session.Work, session.Outside, session.Hooks, path);
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
     if (opened) Show_Opened_Project(session);
     return opened;
 }
@@ -117,7 +116,7 @@ void Show_Opened_Project(Session& session) {
     Close_Computing_Dialogs(session);
     Clear_Display(session);
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
+    session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
     if (session.Hooks.LoadSuFile) session.Hooks.LoadSuFile();
@@ -125,7 +124,6 @@ void Show_Opened_Project(Session& session) {
 
 void Read_From_Dialog(Session& session) {
     if (!May_Leave_Project(session)) return;
-    session.Work.DisplayMode.clear();
     session.Outside.Show.Select_Tab(Tab::Curves);
     if (Select_Project(session.Work, session.Outside, session.Hooks)) {
         // Read and backed up a second time; this order is meant.
@@ -134,7 +132,6 @@ void Read_From_Dialog(Session& session) {
         Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
     }
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
 }
 
 void Display_Last_File(Session& session) {
@@ -188,11 +185,11 @@ bool Unload_Form(Session& session) {
 }
 
 void Resize_Form(Session& session) {
-    std::string& mode = session.Work.DisplayMode;
-    if (mode == "ABC") mode = "Profil2";
-    if (mode == "Profil2" || mode == "Profil") {
+    PictureMode& mode = session.Work.Mode;
+    if (mode.On_Display() == DisplayMode::Abc) mode.Display(DisplayMode::Profil2);
+    if (mode.On_Display() == DisplayMode::Profil2 || mode.On_Display() == DisplayMode::Profil) {
         session.Outside.Show.Show_Profile();
-    } else if (mode == "DROMO") {
+    } else if (mode.On_Display() == DisplayMode::Dromo) {
         session.Outside.Show.Show_Curves();
     }
 }

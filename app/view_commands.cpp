@@ -3,21 +3,18 @@
 #include <string>
 
 #include "app/dialog_rows.h"
+#include "app/pages.h"
 #include "app/session.h"
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/letters.h"
+#include "records/su_loading.h"
 #include "traveltime/curves.h"
 #include "traveltime/zoom.h"
 
 namespace tarnvik {
 
 namespace {
-
-/// The page whose picture stands on the screen, whatever mode a dialog has set since it was drawn.
-Page Page_On_Screen(const Session& session) {
-    return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
-}
 
 void Save_Page_As(Session& session, const std::string& path) {
     const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path);
@@ -62,18 +59,21 @@ void Clear_Screen(Session& session) {
 void Clear_Display(Session& session) {
     Clear_Screen(session);
     if (session.Work.Curves.DoubleView == 1) Toggle_Second_Window(session);
+    Close_Records(session.Work, session.Outside);
     session.Outside.Show.Select_Tab(Tab::Record);
 }
 
 void Close_Computing_Dialogs(Session& session) {
     for (const DialogRow& row : Dialog_Rows()) {
-        if (row.ClosesWithProject) session.Outside.Show.Close_Dialog(row.Which);
+        if (!row.ClosesWithProject) continue;
+        session.Outside.Show.Close_Dialog(row.Which);
+        session.Work.Mode.Release(row.Which);
     }
 }
 
 void Back_To_Curves(Session& session) {
     Clear_Selection(session.Work.Curves);
-    session.Work.DisplayMode = "DROMO";
+    session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
 }
@@ -108,7 +108,7 @@ void Toggle_Receiver_Intercepts(Session& session) {
 }
 
 void Show_Zoom(Session& session) {
-    if (session.Work.DisplayMode == "BI") {
+    if (session.Work.Mode.On_Display() == DisplayMode::Both) {
         session.Outside.Ask.Say("Not available with this display", session.Work.AppTitle, Icon::Critical);
         return;
     }

@@ -13,7 +13,7 @@ using namespace tarnvik;
 
 void Painted_Profile(benchmark::State& state) {
     Workspace workspace = bench::Largest_Line();
-    workspace.DisplayMode = "Profil3";
+    workspace.Mode.Display(DisplayMode::Profil3);
     workspace.Profile.ProfileMaxElevation = 110;
     constexpr double pixels_per_point = 96.0 / 72.0;
     ImagePicture profile({1920, 1080}, pixels_per_point);

@@ -36,8 +36,7 @@ struct Bench {
     void Drag() {
         int first = 1;
         int last = Work.Project.NbReceivers;
-        Work.Velocity.FocusField = "V3B";
-        Regression_Vitesse(Work, World, 1, first, last, Work.Velocity.VelocityResult);
+        Regression_Vitesse(Work, World, 1, first, last, StretchLine::Free, Work.Velocity.VelocityResult);
     }
 };
 

@@ -88,7 +88,7 @@ void Reset_Views(Workspace& workspace) {
     curves.HScroll1.Value = 0;
     curves.VScroll1.Value = 0;
     workspace.Velocity.CurrentShot = 1;
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
 }
 
 }  // namespace
@@ -100,11 +100,9 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     Parse_Project(Read_File(path).value_or(""), project);
     workspace.Fields.Label16 = project.SuFile;
     workspace.Fields.Text25 = CStr(project.TotalTime);
-    workspace.Fields.Text16 = CStr(project.DistanceShift);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
     workspace.FileOnDisk = path;
-    workspace.Edits.Drop_Journal();
     workspace.Edits.Start(project, true);
 }
 
@@ -155,7 +153,6 @@ bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& 
 bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
     Clear_Selection(workspace.Curves);
     workspace.Curves.PickMoving = 0;
-    workspace.Curves.SavePart = "DROMO";
     const std::string path =
         ports.Ask.Open_File({"Tarnvik File selection", "File Tarnvik TV5 |*.TV5|File Tarnvik BAK |*.BAK|",
                              "*.TV5", workspace.Project.ProjectDir});
@@ -167,7 +164,7 @@ bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hook
         opened = Open_Named_Project(workspace, ports, hooks, path);
     }
     if (Letter_Count(path) >= shortest_recent_path) Add_Recent_File(workspace.Settings, path);
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
     ports.Show.Show_Fields();
     return opened;
 }
@@ -202,23 +199,18 @@ std::string Backup_Project(const std::string& path) {
 }
 
 bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
-    workspace.DisplayMode.clear();
     const std::string backup = ports.Ask.Open_File(
         {"Tarnvik BAK TV5 selection", "File Tarnvik TV5 |*.BAK|", "*.BAK", workspace.Project.ProjectDir});
-    if (backup.empty()) {
-        workspace.DisplayMode = "DROMO";
-        return false;
-    }
+    if (backup.empty()) return false;
     const std::string path = Folder_Of(backup) + Replace_First(Name_Of(backup), ".bak", ".tv5");
     const std::string reason = path == backup ? std::string() : Copy_File(backup, path);
     if (!reason.empty()) {
         ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
-        workspace.DisplayMode = "DROMO";
         return false;
     }
     Run(hooks.ClearDisplay);
     const bool opened = Open_Named_Project(workspace, ports, hooks, path);
-    workspace.DisplayMode = "DROMO";
+    workspace.Mode.Display(DisplayMode::Dromo);
     ports.Show.Show_Curves();
     if (opened && Take_Records_Beside(workspace, hooks)) Run(hooks.LoadSuFile);
     return opened;

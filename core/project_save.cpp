@@ -53,23 +53,18 @@ void Say_Not_Recorded(const Workspace& workspace, Ports& ports, const std::strin
                   Icon::Critical);
 }
 
-void Back_To_Dromo(Workspace& workspace) {
-    Clear_Selection(workspace.Curves);
-    workspace.DisplayMode = "DROMO";
-}
-
 /// What follows when the bytes are on the disk under CurrentFile.
-void After_Save(Workspace& workspace, Ports& ports) {
+void After_Save(Workspace& workspace, Ports& ports, SaveNotice notice = SaveNotice::None) {
     // Stands 1 higher from now on, only the next load takes it off again.
     workspace.Project.TotalTime += 1;
     workspace.Edits.Saved(workspace.Project);
     workspace.FileOnDisk = workspace.Project.CurrentFile;
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
-    if (workspace.DisplayMode == "BUILD" || workspace.DisplayMode == "CORRECT") {
+    if (notice == SaveNotice::Told) {
         ports.Ask.Say("File: " + workspace.Project.CurrentFile + " has been recorded", workspace.AppTitle,
                       Icon::Information);
     }
-    Back_To_Dromo(workspace);
+    Clear_Selection(workspace.Curves);
     ports.Show.Show_Fields();
 }
 
@@ -111,10 +106,10 @@ void Rescue_Project(Workspace& workspace, Ports& ports, const std::string& reaso
 
 }  // namespace
 
-bool Write_Project(Workspace& workspace, Ports& ports) {
+bool Write_Project(Workspace& workspace, Ports& ports, SaveNotice notice) {
     const std::string& path = workspace.Project.CurrentFile;
     if (path.empty()) {
-        Back_To_Dromo(workspace);
+        Clear_Selection(workspace.Curves);
         return false;
     }
     const Content content = Content_Of(workspace.Project);
@@ -131,7 +126,7 @@ bool Write_Project(Workspace& workspace, Ports& ports) {
         Say_Not_Recorded(workspace, ports, path + " cannot be written: " + reason + ".");
         return false;
     }
-    After_Save(workspace, ports);
+    After_Save(workspace, ports, notice);
     return true;
 }
 

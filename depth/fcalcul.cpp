@@ -36,7 +36,7 @@ bool Fcalcul::End_Shot() const {
 }
 
 void Fcalcul::Load() {
-    Work.DisplayMode = "Calcul";
+    Take_Picture();
     Work.Depth.AngleCritique = {};
     Work.Depth.VelocityFault = false;
     Label17 = "1 - ";
@@ -46,16 +46,20 @@ void Fcalcul::Load() {
 }
 
 void Fcalcul::Close() {
-    Work.Velocity.FocusField.clear();
+    Work.Velocity.Awaited.reset();
     Outside.Show.Close_Dialog(Dialog::Fcalcul);
-    Work.DisplayMode = "DROMO";
+    Work.Mode.Release(Dialog::Fcalcul);
     Outside.Show.Show_Curves();
 }
 
-void Fcalcul::Enter_Field(const std::string& name) {
-    if (Field_Named(name) == nullptr) return;
-    Work.Velocity.FocusField = name;
-    Work.DisplayMode = "Calcul";
+void Fcalcul::Take_Picture() {
+    Work.Mode.Take(Dialog::Fcalcul, DisplayMode::Calcul);
+}
+
+void Fcalcul::Enter_Field(AwaitedField field) {
+    if (Field_Of(field) == nullptr) return;
+    Work.Velocity.Awaited = field;
+    Take_Picture();
 }
 
 void Fcalcul::Enter_Mean_Field() {
@@ -63,7 +67,7 @@ void Fcalcul::Enter_Mean_Field() {
 }
 
 void Fcalcul::Field_Changed() {
-    Work.DisplayMode = "Calcul";
+    Take_Picture();
 }
 
 void Fcalcul::Layers_Changed() {
@@ -89,13 +93,11 @@ bool Fcalcul::Refused_As_Offset_Shot() {
 
 /// Display without results, so that nothing of a former computation stands beside the shot's own values.
 void Fcalcul::Display_Only() {
-    Work.DisplayMode = "X";
     try {
-        Affiche_Tir();
+        Affiche_Tir(Results::Empty);
     } catch (const Fault&) {
         Empty_Results();
     }
-    Work.DisplayMode = "Calcul";
 }
 
 void Fcalcul::Display_And_Compute() {
@@ -109,7 +111,7 @@ void Fcalcul::Save() {
 }
 
 bool Fcalcul::Display_Shot(int shot) {
-    Work.Velocity.FocusField.clear();
+    Work.Velocity.Awaited.reset();
     Computed = false;
     const int shots = Work.Project.NbShots;
     HScroll1.Min = 1;
@@ -134,7 +136,7 @@ void Fcalcul::HScroll1_Changed() {
 }
 
 void Fcalcul::Command1() {
-    Work.Velocity.FocusField.clear();
+    Work.Velocity.Awaited.reset();
     if (Shot() == 0 || Refused_As_Offset_Shot()) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
     Enregistre_Tir();
@@ -146,16 +148,13 @@ void Fcalcul::Command1() {
 
 void Fcalcul::Command2() {
     if (!Project_Holds_Times(Work, Outside, Files.LoadProject)) return;
-    Work.DisplayMode = "DROMO";
     Outside.Show.Show_Curves();
-    Work.DisplayMode = "Calcul";
 }
 
 void Fcalcul::Command3() {
-    Work.Velocity.FocusField.clear();
+    Work.Velocity.Awaited.reset();
     if (Shot() == 0 || Refused_As_Offset_Shot()) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
-    Work.DisplayMode = "Calcul";
     Unsaved = true;
     try {
         Compute_By_Critical_Distance();

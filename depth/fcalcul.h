@@ -50,8 +50,8 @@ class Fcalcul {
     void Load();   ///< the form opens
     void Close();  ///< the form closes
 
-    /// A field of the picture's table got the focus: "V1A", "IT2B", "CD4A" ...
-    void Enter_Field(const std::string& name);
+    /// A field that the picture can fill got the focus; one that does not exist is passed over.
+    void Enter_Field(AwaitedField field);
     void Enter_Mean_Field();  ///< one of MeanIntercept, MeanCritDist; it refuses the focus
     void Field_Changed();     ///< the user typed into a field
     void Layers_Changed();    ///< Text21
@@ -63,23 +63,26 @@ class Fcalcul {
     void Command3();  ///< "&Critic. Dist."
     void Command4();  ///< "&Save  "
 
-    /// The fields of the shot displayed into the project; thicknesses unless SavePart is "PARTIE".
-    void Enregistre_Tir();
+    enum class Thicknesses { Stored, Kept };
+    /// The fields of the shot displayed into the project, thicknesses only where that is asked for.
+    void Enregistre_Tir(Thicknesses thicknesses = Thicknesses::Stored);
     /// Intercept-time method for the shot displayed.
     void Calcul_Par_Intercept();
 
-    /// The field that FocusField names; null when there is none of that name.
-    std::string* Field_Named(const std::string& name);
+    /// The text of a field; null for one that does not exist.
+    std::string* Field_Of(AwaitedField field);
     /// Number of the shot displayed, 0 when there is none.
     int Shot() const;
     bool End_Shot() const;
 
   private:
-    /// All fields from the project, and the results in workspace.Depth when the mode is "Calcul"; a shot
-    /// without velocities gets the usual ones. A thickness too large to be shown is a Fault.
-    void Affiche_Tir();
+    enum class Results { Shown, Empty };
+    /// All fields from the project, and the results in workspace.Depth or empty ones; a shot without
+    /// velocities gets the usual ones. A thickness too large to be shown is a Fault.
+    void Affiche_Tir(Results results);
     /// True velocities and critical angles from the fields. A ratio of velocities of 1 or more is a Fault.
     void VitesseVraie();
+    void Take_Picture();
     void Display_Only();
     void Display_And_Compute();
     void Empty_Results();

@@ -41,16 +41,19 @@ bool Fcalcul::No_Data(bool both_sides) const {
     return Sum(VelocityA) == 0 && (!both_sides || Sum(VelocityB) == 0);
 }
 
-std::string* Fcalcul::Field_Named(const std::string& name) {
-    if (name.size() < 3) return nullptr;
-    const char side = name.back();
-    const int row = name[name.size() - 2] - '0';
-    const std::string family = name.substr(0, name.size() - 2);
-    if ((side != 'A' && side != 'B') || row < 1) return nullptr;
-    if (family == "V" && row <= Project::MaxLayers) return &(side == 'A' ? VelocityA : VelocityB)[At(row)];
-    if (row > Project::MaxRefractors) return nullptr;
-    if (family == "IT") return &(side == 'A' ? InterceptA : InterceptB)[At(row)];
-    if (family == "CD") return &(side == 'A' ? CritDistA : CritDistB)[At(row)];
+std::string* Fcalcul::Field_Of(AwaitedField field) {
+    using Family = AwaitedField::Family;
+    const bool side_a = field.On == AwaitedField::Side::A;
+    const int rows = field.Of == Family::Velocity ? Project::MaxLayers : Project::MaxRefractors;
+    if (field.Row < 1 || field.Row > rows) return nullptr;
+    switch (field.Of) {
+        case Family::Velocity:
+            return &(side_a ? VelocityA : VelocityB)[At(field.Row)];
+        case Family::Intercept:
+            return &(side_a ? InterceptA : InterceptB)[At(field.Row)];
+        case Family::CriticalDistance:
+            return &(side_a ? CritDistA : CritDistB)[At(field.Row)];
+    }
     return nullptr;
 }
 
@@ -72,7 +75,7 @@ void Fcalcul::Empty_Rows() {
     Empty_Results();
 }
 
-void Fcalcul::Affiche_Tir() {
+void Fcalcul::Affiche_Tir(Results results) {
     Project& project = Work.Project;
     const int shot = Shot();
     if (shot == 0) throw Fault("no such shot");
@@ -85,7 +88,7 @@ void Fcalcul::Affiche_Tir() {
     ShotDepth = CStr(project.ShotDepth(shot));
     Altitude = CStr(project.ShotElevation(shot));
     Show_Side_Rows(layers);
-    if (Work.DisplayMode != "Calcul") {
+    if (results == Results::Empty) {
         Empty_Results();
         return;
     }
@@ -133,9 +136,7 @@ void Fcalcul::Show_Results(int layers) {
     }
 }
 
-void Fcalcul::Enregistre_Tir() {
-    const bool with_thickness = Work.Curves.SavePart != "PARTIE";
-    Work.Curves.SavePart.clear();
+void Fcalcul::Enregistre_Tir(Thicknesses thicknesses) {
     Project& project = Work.Project;
     const int shot = Shot();
     if (shot == 0) return;
@@ -151,7 +152,7 @@ void Fcalcul::Enregistre_Tir() {
         project.InterceptB(shot, refractor) = Val(InterceptB[row]);
         project.CritDistA(shot, refractor) = Val(CritDistA[row]);
         project.CritDistB(shot, refractor) = Val(CritDistB[row]);
-        if (with_thickness) project.ShotThickness(shot, refractor) = Val(Thick[row]);
+        if (thicknesses == Thicknesses::Stored) project.ShotThickness(shot, refractor) = Val(Thick[row]);
     }
 }
 

@@ -75,9 +75,8 @@ void Fcalcul::Compute_By_Intercept() {
                Val(InterceptA[2]) / ms_per_second, Val(InterceptB[2]) / ms_per_second};
     if (Sum(work.IT) == 0) return;
     if (No_Data(true)) return Say(" No data..");
-    Work.Curves.SavePart = "PARTIE";
-    Enregistre_Tir();
-    Affiche_Tir();
+    Enregistre_Tir(Thicknesses::Kept);
+    Affiche_Tir(Results::Shown);
     VitesseVraie();
     if (work.VelocityFault) {
         work.VelocityFault = false;
@@ -91,7 +90,7 @@ void Fcalcul::Compute_By_Intercept() {
     work.HalfShotDepth = Val(ShotDepth) * 0.5;
     Intercept_Thicknesses({work.NbLayers, work.TrueV, work.AngleCritique, work.IT, work.HalfShotDepth},
                           work.Thick, work.RetardCouche);
-    Affiche_Tir();
+    Affiche_Tir(Results::Shown);
     Computed = true;
 }
 
@@ -108,8 +107,7 @@ bool Fcalcul::Intercepts_In_Order(int layers) {
                               Work.AppTitle, upper);
         if (chosen != upper && chosen != lower) return false;
         if (!Correct_Intercept(static_cast<int>(chosen == upper ? k : k + 1))) return false;
-        Work.Curves.SavePart = "PARTIE";
-        Enregistre_Tir();
+        Enregistre_Tir(Thicknesses::Kept);
     }
     return true;
 }
@@ -135,7 +133,7 @@ void Fcalcul::Compute_By_Critical_Distance() {
     if (No_Data(false)) return Say(" No data..");
     Caption = "Critical Distance method";
     Enregistre_Tir();
-    Affiche_Tir();
+    Affiche_Tir(Results::Shown);
     VitesseVraie();
     if (work.VelocityFault) {
         work.VelocityFault = false;
@@ -158,7 +156,7 @@ void Fcalcul::Compute_By_Critical_Distance() {
     work.HalfShotDepth = Val(ShotDepth) * 0.5;
     Critical_Distance_Thicknesses(work.NbLayers, work.TrueV, work.CD, work.HalfShotDepth, work.Thick);
     Enregistre_Tir();
-    Affiche_Tir();
+    Affiche_Tir(Results::Shown);
     Computed = true;
 }
 

@@ -1,6 +1,7 @@
 #include "depth/fcalcul_pointer.h"
 
 #include <cmath>
+#include <optional>
 
 #include "core/fault.h"
 #include "core/text/number.h"
@@ -10,20 +11,16 @@ namespace tarnvik {
 
 namespace {
 
-bool Of_Family(const std::string& field, const char* family) {
-    return field.starts_with(family);
+using Family = AwaitedField::Family;
+
+/// The intercept that comes with a velocity, none for layer 1.
+std::optional<AwaitedField> Intercept_Of(AwaitedField velocity) {
+    if (velocity.Row < 2) return std::nullopt;
+    return AwaitedField{Family::Intercept, velocity.Row - 1, velocity.On};
 }
 
-/// "V3A" for "V3B" and the other way round.
-std::string Other_Side(std::string field) {
-    field.back() = field.back() == 'A' ? 'B' : 'A';
-    return field;
-}
-
-/// The intercept that comes with a velocity: "IT2A" for "V3A", none for layer 1.
-std::string Intercept_Of(const std::string& velocity_field) {
-    const int refractor = velocity_field[1] - '1';
-    return "IT" + CStr(refractor) + velocity_field.back();
+bool Filled_By_Click(const std::optional<AwaitedField>& awaited) {
+    return awaited && awaited->Of != Family::Velocity;
 }
 
 }  // namespace
@@ -31,16 +28,14 @@ std::string Intercept_Of(const std::string& velocity_field) {
 void FcalculPointer::Press(const PointerEvent& event) {
     const int shot = Form.Shot();
     if (shot == 0) return;
-    const std::string& focus = Work.Velocity.FocusField;
-    std::string* field = Form.Field_Named(focus);
-    const bool intercept = Of_Family(focus, "IT");
-    const bool critical_distance = Of_Family(focus, "CD");
-    if (field == nullptr || (!intercept && !critical_distance)) {
+    const std::optional<AwaitedField>& awaited = Work.Velocity.Awaited;
+    if (!Filled_By_Click(awaited)) {
         if (event.LeftButton) Band.Start(event);
         return;
     }
     Band.Close();
-    if (intercept) {
+    std::string* field = Form.Field_Of(*awaited);
+    if (awaited->Of == Family::Intercept) {
         *field = CStr(static_cast<int>(Work.Curves.MouseTime));
     } else {
         const double distance = Int(Work.Project.LineLength * event.X / regression_width);
@@ -58,11 +53,11 @@ void FcalculPointer::Move(const PointerEvent& event) {
 }
 
 void FcalculPointer::Release(const PointerEvent& event) {
-    const std::string& focus = Work.Velocity.FocusField;
+    const std::optional<AwaitedField> awaited = Work.Velocity.Awaited;
     const int shot = Form.Shot();
     const int receivers = Work.Project.NbReceivers;
     if (shot == 0 || receivers < 1 || !event.LeftButton || !Band.Is_Open()) return;
-    if (Of_Family(focus, "IT") || Of_Family(focus, "CD")) return;
+    if (Filled_By_Click(awaited)) return;
     Band.End(event);
     const CurveView& view = Work.Curves;
     const bool longer_than_zero = view.DragStartX != view.DragEndX || view.DragStartY != view.DragEndY;
@@ -74,7 +69,11 @@ void FcalculPointer::Release(const PointerEvent& event) {
 
     VelocityWork& work = Work.Velocity;
     work.CurrentShot = static_cast<std::int16_t>(shot);
-    const bool fitted = Regression_Vitesse(Work, Outside, shot, first, last, work.VelocityResult);
+    // A first layer begins at the shot: its line goes through it.
+    const bool first_layer = awaited && awaited->Row == 1;
+    const bool fitted =
+        Regression_Vitesse(Work, Outside, shot, first, last,
+                           first_layer ? StretchLine::ThroughShot : StretchLine::Free, work.VelocityResult);
     if (fitted) Fill_Velocity(work.VelocityResult);
     Outside.Show.Show_Fields();
     Outside.Show.Bring_To_Front(Dialog::Fcalcul);
@@ -83,17 +82,17 @@ void FcalculPointer::Release(const PointerEvent& event) {
 /// The velocity and its intercept into the field that has the focus; an end shot has one branch only and
 /// takes them on both sides.
 void FcalculPointer::Fill_Velocity(double velocity) {
-    std::string& focus = Work.Velocity.FocusField;
-    if (Of_Family(focus, "V") && Form.Field_Named(focus) != nullptr) {
-        const auto fill = [&](const std::string& name) {
-            *Form.Field_Named(name) = CStr(velocity);
-            if (std::string* intercept = Form.Field_Named(Intercept_Of(name)))
-                *intercept = CStr(Work.Velocity.InterceptResult);
+    std::optional<AwaitedField>& awaited = Work.Velocity.Awaited;
+    if (awaited) {
+        const auto fill = [&](AwaitedField field) {
+            *Form.Field_Of(field) = CStr(velocity);
+            if (const auto intercept = Intercept_Of(field))
+                *Form.Field_Of(*intercept) = CStr(Work.Velocity.InterceptResult);
         };
-        fill(focus);
-        if (Form.End_Shot()) fill(Other_Side(focus));
+        fill(*awaited);
+        if (Form.End_Shot()) fill(awaited->Other_Side());
     }
-    focus.clear();
+    awaited.reset();
 }
 
 }  // namespace tarnvik

@@ -68,7 +68,8 @@ ApparentVelocities Apparent_Velocities_Of(const Project& project, int shot) {
 
 bool Vitesse_Vraie_Commune(Workspace& workspace, Ports& ports, int shot, int layers,
                            ApparentVelocities apparent) {
-    const bool quick = workspace.DisplayMode == "quick";
+    const DisplayMode mode = workspace.Mode.Current();
+    const bool quick = mode == DisplayMode::Quick;
     const auto refuse = [&](const std::string& text) {
         if (quick) {
             workspace.Velocity.QuickStatus = text;
@@ -78,9 +79,9 @@ bool Vitesse_Vraie_Commune(Workspace& workspace, Ports& ports, int shot, int lay
         }
         return false;
     };
-    if (layers == 0 && workspace.DisplayMode == "Calcul") return refuse("Layer number missing");
+    if (layers == 0 && mode == DisplayMode::Calcul) return refuse("Layer number missing");
     if (layers > Project::MaxLayers) return refuse("Too many Layers..");
-    if (workspace.DisplayMode == "ABC") apparent = Apparent_Velocities_Of(workspace.Project, shot);
+    if (mode == DisplayMode::Abc) apparent = Apparent_Velocities_Of(workspace.Project, shot);
 
     DepthWork& depth = workspace.Depth;
     const int wrong = Layer_Out_Of_Order(layers, apparent);

@@ -31,9 +31,9 @@ class Painting {
   public:
     Painting(const Workspace& workspace, Picture& profile, Picture& scale)
         : Work(workspace), Line(workspace.Project), Profile(profile), Scale(scale) {
-        const std::string& mode = workspace.Profile.DrawnMode;
-        WithReceiverArcs = mode == "Profil2" || mode == "Profil3";
-        WithGrmArcs = mode == "Profil3" || mode == "Profil4";
+        const DisplayMode mode = workspace.Profile.DrawnMode;
+        WithReceiverArcs = mode == DisplayMode::Profil2 || mode == DisplayMode::Profil3;
+        WithGrmArcs = mode == DisplayMode::Profil3 || mode == DisplayMode::Profil4;
         First_Last_End_Shot(Line, FirstShot, LastShot);
     }
 
@@ -55,14 +55,16 @@ class Painting {
     double Shot_Y(int shot) const { return Places.Y(Line.ShotElevation(shot)); }
 
     void Set_Scales() {
-        const CurveView& view = Work.Curves;
-        const int left = CInt_Or_Fault(Divide(view.HScroll1.Value, view.ZoomX));
-        const int right = CInt_Or_Fault(Divide(view.HScroll1.Value + profile_width, view.ZoomX));
-        const int top = CInt_Or_Fault(Divide(view.VScroll1.Value + profile_height, view.ZoomY));
-        const int bottom = CInt_Or_Fault(Divide(view.VScroll1.Value, view.ZoomY));
+        const ProfileView& view = Work.Profile;
+        const int left = CInt_Or_Fault(Divide(view.Across, view.ZoomX));
+        const int right = CInt_Or_Fault(Divide(view.Across + profile_width, view.ZoomX));
+        const int top = CInt_Or_Fault(Divide(view.Up + profile_height, view.ZoomY));
+        const int bottom = CInt_Or_Fault(Divide(view.Up, view.ZoomY));
         Profile.Scale(left, top, right, bottom);
         Scale.Scale(0, top + 1, 10, bottom - 1);
-        if (!Work.Profile.ProfileOverlay) Profile.Clear();
+        // Beside the curves too: the background leaves the margins out, where letters of old labels would
+        // stay.
+        Profile.Clear();
         Scale.Clear();
         Profile.Set_Font_Size(text_size);
         Scale.Set_Font_Size(text_size);

@@ -72,11 +72,7 @@ void Show_Geometry(Workspace& workspace, Ports& ports) {
 }
 
 bool Save_Geometry(Workspace& workspace, Ports& ports) {
-    // In this mode the save is confirmed.
-    workspace.DisplayMode = "CORRECT";
-    const bool saved = Write_Project(workspace, ports);
-    workspace.DisplayMode = "DROMO";
-    return saved;
+    return Write_Project(workspace, ports, SaveNotice::Told);
 }
 
 }  // namespace tarnvik

@@ -50,7 +50,7 @@ bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& setti
                    const CurveStyle& style);
 
 /// Frame and all curves that are not left out in Grille_Shot, on any device: paper, files, a window.
-/// workspace.DisplayMode and the screen stay as they are. Answers whether every curve could be drawn.
+/// The mode and the screen stay as they are. Answers whether every curve could be drawn.
 bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures);
 
 /// The time grid in force: `Step` ms apart from `Step` to `Last`.

@@ -34,10 +34,6 @@ class DromoPointer : public CurvePointerHandler {
     RubberBand Band;
 };
 
-bool Begins_With_Prof(const std::string& mode) {
-    return mode.starts_with("Prof");
-}
-
 bool Has_Project(const Project& project) {
     return project.NbReceivers > 0 && project.ReceiverData.Has(ReceiverDistance, project.NbReceivers);
 }
@@ -63,23 +59,23 @@ CurvePointer::CurvePointer(Workspace& workspace, Ports& ports)
 
 CurvePointer::~CurvePointer() = default;
 
-void CurvePointer::Register(const std::string& mode, CurvePointerHandler* handler) {
+void CurvePointer::Register(DisplayMode mode, CurvePointerHandler* handler) {
     Handlers[mode] = handler;
 }
 
 void CurvePointer::Take_Pick_Factor() {
     CurveView& view = Work.Curves;
-    const std::string& mode = Work.DisplayMode;
-    if (mode == "quick") return;
-    const bool as_drawn = Begins_With_Prof(mode) || mode == "ABC" || mode == "Fantom";
+    const DisplayMode mode = Work.Mode.Current();
+    if (mode == DisplayMode::Quick) return;
+    const bool as_drawn = Is_Profile(mode) || mode == DisplayMode::Abc || mode == DisplayMode::Fantom;
     view.PickFactor = as_drawn ? view.TimeFactor : Pick_Factor(view.MaxTime);
 }
 
 std::string CurvePointer::Read_Out_Text(PointerMoment moment) const {
     const CurveView& view = Work.Curves;
     const std::string unit = Work.Settings.Metric() ? "m" : "f";
-    const bool abc = Work.DisplayMode == "ABC";
-    if (abc || Begins_With_Prof(Work.DisplayMode)) {
+    const bool abc = Work.Mode.Current() == DisplayMode::Abc;
+    if (abc || Is_Profile(Work.Mode.Current())) {
         const ProfileView& profile = Work.Profile;
         const double factor = profile.ProfileVFactor * (abc ? 4.0 : 1.0);
         const double elevation =
@@ -117,10 +113,11 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
 
 void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
                             const PointerEvent& event) {
-    const auto found = Handlers.find(Work.DisplayMode);
-    CurvePointerHandler* handler = found != Handlers.end()       ? found->second
-                                   : Work.DisplayMode == "DROMO" ? DromoMode.get()
-                                                                 : nullptr;
+    const DisplayMode mode = Work.Mode.Current();
+    const auto found = Handlers.find(mode);
+    CurvePointerHandler* handler = found != Handlers.end()      ? found->second
+                                   : mode == DisplayMode::Dromo ? DromoMode.get()
+                                                                : nullptr;
     if (handler == nullptr) return;
     try {
         (handler->*what)(event);

@@ -59,8 +59,8 @@ class CurvePointer {
     void Key(int code);
 
     /// The handler of a display mode, which must live as long as this object. It goes before the built-in one
-    /// of mode "DROMO".
-    void Register(const std::string& mode, CurvePointerHandler* handler);
+    /// of the normal state.
+    void Register(DisplayMode mode, CurvePointerHandler* handler);
 
     /// The pick caught by a double click: its writer and the saving of the project are set here.
     MovePick& Pick_In_Hand() { return *Moving; }
@@ -75,7 +75,7 @@ class CurvePointer {
     Ports& Outside;
     std::unique_ptr<CurvePointerHandler> DromoMode;
     std::unique_ptr<MovePick> Moving;
-    std::map<std::string, CurvePointerHandler*> Handlers;
+    std::map<DisplayMode, CurvePointerHandler*> Handlers;
 };
 
 }  // namespace tarnvik

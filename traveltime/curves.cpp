@@ -30,7 +30,6 @@ void Draw_On_Screen(Workspace& workspace, Ports& ports, const Project& project, 
     CurveView& view = workspace.Curves;
     style.ZoomX = view.ZoomX;
     style.ByVelocity = workspace.Settings.ColorChoice;
-    style.LabelOffsetShot = workspace.DisplayMode == "DROMO";
     style.LastLabelled = view.LastLabelledShot;
     const bool labelled =
         Draw_Curve_On(ports.Show.Canvas_Of(Canvas::Dromo), project, workspace.Settings, shot, style);
@@ -72,6 +71,7 @@ void Dessine_Tir(Workspace& workspace, Ports& ports, int shot, Colour& colour, d
     workspace.Curves.LastColour = colour;
     CurveStyle style;
     style.InColour = colour;
+    style.LabelOffsetShot = workspace.Mode.Current() == DisplayMode::Dromo;
     style.Shift = shift;
     style.TimeFactor = time_factor == 0 ? 1 : time_factor;
     style.LineLength = line_length;
@@ -86,7 +86,6 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     CurveView& view = workspace.Curves;
     const Project& project = workspace.Project;
     Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
-    workspace.DisplayMode.clear();
     workspace.Fields.Text1.clear();
     if (view.FrameDrawn == 2) {
         dromo.Clear();
@@ -95,7 +94,7 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     if (Second_Window_Open(workspace)) Clear_Canvas(ports, Canvas::Dromo2);
     dromo.Set_Pointer(PointerShape::Hourglass);
     view.DragStartX = 0;
-    workspace.DisplayMode = "DROMO";
+    workspace.Mode.Display(DisplayMode::Dromo);
     Dessine_Cadre(workspace, ports);
     dromo.Set_Pointer(PointerShape::Hourglass);
     if (project.NbShots == 0 && File_Exists(project.CurrentFile)) {
@@ -108,6 +107,7 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     style.TimeFactor = view.TimeFactor;
     style.LineLength = project.LineLength;
     style.InColour = view.LastColour;
+    style.LabelOffsetShot = true;
     bool all_drawn = true;
     for (int shot = 1; shot <= project.NbShots && !Is_Pattern(project); ++shot) {
         workspace.Grids.Grille_Shot.CurrentRow = shot - 1;
@@ -132,6 +132,7 @@ void Superpose(Workspace& workspace, Ports& ports, const Project& other) {
     CurveStyle style;
     style.TimeFactor = workspace.Curves.TimeFactor;
     style.LineLength = other.LineLength;
+    style.LabelOffsetShot = workspace.Mode.Current() == DisplayMode::Dromo;
     workspace.Curves.LastLabelledShot = 0;  // its shot numbers are another line's
     try {
         for (int shot = 1; shot <= other.NbShots; ++shot) {

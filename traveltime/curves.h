@@ -5,7 +5,7 @@
 
 namespace tarnvik {
 
-/// Full redraw of the travel-time curves with their frame, scales and shot grid; ends in mode "DROMO".
+/// Full redraw of the travel-time curves with their frame, scales and shot grid: the curves are on display.
 void Show_Curves(Workspace& workspace, Ports& ports);
 
 /// Frame of the curves: axes, grid and scales, no curve.

@@ -7,7 +7,8 @@
 namespace tarnvik {
 
 FileRoutines::FileRoutines()
-    : SaveProject(Write_Project), LoadProject([](Workspace& workspace, Ports&) {
+    : SaveProject([](Workspace& workspace, Ports& ports) { return Write_Project(workspace, ports); }),
+      LoadProject([](Workspace& workspace, Ports&) {
           Read_Project(workspace, workspace.Project.CurrentFile);
           return true;
       }) {}

@@ -21,7 +21,7 @@ struct ShotStretch {
 };
 
 bool Quick(const Workspace& workspace) {
-    return workspace.DisplayMode == "quick";
+    return workspace.Mode.Current() == DisplayMode::Quick;
 }
 
 void Report(Workspace& workspace, Ports& ports, const std::string& text, Icon icon) {
@@ -79,7 +79,7 @@ bool Holds_Shot(const Project& project, const ShotStretch& stretch) {
     return (stretch.First == 1 && shot == 0) || (stretch.Last == project.NbReceivers && whole == line_end);
 }
 
-/// The method told by FocusField and the place of the shot. False when the picks do not allow it; the message
+/// The method told by the line and the place of the shot. False when the picks do not allow it; the message
 /// has been given then.
 bool Fit(Workspace& workspace, Ports& ports, int shot, const ShotStretch& stretch, StretchVelocity& result) {
     const CurveStretch curve = Stretch_Of_Shot(workspace.Project, shot, stretch.First, stretch.Last);
@@ -113,7 +113,7 @@ void Draw_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity&
     if (through_shot && side_a) dromo.Line(fitted.X2, y2, shot_x, 0, colours::Black);
 }
 
-bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last,
+bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last, StretchLine line,
                         double& velocity) {
     VelocityWork& work = workspace.Velocity;
     const Project& project = workspace.Project;
@@ -132,7 +132,7 @@ bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first
             Report_Wrong_Receivers(workspace, ports, first, last);
             return false;
         }
-        stretch.ThroughShot = first != last && (work.FocusField == "V1A" || work.FocusField == "V1B");
+        stretch.ThroughShot = first != last && line == StretchLine::ThroughShot;
         stretch.Direct = first == last || (!stretch.ThroughShot && Holds_Shot(project, stretch));
         const bool fitted = Fit(workspace, ports, shot, stretch, result);
         work.Correlation = result.Correlation;

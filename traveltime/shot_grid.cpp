@@ -6,6 +6,17 @@
 
 namespace tarnvik {
 
+namespace {
+
+void Show_Shot(Workspace& workspace, int shot) {
+    TextGrid::Cell& cell = workspace.Grids.Grille_Shot.At(shot - 1, 0);
+    cell.Text = CStr(shot);
+    cell.BackColour.reset();
+    if (workspace.Curves.ShotsLeftOut.contains(shot)) cell.BackColour = colours::Red;
+}
+
+}  // namespace
+
 void Fill_Shot_Grid(Workspace& workspace) {
     TextGrid& grid = workspace.Grids.Grille_Shot;
     const int shots = std::max<int>(0, workspace.Project.NbShots);
@@ -13,25 +24,35 @@ void Fill_Shot_Grid(Workspace& workspace) {
         grid = TextGrid(shots, 1);
         grid.FixedRows = 0;
         grid.FixedColumns = 0;
+        workspace.Curves.ShotsLeftOut.clear();
     }
     for (int shot = 1; shot <= shots; ++shot)
-        grid.Set_Text(shot - 1, 0, CStr(shot));
+        Show_Shot(workspace, shot);
 }
 
 void Toggle_Shot(Workspace& workspace, Ports& ports, int shot) {
     if (shot < 1 || shot > workspace.Project.NbShots) return;
     Fill_Shot_Grid(workspace);
-    std::optional<Colour>& back = workspace.Grids.Grille_Shot.At(shot - 1, 0).BackColour;
-    if (back == colours::Red) {
-        back.reset();
-    } else {
-        back = colours::Red;
-    }
+    std::set<int>& left_out = workspace.Curves.ShotsLeftOut;
+    if (left_out.erase(shot) == 0) left_out.insert(shot);
+    Show_Shot(workspace, shot);
     ports.Show.Show_Curves();
 }
 
+void Remove_Shot_Row(Workspace& workspace, int shot) {
+    std::set<int> moved;
+    for (const int left_out : workspace.Curves.ShotsLeftOut) {
+        if (left_out != shot) moved.insert(left_out < shot ? left_out : left_out - 1);
+    }
+    workspace.Curves.ShotsLeftOut = moved;
+    TextGrid& grid = workspace.Grids.Grille_Shot;
+    if (grid.Rows() >= shot) grid.Resize(grid.Rows() - 1, grid.Columns());
+    for (int row = 1; row <= grid.Rows(); ++row)
+        Show_Shot(workspace, row);
+}
+
 bool Shot_Displayed(const Workspace& workspace, int shot) {
-    return workspace.Fields.Check11 || workspace.Grids.Grille_Shot.At(shot - 1, 0).BackColour != colours::Red;
+    return workspace.Fields.Check11 || !workspace.Curves.ShotsLeftOut.contains(shot);
 }
 
 }  // namespace tarnvik

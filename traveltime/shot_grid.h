@@ -5,15 +5,18 @@
 
 namespace tarnvik {
 
-/// Grille_Shot gets one row a shot with its number. While the count of shots stays, so do the marks of shots
-/// left out.
+/// Grille_Shot gets one row a shot with its number, red for a shot left out. Another count of shots is
+/// another line: all are drawn again.
 void Fill_Shot_Grid(Workspace& workspace);
 
-/// Leaves a shot (from 1) out of the curves, or takes it back, by the red mark of its row; the curves are
-/// redrawn. A shot outside the project does nothing.
+/// Leaves a shot (from 1) out of the curves, or takes it back; the curves are redrawn. A shot outside the
+/// project does nothing.
 void Toggle_Shot(Workspace& workspace, Ports& ports, int shot);
 
-/// True when the shot's curve is to be drawn: all are asked for (Check11), or its row is not red.
+/// The row of a shot that has left the project goes; the marks of the shots behind it move up with them.
+void Remove_Shot_Row(Workspace& workspace, int shot);
+
+/// True when the shot's curve is to be drawn: all are asked for (Check11), or it is not left out.
 bool Shot_Displayed(const Workspace& workspace, int shot);
 
 }  // namespace tarnvik

@@ -40,7 +40,7 @@ SpeedF::SpeedF(Workspace& workspace, Ports& ports, FileRoutines files)
     : Work(workspace), Outside(ports), Files(std::move(files)) {}
 
 void SpeedF::Load() {
-    Work.DisplayMode = "Vitesse";
+    Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
     ShotEntries = Numbers_Up_To(Work.Project.NbShots);
     ReceiverEntries = Numbers_Up_To(Work.Project.NbReceivers);
     const int shot = Work.Velocity.CurrentShot;
@@ -54,7 +54,7 @@ void SpeedF::Load() {
 
 void SpeedF::Close() {
     Outside.Show.Close_Dialog(Dialog::SpeedF);
-    Work.DisplayMode = "DROMO";
+    Work.Mode.Release(Dialog::SpeedF);
     Outside.Show.Show_Curves();
 }
 
@@ -68,7 +68,7 @@ void SpeedF::Show_Layer(const std::string& layer) {
 
 void SpeedF::Enter_Receiver(ReceiverBox box) {
     LastEntered = box;
-    Work.DisplayMode = "Vitesse";
+    Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
 }
 
 void SpeedF::Combo1_Changed() {
@@ -95,7 +95,6 @@ void SpeedF::Command1() {
 
 void SpeedF::Command2() {
     if (!Project_Holds_Times(Work, Outside, Files.LoadProject)) return;
-    Work.DisplayMode = "DROMO";
     Outside.Show.Show_Curves();
 }
 
@@ -106,7 +105,7 @@ void SpeedF::Command3() {
 void SpeedF::Command5() {
     try {
         if (Compute()) {
-            Work.DisplayMode = "Vitesse";
+            Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
             Outside.Show.Bring_To_Front(Dialog::SpeedF);
         }
     } catch (const Fault&) {

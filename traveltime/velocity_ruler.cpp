@@ -104,7 +104,8 @@ void Velocity_Ruler(Workspace& workspace, Ports& ports) {
 
 void Velocity_Ruler_Key(Workspace& workspace, Ports& ports, int key) {
     CurveView& view = workspace.Curves;
-    if (workspace.DisplayMode != "DROMO" && workspace.DisplayMode != "Vitesse2") return;
+    const DisplayMode mode = workspace.Mode.Current();
+    if (mode != DisplayMode::Dromo && mode != DisplayMode::Vitesse2) return;
     if (view.DragStartX == 0 || !Change_Ruler(view, key)) return;
     Redraw_Band(workspace, ports,
                 {true, view.DragStartX + view.RulerX, view.DragStartY + view.RulerY,

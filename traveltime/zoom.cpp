@@ -28,20 +28,9 @@ std::string Range_Text(double from, const char* unit, double to) {
     return tenths(from) + unit + " to " + tenths(to);
 }
 
-void Redraw(Workspace& workspace, Ports& ports) {
-    // Only this spelling; the modes "Profil" to "Profil4" do not match, which is meant.
-    if (workspace.DisplayMode.starts_with("PROF")) {
-        ports.Show.Show_Profile();
-    } else {
-        ports.Show.Show_Curves();
-    }
-}
-
 /// The status label takes its text from Distance_Range_Text and Time_Range_Text by itself.
-void Show_Scrolled(Workspace& workspace, Ports& ports) {
-    const std::string mode = workspace.DisplayMode;
-    Redraw(workspace, ports);
-    workspace.DisplayMode = mode;
+void Show_Scrolled(Ports& ports) {
+    ports.Show.Show_Curves();
     ports.Show.Show_Fields();
 }
 
@@ -74,12 +63,12 @@ std::string Time_Range_Text(const Workspace& workspace) {
 
 void HScroll1_Change(Workspace& workspace, Ports& ports, int value) {
     workspace.Curves.HScroll1.Value = value;
-    Show_Scrolled(workspace, ports);
+    Show_Scrolled(ports);
 }
 
 void VScroll1_Change(Workspace& workspace, Ports& ports, int value) {
     workspace.Curves.VScroll1.Value = value;
-    Show_Scrolled(workspace, ports);
+    Show_Scrolled(ports);
 }
 
 Zoom::Zoom(Workspace& workspace, Ports& ports)
@@ -90,7 +79,7 @@ Zoom::Zoom(Workspace& workspace, Ports& ports)
 
 void Zoom::Command1() {
     Set_Zoom(Work.Curves, Val(Combo1), Val(Combo2));
-    Redraw(Work, Outside);
+    Outside.Show.Show_Curves();
 }
 
 }  // namespace tarnvik

@@ -283,14 +283,8 @@ void CurvesPage::Repaint() {
 void CurvesPage::Arrange_Panes() {
     const Workspace& work = Program.Work;
     const bool profile = work.Curves.FrameDrawn == 2;
-    // A dialog may change the mode word while the pictures stay.
-    if (work.DisplayMode == "BI") {
-        Combined = true;
-    } else if (!profile || work.DisplayMode.starts_with("Prof")) {
-        Combined = false;
-    }
     Profile->setVisible(profile);
-    CurvesPane->setVisible(!profile || Combined);
+    CurvesPane->setVisible(!profile || work.Mode.On_Display() == DisplayMode::Both);
 }
 
 void CurvesPage::Refresh() {
@@ -302,14 +296,6 @@ void CurvesPage::Refresh() {
 void CurvesPage::Refresh_Shots() {
     Shots->Refresh();
     Profile->Draw_Sketch();
-}
-
-void CurvesPage::Repaint_Profile() {
-    Profile->Repaint();
-}
-
-void CurvesPage::Prepare_Profile() {
-    Profile->Show_Whole_Line();
 }
 
 }  // namespace tarnvik

@@ -45,9 +45,6 @@ class CurvesPage : public QWidget {
 
     void Refresh();
     void Refresh_Shots();
-    /// Makes room for the profile before it is drawn; the whole line comes into sight.
-    void Prepare_Profile();
-    void Repaint_Profile();
 
   private:
     QWidget* Curves_Pane();
@@ -67,7 +64,6 @@ class CurvesPage : public QWidget {
     QSplitter* Panes = nullptr;
     QWidget* CurvesPane = nullptr;
     ProfilePane* Profile = nullptr;
-    bool Combined = false;
     ShotListModel* Shots = nullptr;
     FieldBinder Fields;
     QTimer Resized;

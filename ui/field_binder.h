@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -51,6 +52,13 @@ class FieldBinder {
     void Choice(QButtonGroup* group, int& field, Reaction changed = {});
     void Number(QSpinBox* control, int& field, Reaction changed = {});
     void Scroll(QScrollBar* control, ScrollBar& field, Reaction changed = {});
+    /// A number from 1 to a limit that may change.
+    void Scroll(QScrollBar* control, std::int32_t& field, std::function<int()> last, Reaction changed);
+    /// A number that is typed as text; a text that is none counts by the digits that it begins with. The
+    /// reaction runs when Return is pressed or the control is left after a change. A value that the field
+    /// cannot hold leaves it as it was.
+    void Finished_Number(QLineEdit* control, double& field, Reaction finished);
+    void Finished_Number(QLineEdit* control, std::int32_t& field, Reaction finished);
     /// The view gets a model of its own; `edited` runs after the user changed a cell.
     class TextGridModel* Grid(QTableView* view, TextGrid& grid, Reaction edited = {});
 
@@ -59,7 +67,7 @@ class FieldBinder {
     /// A control that is usable, or shown, only while a condition holds.
     void Enabled(QWidget* control, std::function<bool()> condition);
     void Shown(QWidget* control, std::function<bool()> condition);
-    /// A control that the user has entered sets a word in the logic (FocusField and the like).
+    /// A control that the user has entered tells the logic.
     void On_Focus(QWidget* control, Reaction entered);
     /// Anything else that follows the fields.
     void Follow(Reaction refresh) { Refreshers.push_back(std::move(refresh)); }
@@ -68,6 +76,8 @@ class FieldBinder {
     void Refresh();
 
   private:
+    template <class Number, class Parse>
+    void Typed_Number(QLineEdit* control, Number& field, Parse parse, Reaction finished);
     std::vector<Reaction> Refreshers;
 };
 

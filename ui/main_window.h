@@ -34,9 +34,6 @@ class MainWindow : public QMainWindow {
     /// One cell of Buildgrid.
     void Refresh_Cell(int row, int column);
     void Select_Tab(Tab tab);
-    /// A drawing of the profile is about to begin.
-    void Prepare_Profile();
-    void Repaint_Profile();
 
     /// Puts a tool window where it stood last, at first at the right side.
     void Place_Dock(QDockWidget* dock);

@@ -73,18 +73,9 @@ void QtDisplay::Draw_Curves() {
 }
 
 void QtDisplay::Draw_Profile() {
-    if (Window != nullptr) Window->Prepare_Profile();
-    SessionDisplay::Draw_Profile();
+    // The panes and bars first: they decide how large the picture is.
     Show_Fields();
-}
-
-void QtDisplay::Paint_Again(Page page) {
-    // The profile has an enlargement of its own.
-    if (page == Page::Profile && Window != nullptr) {
-        Window->Repaint_Profile();
-    } else {
-        SessionDisplay::Paint_Again(page);
-    }
+    SessionDisplay::Show_Profile();
 }
 
 void QtDisplay::Refresh_Grids() {

@@ -41,11 +41,8 @@ class QtDisplay : public SessionDisplay {
     bool Ended() const { return HasEnded; }
     /// Form of an open dialog; null while it is closed.
     Form* Open_Form(Dialog dialog) const;
-    /// Paints the profile at once, in the enlargement that stands in the workspace.
-    void Paint_Profile_Now() { SessionDisplay::Paint_Again(Page::Profile); }
 
   protected:
-    void Paint_Again(Page page) override;
     void Draw_Curves() override;
     void Draw_Profile() override;
     void Refresh_Grids() override;

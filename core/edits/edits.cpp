@@ -38,7 +38,7 @@ void Edits::Start(const Project& project, bool saved) {
     SavedBlock = saved ? LastBlock : std::string();
     SavedState = saved;
     ProjectFile = project.CurrentFile;
-    Log.reset();
+    Drop_Journal();
 }
 
 void Edits::Saved(const Project& project) {

@@ -33,7 +33,8 @@ class Edits : public FileRecorder {
     Edits(Edits&&) noexcept;
     Edits& operator=(Edits&&) noexcept;
 
-    /// Another project is in memory: the history begins anew. `saved` tells that the file holds it.
+    /// Another project is in memory: the history begins anew, and the journal of the former one goes, since
+    /// the user has decided about its work. `saved` tells that the file holds it.
     void Start(const Project& project, bool saved);
     /// The project has just been written to its file. What the save itself changed (TotalTime) belongs to the
     /// last edit, so that undoing to the start gives back the start.

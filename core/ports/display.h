@@ -51,9 +51,9 @@ class Display {
 
     virtual Picture& Canvas_Of(Canvas canvas) = 0;
 
-    virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw; ends in mode "DROMO"
+    virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw
     virtual void Display_Record() = 0;  ///< field record, full redraw
-    virtual void Show_Profile() = 0;    ///< seismic profile in the mode in force
+    virtual void Show_Profile() = 0;    ///< seismic profile that stands; asks and corrects nothing
     virtual void Show_Grids() = 0;      ///< Buildgrid, Grille_Shot, remark_grid, size_grid changed
     /// One cell of Buildgrid changed, row and column counted from 0 with the headings.
     virtual void Show_Cell(int row, int column) = 0;

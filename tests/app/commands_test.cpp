@@ -10,32 +10,6 @@
 
 namespace tarnvik::test {
 
-TEST(CommandTable, every_key_of_the_toolbar_stands_in_its_order) {
-    const std::vector<std::string_view> keys = {
-        "erase",  "frequency", "herz",     "help", "tv4",    "Double",  "quick",  "edit",    "ruler", "tosu",
-        "open",   "save",      "dromo",    "prop", "fantom", "vitess1", "velo2",  "vitess3", "sum",   "print",
-        "ruler2", "drawing",   "smallcap", "GRM",  "find",   "stop",    "nozoom", "abc"};
-    std::vector<std::string_view> found;
-    for (const Command& command : Command_Table()) {
-        if (command.Menu.empty()) found.push_back(command.Name);
-    }
-    EXPECT_EQ(found, keys);
-}
-
-TEST(CommandTable, names_and_shortcuts_are_given_once) {
-    std::set<std::string_view> names;
-    std::set<std::string_view> shortcuts;
-    for (const Command& command : Command_Table()) {
-        if (command.Caption == "-") continue;
-        EXPECT_TRUE(names.insert(command.Name).second) << command.Name;
-        if (!command.Shortcut.empty()) {
-            EXPECT_TRUE(shortcuts.insert(command.Shortcut).second) << command.Shortcut;
-        }
-        EXPECT_FALSE(command.Caption.empty() && command.Tooltip.empty() && command.Text == nullptr)
-            << command.Name;
-    }
-}
-
 class Commands : public SessionTest {};
 
 TEST_F(Commands, a_command_of_later_work_does_nothing) {
@@ -86,11 +60,11 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
 }
 
 TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
-    Program.Work.DisplayMode = "BI";
+    Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
     EXPECT_TRUE(World.Display.Opened.empty());
-    Program.Work.DisplayMode = "DROMO";
+    Program.Work.Mode.Display(DisplayMode::Dromo);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Zoom});
 }
@@ -101,20 +75,23 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
     EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
 }
 
-TEST_F(Commands, a_dialog_sets_its_mode_word_before_it_opens) {
+TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
     Run_Command(Program, "vitess1");
-    EXPECT_EQ(Program.Work.DisplayMode, "Vitesse2");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
     Run_Command(Program, "sum");
-    EXPECT_EQ(Program.Work.DisplayMode, "Calcul");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
     EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
 }
 
 TEST_F(Commands, each_profile_entry_has_its_mode) {
-    const std::pair<const char*, const char*> modes[] = {
-        {"S2", "Profil"}, {"S3", "Profil2"}, {"S4", "Profil4"}, {"S5", "Profil3"}, {"drawing", "Profil"}};
+    const std::pair<const char*, DisplayMode> modes[] = {{"S2", DisplayMode::Profil},
+                                                         {"S3", DisplayMode::Profil2},
+                                                         {"S4", DisplayMode::Profil4},
+                                                         {"S5", DisplayMode::Profil3},
+                                                         {"drawing", DisplayMode::Profil}};
     for (const auto& [name, mode] : modes) {
         Run_Command(Program, name);
-        EXPECT_EQ(Program.Work.DisplayMode, mode) << name;
+        EXPECT_EQ(Program.Work.Mode.On_Display(), mode) << name;
     }
     EXPECT_EQ(World.Display.Count("Show_Profile"), 5);
 }
@@ -175,7 +152,7 @@ TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alo
     project.CurrentFile = Folder / "line.tv5";
     Program.Work.Record.ChannelsPerRecord = 3;
     Scale_Time_Grid(Program.Work);
-    Program.Work.DisplayMode = "DROMO";
+    Program.Work.Mode.Display(DisplayMode::Dromo);
 
     // Shot 2, receiver 2 lies at 13 ms; the picture has 0.5 ms a unit.
     const double x = Position_Ecran(project, 2);

@@ -31,7 +31,7 @@ TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
     EXPECT_TRUE(World.Display.Opened.empty());
     EXPECT_EQ(Program.Work.Project.CurrentFile, path);
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
-    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
     EXPECT_GE(World.Display.Count("Show_Curves"), 1);
     EXPECT_GE(World.Display.Count("Display_Record"), 1);
 }
@@ -97,14 +97,14 @@ TEST_F(StartAndEnd, the_toolbar_asks_with_an_ok_button_alone) {
 }
 
 TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
-    Program.Work.DisplayMode = "ABC";
+    Program.Work.Mode.Display(DisplayMode::Abc);
     Resize_Form(Program);
-    EXPECT_EQ(Program.Work.DisplayMode, "Profil2");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Profil2);
     EXPECT_EQ(World.Display.Count("Show_Profile"), 1);
-    Program.Work.DisplayMode = "DROMO";
+    Program.Work.Mode.Display(DisplayMode::Dromo);
     Resize_Form(Program);
     EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
-    Program.Work.DisplayMode = "dromo";  // an unknown word draws nothing
+    Program.Work.Mode.Display(DisplayMode::QuickOver);  // an unknown word draws nothing
     Resize_Form(Program);
     EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
 }
@@ -137,7 +137,7 @@ TEST_F(StartDialog, the_file_is_read_and_backed_up_twice_on_the_road_of_the_dial
     EXPECT_TRUE(Splash.Command2());
     EXPECT_EQ(Program.Work.Settings.RecentFiles[0], path);
     EXPECT_EQ(*Read_File(Folder / "my line.bak"), *Read_File(path));
-    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(StartDialog, its_end_asks_once_and_writes_no_settings) {

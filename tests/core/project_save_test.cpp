@@ -33,13 +33,13 @@ TEST(ProjectSave, EachSaveLeavesTotalTimeOneHigherAndTheFileTwice) {
     TemporaryFolder folder;
     TestPorts outside;
     Workspace workspace = Small_Workspace(folder / "line.tv5");
-    workspace.DisplayMode = "Vitesse";
+    workspace.Mode.Display(DisplayMode::Vitesse);
     workspace.Curves.DragStartX = 5;
     ASSERT_TRUE(Write_Project(workspace, outside.Ports));
     EXPECT_EQ(workspace.Project.TotalTime, 56.5);
     ASSERT_TRUE(Write_Project(workspace, outside.Ports));
     EXPECT_EQ(workspace.Project.TotalTime, 57.5);
-    EXPECT_EQ(workspace.DisplayMode, "DROMO");
+    EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Vitesse);
     EXPECT_EQ(workspace.Curves.DragStartX, 0);
     EXPECT_EQ(workspace.Fields.Caption, folder / "line.tv5" + " [Tarnvik 16.5]");
     EXPECT_TRUE(outside.Prompts.Messages.empty());
@@ -49,15 +49,14 @@ TEST(ProjectSave, EachSaveLeavesTotalTimeOneHigherAndTheFileTwice) {
     EXPECT_EQ(again.Fields.Text25, "56.5");
 }
 
-TEST(ProjectSave, OnlyTheCorrectionModesConfirm) {
+TEST(ProjectSave, IsConfirmedWhereThatIsAskedFor) {
     TemporaryFolder folder;
-    for (const char* mode : {"BUILD", "CORRECT", "Calcul"}) {
+    for (const SaveNotice notice : {SaveNotice::None, SaveNotice::Told}) {
         TestPorts outside;
         Workspace workspace = Small_Workspace(folder / "line.tv5");
-        workspace.DisplayMode = mode;
-        ASSERT_TRUE(Write_Project(workspace, outside.Ports));
+        ASSERT_TRUE(Write_Project(workspace, outside.Ports, notice));
         EXPECT_EQ(outside.Prompts.Said("File: " + folder / "line.tv5" + " has been recorded"),
-                  std::string(mode) != "Calcul");
+                  notice == SaveNotice::Told);
     }
 }
 
@@ -81,14 +80,14 @@ TEST(ProjectSave, ValuesBeyondSixteenBitsAreNamedAndNothingIsWritten) {
         TestPorts outside;
         Workspace workspace = Small_Workspace(path);
         (workspace.Project.*c.Values)(2, 3) = c.TooLarge;
-        workspace.DisplayMode = "Calcul";
+        workspace.Mode.Display(DisplayMode::Calcul);
         EXPECT_FALSE(Write_Project(workspace, outside.Ports));
         EXPECT_NE(outside.Prompts.Last_Text().find(std::string("Shot 2, layer 3: the ") + c.Words),
                   std::string::npos)
             << outside.Prompts.Last_Text();
         EXPECT_EQ(Content(path), "old");
         EXPECT_EQ(workspace.Project.TotalTime, 55.5);
-        EXPECT_EQ(workspace.DisplayMode, "Calcul");
+        EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Calcul);
         (workspace.Project.*c.Values)(2, 3) = c.Largest;
         workspace.Project.CurrentFile = folder / "fits.tv5";
         workspace.FileOnDisk = workspace.Project.CurrentFile;

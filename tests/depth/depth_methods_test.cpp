@@ -73,7 +73,7 @@ TEST(TrueVelocity, TheSharedRoutineReportsByMode) {
     Redimension_Project(work.Project);
     const ApparentVelocities layer_two{400, {0, 0, 300}, {0, 0, 300}};
     const ApparentVelocities layer_three{400, {0, 0, 900, 800}, {0, 0, 900, 800}};
-    work.DisplayMode = "Calcul";
+    work.Mode.Display(DisplayMode::Calcul);
     EXPECT_FALSE(Vitesse_Vraie_Commune(work, world.Ports, 1, 0, layer_two));
     EXPECT_EQ(world.Prompts.Last_Text(), "Layer number missing");
     EXPECT_FALSE(Vitesse_Vraie_Commune(work, world.Ports, 1, 6, layer_two));
@@ -81,14 +81,14 @@ TEST(TrueVelocity, TheSharedRoutineReportsByMode) {
     EXPECT_FALSE(Vitesse_Vraie_Commune(work, world.Ports, 1, 2, layer_two));
     EXPECT_EQ(world.Prompts.Last_Text(), "Layer 2 Velocity must be  greater ...");
     EXPECT_FALSE(work.Depth.VelocityFault);
-    work.DisplayMode = "quick";
+    work.Mode.Display(DisplayMode::Quick);
     world.Prompts.Messages.clear();
     EXPECT_FALSE(Vitesse_Vraie_Commune(work, world.Ports, 1, 3, layer_three));
     EXPECT_EQ(work.Velocity.QuickStatus, "Layer 3 Velocity must be  greater ...");
     EXPECT_TRUE(work.Depth.VelocityFault);
     EXPECT_TRUE(world.Prompts.Messages.empty());
 
-    work.DisplayMode = "ABC";  // whatever is handed in, the project counts
+    work.Mode.Display(DisplayMode::Abc);  // whatever is handed in, the project counts
     work.Project.VelocityA(1, 1) = 301;
     work.Project.VelocityB(1, 1) = 300;
     work.Project.VelocityA(1, 2) = work.Project.VelocityB(1, 2) = 1200;

@@ -6,6 +6,7 @@
 
 #include "core/text/number.h"
 #include "support/earth_line.h"
+#include "support/field_names.h"
 #include "support/test_ports.h"
 
 namespace tarnvik {
@@ -18,7 +19,7 @@ struct PickingForDepth : testing::Test {
         const std::array velocities{500.0, 2000.0};
         const std::array thicknesses{6.0};
         test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5, {0, 57.5, 115});
-        Mouse.Register("Calcul", &Handler);
+        Mouse.Register(DisplayMode::Calcul, &Handler);
         Open_At(2);
     }
     void Open_At(int shot) {
@@ -41,12 +42,12 @@ struct PickingForDepth : testing::Test {
 }  // namespace
 
 TEST_F(PickingForDepth, AClickFillsTheInterceptOrCriticalDistanceFieldInFocus) {
-    Form.Enter_Field("IT2B");
+    Form.Enter_Field(test::Field("IT2B"));
     Mouse.Press({10, 40, true, false});
     EXPECT_EQ(Form.InterceptB[2], CStr(static_cast<int>(Work.Curves.MouseTime)));
     EXPECT_GT(Work.Curves.MouseTime, 0);
-    EXPECT_EQ(Work.Velocity.FocusField, "IT2B") << "stays, for another try";
-    Form.Enter_Field("CD1A");
+    EXPECT_EQ(Work.Velocity.Awaited, test::Field("IT2B")) << "stays, for another try";
+    Form.Enter_Field(test::Field("CD1A"));
     Mouse.Press({20.5, 40, true, false});  // 24.55 along the line, the whole part counts
     EXPECT_EQ(Form.CritDistA[1], "33.5");
     EXPECT_EQ(Work.Curves.DragStartX, 0);
@@ -65,24 +66,24 @@ TEST_F(PickingForDepth, ADragFillsTheVelocityInFocusWithItsIntercept) {
         const std::size_t layer = static_cast<std::size_t>(c.Focus[1] - '0');
         const bool side_a = c.Focus[2] == 'A';
         const std::string other = side_a ? Form.VelocityB[layer] : Form.VelocityA[layer];
-        Form.Enter_Field(c.Focus);
+        Form.Enter_Field(test::Field(c.Focus));
         Drag(c.From, 20, c.To, 40);
         EXPECT_NEAR(Val(side_a ? Form.VelocityA[layer] : Form.VelocityB[layer]), 2000, 1) << c.Focus;
         EXPECT_EQ(side_a ? Form.InterceptA[layer - 1] : Form.InterceptB[layer - 1], "23.2");
         EXPECT_EQ(side_a ? Form.VelocityB[layer] : Form.VelocityA[layer], other) << "one side only";
-        EXPECT_EQ(Work.Velocity.FocusField, "");
+        EXPECT_FALSE(Work.Velocity.Awaited);
     }
     EXPECT_EQ(Work.Velocity.CurrentShot, 2);
 }
 
 TEST_F(PickingForDepth, AnEndShotTakesTheValuesOnBothSides) {
     Open_At(1);
-    Form.Enter_Field("V2B");
+    Form.Enter_Field(test::Field("V2B"));
     Drag(28, 20, 95, 40);
     EXPECT_NEAR(Val(Form.VelocityA[2]), 2000, 1);
     EXPECT_EQ(Form.VelocityA[2], Form.VelocityB[2]);
     EXPECT_EQ(Form.InterceptA[1], "23.2");
-    Form.Enter_Field("V1A");
+    Form.Enter_Field(test::Field("V1A"));
     const std::string intercept = Form.InterceptA[1];
     Drag(5, 5, 11, 10);
     EXPECT_NEAR(Val(Form.VelocityB[1]), 500, 1);
@@ -92,12 +93,12 @@ TEST_F(PickingForDepth, AnEndShotTakesTheValuesOnBothSides) {
 TEST_F(PickingForDepth, WhatCannotBeFittedLeavesFieldsAndFocus) {
     for (int r = 1; r <= 24; ++r)
         Work.Project.ShotTimes(2, r) = r == 20 ? 9.0F : 0.0F;
-    Form.Enter_Field("V2B");
+    Form.Enter_Field(test::Field("V2B"));
     const std::string before = Form.VelocityB[2];
     Drag(60, 20, 70, 40);
     EXPECT_EQ(World.Prompts.Last_Text(), "Impossible calculation...");
     EXPECT_EQ(Form.VelocityB[2], before);
-    EXPECT_EQ(Work.Velocity.FocusField, "V2B");
+    EXPECT_EQ(Work.Velocity.Awaited, test::Field("V2B"));
     World.Prompts.Messages.clear();
     Drag(60, 20, 60, 20);  // no length
     Mouse.Press({60, 20, false, true});

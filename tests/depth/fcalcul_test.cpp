@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/text/number.h"
+#include "support/field_names.h"
 #include "support/test_ports.h"
 
 namespace tarnvik {
@@ -66,7 +67,7 @@ double Cosine(double v, double w) {
 
 TEST_F(FcalculTest, ShowsTheShotAndComputesByInterceptTimes) {
     Open_At(1);
-    EXPECT_EQ(Work.DisplayMode, "Calcul");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Calcul);
     EXPECT_EQ(Form->Label18, " Rec. 24");
     EXPECT_EQ(Form->Layers, "3");
     EXPECT_EQ(Form->VisibleLayers, 3);
@@ -351,14 +352,14 @@ TEST_F(FcalculTest, CriticalDistancesOutOfOrderOrMissingHaveTheirMessages) {
 
 TEST_F(FcalculTest, FieldsKnowTheirNamesAndMeansRefuseTheFocus) {
     Open_At(1);
-    Work.DisplayMode = "DROMO";
-    Form->Enter_Field("IT2B");
-    EXPECT_EQ(Work.Velocity.FocusField, "IT2B");
-    EXPECT_EQ(Work.DisplayMode, "Calcul");
-    EXPECT_EQ(Form->Field_Named("V5A"), &Form->VelocityA[5]);
-    EXPECT_EQ(Form->Field_Named("CD4B"), &Form->CritDistB[4]);
-    for (const char* wrong : {"", "V", "V6A", "V0B", "IT5A", "CD0A", "X1A", "V1C", "IT1"})
-        EXPECT_EQ(Form->Field_Named(wrong), nullptr) << wrong;
+    Work.Mode.Display(DisplayMode::Dromo);
+    Form->Enter_Field(test::Field("IT2B"));
+    EXPECT_EQ(Work.Velocity.Awaited, test::Field("IT2B"));
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Calcul);
+    EXPECT_EQ(Form->Field_Of(test::Field("V5A")), &Form->VelocityA[5]);
+    EXPECT_EQ(Form->Field_Of(test::Field("CD4B")), &Form->CritDistB[4]);
+    for (const char* wrong : {"V6A", "V0B", "IT5A", "CD0A"})
+        EXPECT_EQ(Form->Field_Of(test::Field(wrong)), nullptr) << wrong;
     Form->Enter_Mean_Field();
     EXPECT_EQ(World.Prompts.Last_Text(), "You must correct the upper line");
     for (const char* layers : {"", "1", "6", "2.5", "x"}) {
@@ -382,7 +383,7 @@ TEST_F(FcalculTest, WithoutAProjectEveryCommandIsHarmless) {
     Form->Enregistre_Tir();
     Form->Close();
     EXPECT_EQ(Saves, 0);
-    EXPECT_EQ(Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 }  // namespace tarnvik

@@ -23,7 +23,7 @@ inline Workspace Flat_Line() {
         project.ReceiverData(ReceiverDistance, receiver) = receiver_places[receiver - 1];
         project.ReceiverData(ReceiverElevation, receiver) = 100;
     }
-    workspace.DisplayMode = "Profil";
+    workspace.Mode.Display(DisplayMode::Profil);
     return workspace;
 }
 

@@ -145,7 +145,7 @@ TEST(TrueDistances, CommandMovesReceiversShotsAndLineLength) {
     EXPECT_EQ(ports.Prompts.InputDefaults, (std::vector<std::string>{"5", "2.5", "100", "100"}));
     EXPECT_TRUE(ports.Prompts.Said("File: " + project.CurrentFile + " has been recorded"));
     EXPECT_TRUE(std::filesystem::exists(project.CurrentFile));
-    EXPECT_EQ(workspace.DisplayMode, "DROMO");
+    EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST(TrueDistances, ASpacingShorterThanTheStepIsToldAndChangesNothing) {

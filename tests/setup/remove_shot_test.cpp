@@ -83,7 +83,7 @@ class Removal : public ::testing::Test {
 
 TEST_F(Removal, TakesAMiddleShotOutOfModelAndGrids) {
     workspace.Grids.Grille_Shot = TextGrid(4, 1);
-    workspace.Grids.Grille_Shot.At(2, 0).BackColour = 255;
+    workspace.Curves.ShotsLeftOut = {3};
     ASSERT_TRUE(Remove_Colonne(workspace, ports, 2));
     const Project& project = workspace.Project;
     ASSERT_EQ(project.NbShots, 3);
@@ -91,7 +91,9 @@ TEST_F(Removal, TakesAMiddleShotOutOfModelAndGrids) {
     Expect_Shot(project, 2, 3, 4);
     Expect_Shot(project, 3, 4, 4);
     EXPECT_EQ(project.ShotTimes.Last_Row(), 3);
-    EXPECT_EQ(workspace.Grids.Grille_Shot.At(1, 0).BackColour, 255) << "the mark goes with shot 3";
+    EXPECT_EQ(workspace.Curves.ShotsLeftOut, std::set{2}) << "the mark goes with shot 3";
+    EXPECT_EQ(workspace.Grids.Grille_Shot.At(1, 0).BackColour, colours::Red);
+    EXPECT_EQ(workspace.Grids.Grille_Shot.Rows(), 3);
 
     const TextGrid moved = workspace.Grids.Buildgrid;
     Fill_Grid(workspace);
@@ -151,7 +153,7 @@ TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
                                        (folder / "line_3.su") + "\nThe new Tarnvik file has been saved as " +
                                        (folder / "line_3.tv5") + "\nLoad this file !");
     EXPECT_EQ(workspace.Fields.Caption, "[" + (folder / "line_3.tv5") + "]");
-    EXPECT_EQ(workspace.DisplayMode, "DROMO");
+    EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(Removal, ABatchThatCannotStartIsTold) {

@@ -129,23 +129,15 @@ TEST(CurveFrame, ScrollBarsKeepTheirRangeAndTheDialogsMode) {
     EXPECT_EQ(view.HScroll1.Max, 72);
     EXPECT_EQ(view.VScroll1.Max, 50);
     line.Display.OnShowCurves = [&line] { line.Draw(); };
-    line.Work.DisplayMode = "Vitesse";
+    line.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
     HScroll1_Change(line.Work, line.Ports, 60);
     EXPECT_EQ(Distance_Range_Text(line.Work), "75 m to 105");
-    EXPECT_EQ(line.Work.DisplayMode, "Vitesse");
+    EXPECT_EQ(line.Work.Mode.Current(), DisplayMode::Vitesse);
     VScroll1_Change(line.Work, line.Ports, 50);
     EXPECT_EQ(Time_Range_Text(line.Work), "75 ms to 150");
     Set_Zoom(view, 2, 1);
     EXPECT_EQ(view.HScroll1.Value, 48);
     EXPECT_EQ(view.VScroll1.Value, 0);
-
-    // Only "PROF" in capitals redraws the profile.
-    line.Work.DisplayMode = "Profil";
-    zoom.Command1();
-    EXPECT_EQ(line.Display.Count("Show_Profile"), 0);
-    line.Work.DisplayMode = "PROFIL";
-    zoom.Command1();
-    EXPECT_EQ(line.Display.Count("Show_Profile"), 1);
 }
 
 TEST(CurveFrame, ReceiverInterceptsAreMarkedWhenAskedFor) {

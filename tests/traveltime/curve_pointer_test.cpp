@@ -81,14 +81,19 @@ TEST(CurvePointer, PickFactorDiffersFromTheGridAtFiftyAndByMode) {
     line.Work.Project.ShotTimes(1, 25) = 50;
     line.Draw();
     EXPECT_EQ(line.View().TimeFactor, 1);
-    for (const auto& [mode, factor] : std::initializer_list<std::pair<const char*, double>>{
-             {"DROMO", 0.5}, {"Calcul", 0.5}, {"ABC", 1}, {"Fantom", 1}, {"Profil2", 1}, {"PROF", 0.5}}) {
-        line.Work.DisplayMode = mode;
+    for (const auto& [mode, factor] :
+         std::initializer_list<std::pair<DisplayMode, double>>{{DisplayMode::Dromo, 0.5},
+                                                               {DisplayMode::Calcul, 0.5},
+                                                               {DisplayMode::Abc, 1},
+                                                               {DisplayMode::Fantom, 1},
+                                                               {DisplayMode::Profil2, 1},
+                                                               {DisplayMode::Both, 0.5}}) {
+        line.Work.Mode.Display(mode);
         line.Pointer.Move({10, 10});
-        EXPECT_EQ(line.View().PickFactor, factor) << mode;
+        EXPECT_EQ(line.View().PickFactor, factor) << Word_Of(mode);
     }
     line.View().PickFactor = 7;
-    line.Work.DisplayMode = "quick";
+    line.Work.Mode.Display(DisplayMode::Quick);
     line.Pointer.Press(At(10, 10));
     EXPECT_EQ(line.View().PickFactor, 7);
 }
@@ -96,14 +101,14 @@ TEST(CurvePointer, PickFactorDiffersFromTheGridAtFiftyAndByMode) {
 TEST(CurvePointer, HandsEventsToTheHandlerOfTheMode) {
     Pointed line;
     CountingHandler handler;
-    line.Pointer.Register("Vitesse", &handler);
+    line.Pointer.Register(DisplayMode::Vitesse, &handler);
     line.Pointer.Press(At(10, 10));
     EXPECT_EQ(handler.Presses, 0);
-    line.Work.DisplayMode = "Vitesse";
+    line.Work.Mode.Display(DisplayMode::Vitesse);
     line.Pointer.Press(At(10, 10));
     line.Pointer.Move(At(11, 10));  // its fault stays inside
     EXPECT_EQ(handler.Presses, 1);
-    line.Work.DisplayMode = "DROMO";
+    line.Work.Mode.Display(DisplayMode::Dromo);
     line.Pointer.Press(At(10, 10));
     EXPECT_EQ(handler.Presses, 1);
 }
@@ -200,7 +205,7 @@ TEST(VelocityRuler, KeysMoveTheLastBand) {
         key(109);
     EXPECT_EQ(line.View().RulerStep, 1);
     line.Pointer.Key(65);
-    line.Work.DisplayMode = "Calcul";
+    line.Work.Mode.Display(DisplayMode::Calcul);
     line.Pointer.Key(38);
     EXPECT_EQ(line.View().RulerY, -1.5);
 }

@@ -115,7 +115,7 @@ TEST(Curves, OffsetShotIsNumberedBesideItsLastPointInDromoModeOnly) {
     Curves line;
     line.Work.Project.ShotDistance(1) = -20;
     line.Pick(1, {30, 40, 50, 55});
-    line.Work.DisplayMode = "Fantom";
+    line.Work.Mode.Display(DisplayMode::Fantom);
     line.Draw_Shot(1, ink);
     EXPECT_EQ(line.Dromo().Printed("1"), nullptr);
     line.Draw();
@@ -188,14 +188,16 @@ TEST(Curves, RefusesWrongShotsAndTellsAFaultOnce) {
     EXPECT_TRUE(empty.Prompts.Messages.empty());
 }
 
-TEST(Curves, RedrawEndsEveryModeAndBand) {
+TEST(Curves, RedrawEndsEveryBandAndPutsTheCurvesOnDisplay) {
     Curves line;
-    line.Work.DisplayMode = "Calcul";
+    line.Work.Mode.Display(DisplayMode::Profil);
+    line.Work.Mode.Take(Dialog::Fcalcul, DisplayMode::Calcul);
     line.Work.Curves.FrameDrawn = 2;
     line.Work.Curves.DragStartX = 30;
     line.Work.Curves.Band.Stands = true;
     line.Draw();
-    EXPECT_EQ(line.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(line.Work.Mode.On_Display(), DisplayMode::Dromo);
+    EXPECT_EQ(line.Work.Mode.Current(), DisplayMode::Calcul) << "the dialog keeps the picture";
     EXPECT_EQ(line.Work.Curves.FrameDrawn, 1);
     EXPECT_EQ(line.Work.Curves.DragStartX, 0);
     EXPECT_FALSE(line.Work.Curves.Band.Stands);
@@ -230,9 +232,9 @@ TEST(Curves, SecondWindowAndPaperShowTheSamePicture) {
     line.Work.Curves.DoubleView = 1;
     line.Draw();
     RecordingPicture paper, across, beside;
-    line.Work.DisplayMode = "Calcul";
+    line.Work.Mode.Display(DisplayMode::Calcul);
     EXPECT_TRUE(Draw_Curves_On(line.Work, {paper, &across, &beside}));
-    EXPECT_EQ(line.Work.DisplayMode, "Calcul");
+    EXPECT_EQ(line.Work.Mode.Current(), DisplayMode::Calcul);
     EXPECT_EQ(across.Texts(), line.Of(Canvas::EchelleX).Texts());
     EXPECT_EQ(beside.Texts(), line.Of(Canvas::EchelleY).Texts());
     for (const RecordingPicture* other : {&paper, &line.Of(Canvas::Dromo2)}) {

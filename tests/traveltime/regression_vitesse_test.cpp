@@ -19,16 +19,16 @@ struct DragTest : testing::Test {
         const std::array thicknesses{6.0};
         test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5,
                        {0, 57.5, 115, -40, 2.5});
-        Work.DisplayMode = "Calcul";
-        Work.Velocity.FocusField = "V2A";
+        Work.Mode.Display(DisplayMode::Calcul);
     }
     bool Run(int shot, int first, int last) {
         First = first;
         Last = last;
-        return Regression_Vitesse(Work, World.Ports, shot, First, Last, Velocity);
+        return Regression_Vitesse(Work, World.Ports, shot, First, Last, Line, Velocity);
     }
     Workspace Work;
     test::TestPorts World;
+    StretchLine Line = StretchLine::Free;
     int First = 0;
     int Last = 0;
     double Velocity = -1;
@@ -50,15 +50,15 @@ TEST_F(DragTest, CorrectsTheReceiversInPlace) {
     EXPECT_FALSE(World.Display.Pictures[Canvas::Dromo].Of(Drawn::Verb::Line, colours::Blue).empty());
 }
 
-TEST_F(DragTest, TheFocusChoosesTheMethod) {
+TEST_F(DragTest, ALineThroughTheShotIsAskedFor) {
     EXPECT_TRUE(Run(2, 10, 15));  // holds the shot: direct
     EXPECT_NEAR(Velocity, 500, 1);
     EXPECT_EQ(Work.Velocity.InterceptResult, 0);
-    Work.Velocity.FocusField = "V1B";
+    Line = StretchLine::ThroughShot;
     EXPECT_TRUE(Run(2, 13, 15));
     EXPECT_NEAR(Velocity, 500, 1);
     EXPECT_NEAR(Work.Velocity.Correlation, 99, 0.1);
-    Work.Velocity.FocusField = " ";
+    Line = StretchLine::Free;
     EXPECT_TRUE(Run(2, 13, 15));
     EXPECT_EQ(Work.Velocity.Correlation, 1);
 }
@@ -72,7 +72,7 @@ TEST_F(DragTest, OneReceiverIsAStretchOnlyBesideTheShot) {
     Work.Project.ShotTimes(3, 24) = 1;
     for (const auto& c : cases) {
         Velocity = -1;
-        Work.Velocity.FocusField = "V1A";  // one receiver takes the direct method all the same
+        Line = StretchLine::ThroughShot;  // one receiver takes the direct method all the same
         EXPECT_EQ(Run(c.Shot, c.Receiver, c.Receiver), c.Accepted) << c.Shot << " " << c.Receiver;
         EXPECT_EQ(Velocity >= 0, c.Accepted);
     }
@@ -95,7 +95,7 @@ TEST_F(DragTest, MessagesGoToTheStatusLabelInModeQuickAndToABoxElsewhere) {
                  {15, 20, "Impossible calculation...", Icon::None},
                  {3, 9, "Error, calcul not possible...", Icon::None}};
     for (const auto& c : cases) {
-        Work.DisplayMode = "Calcul";
+        Work.Mode.Display(DisplayMode::Calcul);
         Work.Velocity.QuickStatus.clear();
         Work.Velocity.InterceptResult = 5;
         World.Prompts.Messages.clear();
@@ -104,7 +104,7 @@ TEST_F(DragTest, MessagesGoToTheStatusLabelInModeQuickAndToABoxElsewhere) {
         EXPECT_EQ(World.Prompts.Messages[0].Text, c.Text);
         EXPECT_EQ(World.Prompts.Messages[0].WithIcon, c.WithIcon);
         EXPECT_EQ(Work.Velocity.QuickStatus, "");
-        Work.DisplayMode = "quick";
+        Work.Mode.Display(DisplayMode::Quick);
         EXPECT_FALSE(Run(2, c.First, c.Last));
         EXPECT_EQ(World.Prompts.Messages.size(), 1U);
         EXPECT_EQ(Work.Velocity.QuickStatus, c.Text);

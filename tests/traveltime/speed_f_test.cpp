@@ -51,7 +51,7 @@ struct SpeedTest : testing::Test {
 }  // namespace
 
 TEST_F(SpeedTest, OpensWithTheWholeLineAndLayerOne) {
-    EXPECT_EQ(Work.DisplayMode, "Vitesse");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Vitesse);
     EXPECT_EQ(Form->Combo3, "1");
     EXPECT_EQ(Form->Combo4, "24");
     EXPECT_EQ(Form->Combo1, "1");
@@ -214,7 +214,7 @@ TEST_F(SpeedTest, ChoosingAShotRedrawsItAloneUnlessAllStay) {
 TEST_F(SpeedTest, RefreshLoadsAProjectWithoutTimesAnew) {
     Form->Command2();
     EXPECT_EQ(Loads, 0);
-    EXPECT_EQ(Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Vitesse);
     Work.Project.ShotTimes = {5, 24};
     Form->Command2();
     EXPECT_EQ(Loads, 1);
@@ -227,10 +227,10 @@ TEST_F(SpeedTest, RefreshLoadsAProjectWithoutTimesAnew) {
 TEST_F(SpeedTest, AReleaseOnThePictureFillsTheReceiverBoxEnteredLast) {
     SpeedPointer pointer(Work, World.Ports, *Form);
     pointer.Release({30, 10, true, false});
-    EXPECT_EQ(Form->Combo3, "8");  // 30 / 4 rounded, half to even
-    Work.DisplayMode = "Calcul";   // the depth dialog has taken the picture since
+    EXPECT_EQ(Form->Combo3, "8");                          // 30 / 4 rounded, half to even
+    Work.Mode.Take(Dialog::Fcalcul, DisplayMode::Calcul);  // the depth dialog has taken the picture since
     Form->Enter_Receiver(SpeedF::ReceiverBox::To);
-    EXPECT_EQ(Work.DisplayMode, "Vitesse");
+    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Vitesse);
     pointer.Release({97, 10, true, false});
     EXPECT_EQ(Form->Combo4, "24");
     pointer.Release({-1, 10, true, false});

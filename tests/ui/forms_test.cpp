@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "app/commands.h"
+#include "support/field_names.h"
 #include "window_fixture.h"
 
 namespace tarnvik {
@@ -50,16 +51,16 @@ TEST_F(Forms, depth_fields_stand_in_their_controls_and_are_known_to_the_picture)
     for (const auto& [control, name] : fields) {
         auto* edit = form->findChild<QLineEdit*>(control);
         ASSERT_NE(edit, nullptr) << control;
-        *logic.Field_Named(name) = name;
+        *logic.Field_Of(test::Field(name)) = name;
         form->Refresh();
         EXPECT_EQ(edit->text(), name);
         edit->setText("12.5");
-        Program.Work.DisplayMode = "DROMO";
+        Program.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
         emit edit->textEdited("12.5");
-        EXPECT_EQ(*logic.Field_Named(name), "12.5") << control;
-        EXPECT_EQ(Program.Work.DisplayMode, "Calcul");
+        EXPECT_EQ(*logic.Field_Of(test::Field(name)), "12.5") << control;
+        EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
         Enter(edit);
-        EXPECT_EQ(Program.Work.Velocity.FocusField, name);
+        EXPECT_EQ(Program.Work.Velocity.Awaited, test::Field(name));
     }
     struct Row {
         std::string* Field;
@@ -105,7 +106,7 @@ TEST_F(Forms, mean_fields_refuse_the_focus_and_results_can_be_copied) {
     QTest::mouseClick(form->findChild<QLineEdit*>("Text17"), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_TRUE(Prompts.Said("You must correct the upper line"));
-    EXPECT_EQ(Program.Work.Velocity.FocusField, "IT1A") << "the field before keeps the focus";
+    EXPECT_EQ(Program.Work.Velocity.Awaited, test::Field("IT1A")) << "the field before keeps the focus";
     auto* result = form->findChild<QLineEdit*>("Text27");
     EXPECT_TRUE(result->isReadOnly());
     EXPECT_NE(result->palette().color(QPalette::Base), side->palette().color(QPalette::Base));
@@ -133,12 +134,12 @@ TEST_F(Forms, depth_picks_a_time_computes_by_return_and_marks_what_is_not_saved)
     EXPECT_EQ(Program.Depths.ShotLabel, "2");
     QTest::keyClick(form->findChild<QLineEdit*>("Text2"), Qt::Key_Escape);
     EXPECT_FALSE(Display.Is_Open(Dialog::Fcalcul));
-    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
     Form* form = Open(Dialog::SpeedF);
-    EXPECT_EQ(Program.Work.DisplayMode, "Vitesse");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
     form->findChild<QComboBox*>("Combo2")->setEditText("1");
     Click_Curves(2 * 8.0, 30);
     EXPECT_EQ(form->findChild<QComboBox*>("Combo3")->currentText(), "2");
@@ -155,7 +156,7 @@ TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
     // By the window's own button.
     form->parentWidget()->close();
     EXPECT_FALSE(Display.Is_Open(Dialog::SpeedF));
-    EXPECT_EQ(Program.Work.DisplayMode, "DROMO");
+    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {

@@ -115,12 +115,12 @@ TEST_F(Window, the_pointer_on_the_curves_is_read_where_it_was_drawn) {
 
 TEST_F(Window, the_pictures_keep_their_drawing_when_the_size_changes_in_any_mode) {
     auto* dromo = Find<PictureBox>("Dromo");
-    for (const char* mode : {"DROMO", "Vitesse", ""}) {
-        Program.Work.DisplayMode = mode;
+    for (const DisplayMode mode : {DisplayMode::Dromo, DisplayMode::Vitesse, DisplayMode::None}) {
+        Program.Work.Mode.Display(mode);
         Screen->resize(Screen->width() - 60, Screen->height() - 40);
         QTest::qWait(1);
-        EXPECT_FALSE(Blank(dromo)) << mode;
-        EXPECT_EQ(Program.Work.DisplayMode, mode);
+        EXPECT_FALSE(Blank(dromo)) << Word_Of(mode);
+        EXPECT_EQ(Program.Work.Mode.Current(), mode);
     }
 }
 

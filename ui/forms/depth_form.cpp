@@ -15,6 +15,9 @@ namespace tarnvik {
 
 namespace {
 
+using Family = AwaitedField::Family;
+using Side = AwaitedField::Side;
+
 struct LayerRow {
     const char* VelocityA;
     const char* VelocityB;
@@ -142,14 +145,15 @@ void DepthForm::Bind_Shot(const Ui::DepthForm& controls) {
 }
 
 /// A field that the picture can fill while it has the focus.
-void DepthForm::Picture_Field(const char* control, std::string& field, const std::string& name) {
+void DepthForm::Picture_Field(const char* control, AwaitedField field) {
     QLineEdit* edit = Control(control);
-    Fields.Text(edit, field, [this] { Program.Depths.Field_Changed(); });
-    PictureFields[edit] = name;
+    Fields.Text(edit, *Program.Depths.Field_Of(field), [this] { Program.Depths.Field_Changed(); });
+    PictureFields[edit] = field;
     edit->installEventFilter(this);
-    Fields.Follow([this, edit, name] {
+    Fields.Follow([this, edit, field] {
         QPalette colours = palette();
-        if (Program.Work.Velocity.FocusField == name) {
+        // Lit as long as a click on the picture goes here.
+        if (Program.Work.Velocity.Awaited == field && Program.Work.Mode.Held_By(Dialog::Fcalcul)) {
             colours.setColor(QPalette::Base,
                              Mixed(colours.color(QPalette::Base), colours.color(QPalette::Highlight), 0.3));
         }
@@ -181,9 +185,8 @@ void DepthForm::Bind_Layers() {
     for (const LayerRow& row : layer_rows) {
         ++layer;
         const auto at = static_cast<std::size_t>(layer);
-        const std::string number = std::to_string(layer);
-        Picture_Field(row.VelocityA, logic.VelocityA.at(at), "V" + number + "A");
-        Picture_Field(row.VelocityB, logic.VelocityB.at(at), "V" + number + "B");
+        Picture_Field(row.VelocityA, {Family::Velocity, layer, Side::A});
+        Picture_Field(row.VelocityB, {Family::Velocity, layer, Side::B});
         Fields.Result(Control(row.TrueV), logic.TrueV.at(at));
         auto* caption = findChild<QLabel*>("RowV" + QString::number(layer));
         Show_For_Layers(layer, {caption, Control(row.VelocityA), Control(row.VelocityB), Control(row.TrueV)});
@@ -196,11 +199,10 @@ void DepthForm::Bind_Refractors() {
     for (const RefractorRow& row : refractor_rows) {
         ++refractor;
         const auto at = static_cast<std::size_t>(refractor);
-        const std::string number = std::to_string(refractor);
-        Picture_Field(row.InterceptA, logic.InterceptA.at(at), "IT" + number + "A");
-        Picture_Field(row.InterceptB, logic.InterceptB.at(at), "IT" + number + "B");
-        Picture_Field(row.CritDistA, logic.CritDistA.at(at), "CD" + number + "A");
-        Picture_Field(row.CritDistB, logic.CritDistB.at(at), "CD" + number + "B");
+        Picture_Field(row.InterceptA, {Family::Intercept, refractor, Side::A});
+        Picture_Field(row.InterceptB, {Family::Intercept, refractor, Side::B});
+        Picture_Field(row.CritDistA, {Family::CriticalDistance, refractor, Side::A});
+        Picture_Field(row.CritDistB, {Family::CriticalDistance, refractor, Side::B});
         Mean_Field(row.MeanIntercept, logic.MeanIntercept.at(at));
         Mean_Field(row.MeanCritDist, logic.MeanCritDist.at(at));
         Fields.Result(Control(row.Thick), logic.Thick.at(at));

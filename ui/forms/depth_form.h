@@ -40,12 +40,12 @@ class DepthForm : public Form {
     void Bind_Shot(const Ui::DepthForm& controls);
     void Bind_Layers();
     void Bind_Refractors();
-    void Picture_Field(const char* control, std::string& field, const std::string& name);
+    void Picture_Field(const char* control, AwaitedField field);
     void Mean_Field(const char* control, const std::string& field);
     void Show_For_Layers(int layers, std::initializer_list<QWidget*> controls);
 
     Session& Program;
-    std::map<QObject*, std::string> PictureFields;  ///< name that the logic knows each control by
+    std::map<QObject*, AwaitedField> PictureFields;
     QLineEdit* LastEntered = nullptr;
     QLineEdit* LayerCount = nullptr;
 };

@@ -77,7 +77,7 @@ void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
         });
         Keep_Room(mark);
         Fields.Shown(mark, [this, meaning = meaning] {
-            return Program.Work.DisplayMode == "Vitesse" && Program.Speed.LastEntered == meaning;
+            return Program.Work.Mode.Held_By(Dialog::SpeedF) && Program.Speed.LastEntered == meaning;
         });
     }
     Fields.Tick(controls.Check1, logic.Check1, [this] { Fields.Refresh(); });
