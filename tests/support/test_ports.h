@@ -22,7 +22,10 @@ class RecordingDisplay : public Display {
         Calls.emplace_back("Show_Curves");
         if (OnShowCurves) OnShowCurves();
     }
-    void Display_Record() override { Calls.emplace_back("Display_Record"); }
+    void Display_Record() override {
+        Calls.emplace_back("Display_Record");
+        if (OnDisplayRecord) OnDisplayRecord();
+    }
     void Show_Profile() override { Calls.emplace_back("Show_Profile"); }
     void Show_Grids() override { Calls.emplace_back("Show_Grids"); }
     void Show_Fields() override { Calls.emplace_back("Show_Fields"); }
@@ -64,6 +67,7 @@ class RecordingDisplay : public Display {
     std::vector<Dialog> Open;
     std::vector<Dialog> InFront;
     std::function<void()> OnShowCurves;
+    std::function<void()> OnDisplayRecord;
     bool Printable = true;
 };
 
