@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,12 @@ std::optional<std::string> Read_File(const std::string& path);
 /// Replaces a file by new content: written beside it, flushed to the disk, renamed over it, so that a full
 /// disk or a crash leaves the old file whole. Answers the reason of a failure, empty when it went well.
 std::string Replace_File(const std::string& path, std::string_view content);
+
+/// The same for a content too large for the memory: `produce` hands it over piece by piece, stops when a
+/// piece is refused, and answers why it could not go on; empty when all was handed over.
+using PieceWriter = std::function<bool(std::string_view piece)>;
+std::string Replace_File_In_Pieces(const std::string& path,
+                                   const std::function<std::string(const PieceWriter& write)>& produce);
 
 /// Copies a file over another in the same safe way. Answers the reason of a failure, empty when it went well.
 std::string Copy_File(const std::string& from, const std::string& to);

@@ -87,7 +87,6 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     Parse_Project(Read_File(path).value_or(""), project);
     workspace.Fields.Label16 = project.SuFile;
     workspace.Fields.Text25 = CStr(project.TotalTime);
-    workspace.Fields.Text16 = CStr(project.DistanceShift);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
     workspace.SavedFingerprint = Project_Fingerprint(project);

@@ -123,11 +123,16 @@ struct DepthWork {
 /// State of the profile picture.
 struct ProfileView {
     DisplayMode DrawnMode = DisplayMode::None;  ///< mode of the last drawing
+    std::optional<double> GivenMaxElevation;    ///< answered or typed by the user
+    std::optional<double> GivenMinElevation;
     double ProfileMaxElevation = 0;
     double ProfileMinElevation = 0;
     std::int16_t ProfileVFactor = 1;
     double ProfileVScale = 1;
-    bool ProfileOverlay = false;
+    double ZoomX = 1;  ///< enlargement of what stands, and how far it is scrolled, in enlarged units
+    double ZoomY = 1;
+    int Across = 0;
+    int Up = 0;
 };
 
 /// Stations that the user gave a record when he was asked for them.
@@ -199,13 +204,8 @@ struct RecordView {
 struct MainFields {
     std::string Caption;
     std::string Text1;            ///< status field: pointer read-out
-    std::string Text6;            ///< line length
-    std::string Text16;           ///< DistanceShift
     std::string Text19;           ///< colour scale file
     std::string Text25;           ///< TotalTime
-    std::string Text27;           ///< maximum profile elevation
-    std::string Text32;           ///< profil total height
-    std::string Text33;           ///< minimum profile elevation
     std::string Label16;          ///< path of the SU file
     std::string FirstTabCaption;  ///< path of the project file on the first tab
     std::string Status;           ///< status label: zoom range, time shift, faults to be seen

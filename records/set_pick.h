@@ -40,6 +40,9 @@ class PickSetter {
 /// One pick as an edit of its own.
 void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
 
+/// How the table shows a time: two decimals, and red below 0, which is no pick.
+void Show_Time(TextGrid::Cell& cell, float time);
+
 /// "Pick shot 3, receiver 7", the name of such an edit.
 std::string Pick_Name(PickPlace place);
 

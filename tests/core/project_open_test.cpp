@@ -59,7 +59,6 @@ TEST_F(ProjectOpen, LoadsBacksUpAndResetsTheViews) {
     EXPECT_EQ(Work.Curves.ZoomX, 1);
     EXPECT_EQ(Work.Record.Record, 1);
     EXPECT_EQ(Work.Fields.Text25, "55.5");
-    EXPECT_EQ(Work.Fields.Text16, "-2.25");
     EXPECT_EQ(Work.Fields.Label16, Work.Project.SuFile);
     EXPECT_EQ(Work.Fields.FirstTabCaption, Path);
     EXPECT_FALSE(Work.NoOffsetShots);

@@ -26,7 +26,10 @@ class RecordingDisplay : public Display {
         Calls.emplace_back("Display_Record");
         if (OnDisplayRecord) OnDisplayRecord();
     }
-    void Show_Profile() override { Calls.emplace_back("Show_Profile"); }
+    void Show_Profile() override {
+        Calls.emplace_back("Show_Profile");
+        if (OnShowProfile) OnShowProfile();
+    }
     void Show_Grids() override { Calls.emplace_back("Show_Grids"); }
     void Show_Fields() override { Calls.emplace_back("Show_Fields"); }
     void Select_Tab(Tab tab) override {
@@ -68,6 +71,7 @@ class RecordingDisplay : public Display {
     std::vector<Dialog> InFront;
     std::function<void()> OnShowCurves;
     std::function<void()> OnDisplayRecord;
+    std::function<void()> OnShowProfile;
     bool Printable = true;
 };
 
