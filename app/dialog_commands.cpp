@@ -19,7 +19,6 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
-#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
@@ -35,12 +34,9 @@ void Open_Over_Curves(Session& session, DisplayMode mode, Dialog dialog) {
 }
 
 void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
-    // The drawing takes the enlargement back; the scroll bars go with it, or part of the line were out of
-    // sight with no bar to bring it back.
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Show_Profile();
+    Draw_Seismic_Profile(session.Work, session.Outside);
 }
 
 }  // namespace
@@ -70,7 +66,6 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Curves_And_Profile(Session& session) {
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);
 }

@@ -124,7 +124,9 @@ std::string Name_Of(std::string_view path) {
 }
 
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement) {
-    std::string derived = Folder_Of(path) + Replace_First(Name_Of(path), ending, replacement);
+    std::string derived = path;
+    if (LCase(Right(path, ending.size())) == LCase(ending))
+        derived.replace(path.size() - ending.size(), ending.size(), replacement);
     if (File_Exists(derived)) return derived;
     const std::string wanted = LCase(Name_Of(derived));
     const std::string folder = Folder_Of(derived);

@@ -31,8 +31,8 @@ std::string Copy_File(const std::string& from, const std::string& to);
 std::string Folder_Of(std::string_view path);
 std::string Name_Of(std::string_view path);
 
-/// Name derived from a path: in the file's name, the first place of `ending` (any case) becomes
-/// `replacement`; its folder and all other letters stay. When no such file exists, a file of the same folder
+/// Name derived from a path: `ending` (any case) at the end of the file's name becomes `replacement`; its
+/// folder and all other letters stay, and all of them where the name ends otherwise. When no such file exists, a file of the same folder
 /// whose name differs only by case is taken instead.
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement);
 

@@ -75,7 +75,7 @@ void Reset_Views(Workspace& workspace) {
     curves.HScroll1.Value = 0;
     curves.VScroll1.Value = 0;
     workspace.Velocity.CurrentShot = 1;
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
 }
 
 }  // namespace
@@ -145,7 +145,7 @@ bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hook
         opened = Open_Named_Project(workspace, ports, hooks, path);
     }
     if (Letter_Count(path) >= shortest_recent_path) Add_Recent_File(workspace.Settings, path);
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
     ports.Show.Show_Fields();
     return opened;
 }

@@ -70,6 +70,12 @@ std::string Pick_Name(PickPlace place) {
     return "Pick shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver);
 }
 
+std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread, std::int64_t trace) {
+    const auto place = spread.Place_Of(trace);
+    if (!place) return what + " trace " + CStr(static_cast<double>(trace));
+    return what + " shot " + CStr(place->Shot) + ", receiver " + CStr(place->Receiver);
+}
+
 void Take_Header_Picks(PickSetter& picks) {
     SuTraces& file = picks.Files().Traces();
     const std::int64_t traces = picks.Files().Last_Trace();
