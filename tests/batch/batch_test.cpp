@@ -207,7 +207,7 @@ TEST_F(Batch, each_option_of_a_velocity_changes_it) {
               found("--shot 2 --from 3 --to 6 --layer 1"));
     const Outcome told = Run("velocity " + (Folder / "demo1.tv5") + " --shot 2 --from 5 --to 9");
     for (const char* words :
-         {"Velocity:    ", " m/s", "Intercept:   ", " ms", "Correlation: ", "Side:        A"})
+         {"Velocity:    ", " m/s", "Intercept:   ", " ms", "Correlation: ", "Side:        B"})
         EXPECT_NE(told.Output.find(words), std::string::npos) << told.Output;
 }
 
