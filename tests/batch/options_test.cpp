@@ -103,7 +103,6 @@ TEST_F(Options, each_option_of_a_drawing_changes_the_picture) {
             project.ShotThickness(shot, 1) = 6;
         for (int receiver = 1; receiver <= 24; ++receiver) {
             project.ReceiverData(ReceiverDepth1, receiver) = 7;
-            project.GrmData(9, receiver) = 9;
         }
     });
     const std::string records = Demo("demo1.su");
@@ -111,8 +110,7 @@ TEST_F(Options, each_option_of_a_drawing_changes_the_picture) {
     const std::pair<std::string, std::vector<std::string>> pictures[] = {
         {"draw " + line + " curves", {"", "--zero-on-top", "--zoom-x 2", "--zoom-y 2"}},
         {"draw " + line + " profile",
-         {"", "--mode Profil2", "--mode Profil3", "--mode Profil4", "--zoom-x 2", "--zoom-y 2",
-          "--max-elevation 129", "--min-elevation 5"}},
+         {"", "--mode Profil2", "--zoom-x 2", "--zoom-y 2", "--max-elevation 129", "--min-elevation 5"}},
         {"record " + records,
          {"--record 1", "--record 2", "--record 2 --style wiggle", "--record 2 --style color",
           "--record 2 --gain 20", "--record 2 --gain 20 --clip", "--record 2 --equalize",
@@ -232,7 +230,8 @@ TEST_F(Options, each_option_of_the_picking_changes_the_picks) {
           "--start 2 --window 30 --absolute"}) {
         EXPECT_NE(picks(options), plain) << options;
     }
-    const std::string pick_other = "pick " + (Folder / "demo1.su") + " --json --record 4 --reference-trace 24";
+    const std::string pick_other =
+        "pick " + (Folder / "demo1.su") + " --json --record 4 --reference-trace 24";
     EXPECT_NE(Run(pick_other + " --start 2 --window 30 --frequency 1000").Output,
               Run(pick_other + " --start 2 --window 30").Output);
     const std::vector<double> shifted = picks("--start 2 --window 30 --shift 3");
