@@ -13,6 +13,7 @@
 #include "batch/record_copy.h"
 #include "core/files.h"
 #include "core/text/number.h"
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_loading.h"
 #include "setup/spread.h"
@@ -27,8 +28,9 @@ using Json = nlohmann::ordered_json;
 bool Open_Record(BatchRun& run, const std::string& su_file, int record) {
     Workspace& work = run.Program.Work;
     if (!File_Exists(su_file)) return run.Refuse(su_file + ": This file does not exist !");
-    work.Project.SuFile = su_file;
-    Start_With_SU_File(work, su_file);
+    // As typed, not as a project would name it: from the folder that the command runs in.
+    work.Project.SuFile = std::filesystem::absolute(su_file).string();
+    Start_With_SU_File(work, work.Project.SuFile);
     if (!Scan_Channels(work, su_file) || work.Record.ChannelsPerRecord < 1 || work.Record.NbRecords < 1) {
         return run.Refuse(su_file + ": no records found in this file");
     }
@@ -64,14 +66,13 @@ ExitStatus Draw_Record(const CommonOptions& common, const RecordOptions& options
     Workspace& work = run.Program.Work;
     if (!Open_Record(run, common.ProjectFile, options.Record) || !run.May_Write(common.Out))
         return run.Finish(Refused);
-    MainFields& fields = work.Fields;
-    fields.Combo1 = options.Style == "wiggle"  ? WiggleOnly
-                    : options.Style == "color" ? TwoColours
-                                               : VariableArea;
-    fields.clip = options.Clip;
-    fields.Check3 = options.Equalize;
-    fields.Text11 = CStr(options.Gain);
-    work.Record.AmplitudeGain = options.Gain;
+    RecordView& view = work.Record;
+    view.Style = options.Style == "wiggle"  ? WiggleOnly
+                 : options.Style == "color" ? TwoColours
+                                            : VariableArea;
+    view.ClipAmplitude = options.Clip;
+    view.EqualiseTraces = options.Equalize;
+    view.AmplitudeGain = options.Gain;
     if (!options.Samples.empty()) {
         const double first = Val(options.Samples);
         const double last = Val(options.Samples.substr(options.Samples.find(':') + 1));
@@ -142,16 +143,16 @@ std::optional<int> Trace_Of_Record(const RecordView& view, const PickOptions& op
 /// Fills the dialog as a user does who presses the right button on the reference trace.
 void Fill_In(AutoPik& dialog, Workspace& work, const PickOptions& options, int reference) {
     dialog.Form_Load();
-    dialog.Text51 = options.Frequency ? CStr(*options.Frequency) : "";
-    dialog.Text53 = CStr(options.SearchFrom);
-    dialog.Text54 = CStr(options.Window);
-    dialog.Text57 = CStr(options.MinAmplitude);
-    dialog.Text3 = CStr(options.Shift);
-    dialog.Check2 = options.Negative;
-    dialog.Check3 = options.Absolute;
+    dialog.Frequency = options.Frequency ? CStr(*options.Frequency) : "";
+    dialog.StartShift = CStr(options.SearchFrom);
+    dialog.Window = CStr(options.Window);
+    dialog.MinAmplitude = CStr(options.MinAmplitude);
+    dialog.PickShift = CStr(options.Shift);
+    dialog.Negative = options.Negative;
+    dialog.Absolute = options.Absolute;
     // The middle of the reference trace on the record picture.
     work.Record.DownX = reference * trace_width + trace_width / 2;
-    dialog.Text55 = CStr(options.Start);
+    dialog.FirstTime = CStr(options.Start);
 }
 
 /// Picks the record that is open. False after a message.

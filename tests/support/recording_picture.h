@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,9 @@ class RecordingPicture : public Picture {
     void Scale(double left, double top, double right, double bottom) override;
     Frame Current_Frame() const override { return InForce; }
     void Clear() override;
+    void Keep_Background() override { Background = List.size(); }
+    /// Takes off the list what was drawn on the background and lies wholly in the rectangle.
+    bool Bring_Back(double x1, double y1, double x2, double y2) override;
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) override;
     void Circle(double x, double y, double radius, Colour colour) override;
@@ -68,6 +72,7 @@ class RecordingPicture : public Picture {
     int Clears = 0;
 
   private:
+    std::optional<std::size_t> Background;  ///< entries of the list that belong to it
     Drawn& Add(Drawn::Verb verb, double x1, double y1, Colour colour);
     Frame InForce;
     double PenX = 0;
