@@ -22,6 +22,8 @@ class SilentPicture : public Picture {
     }
     Frame Current_Frame() const override { return InForce; }
     void Clear() override { Move_To(0, 0); }
+    void Set_Clip(double, double, double, double) override {}
+    void Clear_Clip() override {}
     void Line(double, double, double x2, double y2, Colour) override { Move_To(x2, y2); }
     void Box(double, double, double x2, double y2, Colour, bool) override { Move_To(x2, y2); }
     void Circle(double x, double y, double, Colour) override { Move_To(x, y); }
