@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/session.h"
+#include "app/start.h"
 #include "app/view_commands.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
@@ -18,7 +19,6 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
-#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
@@ -34,21 +34,9 @@ void Open_Over_Curves(Session& session, DisplayMode mode, Dialog dialog) {
 }
 
 void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
-    // The drawing takes the enlargement back; the scroll bars go with it, or part of the line were out of
-    // sight with no bar to bring it back.
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Show_Profile();
-}
-
-/// The table's own commands work on the model: what was typed goes there first, what they changed is shown.
-template <class Command>
-void Run_On_Table(Session& session, Command command) {
-    Read_Grid(session.Work);
-    command();
-    session.Outside.Show.Show_Curves();
-    session.Outside.Show.Show_Fields();
+    Draw_Seismic_Profile(session.Work, session.Outside);
 }
 
 }  // namespace
@@ -78,7 +66,6 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Curves_And_Profile(Session& session) {
-    Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);
 }
@@ -86,10 +73,6 @@ void Show_Curves_And_Profile(Session& session) {
 void Start_New_Profile(Session& session) {
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
     Close_Computing_Dialogs(session);
-    session.PickTable.Forget();
-    session.RemarkTable.Forget();
-    session.Outside.Show.Show_Grids();
-    session.Outside.Show.Show_Fields();
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
 }
@@ -100,7 +83,7 @@ void Load_Records(Session& session) {
 
 void Load_Header_Picks(Session& session) {
     Load_FBP_From_SU_Header(session.Work, session.Outside);
-    Read_Grid(session.Work);
+    Tell_Times_Below_0(session.Work);
     session.Outside.Show.Show_Curves();
 }
 
@@ -118,36 +101,24 @@ void Ask_Time_Shift(Session& session) {
 }
 
 void Scale_Or_Shift_Picks(Session& session) {
-    shiftFBP(session.Work, session.Outside);
+    shiftFBP(session.Work, session.Outside,
+             [&session](const std::string& path) { return Open_File_Named(session, path); });
 }
 
 void Delete_File(Session& session) {
     Deletename(session.Work, session.Outside);
 }
 
-void Save_From_Table(Session& session) {
-    Read_Grid(session.Work);
-    Write_Project(session.Work, session.Outside);
-}
-
 void True_Distances(Session& session) {
-    Run_On_Table(session, [&session] { Compute_Distances_According_To_Z(session.Work, session.Outside); });
+    Compute_Distances_According_To_Z(session.Work, session.Outside);
 }
 
-void Shot_Elevations(Session& session) {
-    Run_On_Table(session, [&session] {
-        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ShotsFromReceivers);
-    });
-}
-
-void Receiver_Elevations(Session& session) {
-    Run_On_Table(session, [&session] {
-        CalculAltiShot(session.Work, session.Outside, ElevationUpdate::ReceiversFromShots);
-    });
+void Interpolate_Elevations(Session& session) {
+    CalculAltiShot(session.Work, session.Outside, session.Elevations);
 }
 
 void Enter_Xyz(Session& session) {
-    Run_On_Table(session, [&session] { Enter_XYZ_Files(session.Work, session.Outside); });
+    Enter_XYZ_Files(session.Work, session.Outside);
 }
 
 void Check_Xyz(Session& session) {
@@ -155,11 +126,11 @@ void Check_Xyz(Session& session) {
 }
 
 void Correct_Distances(Session& session) {
-    Run_On_Table(session, [&session] { Distance_Correction(session.Work, session.Outside); });
+    Distance_Correction(session.Work, session.Outside);
 }
 
 void Line_Length(Session& session) {
-    Run_On_Table(session, [&session] { Enter_Line_Length(session.Work, session.Outside); });
+    Enter_Line_Length(session.Work, session.Outside);
 }
 
 void Remove_Current_Shot(Session& session) {
@@ -169,18 +140,15 @@ void Remove_Current_Shot(Session& session) {
 void Take_Out_Current_Shot(Session& session) {
     Workspace& work = session.Work;
     const int shot = work.Grids.Buildgrid.CurrentColumn;
-    if (shot < 1 || shot > work.Project.NbShots) {
-        session.Outside.Ask.Say("Select a cell of the shot first", work.AppTitle, Icon::Information);
-        return;
-    }
     if (!session.Outside.Ask.Ask_Yes("Take shot " + CStr(shot) + " out of the project in memory ?",
                                      work.AppTitle)) {
         return;
     }
     Close_Computing_Dialogs(session);
-    Read_Grid(work);
+    EditScope edit(work, "Take out shot " + CStr(shot));
     Remove_Colonne(work, session.Outside, shot);
-    session.PickTable.Forget();
+    edit.End();
+    Scale_Time_Grid(work);
     session.Outside.Show.Show_Curves();
     session.Outside.Show.Show_Fields();
 }

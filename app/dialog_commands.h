@@ -31,10 +31,9 @@ void Scale_Or_Shift_Picks(Session& session);
 void Delete_File(Session& session);
 
 /// Buttons of the table's tab.
-void Save_From_Table(Session& session);
 void True_Distances(Session& session);
-void Shot_Elevations(Session& session);
-void Receiver_Elevations(Session& session);
+/// Elevations of shots or of geophones, as Session::Elevations tells.
+void Interpolate_Elevations(Session& session);
 void Enter_Xyz(Session& session);
 void Check_Xyz(Session& session);
 void Correct_Distances(Session& session);

@@ -25,7 +25,7 @@ bool Page_Can_Be_Drawn(const Session& session, Page page) {
             return project.ShotTimes.Last_Row() > 0 && project.LineLength != 0 &&
                    session.Work.Curves.FrameDrawn == 2;
         case Page::Record:
-            return !project.SuFile.empty();
+            return session.Work.Record.RecordWidth > 0;
     }
     return false;
 }

@@ -30,7 +30,7 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
     Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
-    Hooks.LoadSuFile = [this] { Outside.Show.Display_Record(); };
+    Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
 }
 

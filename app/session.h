@@ -11,6 +11,7 @@
 #include "records/picking.h"
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
+#include "setup/elevations.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
@@ -54,8 +55,10 @@ class Session {
 
     // Set-up of a line.
     rechinfo NewProfile;
-    GridEditor PickTable;    ///< Buildgrid
-    GridEditor RemarkTable;  ///< remark_grid
+    GridEditor PickTable;                                              ///< Buildgrid
+    GridEditor RemarkTable;                                            ///< remark_grid
+    ElevationUpdate Elevations = ElevationUpdate::ShotsFromReceivers;  ///< what Command3 computes
+    bool ElevationsChosen = false;                                     ///< the user has chosen that once
 };
 
 }  // namespace tarnvik

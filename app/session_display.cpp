@@ -2,7 +2,7 @@
 
 #include "app/pages.h"
 #include "app/session.h"
-#include "output/profile.h"
+#include "output/profile_painting.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
@@ -21,7 +21,8 @@ void SessionDisplay::Display_Record() {
 }
 
 void SessionDisplay::Show_Profile() {
-    Draw_Seismic_Profile(Owner->Work, Owner->Outside);
+    if (!Page_Can_Be_Drawn(*Owner, Page::Profile)) return;
+    Paint_Profile(Owner->Work, Canvas_Of(Canvas::Dromo1), Canvas_Of(Canvas::EchelleY1));
 }
 
 }  // namespace tarnvik

@@ -6,6 +6,7 @@
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/letters.h"
+#include "records/su_loading.h"
 #include "traveltime/curves.h"
 #include "traveltime/zoom.h"
 
@@ -56,6 +57,7 @@ void Clear_Screen(Session& session) {
 void Clear_Display(Session& session) {
     Clear_Screen(session);
     if (session.Work.Curves.DoubleView == 1) Toggle_Second_Window(session);
+    Close_Records(session.Work, session.Outside);
     session.Outside.Show.Select_Tab(Tab::Record);
 }
 

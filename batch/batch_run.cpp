@@ -1,35 +1,51 @@
 #include "batch/batch_run.h"
 
+#include <filesystem>
+#include <iostream>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "core/files.h"
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/letters.h"
+#include "records/su_loading.h"
 #include "setup/build_grid.h"
 
 namespace tarnvik {
+
+namespace {
+
+/// True when two names mean one file, whatever links lead there.
+bool Same_File(const std::string& one, const std::string& other) {
+    if (one.empty() || other.empty()) return false;
+    std::error_code failed;
+    return std::filesystem::equivalent(one, other, failed) && !failed;
+}
+
+}  // namespace
 
 BatchRun::BatchRun(const CommonOptions& options, std::string program_folder)
     : Prompts(options.Answers, options.AlwaysYes),
       Launcher(std::move(program_folder)),
       Program({Prompts, Display, Launcher}, ""),
-      ProjectFile(options.ProjectFile) {
+      Options(options) {
     Display.Attach(Program);
+}
+
+bool BatchRun::Refuse(const std::string& text) {
+    Prompts.Say(text, Program.Work.AppTitle, Icon::Critical);
+    return false;
 }
 
 bool BatchRun::Load() {
     Workspace& work = Program.Work;
-    if (LCase(Right(ProjectFile, 4)) != ".tv5") {
-        Prompts.Say("No TV5 file selected ", work.AppTitle, Icon::Critical);
-        return false;
-    }
-    if (!Read_File(ProjectFile)) {
-        Prompts.Say("This file does not exist !", work.AppTitle, Icon::Critical);
-        return false;
-    }
-    Read_Project(work, ProjectFile);
+    const std::string& path = Options.ProjectFile;
+    if (LCase(Right(path, 4)) != ".tv5") return Refuse("No TV5 file selected ");
+    if (!Read_File(path)) return Refuse("This file does not exist !");
+    Read_Project(work, path);
     Scale_Time_Grid(work);
+    if (Program.Hooks.ReadGrmFile) Program.Hooks.ReadGrmFile();
     Fill_Grid(work);
     return true;
 }
@@ -37,6 +53,28 @@ bool BatchRun::Load() {
 bool BatchRun::Store(const std::string& path) {
     if (!path.empty()) Program.Work.Project.CurrentFile = path;
     return Write_Project(Program.Work, Program.Outside);
+}
+
+bool BatchRun::May_Write(const std::string& path, const std::vector<std::string>& sources) {
+    if (path.empty()) return true;
+    std::vector<std::string> read = sources;
+    read.push_back(Options.ProjectFile);
+    if (!Program.Work.Project.SuFile.empty()) read.push_back(Su_Path(Program.Work.Project));
+    read.push_back(Program.Work.Record.TwinSuFile);
+    for (const std::string& source : read) {
+        if (Same_File(path, source)) return Refuse(path + " is read by this command and stays as it is");
+    }
+    if (File_Exists(path) && !Options.AlwaysYes) return Refuse(path + " already exists; --yes replaces it");
+    return true;
+}
+
+ExitStatus BatchRun::Finish(ExitStatus status) const {
+    if (Options.Json && status != WrongUsage) {
+        const nlohmann::ordered_json json = {{"file", status == Done ? Options.Out : std::string()},
+                                             {"message", Prompts.Texts()}};
+        std::cout << json.dump(1, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    }
+    return status;
 }
 
 }  // namespace tarnvik

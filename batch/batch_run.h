@@ -28,13 +28,21 @@ class BatchRun {
   public:
     BatchRun(const CommonOptions& options, std::string program_folder);
 
-    /// Reads the project file into the session, without the companions that an opening in the window looks
-    /// for. False after a message.
+    /// Reads the project file into the session, and its GRM file as the window does; the records are not
+    /// looked for. False after a message.
     bool Load();
     /// Writes the project to a file, atomically; "" writes it back to where it came from.
     bool Store(const std::string& path);
+    /// True when a result may go to this file: none stands there, or --yes was given, and it is none of the
+    /// files that the command reads (the project, its records and their twin, `sources`). False after a
+    /// message.
+    bool May_Write(const std::string& path, const std::vector<std::string>& sources = {});
+    /// False after a message that reports an error.
+    bool Refuse(const std::string& text);
     /// Done, or Refused when a message of the last step reported an error.
     ExitStatus Status() const { return Prompts.Refused() ? Refused : Done; }
+    /// The end of a command whose result is a file: tells it with --json, a refused command with no file.
+    ExitStatus Finish(ExitStatus status) const;
 
     ConsolePrompts Prompts;
     HeadlessDisplay Display;
@@ -42,7 +50,7 @@ class BatchRun {
     Session Program;
 
   private:
-    std::string ProjectFile;
+    CommonOptions Options;
 };
 
 }  // namespace tarnvik

@@ -30,11 +30,14 @@ void Add_Pick(CLI::App& app, Request& request);
 
 /// "1600x900" into the size of the picture files; false when it is no size in pixels.
 bool Parse_Size(const std::string& text, HeadlessDisplay& display);
-/// Writes a page to a picture file, a failure told.
+/// Writes a page to a picture file, a failure told; the end of the command.
 ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path);
 
-/// The options that answer questions, --answer and --yes.
+/// The options of every command: --answer, --yes and --json.
 void Add_Answers(CLI::App& command, CommonOptions& common);
+
+/// The options --save and --out of a command that changes a project.
+void Add_Project_Outputs(CLI::App& command, CommonOptions& common);
 
 /// A command that works on a project file: its name, help text, the project argument and the options of all.
 CLI::App* Add_Project_Command(CLI::App& app, Request& request, const std::string& name,

@@ -25,21 +25,27 @@ Answer ConsolePrompts::Message(const std::string& text, const std::string& title
     const auto typed = Next_Answer();
     if (!typed) return has_yes ? Answer::No : Answer::Ok;
     const std::string word = LCase(*typed);
-    if (word == "yes") return Answer::Yes;
-    if (word == "ok") return Answer::Ok;
     if (word == "cancel") return Answer::Cancel;
-    return Answer::No;
+    // An answer means one of the box's own buttons.
+    if (!has_yes) return word == "no" ? Answer::Cancel : Answer::Ok;
+    return word == "yes" ? Answer::Yes : Answer::No;
+}
+
+std::string ConsolePrompts::Typed(const std::string& initial) {
+    std::string typed = Next_Answer().value_or(initial);
+    return LCase(typed) == "cancel" ? std::string() : typed;
 }
 
 std::string ConsolePrompts::Input(const std::string& prompt, const std::string& title,
                                   const std::string& initial) {
     std::cerr << "[" << title << "] " << prompt << "\n";
-    return Next_Answer().value_or(initial);
+    LastInput = prompt;
+    return Typed(initial);
 }
 
 std::string ConsolePrompts::Open_File(const FileRequest& request) {
     std::cerr << "[" << request.Title << "] file?\n";
-    return Next_Answer().value_or("");
+    return Typed("");
 }
 
 std::string ConsolePrompts::Save_File(const FileRequest& request) {
@@ -48,6 +54,7 @@ std::string ConsolePrompts::Save_File(const FileRequest& request) {
 
 void ConsolePrompts::Forget() {
     Shown.clear();
+    LastInput.clear();
     ErrorShown = false;
 }
 

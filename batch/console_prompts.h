@@ -9,7 +9,7 @@
 namespace tarnvik {
 
 /// Prompts without a screen: messages go to standard error as "[title] text", questions are answered from a
-/// list given on the command line and, with none left, by their default.
+/// list given on the command line and, with none left, by their default. "cancel" cancels every box.
 class ConsolePrompts : public Prompts {
   public:
     ConsolePrompts(const std::vector<std::string>& answers, bool always_yes)
@@ -27,14 +27,19 @@ class ConsolePrompts : public Prompts {
     /// The texts of all messages so far, joined by line ends; and whether one of them reported an error.
     const std::string& Texts() const { return Shown; }
     bool Refused() const { return ErrorShown; }
+    /// The prompt of the input box asked last, empty when there was none.
+    const std::string& Last_Input() const { return LastInput; }
     /// Forgets the messages, for the next item of a run over several.
     void Forget();
 
   private:
     std::optional<std::string> Next_Answer();
+    /// The text of an input box or a file dialog; empty when it is cancelled.
+    std::string Typed(const std::string& initial);
     std::deque<std::string> Answers;
     bool AlwaysYes = false;
     std::string Shown;
+    std::string LastInput;
     bool ErrorShown = false;
 };
 

@@ -48,10 +48,12 @@ ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& opti
     found.Shot = shot;
     run.Prompts.Forget();
     Project& project = run.Program.Work.Project;
+    // What the dialog stores while it shows and computes a shot stays only where it is to be recorded.
     Project before = project;
     if (!dialog.Display_Shot(shot)) {
         run.Prompts.Say(dialog.OffsetText, run.Program.Work.AppTitle);
         found.Message = run.Prompts.Texts();
+        project = std::move(before);
         return found;
     }
     if (options.Layers > 0) {
@@ -63,6 +65,8 @@ ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& opti
     found.Message = run.Prompts.Texts();
     found.Layers = static_cast<int>(Val(dialog.Layers));
     if (!dialog.Computed) {
+        // A question about a value that was not corrected ends the method without a word.
+        if (found.Message.empty()) found.Message = run.Prompts.Last_Input();
         project = std::move(before);
         return found;
     }
@@ -74,7 +78,11 @@ ShotDepths Compute_Shot(BatchRun& run, Fcalcul& dialog, const DepthOptions& opti
         found.Thick.push_back(work.Thick[row]);
         found.Depth.push_back(Val(dialog.Depth[row]));
     }
-    if (options.Record) dialog.Enregistre_Tir();
+    if (options.Record) {
+        dialog.Enregistre_Tir();
+    } else {
+        project = std::move(before);
+    }
     return found;
 }
 
@@ -108,13 +116,16 @@ void Print_Shot(const ShotDepths& found) {
 
 ExitStatus Depth(const CommonOptions& common, const DepthOptions& options, const std::string& folder) {
     BatchRun run(common, folder);
-    if (!run.Load()) return Refused;
     Workspace& work = run.Program.Work;
-    const int shots = work.Project.NbShots;
-    if (options.Shot < 0 || options.Shot > shots) {
-        run.Prompts.Say("Wrong Shot number", work.AppTitle, Icon::Critical);
+    const auto print = [&common](const Json& list) {
+        if (common.Json) std::cout << list.dump(1) << "\n";
+    };
+    if (!run.Load() || !run.May_Write(common.Out) ||
+        (options.Shot > work.Project.NbShots && !run.Refuse("Wrong Shot number"))) {
+        print(Json::array());
         return Refused;
     }
+    const int shots = work.Project.NbShots;
     FileRoutines files;
     files.SaveProject = [](Workspace&, Ports&) { return true; };
     Fcalcul dialog(work, run.Program.Outside, files);
@@ -132,7 +143,7 @@ ExitStatus Depth(const CommonOptions& common, const DepthOptions& options, const
             Print_Shot(found);
         }
     }
-    if (common.Json) std::cout << list.dump(1) << "\n";
+    print(list);
     if (!computed) {
         // A line that nothing was entered for ends in silence in the dialog.
         if (silent) run.Prompts.Say(shots < 1 ? " No data.." : "Intercepts are missing", work.AppTitle);
@@ -153,8 +164,7 @@ void Add_Depth(CLI::App& app, Request& request) {
     command->add_option("--shot", options->Shot, "shot, from 1; all without it")->check(CLI::Range(1, 32767));
     command->add_option("--layers", options->Layers, "layers to compute with")->check(CLI::Range(2, 5));
     command->add_flag("--record", options->Record, "store the results in the project");
-    command->add_flag("--save", request.Common.Save, "write the project back");
-    command->add_option("--out", request.Common.Out, "write the project there (.tv5)");
+    Add_Project_Outputs(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Depth(common, *options, folder);

@@ -2,12 +2,14 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <iostream>
 #include <memory>
+#include <vector>
 
 #include "app/pages.h"
 #include "batch/commands.h"
-#include "core/text/letters.h"
+#include "batch/option_checks.h"
 #include "core/text/number.h"
 #include "output/profile.h"
 #include "traveltime/zoom.h"
@@ -23,35 +25,37 @@ struct DrawOptions {
     bool ZeroOnTop = false;
     double ZoomX = 1;
     double ZoomY = 1;
-    std::string MaxElevation;
-    std::string MinElevation;
+    ProfileElevations Elevations;
 };
 
+/// The profile enlarged, its upper left part in sight: there the ground is.
+void Enlarge_Profile(ProfileView& view, double zoom_x, double zoom_y) {
+    constexpr double picture_height = 100;
+    view.ZoomX = zoom_x;
+    view.ZoomY = zoom_y;
+    view.Across = 0;
+    view.Up = static_cast<int>(Rounded(picture_height * zoom_y - picture_height));
+}
+
 ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const std::string& folder) {
-    CommonOptions with_elevations = common;
-    // The profile asks for an extreme that is 0, the largest first; the options are those answers.
-    if (!options.MinElevation.empty()) {
-        with_elevations.Answers.insert(with_elevations.Answers.begin(), options.MinElevation);
-    }
-    if (!options.MaxElevation.empty()) {
-        with_elevations.Answers.insert(with_elevations.Answers.begin(), options.MaxElevation);
-    }
-    BatchRun run(with_elevations, folder);
+    BatchRun run(common, folder);
     if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
-    if (!run.Load()) return Refused;
+    if (!run.Load() || !run.May_Write(common.Out)) return run.Finish(Refused);
     Workspace& work = run.Program.Work;
     work.Curves.ZeroOnTop = options.ZeroOnTop;
-    Set_Zoom(work.Curves, options.ZoomX, options.ZoomY);
     Page page = Page::Curves;
     if (options.What == "profile") {
         page = Page::Profile;
         work.Mode.Display(Mode_Of_Word(options.Mode).value_or(DisplayMode::Profil));
-        Draw_Seismic_Profile(work, run.Program.Outside);
-        if (run.Prompts.Refused()) return Refused;
+        Draw_Seismic_Profile(work, run.Program.Outside, options.Elevations);
+        if (run.Prompts.Refused()) return run.Finish(Refused);
+        Enlarge_Profile(work.Profile, options.ZoomX, options.ZoomY);
+    } else {
+        Set_Zoom(work.Curves, options.ZoomX, options.ZoomY);
     }
     if (!Page_Can_Be_Drawn(run.Program, page)) {
-        run.Prompts.Say("TV5 File  error", work.AppTitle, Icon::Critical);
-        return Refused;
+        run.Refuse("TV5 File  error");
+        return run.Finish(Refused);
     }
     return Write_Page(run, page, common.Out);
 }
@@ -59,28 +63,29 @@ ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const s
 }  // namespace
 
 bool Parse_Size(const std::string& text, HeadlessDisplay& display) {
-    const auto cross = LCase(text).find('x');
-    const double width = cross == std::string::npos ? 0 : Rounded(Val(text.substr(0, cross)));
-    const double height = cross == std::string::npos ? 0 : Rounded(Val(text.substr(cross + 1)));
-    constexpr double smallest = 64;
-    constexpr double largest = 20000;
+    constexpr int smallest = 64;
+    constexpr int largest = 20000;
+    const char* end = text.data() + text.size();
+    int width = 0;
+    int height = 0;
+    const auto [cross, fault] = std::from_chars(text.data(), end, width);
+    if (fault == std::errc() && cross != end && (*cross == 'x' || *cross == 'X')) {
+        const auto [stopped, second_fault] = std::from_chars(cross + 1, end, height);
+        if (second_fault != std::errc() || stopped != end) height = 0;
+    }
     if (std::min(width, height) < smallest || std::max(width, height) > largest) {
-        std::cerr << "--size: WIDTHxHEIGHT in pixels, such as 1600x900\n";
+        std::cerr << "--size: WIDTHxHEIGHT in pixels from 64 to 20000, such as 1600x900\n";
         return false;
     }
-    display.Width = static_cast<int>(width);
-    display.Height = static_cast<int>(height);
+    display.Width = width;
+    display.Height = height;
     return true;
 }
 
 ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path) {
     const std::string reason = run.Display.Save_Page(page, path);
-    if (!reason.empty()) {
-        std::cerr << "[" << run.Program.Work.AppTitle << "] " << path << " cannot be written: " << reason
-                  << "\n";
-        return Refused;
-    }
-    return run.Status();
+    if (!reason.empty()) run.Refuse(path + " cannot be written: " + reason);
+    return run.Finish(run.Status());
 }
 
 void Add_Draw(CLI::App& app, Request& request) {
@@ -89,16 +94,29 @@ void Add_Draw(CLI::App& app, Request& request) {
     command->add_option("WHAT", options->What, "curves or profile")
         ->required()
         ->check(CLI::IsMember({"curves", "profile"}));
-    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")->required();
-    command->add_option("--mode", options->Mode, "profile: Profil, Profil2, Profil3 or Profil4")
-        ->check(CLI::IsMember({"Profil", "Profil2", "Profil3", "Profil4"}));
+    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")
+        ->required()
+        ->check(Picture_Name());
     command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");
-    command->add_flag("--zero-on-top", options->ZeroOnTop, "time grows downward");
-    command->add_option("--zoom-x", options->ZoomX, "distance factor");
-    command->add_option("--zoom-y", options->ZoomY, "time factor");
-    command->add_option("--max-elevation", options->MaxElevation, "profile: for a line at elevation 0");
-    command->add_option("--min-elevation", options->MinElevation, "profile: for a line at elevation 0");
-    command->callback([&request, options] {
+    const CLI::Validator factor = Number_Between(0.1, 96);
+    command->add_option("--zoom-x", options->ZoomX, "distance factor")->check(factor);
+    command->add_option("--zoom-y", options->ZoomY, "factor of time or elevation")->check(factor);
+    std::vector<CLI::Option*> of_curves = {
+        command->add_flag("--zero-on-top", options->ZeroOnTop, "curves: time grows downward")};
+    const CLI::Validator elevation = Number_Between(-32768, 32767);
+    std::vector<CLI::Option*> of_profile = {
+        command->add_option("--mode", options->Mode, "profile: Profil, Profil2, Profil3 or Profil4")
+            ->check(CLI::IsMember({"Profil", "Profil2", "Profil3", "Profil4"})),
+        command->add_option("--max-elevation", options->Elevations.Max, "profile: instead of the line's own")
+            ->check(elevation),
+        command->add_option("--min-elevation", options->Elevations.Min, "profile: instead of the line's own")
+            ->check(elevation)};
+    command->callback([&request, options, of_curves, of_profile] {
+        const bool curves = options->What == "curves";
+        for (const CLI::Option* option : curves ? of_profile : of_curves) {
+            if (option->count() > 0)
+                throw CLI::ValidationError(option->get_name(), "has no effect on the " + options->What);
+        }
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Draw(common, *options, folder);
         };

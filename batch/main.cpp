@@ -24,7 +24,10 @@ int Run(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // The toolkit's remarks on a desktop that is not there would stand among the program's messages.
     QLoggingCategory::setFilterRules("default.warning=false");
-    QGuiApplication toolkit(argc, argv);
+    // It is given no arguments: it would take those that it knows itself, such as --style.
+    int toolkit_count = 1;
+    char* toolkit_arguments[] = {argv[0], nullptr};
+    QGuiApplication toolkit(toolkit_count, toolkit_arguments);
 
     CLI::App app("Interpretation of shallow seismic refraction lines, without a screen", "tarnvik-batch");
     app.require_subcommand(1);

@@ -1,5 +1,7 @@
 #include "batch/project_report.h"
 
+#include <array>
+#include <charconv>
 #include <iomanip>
 #include <ostream>
 
@@ -11,9 +13,15 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// A single-precision value by its 7 digits, so that 12.3 does not come out as 12.300000190734863.
+/// A single-precision value by the nine digits that tell it from every other one.
 Json Number(float value) {
-    return Val(CStr(value));
+    constexpr int digits = 9;
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits);
+    double nine_digits = value;
+    std::from_chars(text.data(), end.ptr, nine_digits);
+    return nine_digits;
 }
 
 template <class T>

@@ -6,14 +6,14 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <sstream>
 
 #include "app/pages.h"
 #include "batch/commands.h"
+#include "batch/option_checks.h"
 #include "batch/record_copy.h"
 #include "core/files.h"
-#include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_loading.h"
 #include "setup/spread.h"
@@ -24,23 +24,19 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-bool Refuse(BatchRun& run, const std::string& text) {
-    run.Prompts.Say(text, run.Program.Work.AppTitle, Icon::Critical);
-    return false;
-}
-
 /// Takes an SU file into the session and puts the display at one of its records. False after a message.
 bool Open_Record(BatchRun& run, const std::string& su_file, int record) {
     Workspace& work = run.Program.Work;
-    if (!File_Exists(su_file)) return Refuse(run, su_file + ": This file does not exist !");
-    work.Project.SuFile = su_file;
-    Start_With_SU_File(work, su_file);
+    if (!File_Exists(su_file)) return run.Refuse(su_file + ": This file does not exist !");
+    // As typed, not as a project would name it: from the folder that the command runs in.
+    work.Project.SuFile = std::filesystem::absolute(su_file).string();
+    Start_With_SU_File(work, work.Project.SuFile);
     if (!Scan_Channels(work, su_file) || work.Record.ChannelsPerRecord < 1 || work.Record.NbRecords < 1) {
-        return Refuse(run, su_file + ": no records found in this file");
+        return run.Refuse(su_file + ": no records found in this file");
     }
     if (record < 1 || record > work.Record.NbRecords) {
-        return Refuse(run, "Record " + CStr(record) + ": this file holds records 1 to " +
-                               CStr(int{work.Record.NbRecords}));
+        return run.Refuse("Record " + CStr(record) + ": this file holds records 1 to " +
+                          CStr(int{work.Record.NbRecords}));
     }
     Select_Record(work, record);
     return true;
@@ -51,7 +47,7 @@ bool Show_Record(BatchRun& run) {
     run.Display.Display_Record();
     const Workspace& work = run.Program.Work;
     if (work.Record.RecordWidth > 0) return true;
-    return Refuse(run, work.Project.SuFile + ": this file is too short to be shown");
+    return run.Refuse(work.Project.SuFile + ": this file is too short to be shown");
 }
 
 struct RecordOptions {
@@ -68,37 +64,27 @@ ExitStatus Draw_Record(const CommonOptions& common, const RecordOptions& options
     BatchRun run(common, folder);
     if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
     Workspace& work = run.Program.Work;
-    if (!Open_Record(run, common.ProjectFile, options.Record)) return Refused;
-    MainFields& fields = work.Fields;
-    fields.Combo1 = options.Style == "wiggle"  ? WiggleOnly
-                    : options.Style == "color" ? TwoColours
-                                               : VariableArea;
-    fields.clip = options.Clip;
-    fields.Check3 = options.Equalize;
-    fields.Text11 = CStr(options.Gain);
-    work.Record.AmplitudeGain = options.Gain;
+    if (!Open_Record(run, common.ProjectFile, options.Record) || !run.May_Write(common.Out))
+        return run.Finish(Refused);
+    RecordView& view = work.Record;
+    view.Style = options.Style == "wiggle"  ? WiggleOnly
+                 : options.Style == "color" ? TwoColours
+                                            : VariableArea;
+    view.ClipAmplitude = options.Clip;
+    view.EqualiseTraces = options.Equalize;
+    view.AmplitudeGain = options.Gain;
     if (!options.Samples.empty()) {
-        const auto colon = options.Samples.find(':');
         const double first = Val(options.Samples);
-        const double last = colon == std::string::npos ? 0 : Val(options.Samples.substr(colon + 1));
-        if (first < 1 || last <= first || last > work.Record.NbSamples) {
+        const double last = Val(options.Samples.substr(options.Samples.find(':') + 1));
+        if (last > work.Record.NbSamples) {
             std::cerr << "--samples: FIRST:LAST within 1 and " << work.Record.NbSamples << "\n";
             return WrongUsage;
         }
         Store_If_It_Fits(work.Record.FirstSample, first);
         Store_If_It_Fits(work.Record.LastSample, last);
     }
-    if (!Show_Record(run)) return Refused;
+    if (!Show_Record(run)) return run.Finish(Refused);
     return Write_Page(run, Page::Record, common.Out);
-}
-
-std::vector<double> Numbers(const std::string& list) {
-    std::vector<double> numbers;
-    std::istringstream stream(list);
-    std::string item;
-    while (std::getline(stream, item, ','))
-        numbers.push_back(Val(item));
-    return numbers;
 }
 
 /// Name of the records as the project keeps it: as it was typed where the project is found from the same
@@ -111,22 +97,23 @@ std::string Kept_Name(const std::string& records, const std::string& project) {
 ExitStatus New(const CommonOptions& common, NewProjectRequest request, const std::string& folder) {
     BatchRun run(common, folder);
     Workspace& work = run.Program.Work;
-    if (LCase(Right(common.Out, 4)) != ".tv5") {
-        std::cerr << "--out: a project file ends in .tv5\n";
-        return WrongUsage;
-    }
+    const std::string records = Kept_Name(common.ProjectFile, common.Out);
+    if (!run.May_Write(common.Out)) return run.Finish(Refused);
     request.SuFile = common.ProjectFile;
     request.ProjectFile = common.Out;
-    const std::string refusal = Build_New_Project(work, request);
+    std::string refusal = Path_Refusal(records);
+    if (refusal.empty()) refusal = Build_New_Project(work, request);
     if (!refusal.empty()) {
-        run.Prompts.Say(refusal, work.AppTitle, Icon::Critical);
-        return Refused;
+        run.Refuse(refusal);
+        return run.Finish(Refused);
     }
-    work.Project.SuFile = Kept_Name(request.SuFile, common.Out);
-    if (!run.Store(common.Out)) return Refused;
-    std::cout << common.Out << ": " << work.Project.NbShots << " shots, " << work.Project.NbReceivers
-              << " receivers, line length " << CStr(work.Project.LineLength) << "\n";
-    return Done;
+    work.Project.SuFile = records;
+    if (!run.Store(common.Out)) return run.Finish(Refused);
+    if (!common.Json) {
+        std::cout << common.Out << ": " << work.Project.NbShots << " shots, " << work.Project.NbReceivers
+                  << " receivers, line length " << CStr(work.Project.LineLength) << "\n";
+    }
+    return run.Finish(Done);
 }
 
 struct PickOptions {
@@ -153,22 +140,57 @@ std::optional<int> Trace_Of_Record(const RecordView& view, const PickOptions& op
     return std::nullopt;
 }
 
-ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const std::string& folder) {
-    CommonOptions project_options = common;
-    project_options.ProjectFile = options.ProjectFile;
-    BatchRun run(project_options, folder);
+/// Fills the dialog as a user does who presses the right button on the reference trace.
+void Fill_In(AutoPik& dialog, Workspace& work, const PickOptions& options, int reference) {
+    dialog.Form_Load();
+    dialog.Frequency = options.Frequency ? CStr(*options.Frequency) : "";
+    dialog.StartShift = CStr(options.SearchFrom);
+    dialog.Window = CStr(options.Window);
+    dialog.MinAmplitude = CStr(options.MinAmplitude);
+    dialog.PickShift = CStr(options.Shift);
+    dialog.Negative = options.Negative;
+    dialog.Absolute = options.Absolute;
+    // The middle of the reference trace on the record picture.
+    work.Record.DownX = reference * trace_width + trace_width / 2;
+    dialog.FirstTime = CStr(options.Start);
+}
+
+/// Picks the record that is open. False after a message.
+bool Pick_Record(BatchRun& run, const PickOptions& options, int reference) {
+    if (!Show_Record(run)) return false;
+    Workspace& work = run.Program.Work;
+    AutoPik& dialog = run.Program.AutomaticPicking;
+    Fill_In(dialog, work, options, reference);
+    work.Fields.Status.clear();
+    dialog.Pick_auto();
+    // What could not be picked or written stands in the status field.
+    return work.Fields.Status.empty() || run.Refuse(work.Fields.Status);
+}
+
+/// The picks of the record in its file, ms.
+std::vector<double> Picks_Of_Record(const Workspace& work) {
+    std::vector<double> picks;
+    SuTraces file(work.Project.SuFile);
+    for (std::int32_t trace = work.Record.FirstTrace; trace <= work.Record.LastTrace; ++trace)
+        picks.push_back(file.Pick_Ms(trace));
+    return picks;
+}
+
+/// Opens what is to be picked, picks it and keeps the picks where they are asked for.
+ExitStatus Pick_And_Store(BatchRun& run, const CommonOptions& common, const PickOptions& options,
+                          std::vector<double>& picks) {
     Workspace& work = run.Program.Work;
     if (!options.ProjectFile.empty() && !run.Load()) return Refused;
-
+    if (!run.May_Write(common.Out, {common.ProjectFile})) return Refused;
     // The project keeps its own name of the records, which may be told from its folder.
     const std::string project_records = work.Project.SuFile;
-    // Nothing is written unless it is asked for: without --save the picks are made in a copy.
     if (!Open_Record(run, common.ProjectFile, options.Record)) return Refused;
     const auto reference = Trace_Of_Record(work.Record, options);
     if (!reference) {
         std::cerr << "--reference-trace: 1 to " << work.Record.ChannelsPerRecord << "\n";
         return WrongUsage;
     }
+    // Nothing is written unless it is asked for: without --save the picks are made in a copy.
     std::optional<RecordCopy> copy;
     if (!common.Save) {
         const std::int64_t last = std::int64_t{options.Record} * work.Record.ChannelsPerRecord;
@@ -177,47 +199,22 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
         } else {
             copy.emplace(common.ProjectFile, common.Out);
         }
+        const std::string place = common.Out.empty() ? copy->Path() : common.Out;
         if (!copy->Reason().empty()) {
-            Refuse(run, copy->Path() + " cannot be written: " + copy->Reason());
+            run.Refuse(place + " cannot be written: " + copy->Reason());
             return Refused;
         }
         work.Project.SuFile = copy->Path();
         work.Record.TwinSuFile.clear();
     }
-    if (!Show_Record(run)) return Refused;
-    const RecordView& view = work.Record;
-
-    AutoPik& dialog = run.Program.AutomaticPicking;
-    dialog.Form_Load();
-    dialog.Text51 = options.Frequency ? CStr(*options.Frequency) : "";
-    dialog.Text53 = CStr(options.SearchFrom);
-    dialog.Text54 = CStr(options.Window);
-    dialog.Text57 = CStr(options.MinAmplitude);
-    dialog.Text3 = CStr(options.Shift);
-    dialog.Check2 = options.Negative;
-    dialog.Check3 = options.Absolute;
-    // The middle of the reference trace on the record picture.
-    work.Record.DownX = *reference * trace_width + trace_width / 2;
-    dialog.Text55 = CStr(options.Start);
-    work.Fields.Status.clear();
-    dialog.Pick_auto();
-    // What could not be picked or written stands in the status field.
-    if (!work.Fields.Status.empty()) {
-        Refuse(run, work.Fields.Status);
-        return Refused;
-    }
-
-    Json picks = Json::array();
-    {
-        SuTraces file(work.Project.SuFile);
-        for (std::int32_t trace = view.FirstTrace; trace <= view.LastTrace; ++trace)
-            picks.push_back(file.Pick_Ms(trace));
-    }
-    if (common.Json) {
-        std::cout << Json{{"picks", picks}}.dump(1) << "\n";
-    } else {
-        for (const auto& pick : picks)
-            std::cout << CStr(pick.get<double>()) << "\n";
+    if (!Pick_Record(run, options, *reference)) return Refused;
+    picks = Picks_Of_Record(work);
+    if (copy && !common.Out.empty()) {
+        const std::string reason = copy->Keep();
+        if (!reason.empty()) {
+            run.Refuse(common.Out + " cannot be written: " + reason);
+            return Refused;
+        }
     }
     // The project takes the picks too, when it is to be kept.
     if (common.Save && !options.ProjectFile.empty()) {
@@ -227,6 +224,23 @@ ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const s
     return run.Status();
 }
 
+ExitStatus Pick(const CommonOptions& common, const PickOptions& options, const std::string& folder) {
+    CommonOptions project_options = common;
+    project_options.ProjectFile = options.ProjectFile;
+    BatchRun run(project_options, folder);
+    std::vector<double> picks;
+    const ExitStatus status = Pick_And_Store(run, common, options, picks);
+    if (status == WrongUsage) return status;
+    if (common.Json) {
+        const Json json = {{"picks", picks}, {"message", run.Prompts.Texts()}};
+        std::cout << json.dump(1, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+    } else {
+        for (const double pick : picks)
+            std::cout << CStr(pick) << "\n";
+    }
+    return status;
+}
+
 }  // namespace
 
 void Add_Record(CLI::App& app, Request& request) {
@@ -234,13 +248,15 @@ void Add_Record(CLI::App& app, Request& request) {
     auto options = std::make_shared<RecordOptions>();
     command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
     command->add_option("--record", options->Record, "record, from 1")->required();
-    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")->required();
+    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")
+        ->required()
+        ->check(Picture_Name());
     command->add_option("--style", options->Style, "area, wiggle or color")
         ->check(CLI::IsMember({"area", "wiggle", "color"}));
-    command->add_option("--gain", options->Gain, "gain");
+    command->add_option("--gain", options->Gain, "gain")->check(Number_Between(0.001, 1e6));
     command->add_flag("--clip", options->Clip, "limit every amplitude to its trace");
     command->add_flag("--equalize", options->Equalize, "scale each trace by its own maximum");
-    command->add_option("--samples", options->Samples, "FIRST:LAST");
+    command->add_option("--samples", options->Samples, "FIRST:LAST")->check(First_And_Last());
     command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");
     Add_Answers(*command, request.Common);
     command->callback([&request, options] {
@@ -259,15 +275,23 @@ void Add_New(CLI::App& app, Request& request) {
     auto options = std::make_shared<NewOptions>();
     NewProjectRequest& geometry = options->Geometry;
     command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
-    command->add_option("--spacing", geometry.Spacing, "distance between receivers")->required();
-    command->add_option("--first-distance", geometry.FirstDistance, "from end shot 1 to receiver 1");
-    command->add_option("--shot-depth", geometry.ShotDepth, "depth of all shots below ground");
+    command->add_option("--spacing", geometry.Spacing, "distance between receivers")
+        ->required()
+        ->check(Number_Above_0());
+    command->add_option("--first-distance", geometry.FirstDistance, "from end shot 1 to receiver 1")
+        ->check(Any_Number());
+    command->add_option("--shot-depth", geometry.ShotDepth, "depth of all shots below ground")
+        ->check(Any_Number());
     command->add_option("--shots", geometry.Shots, "number of shots; otherwise of the headers");
     command->add_option("--receivers", geometry.Receivers, "number of receivers; otherwise of the headers");
-    command->add_option("--line-length", geometry.LineLength, "length between the end shots");
-    command->add_option("--shot-distances", options->ShotDistances, "all shots, separated by commas");
+    command->add_option("--line-length", geometry.LineLength, "length between the end shots")
+        ->check(Number_Above_0());
+    command->add_option("--shot-distances", options->ShotDistances, "all shots, separated by commas")
+        ->check(List_Of_Numbers());
     command->add_flag("--offsets", geometry.Offsets, "first and last shot are offset shots");
-    command->add_option("--out", request.Common.Out, "project to write (.tv5)")->required();
+    command->add_option("--out", request.Common.Out, "project to write (.tv5)")
+        ->required()
+        ->check(Name_Ending_In({".tv5"}));
     Add_Answers(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
@@ -282,22 +306,30 @@ void Add_Pick(CLI::App& app, Request& request) {
     auto options = std::make_shared<PickOptions>();
     command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
     command->add_option("--record", options->Record, "record, from 1")->required();
-    command->add_option("--project", options->ProjectFile, "project that the picks belong to (.tv5)");
+    command->add_option("--project", options->ProjectFile, "project that the picks belong to (.tv5)")
+        ->check(Name_Ending_In({".tv5"}));
     command
         ->add_option("--reference-trace", options->ReferenceTrace,
                      "trace to start from: its channel in the record, from 1, or its number in the file")
         ->required();
-    command->add_option("--start", options->Start, "time of the smallest pick, ms")->required();
-    command->add_option("--frequency", options->Frequency, "frequency of the first breaks, Hz");
-    command->add_option("--window", options->Window, "window length, ms");
-    command->add_option("--search-from", options->SearchFrom, "start of the search from the last pick, ms");
-    command->add_option("--min-amplitude", options->MinAmplitude, "fraction of the trace's maximum");
+    command->add_option("--start", options->Start, "time of the smallest pick, ms")
+        ->required()
+        ->check(Any_Number());
+    command->add_option("--frequency", options->Frequency, "frequency of the first breaks, Hz")
+        ->check(Number_Above_0());
+    command->add_option("--window", options->Window, "window length, ms")->check(Number_Between(0, 1e6));
+    command->add_option("--search-from", options->SearchFrom, "start of the search from the last pick, ms")
+        ->check(Any_Number());
+    command->add_option("--min-amplitude", options->MinAmplitude, "fraction of the trace's maximum")
+        ->check(Number_Between(0, 1));
     command->add_flag("--negative", options->Negative, "search negative amplitudes");
     command->add_flag("--absolute", options->Absolute, "search amplitudes of either sign");
-    command->add_option("--shift", options->Shift, "added to every pick, ms");
-    command->add_flag("--json", request.Common.Json, "result as one JSON object");
-    command->add_flag("--save", request.Common.Save, "write the picks into the SU file and the project");
-    command->add_option("--out", request.Common.Out, "write the picks into a copy of the SU file");
+    command->add_option("--shift", options->Shift, "added to every pick, ms")->check(Any_Number());
+    CLI::Option* save =
+        command->add_flag("--save", request.Common.Save, "write the picks into the SU file and the project");
+    command->add_option("--out", request.Common.Out, "write the picks into a copy of the SU file (.su)")
+        ->check(Name_Ending_In({".su"}))
+        ->excludes(save);
     Add_Answers(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {

@@ -27,23 +27,38 @@ bool Copy_Stretch(PositionedFile& from, PositionedFile& to, std::int64_t positio
 
 }  // namespace
 
-RecordCopy::RecordCopy(const std::string& records, const std::string& copy) : Name(copy) {
-    std::error_code failed;
-    fs::copy_file(records, copy, fs::copy_options::overwrite_existing, failed);
-    // The copy of a file that was put away read-only is there to be written into.
-    if (!failed) fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, failed);
-    if (failed) Why = failed.message();
-}
-
-RecordCopy::RecordCopy(const std::string& records, std::int64_t first_trace, std::int64_t last_trace)
-    : Name((fs::temp_directory_path() / "tarnvik-pick-XXXXXX").string()) {
+/// A file of its own by a pattern that ends in XXXXXX.
+bool RecordCopy::Make(const std::string& pattern) {
+    Name = pattern;
     const int handle = mkstemp(Name.data());
     if (handle < 0) {
         Why = std::strerror(errno);
-        return;
+        return false;
     }
     Temporary = true;
     close(handle);
+    return true;
+}
+
+RecordCopy::RecordCopy(const std::string& records, const std::string& copy) : Kept(copy) {
+    if (!Make(copy + "-XXXXXX")) return;
+    std::error_code failed;
+    fs::copy_file(records, Name, fs::copy_options::overwrite_existing, failed);
+    // The copy of a file that was put away read-only is there to be written into.
+    if (!failed) fs::permissions(Name, fs::perms::owner_write, fs::perm_options::add, failed);
+    if (failed) Why = failed.message();
+}
+
+std::string RecordCopy::Keep() {
+    std::error_code failed;
+    fs::rename(Name, Kept, failed);
+    if (failed) return failed.message();
+    Temporary = false;
+    return {};
+}
+
+RecordCopy::RecordCopy(const std::string& records, std::int64_t first_trace, std::int64_t last_trace) {
+    if (!Make((fs::temp_directory_path() / "tarnvik-pick-XXXXXX").string())) return;
     const std::int64_t samples = SuTraces(records).Nb_Samples();
     PositionedFile from(records, PositionedFile::Access::Read);
     std::error_code failed;

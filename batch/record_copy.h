@@ -5,11 +5,11 @@
 
 namespace tarnvik {
 
-/// File that takes the picks of a run which leaves the field file as it is: a copy of the user's choice, or
-/// a temporary file that goes with this object.
+/// File that takes the picks of a run which leaves the field file as it is. It goes with this object, unless
+/// it is kept under the name that the user gave.
 class RecordCopy {
   public:
-    /// Whole copy of the field file, to stay.
+    /// Whole copy of the field file, beside the name that it is to be kept under.
     RecordCopy(const std::string& records, const std::string& copy);
     /// Temporary file of the same length that holds the first header and one record, all else holes, so that
     /// a line of any length is picked at once.
@@ -18,12 +18,16 @@ class RecordCopy {
     RecordCopy(const RecordCopy&) = delete;
     RecordCopy& operator=(const RecordCopy&) = delete;
 
+    /// Puts the copy under its name, over what stood there. Answers the reason of a failure.
+    std::string Keep();
     const std::string& Path() const { return Name; }
     /// Why it could not be made; empty when it could.
     const std::string& Reason() const { return Why; }
 
   private:
-    std::string Name;
+    bool Make(const std::string& pattern);
+    std::string Name;  ///< of the file as long as it is temporary
+    std::string Kept;  ///< under which it is to stay
     std::string Why;
     bool Temporary = false;
 };

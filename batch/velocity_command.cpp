@@ -1,13 +1,13 @@
 // velocity: the computation of the dialog SpeedF, and the recording of `confirm`.
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "batch/commands.h"
+#include "batch/option_checks.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 
@@ -15,7 +15,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr int most_eliminated = 4;
+constexpr std::size_t most_eliminated = 4;
 
 struct VelocityOptions {
     int Shot = 1;
@@ -56,16 +56,16 @@ ExitStatus Velocity(const CommonOptions& common, const VelocityOptions& options,
         std::cerr << "--record: --layer 1 to 5 tells which layer the velocity belongs to\n";
         return WrongUsage;
     }
-    if (std::count(options.Eliminate.begin(), options.Eliminate.end(), ',') > most_eliminated - 1) {
-        std::cerr << "--eliminate: four receivers at most\n";
-        return WrongUsage;
-    }
     BatchRun run(common, folder);
-    if (!run.Load()) return Refused;
     Workspace& work = run.Program.Work;
-    if (options.Shot < 1 || options.Shot > work.Project.NbShots) {
-        run.Prompts.Say("Wrong Shot number", work.AppTitle, Icon::Critical);
+    const auto refuse = [&] {
+        Print_Velocity(work, run.Prompts.Texts(), common.Json);
         return Refused;
+    };
+    if (!run.Load() || !run.May_Write(common.Out)) return refuse();
+    if (options.Shot < 1 || options.Shot > work.Project.NbShots) {
+        run.Refuse("Wrong Shot number");
+        return refuse();
     }
     // The dialog's own saving is left to --save and --out.
     FileRoutines files;
@@ -119,11 +119,11 @@ void Add_Velocity(CLI::App& app, Request& request) {
     command->add_option("--layer", options->Layer, "layer that the velocity belongs to")
         ->check(CLI::Range(1, 5));
     command->add_flag("--start-at-shot", options->StartAtShot, "layer 1: the line starts at the shot point");
-    command->add_option("--eliminate", options->Eliminate,
-                        "up to four receivers left out, separated by commas");
+    command
+        ->add_option("--eliminate", options->Eliminate, "up to four receivers left out, separated by commas")
+        ->check(List_Of_Receivers(most_eliminated));
     command->add_flag("--record", options->Record, "store the result in the project");
-    command->add_flag("--save", request.Common.Save, "write the project back");
-    command->add_option("--out", request.Common.Out, "write the project there (.tv5)");
+    Add_Project_Outputs(*command, request.Common);
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Velocity(common, *options, folder);

@@ -1,4 +1,4 @@
-// The table of a full line, rebuilt after every redraw of the curves, and read back before a save.
+// The table of a full line, filled whole after a change of geometry, and one cell after a change of a pick.
 
 #include <benchmark/benchmark.h>
 
@@ -16,13 +16,13 @@ void Fill(benchmark::State& state) {
 }
 BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
 
-void Read(benchmark::State& state) {
+void One_Cell(benchmark::State& state) {
     Workspace workspace = bench::Largest_Line();
     Fill_Grid(workspace);
     for (auto _ : state)
-        Read_Grid(workspace);
+        Fill_Grid_Cell(workspace, PickPlace{1, 1});
 }
-BENCHMARK(Read)->Unit(benchmark::kMillisecond);
+BENCHMARK(One_Cell)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

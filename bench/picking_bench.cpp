@@ -68,12 +68,11 @@ struct Station {
         W.Record.FirstTrace = 1;
         W.Record.LastTrace = traces;
         W.Record.RecordWidth = traces * 2000.0;
-        W.Fields.Text10 = std::to_string(traces);
         W.Record.DownX = 60 * 2000.0 + 1000;
-        Automatic.Text53 = "-3";
-        Automatic.Text54 = "30";
-        Automatic.Text55 = "40";
-        Automatic.Text57 = "0.05";
+        Automatic.StartShift = "-3";
+        Automatic.Window = "30";
+        Automatic.FirstTime = "40";
+        Automatic.MinAmplitude = "0.05";
     }
     test::TemporaryFolder Folder;
     Workspace W;
@@ -97,10 +96,10 @@ BENCHMARK(Automatic_Picking)->Unit(benchmark::kMillisecond);
 /// The same with a window over the whole trace and a minimum that nothing reaches.
 void Automatic_Picking_Nothing_Found(benchmark::State& state) {
     Station station;
-    station.Automatic.Text54 = "2000";
-    station.Automatic.Text57 = "2";
-    station.Automatic.Text55 = "0";
-    station.Automatic.Text53 = "-4000";
+    station.Automatic.Window = "2000";
+    station.Automatic.MinAmplitude = "2";
+    station.Automatic.FirstTime = "0";
+    station.Automatic.StartShift = "-4000";
     for (auto _ : state) {
         station.Automatic.Pick_auto();
         station.Ports.Display.Calls.clear();

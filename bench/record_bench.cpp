@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/positioned_file.h"
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_loading.h"
 #include "support/counting_picture.h"
@@ -43,7 +44,7 @@ void Displayed_Record(benchmark::State& state) {
     test::RecordingLauncher launcher;
     Ports ports{prompts, display, launcher};
     Scan_Channels(workspace, path);
-    workspace.Fields.Combo1 = static_cast<int>(state.range(0));
+    workspace.Record.Style = static_cast<int>(state.range(0));
     int record = 1;
     for (auto _ : state) {
         record = 3 - record;  // next and previous record in turn

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
@@ -62,8 +63,8 @@ void Painted_Record(benchmark::State& state) {
     test::RecordingLauncher launcher;
     Ports ports{prompts, display, launcher};
     Scan_Channels(workspace, path);
-    workspace.Fields.Combo1 = static_cast<int>(state.range(0));
-    workspace.Fields.Check3 = true;
+    workspace.Record.Style = static_cast<int>(state.range(0));
+    workspace.Record.EqualiseTraces = true;
     int record = 1;
     for (auto _ : state) {
         record = 3 - record;  // next and previous record in turn

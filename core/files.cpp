@@ -66,6 +66,14 @@ std::optional<std::string> Read_File(const std::string& path) {
 }
 
 std::string Replace_File(const std::string& path, std::string_view content) {
+    return Replace_File_In_Pieces(path, [&](const PieceWriter& write) {
+        write(content);
+        return std::string();
+    });
+}
+
+std::string Replace_File_In_Pieces(const std::string& path,
+                                   const std::function<std::string(const PieceWriter& write)>& produce) {
     std::error_code failed;
     // A link is followed, so that the file it stands for is replaced and not the link.
     fs::path target(path);
@@ -76,9 +84,14 @@ std::string Replace_File(const std::string& path, std::string_view content) {
     const fs::path beside = target.string() + ".new";
     std::FILE* file = std::fopen(beside.string().c_str(), "wb");
     if (file == nullptr) return Reason();
-    bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    written = written && Flush_To_Disk(file);
-    std::string reason = written ? std::string() : Reason();
+    std::string refusal;
+    std::string reason = produce([&](std::string_view piece) {
+        if (std::fwrite(piece.data(), 1, piece.size(), file) == piece.size()) return true;
+        refusal = Reason();
+        return false;
+    });
+    if (!refusal.empty()) reason = refusal;
+    if (reason.empty() && !Flush_To_Disk(file)) reason = Reason();
     if (std::fclose(file) != 0 && reason.empty()) reason = Reason();
     if (reason.empty()) {
         const auto state = fs::status(target, failed);
@@ -111,7 +124,9 @@ std::string Name_Of(std::string_view path) {
 }
 
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement) {
-    std::string derived = Folder_Of(path) + Replace_First(Name_Of(path), ending, replacement);
+    std::string derived = path;
+    if (LCase(Right(path, ending.size())) == LCase(ending))
+        derived.replace(path.size() - ending.size(), ending.size(), replacement);
     if (File_Exists(derived)) return derived;
     const std::string wanted = LCase(Name_Of(derived));
     const std::string folder = Folder_Of(derived);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,12 @@ std::optional<std::string> Read_File(const std::string& path);
 /// disk or a crash leaves the old file whole. Answers the reason of a failure, empty when it went well.
 std::string Replace_File(const std::string& path, std::string_view content);
 
+/// The same for a content too large for the memory: `produce` hands it over piece by piece, stops when a
+/// piece is refused, and answers why it could not go on; empty when all was handed over.
+using PieceWriter = std::function<bool(std::string_view piece)>;
+std::string Replace_File_In_Pieces(const std::string& path,
+                                   const std::function<std::string(const PieceWriter& write)>& produce);
+
 /// Copies a file over another in the same safe way. Answers the reason of a failure, empty when it went well.
 std::string Copy_File(const std::string& from, const std::string& to);
 
@@ -24,8 +31,8 @@ std::string Copy_File(const std::string& from, const std::string& to);
 std::string Folder_Of(std::string_view path);
 std::string Name_Of(std::string_view path);
 
-/// Name derived from a path: in the file's name, the first place of `ending` (any case) becomes
-/// `replacement`; its folder and all other letters stay. When no such file exists, a file of the same folder
+/// Name derived from a path: `ending` (any case) at the end of the file's name becomes `replacement`; its
+/// folder and all other letters stay, and all of them where the name ends otherwise. When no such file exists, a file of the same folder
 /// whose name differs only by case is taken instead.
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement);
 

@@ -75,7 +75,7 @@ void Reset_Views(Workspace& workspace) {
     curves.HScroll1.Value = 0;
     curves.VScroll1.Value = 0;
     workspace.Velocity.CurrentShot = 1;
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
 }
 
 }  // namespace
@@ -87,7 +87,6 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     Parse_Project(Read_File(path).value_or(""), project);
     workspace.Fields.Label16 = project.SuFile;
     workspace.Fields.Text25 = CStr(project.TotalTime);
-    workspace.Fields.Text16 = CStr(project.DistanceShift);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
     workspace.SavedFingerprint = Project_Fingerprint(project);
@@ -146,7 +145,7 @@ bool Select_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hook
         opened = Open_Named_Project(workspace, ports, hooks, path);
     }
     if (Letter_Count(path) >= shortest_recent_path) Add_Recent_File(workspace.Settings, path);
-    workspace.Fields.HScroll2.Value = 1;
+    workspace.Record.Record = 1;
     ports.Show.Show_Fields();
     return opened;
 }

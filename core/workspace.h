@@ -7,6 +7,8 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/awaited_field.h"
 #include "core/display_mode.h"
@@ -121,17 +123,23 @@ struct DepthWork {
 /// State of the profile picture.
 struct ProfileView {
     DisplayMode DrawnMode = DisplayMode::None;  ///< mode of the last drawing
+    std::optional<double> GivenMaxElevation;    ///< answered or typed by the user
+    std::optional<double> GivenMinElevation;
     double ProfileMaxElevation = 0;
     double ProfileMinElevation = 0;
     std::int16_t ProfileVFactor = 1;
     double ProfileVScale = 1;
-    bool ProfileOverlay = false;
+    double ZoomX = 1;  ///< enlargement of what stands, and how far it is scrolled, in enlarged units
+    double ZoomY = 1;
+    int Across = 0;
+    int Up = 0;
 };
 
-/// Stations that the user gave a record: shot station and station of its first geophone.
+/// Stations that the user gave a record when he was asked for them.
 struct RecordStations {
     double Shot = 0;
     double FirstGeophone = 0;
+    bool InHeader = false;  ///< the record's header holds them too, and counts
 };
 
 /// State of the field-record display and of what is read from the SU file.
@@ -144,63 +152,66 @@ struct RecordView {
     std::int16_t ChannelsPerRecord = 0;
     std::int16_t NbRecords = 0;
     std::string TwinSuFile;
-    std::map<int, RecordStations> StationsTyped;  ///< by record number; the others are in the headers
+    std::map<int, RecordStations> StationsTyped;  ///< by record number; each record is asked for once
+    std::optional<RecordStations> LastStations;   ///< entered last, offered next
+    /// Where the project names one file and one of the same name lies beside it: the user's choice, by the
+    /// project's file and the name that it holds.
+    std::map<std::pair<std::string, std::string>, std::string> ChosenFile;
 
-    std::int32_t FirstTrace = 0;
-    std::int32_t LastTrace = 0;
+    // What is shown.
+    std::int32_t Record = 1;  ///< its number in the file
+    std::int16_t Shot = 1;    ///< shot that it stands for: CurrentShot when it was chosen
+    std::int32_t FirstTrace = 1;
+    std::int32_t LastTrace = 24;
+    std::int32_t WholeFirst = 1;  ///< traces shown without an enlargement
+    std::int32_t WholeLast = 24;
     std::int16_t FirstSample = 0;
     std::int16_t LastSample = 0;
-    double AmplitudeGain = 0;
+    double FieldRecord = 0;    ///< `fldr` of the first trace shown
+    double ShotStation = 1;    ///< `ep` of the first trace shown
+    double FirstGeophone = 1;  ///< `tracl` of the first trace shown
+
+    // How it is drawn.
+    int Style = 0;  ///< index of the list of styles
+    double AmplitudeGain = 1;
     std::int16_t DisplayPolarity = 1;
+    bool ClipAmplitude = false;
+    bool EqualiseTraces = false;
+    bool Overdraw = false;           ///< the next record is drawn over this one
+    bool ShowTravelTimes = false;    ///< curves of the other shots over the traces
+    std::int32_t CurveOnRecord = 0;  ///< shot whose curve that is; below 1 all
     std::int16_t SampleStep = 1;
-    double RecordWidth = 0;
+    double RecordWidth = 0;  ///< world width of what was drawn last, 0 while nothing is on screen
     float ScaleLeft = 0;
     float ScaleRight = 0;
+    double TraceScale = 0;                  ///< amplitude scale of the record drawn last, 0 before the first
+    std::vector<std::int16_t> TracesDrawn;  ///< `trid` of the traces in the picture, from FirstTrace
 
-    double PickTimeShift = 0;  ///< ms added to every click
+    // What a click means.
+    bool SeveralSpreads = false;     ///< "Multi spead profile"
+    bool DirectionInverted = false;  ///< channels count from the record's last trace
+    bool ReverseOnClick = false;     ///< a click turns the polarity of the trace
+    double PickTimeShift = 0;        ///< ms added to every click
     std::int16_t ZoomMode = 0;
     std::int16_t SpectrumRequest = 0;
     std::int16_t AutoPickMode = 0;  ///< -1 while AutoPik is open
     double DownX = 0;
     double DownY = 0;
     std::int32_t ReferenceTrace = 0;
-    double TraceScale = 0;              ///< amplitude scale of the record drawn last, 0 before the first
-    std::int32_t StationsAskedFor = 0;  ///< first trace of the record whose stations were asked for
 };
 
 /// Texts, ticks and choices of the main form that logic reads or writes, by the names of their controls.
 struct MainFields {
     std::string Caption;
     std::string Text1;            ///< status field: pointer read-out
-    std::string Text6;            ///< line length
-    std::string Text9 = "1";      ///< first trace of the record
-    std::string Text10 = "24";    ///< last trace
-    std::string Text11 = "1";     ///< gain
-    std::string Text12;           ///< record and FLDR
-    std::string Text13 = "1";     ///< shot station
-    std::string Text16;           ///< DistanceShift
-    std::string Text18 = "1";     ///< geophone station
     std::string Text19;           ///< colour scale file
-    std::string Text21;           ///< travel-time curve on the record; below 1 all
     std::string Text25;           ///< TotalTime
-    std::string Text27;           ///< maximum profile elevation
-    std::string Text32;           ///< profil total height
-    std::string Text33;           ///< minimum profile elevation
     std::string Label16;          ///< path of the SU file
     std::string FirstTabCaption;  ///< path of the project file on the first tab
     std::string Status;           ///< status label: zoom range, time shift, faults to be seen
     std::string RecordReadout;    ///< time and trace under the pointer of ecran
     std::string ProfileReadout;   ///< X and Z under the pointer of the profile
-    int Combo1 = 0;               ///< drawing style of the record, index
-    bool clip = false;            ///< Clip amplitude
-    bool Check2 = false;          ///< Multi spead profile
-    bool Check3 = false;          ///< Trace egalisation
-    bool Check6 = false;          ///< Display TT on record
-    bool Check7 = false;          ///< Overdraw records
-    bool Check8 = false;          ///< Recording direction inverted
     bool Check11 = true;          ///< Display all shot
-    bool Check16 = false;         ///< Reverse picked traces
-    ScrollBar HScroll2{1, 1, 1};  ///< record number
 };
 
 /// Grids of the main form beside the project's own remark_grid.

@@ -50,14 +50,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CountingDisplay display;
     test::RecordingLauncher launcher;
     Ports ports{user, display, launcher};
-    workspace.Fields.Combo1 = data[0] % 5;
-    workspace.Fields.Check3 = (data[0] & 8) != 0;
-    workspace.Fields.clip = (data[0] & 16) != 0;
-    workspace.Fields.Check2 = (data[0] & 32) != 0;
+    workspace.Record.Style = data[0] % 5;
+    workspace.Record.EqualiseTraces = (data[0] & 8) != 0;
+    workspace.Record.ClipAmplitude = (data[0] & 16) != 0;
+    workspace.Record.SeveralSpreads = (data[0] & 32) != 0;
     Display_Record(workspace, ports, path);
     Load_SU_File(workspace, ports);
     Display_Record(workspace, ports, path);
-    workspace.Fields.Text10 = "7";
+    workspace.Record.LastTrace = 7;
     Display_Record(workspace, ports, path);
     SuTraces file(path);
     for (int word = 1; word <= header_words; ++word)

@@ -5,9 +5,11 @@
 
 #include "core/end_shots.h"
 #include "core/fault.h"
+#include "core/ports/silent_picture.h"
 #include "core/text/number.h"
 #include "output/horizontal_distances.h"
 #include "output/profile_painting.h"
+#include "traveltime/zoom.h"
 
 namespace tarnvik {
 
@@ -15,6 +17,7 @@ namespace {
 
 constexpr double elevation_span_limit = 90;
 constexpr double single_factor_height = 100;
+constexpr double largest_elevation = 32767;
 
 /// Highest and lowest end shot or shot between them, and the thickest layer below them.
 struct Extremes {
@@ -34,18 +37,36 @@ Extremes Extremes_Of(const Project& project, int first, int last) {
     return found;
 }
 
-/// A line whose highest or lowest shot stands at 0 has most likely no elevations yet: the user gives them.
-void Ask_If_Zero(Ports& ports, const std::string& question, double& elevation, std::string& field) {
+/// A line whose highest or lowest shot stands at 0 has most likely no elevations yet: the user gives them,
+/// and meets what he gave before as the default.
+void Ask_If_Zero(Ports& ports, const std::string& question, double& elevation,
+                 std::optional<double>& answered) {
     if (elevation != 0) return;
-    field = ports.Ask.Input(question, " Seismic profile", "");
-    elevation = Val(field);
+    const std::string typed =
+        ports.Ask.Input(question, " Seismic profile", answered ? CStr(*answered) : std::string());
+    elevation = Val(typed);
+    answered.reset();
+    if (!typed.empty()) answered = elevation;
+}
+
+/// Vertical places of the profile between two elevations.
+void Set_Places(ProfileView& view, double highest, double lowest, double thickness) {
+    view.ProfileMinElevation = lowest;
+    view.ProfileVScale = 1;
+    view.ProfileMaxElevation = 10 * (1 + Int(highest / 10));
+    view.ProfileVFactor = thickness + view.ProfileMaxElevation - lowest > single_factor_height ? 2 : 1;
+}
+
+void Check_Span(const Workspace& workspace, Ports& ports, double highest, double lowest) {
+    if (std::abs(highest - lowest) <= elevation_span_limit) return;
+    ports.Ask.Say("Impossible, elevation difference is more than 90 meters !", workspace.AppTitle,
+                  Icon::Warning);
 }
 
 /// Finds elevations and factors of the profile, asking and warning on the way.
-void Measure_Profile(Workspace& workspace, Ports& ports) {
+void Measure_Profile(Workspace& workspace, Ports& ports, const ProfileElevations& given) {
     const Project& project = workspace.Project;
     ProfileView& view = workspace.Profile;
-    MainFields& fields = workspace.Fields;
     int first = 1;
     int last = 1;
     First_Last_End_Shot(project, first, last);
@@ -53,67 +74,89 @@ void Measure_Profile(Workspace& workspace, Ports& ports) {
         ports.Ask.Say("Shot distance inverse, not possible", workspace.AppTitle, Icon::Warning);
     }
     const Extremes extremes = Extremes_Of(project, first, last);
-    view.ProfileMaxElevation = extremes.MaxElevation;
-    view.ProfileMinElevation = extremes.MinElevation;
-    Ask_If_Zero(ports, "Maximum profile elevation", view.ProfileMaxElevation, fields.Text27);
-    Ask_If_Zero(ports, "Minimum profile elevation", view.ProfileMinElevation, fields.Text33);
-    fields.Text32 = CStr(Val(fields.Text27) - Val(fields.Text33));
-    ports.Show.Show_Fields();
-    if (std::abs(view.ProfileMaxElevation - view.ProfileMinElevation) > elevation_span_limit) {
-        ports.Ask.Say("Impossible, elevation difference is more than 90 meters !", workspace.AppTitle,
-                      Icon::Warning);
-    }
-    view.ProfileVScale = 1;
-    workspace.Curves.ZoomX = 1;
-    workspace.Curves.ZoomY = 1;
-    view.ProfileMaxElevation = 10 * (1 + Int(view.ProfileMaxElevation / 10));
-    Places_Of_Profile(workspace);  // a line of length 0 ends here, before anything is wiped
-    const double height = extremes.MaxThickness + view.ProfileMaxElevation - view.ProfileMinElevation;
-    view.ProfileVFactor = height > single_factor_height ? 2 : 1;
+    double highest = given.Max.value_or(extremes.MaxElevation);
+    double lowest = given.Min.value_or(extremes.MinElevation);
+    if (!given.Max) Ask_If_Zero(ports, "Maximum profile elevation", highest, view.GivenMaxElevation);
+    if (!given.Min) Ask_If_Zero(ports, "Minimum profile elevation", lowest, view.GivenMinElevation);
+    Check_Span(workspace, ports, highest, lowest);
+    Set_Places(view, highest, lowest, extremes.MaxThickness);
+    view.ZoomX = view.ZoomY = 1;
+    view.Across = view.Up = 0;
+    Set_Zoom(workspace.Curves, 1, 1);
 }
 
-/// The places that the correction of slope distances changes, to put them back when nothing was drawn.
-class KeptDistances {
-  public:
-    explicit KeptDistances(const Project& project)
-        : ReceiverData(project.ReceiverData), ShotDistanceZ(project.ShotDistanceZ) {}
-    void Put_Back(Project& project) const {
-        project.ReceiverData = ReceiverData;
-        project.ShotDistanceZ = ShotDistanceZ;
+/// Corrects the slope distances as an edit of its own. A line that is flat stays without one.
+void Correct_Distances(Workspace& workspace, Ports& ports) {
+    Project& project = workspace.Project;
+    EditScope edit(workspace, "Horizontal distances of the profile");
+    const Array2<float> as_measured = project.ReceiverData;
+    const Array1<double> places = project.ShotDistanceZ;
+    Horizontal_Distances(workspace, ports);
+    if (project.ReceiverData == as_measured) {
+        project.ShotDistanceZ = places;
+        return;
     }
+    edit.End();
+    workspace.Fields.Status = "Slope distances of the receivers became horizontal ones; Ctrl+Z takes it back";
+}
 
-  private:
-    Array2<float> ReceiverData;
-    Array1<double> ShotDistanceZ;
-};
+/// Why the profile of this project cannot be painted; empty when it can.
+std::string Reason_Against_Painting(const Workspace& workspace) {
+    SilentPicture profile;
+    SilentPicture scale;
+    return Paint_Profile(workspace, profile, scale);
+}
+
+/// The profile that stands, between the elevations typed beside it. What is not typed is taken of the line.
+void Draw_Between_Given_Elevations(Workspace& workspace, Ports& ports) {
+    ProfileView& view = workspace.Profile;
+    if (workspace.Curves.FrameDrawn != 2) return;
+    int first = 1;
+    int last = 1;
+    First_Last_End_Shot(workspace.Project, first, last);
+    try {
+        const Extremes extremes = Extremes_Of(workspace.Project, first, last);
+        const double highest = view.GivenMaxElevation.value_or(extremes.MaxElevation);
+        const double lowest = view.GivenMinElevation.value_or(extremes.MinElevation);
+        // A number that is still being typed may be anything.
+        if (std::abs(highest) > largest_elevation || std::abs(lowest) > largest_elevation) return;
+        Set_Places(view, highest, lowest, extremes.MaxThickness);
+    } catch (const Fault&) {
+        return;
+    }
+    ports.Show.Show_Profile();
+}
 
 }  // namespace
 
-void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, Picture& profile, Picture& scale) {
-    const KeptDistances before(workspace.Project);
-    std::string failure;
+void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, const ProfileElevations& given) {
+    const DisplayMode before = workspace.Profile.DrawnMode;
     workspace.Profile.DrawnMode = workspace.Mode.On_Display();
-    try {
-        Horizontal_Distances(workspace, ports);
-        Measure_Profile(workspace, ports);
-        workspace.Curves.FrameDrawn = 2;
-        failure = Paint_Profile(workspace, profile, scale);
-    } catch (const Fault& fault) {
-        failure = fault.what();
+    std::string failure = Reason_Against_Painting(workspace);
+    if (failure.empty()) {
+        try {
+            Correct_Distances(workspace, ports);
+            Measure_Profile(workspace, ports, given);
+            workspace.Curves.FrameDrawn = 2;
+            ports.Show.Show_Profile();
+            return;
+        } catch (const Fault& fault) {
+            failure = fault.what();
+        }
     }
-    if (failure.empty()) return;
-    before.Put_Back(workspace.Project);
+    workspace.Profile.DrawnMode = before;
     ports.Ask.Say(failure, "Seismic profile Error", Icon::Critical);
 }
 
-void Draw_Seismic_Profile(Workspace& workspace, Ports& ports) {
-    Draw_Seismic_Profile(workspace, ports, ports.Show.Canvas_Of(Canvas::Dromo1),
-                         ports.Show.Canvas_Of(Canvas::EchelleY1));
+void Give_Profile_Elevations(Workspace& workspace, Ports& ports, const ProfileElevations& given) {
+    workspace.Profile.GivenMaxElevation = given.Max;
+    workspace.Profile.GivenMinElevation = given.Min;
+    Draw_Between_Given_Elevations(workspace, ports);
 }
 
 void Show_Combined(Workspace& workspace, Ports& ports) {
+    Set_Zoom(workspace.Curves, 1, 1);
     ports.Show.Canvas_Of(Canvas::Dromo).Clear();
-    workspace.Profile.ProfileOverlay = true;
     ports.Show.Show_Curves();
     workspace.Mode.Display(DisplayMode::Profil3);
     Draw_Seismic_Profile(workspace, ports);

@@ -1,23 +1,32 @@
 #pragma once
 
+#include <optional>
+
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 
 namespace tarnvik {
 
-/// The command behind every request for the seismic profile, in the mode on display: Profil (shot depths),
-/// Profil2 (and depths below receivers), Profil4 (shot depths and GRM) or Profil3 (all). Corrects the slope
-/// distances, finds the extremes (asking for those that are 0) and draws on dromo1 and EchelleY1.
+/// Elevations that the profile is to stand between; those that are missing are taken of the line.
+struct ProfileElevations {
+    std::optional<double> Max;
+    std::optional<double> Min;
+};
+
+/// The user asks for the seismic profile, in the mode on display: Profil (shot depths), Profil2 (and depths
+/// below receivers), Profil4 (shot depths and GRM) or Profil3 (all). Corrects the slope distances, which is
+/// an edit, finds the extremes (asking for those that are 0 and not given) and shows the whole line.
 ///
-/// The correction changes the receiver distances at every drawing. A window that is merely uncovered must
-/// therefore repaint its buffered picture, and a printer takes Paint_Profile. A drawing that fails says so
-/// and leaves the distances as they were.
-void Draw_Seismic_Profile(Workspace& workspace, Ports& ports);
+/// The correction shortens a line that is not flat at each call. Whatever shows the profile again (another
+/// size, an enlargement, a printer) therefore takes Display::Show_Profile or Paint_Profile. A profile that
+/// cannot be drawn is told and changes nothing.
+void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, const ProfileElevations& given = {});
 
-/// The same on two pictures of the caller's: where there is no window.
-void Draw_Seismic_Profile(Workspace& workspace, Ports& ports, Picture& profile, Picture& scale);
+/// The user typed the elevations beside the profile: they are kept as the next defaults, and the profile that
+/// stands is drawn between them at once.
+void Give_Profile_Elevations(Workspace& workspace, Ports& ports, const ProfileElevations& given);
 
-/// Curves and profile together, mode Both. From here on the profile is drawn without clearing its picture.
+/// Curves and profile together, mode Both, neither of them enlarged.
 void Show_Combined(Workspace& workspace, Ports& ports);
 
 /// The pointer is at (x, y) of the profile's picture: shows distance and elevation there in whole units. A

@@ -55,14 +55,16 @@ class Painting {
     double Shot_Y(int shot) const { return Places.Y(Line.ShotElevation(shot)); }
 
     void Set_Scales() {
-        const CurveView& view = Work.Curves;
-        const int left = CInt_Or_Fault(Divide(view.HScroll1.Value, view.ZoomX));
-        const int right = CInt_Or_Fault(Divide(view.HScroll1.Value + profile_width, view.ZoomX));
-        const int top = CInt_Or_Fault(Divide(view.VScroll1.Value + profile_height, view.ZoomY));
-        const int bottom = CInt_Or_Fault(Divide(view.VScroll1.Value, view.ZoomY));
+        const ProfileView& view = Work.Profile;
+        const int left = CInt_Or_Fault(Divide(view.Across, view.ZoomX));
+        const int right = CInt_Or_Fault(Divide(view.Across + profile_width, view.ZoomX));
+        const int top = CInt_Or_Fault(Divide(view.Up + profile_height, view.ZoomY));
+        const int bottom = CInt_Or_Fault(Divide(view.Up, view.ZoomY));
         Profile.Scale(left, top, right, bottom);
         Scale.Scale(0, top + 1, 10, bottom - 1);
-        if (!Work.Profile.ProfileOverlay) Profile.Clear();
+        // Beside the curves too: the background leaves the margins out, where letters of old labels would
+        // stay.
+        Profile.Clear();
         Scale.Clear();
         Profile.Set_Font_Size(text_size);
         Scale.Set_Font_Size(text_size);

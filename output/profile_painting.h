@@ -27,9 +27,9 @@ struct ProfilePlaces {
 /// Places of the profile as last measured. A line of length 0 is a Fault.
 ProfilePlaces Places_Of_Profile(const Workspace& workspace);
 
-/// Draws the seismic profile and its elevation scale on two pictures, with the mode, extremes and factors
-/// that the last Draw_Seismic_Profile left in the workspace. Nothing of the project changes: this serves the
-/// printer, PDF, SVG and PNG, and a scrolled window, which all show the profile that stands on the screen.
+/// Draws the seismic profile and its elevation scale on two pictures, with the mode, extremes, factors and
+/// window in workspace.Profile. Nothing changes: this serves the screen at any size, the printer, PDF, SVG
+/// and PNG, which all show the profile that stands.
 /// Answers the reason when it could not be drawn to its end, empty when it could.
 std::string Paint_Profile(const Workspace& workspace, Picture& profile, Picture& scale);
 

@@ -6,6 +6,7 @@
 #include "core/fault.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
+#include "records/record_display.h"
 #include "records/record_files.h"
 #include "records/set_pick.h"
 
@@ -46,16 +47,14 @@ int Samples_In(double ms, double sample_ms, int otherwise = 0) {
     return samples ? *samples : otherwise;
 }
 
-/// Traces of two fields of the main form, cut to the file.
+/// The traces shown, cut to the file.
 struct TraceRange {
     int First = 1;
     int Last = 0;
 };
-TraceRange Cut(double first, double last, int last_of_file) {
-    TraceRange range;
-    range.First = static_cast<int>(std::clamp(Rounded(first), 1.0, last_of_file + 1.0));
-    range.Last = static_cast<int>(std::clamp(Rounded(last), 0.0, static_cast<double>(last_of_file)));
-    return range;
+TraceRange Shown_Traces(const RecordView& record, int last_of_file) {
+    return {std::clamp(record.FirstTrace, 1, last_of_file + 1),
+            std::clamp(record.LastTrace, 0, last_of_file)};
 }
 
 }  // namespace
@@ -71,52 +70,52 @@ void AutoPik::Form_Unload() {
 void AutoPik::Set_Start(double x, double y) {
     Work.Record.DownX = x;
     Work.Record.DownY = y;
-    Text55 = CStr(Int(y * Work.Record.SampleInterval / 100) / 10);
+    FirstTime = CStr(Int(y * Work.Record.SampleInterval / 100) / 10);
     Outside.Show.Show_Fields();
 }
 
-double AutoPik::Frequency() const {
-    const auto frequency = CInt(Val(Text51));
+double AutoPik::Frequency_Or_50() const {
+    const auto frequency = CInt(Val(Frequency));
     return frequency && *frequency != 0 ? *frequency : 50;
 }
 
 void AutoPik::Show_Half_Cycle() {
     if (Work.Record.SampleInterval == 0) return;
-    const auto samples = CInt(1000000.0 / Work.Record.SampleInterval / (Frequency() * 2));
-    if (samples) Text56 = CStr(*samples);
+    const auto samples = CInt(1000000.0 / Work.Record.SampleInterval / (Frequency_Or_50() * 2));
+    if (samples) HalfCycle = CStr(*samples);
 }
 
-void AutoPik::HScroll4_Change() {
-    Text52 = CStr(HScroll4.Value / 1000.0);
+void AutoPik::Sensitivity_Changed() {
+    Sensitivity = CStr(SensitivityBar.Value / 1000.0);
     Pick_auto();
 }
 
-void AutoPik::Text51_Change() {
+void AutoPik::Frequency_Changed() {
     Show_Half_Cycle();
     Parameter_Changed();
 }
 
 void AutoPik::Parameter_Changed() {
-    if (Val(Text54) > 0) {
+    if (Val(Window) > 0) {
         Pick_auto();
     } else {
         Outside.Show.Show_Fields();
     }
 }
 
-void AutoPik::Command1() {
+void AutoPik::Info() {
     Outside.Ask.Say(help, Work.AppTitle, Icon::Information);
 }
 
-void AutoPik::Command2() {
-    if (Outside.Ask.Message(" Erase FBP values of  " + Work.Fields.Text12, Work.AppTitle, Icon::Critical,
-                            Buttons::OkCancel) != Answer::Ok) {
+void AutoPik::Reset() {
+    if (Outside.Ask.Message(" Erase FBP values of  " + Record_Identity(Work.Record), Work.AppTitle,
+                            Icon::Critical, Buttons::OkCancel) != Answer::Ok) {
         return;
     }
-    EditScope edit(Work, "Reset FBP of record " + CStr(Work.Fields.HScroll2.Value));
+    EditScope edit(Work, "Reset FBP of record " + CStr(Work.Record.Record));
     PickSetter picks(Work);
     RecordFiles& files = picks.Files();
-    const TraceRange range = Cut(Val(Work.Fields.Text9), Val(Work.Fields.Text10), files.Last_Trace());
+    const TraceRange range = Shown_Traces(Work.Record, files.Last_Trace());
     for (int trace = range.First; trace <= range.Last; ++trace)
         picks.Set_Trace(trace, 0);
     if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
@@ -127,31 +126,31 @@ void AutoPik::Command2() {
     Outside.Show.Show_Fields();
 }
 
-void AutoPik::Command3() {
+void AutoPik::Save() {
     Write_Project(Work, Outside);
 }
 
 AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
     RecordView& record = Work.Record;
     AutomaticPickingParameters with;
-    // The half cycle is shown first and read back, so that a value typed into Text56 does not survive.
+    // The half cycle is shown first and read back, so that a value typed into HalfCycle does not survive.
     Show_Half_Cycle();
     // The sensitivity is checked and shown; the search does not use it. This is meant.
-    if (Val(Text52) == 0) Text52 = "0.0001";
-    if (Val(Text52) > 1) Text52 = "1";
+    if (Val(Sensitivity) == 0) Sensitivity = "0.0001";
+    if (Val(Sensitivity) > 1) Sensitivity = "1";
     const double sample_ms = Sample_Ms(record);
-    with.StartShift = Samples_In(Val(Text53), sample_ms);
-    with.FirstStart = Samples_In(Val(Text55), sample_ms);
+    with.StartShift = Samples_In(Val(StartShift), sample_ms);
+    with.FirstStart = Samples_In(Val(FirstTime), sample_ms);
     // A window beyond 16 bits means the whole trace.
-    with.WindowLength = Samples_In(Val(Text54), sample_ms, Val(Text54) > 0 ? files.Traces().Nb_Samples() : 0);
-    with.HalfCycle = CInt(Val(Text56)).value_or(0);
-    with.MinAmplitude = Val(Text57);
-    with.PickShift = Val(Text3);
-    with.Negative = Check2;
-    with.Absolute = Check3;
+    with.WindowLength = Samples_In(Val(Window), sample_ms, Val(Window) > 0 ? files.Traces().Nb_Samples() : 0);
+    with.HalfCycle = CInt(Val(HalfCycle)).value_or(0);
+    with.MinAmplitude = Val(MinAmplitude);
+    with.PickShift = Val(PickShift);
+    with.Negative = Negative;
+    with.Absolute = Absolute;
     with.NbSamples = files.Traces().Nb_Samples();
     with.SampleInterval = record.SampleInterval;
-    const TraceRange shown = Cut(record.FirstTrace, record.LastTrace, files.Last_Trace());
+    const TraceRange shown = Shown_Traces(record, files.Last_Trace());
     with.FirstTrace = shown.First;
     with.LastTrace = shown.Last;
     with.ReferenceTrace = Trace_At(record, record.DownX).value_or(0);
@@ -169,7 +168,7 @@ void AutoPik::Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int f
 }
 
 void AutoPik::Repair_Spikes(RecordFiles& files) {
-    const TraceRange range = Cut(Val(Work.Fields.Text9), Val(Work.Fields.Text10), files.Last_Trace());
+    const TraceRange range = Shown_Traces(Work.Record, files.Last_Trace());
     std::vector<std::int16_t> found;
     for (int trace = range.First; trace <= range.Last; ++trace) {
         found.push_back(static_cast<std::int16_t>(files.Traces().Word_Or_Zero(trace, words::First_Breaks)));
@@ -194,8 +193,8 @@ void AutoPik::Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, 
 }
 
 void AutoPik::Pick_auto() {
-    EditScope edit(Work, "Automatic picking of record " + CStr(Work.Fields.HScroll2.Value),
-                   "automatic picking " + CStr(Work.Fields.HScroll2.Value));
+    EditScope edit(Work, "Automatic picking of record " + CStr(Work.Record.Record),
+                   "automatic picking " + CStr(Work.Record.Record));
     try {
         PickSetter setter(Work);
         RecordFiles& files = setter.Files();
@@ -205,8 +204,8 @@ void AutoPik::Pick_auto() {
         const AutomaticPicks picks = Pick_Record(with, source);
         Work.Record.ReferenceTrace = picks.ReferenceTrace;
         if (picks.ProcessedTrace != 0) {
-            Text1 = CStr(picks.ReferenceTrace);
-            Text2 = CStr(picks.ProcessedTrace);
+            ReferenceTrace = CStr(picks.ReferenceTrace);
+            ProcessedTrace = CStr(picks.ProcessedTrace);
         }
         Store_Picks(files, picks, with.FirstTrace);
         if (!files.Failed()) Repair_Spikes(files);

@@ -17,35 +17,35 @@ class AutoPik {
   public:
     AutoPik(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
-    std::string Text1;           ///< output: reference trace
-    std::string Text2;           ///< output: trace processed last
-    std::string Text3;           ///< picking shift, ms
-    std::string Text51;          ///< frequency of the first breaks, Hz; empty counts as 50
-    std::string Text52 = "0.5";  ///< sensitivity, 0.0001 to 1
-    std::string Text53;          ///< start of the search from the last pick, ms, may be negative
-    std::string Text54;          ///< window length, ms
-    std::string Text55;          ///< time of the smallest pick, ms
-    std::string Text56;          ///< half cycle in samples, computed from Text51
-    std::string Text57;          ///< minimum amplitude, fraction of the trace's maximum; 0 not used
-    bool Check1 = false;         ///< zero amplitude; the picking does not consult it
-    bool Check2 = false;         ///< search negative amplitude
-    bool Check3 = false;         ///< amplitude + or -
-    ScrollBar HScroll4{500, 0, 1000};
+    std::string ReferenceTrace;       ///< output
+    std::string ProcessedTrace;       ///< output: the last one
+    std::string PickShift;            ///< ms added to every pick
+    std::string Frequency;            ///< of the first breaks, Hz; empty counts as 50
+    std::string Sensitivity = "0.5";  ///< 0.0001 to 1
+    std::string StartShift;           ///< start of the search from the last pick, ms, may be negative
+    std::string Window;               ///< its length, ms
+    std::string FirstTime;            ///< time of the smallest pick, ms
+    std::string HalfCycle;            ///< in samples, computed from Frequency
+    std::string MinAmplitude;         ///< fraction of the trace's maximum; 0 not used
+    bool ZeroAmplitude = false;       ///< the picking does not consult it
+    bool Negative = false;            ///< search negative amplitude
+    bool Absolute = false;            ///< amplitude + or -
+    ScrollBar SensitivityBar{500, 0, 1000};
 
-    /// Called by the main form's Command5 through the form: marks and clears the automatic picking mode.
+    /// Called by the main form through the form: marks and clears the automatic picking mode.
     void Form_Load();
     void Form_Unload();
 
     /// Right click on the record: its X marks the reference trace, its Y the time of the smallest pick.
     void Set_Start(double x, double y);
 
-    void HScroll4_Change();  ///< sensitivity; picks
-    void Text51_Change();    ///< frequency; shows the half cycle and picks
+    void Sensitivity_Changed();  ///< by its scroll bar; picks
+    void Frequency_Changed();    ///< shows the half cycle and picks
     /// Any other parameter changed: picks, once a window to search in is given.
     void Parameter_Changed();
-    void Command1();  ///< Info
-    void Command2();  ///< Reset FBP
-    void Command3();  ///< Save: writes the project file
+    void Info();
+    void Reset();  ///< erases the picks of the traces shown, after a question
+    void Save();   ///< writes the project file
 
     /// Picks traces FirstTrace to LastTrace of the record shown, stores the picks in the SU file and its
     /// twin, fills Buildgrid and ShotTimes with the picks of all shots from the file, and redraws curves and
@@ -54,7 +54,7 @@ class AutoPik {
     void Pick_auto();
 
   private:
-    double Frequency() const;
+    double Frequency_Or_50() const;
     void Show_Half_Cycle();
     AutomaticPickingParameters Read_Parameters(RecordFiles& files);
     void Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first);

@@ -3,8 +3,6 @@
 
 #include "core/text/number.h"
 #include "records/record_buttons.h"
-#include "records/record_display.h"
-#include "records/record_files.h"
 #include "records/set_pick.h"
 
 namespace tarnvik {
@@ -13,10 +11,9 @@ namespace {
 
 /// Picks of ShotTimes above 0 move; a pick moved to 0 or below is kept as it is. In the file every trace
 /// moves.
-void Shift_Receivers(Workspace& workspace, Picture& picture, int record, int first, int last, double shift) {
+void Shift_Receivers(Workspace& workspace, int record, int first, int last, double shift) {
     PickSetter picks(workspace);
     RecordFiles& files = picks.Files();
-    const double sample_ms = workspace.Record.SampleInterval / 1000.0;
     const std::int64_t before = picks.Layout().First_Trace(record) - 1;
     for (std::int64_t trace = before + first; trace <= before + last; ++trace) {
         const auto place = picks.Layout().Place_Of(trace);
@@ -26,12 +23,6 @@ void Shift_Receivers(Workspace& workspace, Picture& picture, int record, int fir
         }
         const double old_time = files.Traces().Word(trace, words::First_Breaks).value_or(0) / 10.0;
         files.Set_Word(trace, words::First_Breaks, (old_time + shift) * 10);
-        if (sample_ms <= 0) continue;
-        const double left = static_cast<double>(trace) * trace_width;
-        const double old_sample = Rounded(old_time / sample_ms);
-        const double new_sample = Rounded((old_time + shift) / sample_ms);
-        picture.Line(left, old_sample, left + trace_width, old_sample, colours::White);
-        picture.Line(left, new_sample, left + trace_width, new_sample, colours::Red);
     }
     files.Tell_Faults("FB shift");
 }
@@ -40,7 +31,7 @@ void Shift_Receivers(Workspace& workspace, Picture& picture, int record, int fir
 
 void Shift_Picks(Workspace& workspace, Ports& ports) {
     const int receivers = workspace.Project.NbReceivers;
-    const int record = workspace.Fields.HScroll2.Value;
+    const int record = workspace.Record.Record;
     const auto ask = [&](const std::string& prompt, const std::string& initial) {
         return Val(ports.Ask.Input(prompt, workspace.AppTitle, initial));
     };
@@ -59,7 +50,7 @@ void Shift_Picks(Workspace& workspace, Ports& ports) {
     }
     {
         const EditScope edit(workspace, "FB shift of record " + CStr(record));
-        Shift_Receivers(workspace, ports.Show.Canvas_Of(Canvas::Ecran), record, first, last, shift);
+        Shift_Receivers(workspace, record, first, last, shift);
     }
     ports.Show.Show_Curves();
     ports.Show.Display_Record();

@@ -32,9 +32,9 @@ std::optional<int> Shown_Trace_At(const RecordView& record, double x) {
 
 }  // namespace
 
-void RecordPointer::Redraw() {
+void RecordPointer::Redraw(int trace) {
     Outside.Show.Show_Curves();
-    Outside.Show.Display_Record();
+    Show_Picks_On_Record(Work, Outside, trace, trace);
     Outside.Show.Show_Fields();
 }
 
@@ -83,7 +83,8 @@ void RecordPointer::Release(const RecordEvent& event) {
     if (!RightHeld) return;
     RightHeld = false;
     if (Dragged) {
-        Redraw();
+        Outside.Show.Show_Curves();
+        Outside.Show.Show_Fields();
     } else {
         Click(Pressed.X, Pressed.Y, 2);
     }
@@ -93,13 +94,13 @@ void RecordPointer::Click(double x, double y, int button) {
     RecordView& record = Work.Record;
     const auto trace = Shown_Trace_At(record, x);
     if (!trace) return;
-    if (Work.Fields.Check16) {
+    if (Work.Record.ReverseOnClick) {
         Reverse_Polarity(Work, Outside, *trace);
         return;
     }
     if (Interval(record) > 0) y += record.PickTimeShift / Interval(record);
     if (button == 2) {
-        const double row = Val(Work.Fields.Text18) + Work.Grids.size_grid.CurrentRow;
+        const double row = Work.Record.FirstGeophone + Work.Grids.size_grid.CurrentRow;
         // The answer No places a pick, as users know it; a box that was closed does nothing.
         const Answer answer = Outside.Ask.Message("Kill trace " + CStr(row), Work.AppTitle, Icon::Question,
                                                   Buttons::YesNoCancel);
@@ -112,42 +113,25 @@ void RecordPointer::Click(double x, double y, int button) {
     Pick(*trace, y);
 }
 
-namespace {
-
-/// Name of an edit of one trace, by its place in the project where it has one.
-std::string Trace_Edit_Name(const char* what, const PickSetter& picks, int trace) {
-    const auto place = picks.Layout().Place_Of(trace);
-    if (!place) return std::string(what) + " trace " + CStr(trace);
-    return std::string(what) + " shot " + CStr(place->Shot) + ", receiver " + CStr(place->Receiver);
-}
-
-}  // namespace
-
 void RecordPointer::Kill(int trace) {
     PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Kill", picks, trace));
+    EditScope edit(Work, Trace_Edit_Name("Kill", picks.Layout(), trace));
     picks.Files().Set_Word(trace, words::trid, dead_trace);
     picks.Set_Trace(trace, 0);
     picks.Tell_Faults("Kill");
     edit.End();
-    Redraw();
+    Redraw(trace);
 }
 
 void RecordPointer::Pick(int trace, double y) {
-    Picture& picture = Outside.Show.Canvas_Of(Canvas::Ecran);
     PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Pick", picks, trace));
-    const double ms = y * Work.Record.SampleInterval / 1000;
+    EditScope edit(Work, Trace_Edit_Name("Pick", picks.Layout(), trace));
     // A pick brings a dead trace back to life.
     picks.Files().Set_Word(trace, words::trid, live_trace);
-    picks.Set_Trace(trace, ms);
+    picks.Set_Trace(trace, y * Work.Record.SampleInterval / 1000);
     picks.Tell_Faults("Pick");
     edit.End();
-    picture.Set_Draw_Width(3);
-    const double left = trace * trace_width;
-    picture.Line(left, y, left + trace_width, y, colours::Red);
-    Redraw();
-    picture.Set_Pointer(PointerShape::Cross);
+    Redraw(trace);
 }
 
 void RecordPointer::Read_Out(const RecordEvent& event) {
@@ -156,7 +140,7 @@ void RecordPointer::Read_Out(const RecordEvent& event) {
     if (!trace) return;
     const double ms = Int(event.Y * record.SampleInterval / 1000 * 100) / 100;
     const int position = *trace - record.FirstTrace + 1;
-    Work.Fields.RecordReadout = CStr(ms) + "ms   Trace:" + CStr(position + Val(Work.Fields.Text9) - 1);
+    Work.Fields.RecordReadout = CStr(ms) + "ms   Trace:" + CStr(*trace);
     // The row beside the pointer is the one that the question before a kill names.
     if (position >= 1 && position <= Work.Grids.size_grid.Rows())
         Work.Grids.size_grid.CurrentRow = position - 1;
@@ -174,11 +158,12 @@ void RecordPointer::Drag(const RecordEvent& event) {
     if (!Dragged) ++Drags;
     Dragged = true;
     PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks, *trace), "drag on record " + CStr(Drags));
+    EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks.Layout(), *trace),
+                   "drag on record " + CStr(Drags));
     picks.Set_Trace(*trace, Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100);
     picks.Tell_Faults("Pick");
     edit.End();
-    Outside.Show.Display_Record();
+    Show_Picks_On_Record(Work, Outside, *trace, *trace);
 }
 
 }  // namespace tarnvik

@@ -7,7 +7,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
-#include "records/spread_layout.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
@@ -27,11 +27,12 @@ void Reverse_Polarity(Workspace& workspace, Ports& ports, int trace) {
     const std::string answer = Trim(ports.Ask.Input(
         "Reverse polarity for all shots  (=0) or select a shot, press X to cancel", workspace.AppTitle, "0"));
     if (answer.empty() || UCase(answer) == "X") return;
-    EditScope edit(workspace, answer == "0" ? "Polarity of all shots" : "Polarity of trace " + CStr(trace));
     RecordFiles files(workspace);
+    const SpreadLayout spread(workspace, files.Traces());
+    EditScope edit(workspace,
+                   answer == "0" ? "Polarity of all shots" : Trace_Edit_Name("Polarity of", spread, trace));
     std::vector<float> samples(static_cast<std::size_t>(std::max(files.Traces().Nb_Samples(), 0)));
     if (answer == "0") {
-        const SpreadLayout spread(workspace, files.Traces());
         const std::int64_t channel = trace - spread.First_Trace(spread.Record_Of(trace));
         for (int record = 1; record <= spread.Records(); ++record)
             Reverse_Trace(files, samples, spread.First_Trace(record) + channel);

@@ -9,7 +9,6 @@ namespace {
 
 void Show_Gain(Workspace& workspace, Ports& ports, double gain) {
     workspace.Record.AmplitudeGain = gain;
-    workspace.Fields.Text11 = CStr(gain);
     ports.Show.Display_Record();
     ports.Show.Show_Fields();
 }
@@ -17,13 +16,13 @@ void Show_Gain(Workspace& workspace, Ports& ports, double gain) {
 }  // namespace
 
 void Reduce_Trace_Size(Workspace& workspace, Ports& ports) {
-    double gain = Val(workspace.Fields.Text11) * 0.75;
+    double gain = workspace.Record.AmplitudeGain * 0.75;
     if (const auto tenths = CInt(gain * 10)) gain = *tenths / 10.0;
     Show_Gain(workspace, ports, gain <= 0 ? 0.001 : gain);
 }
 
 void Enlarge_Trace_Size(Workspace& workspace, Ports& ports) {
-    Show_Gain(workspace, ports, Val(workspace.Fields.Text11) * 2);
+    Show_Gain(workspace, ports, workspace.Record.AmplitudeGain * 2);
 }
 
 void Turn_Display_Polarity(Workspace& workspace, Ports& ports) {

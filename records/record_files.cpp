@@ -1,7 +1,6 @@
 #include "records/record_files.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "core/fault.h"
 #include "core/files.h"
@@ -77,10 +76,8 @@ void RecordFiles::Tell_Faults(const std::string& subject) {
 }
 
 std::optional<int> Trace_At(const RecordView& record, double x) {
-    const double traces = std::abs(static_cast<double>(record.LastTrace) - record.FirstTrace + 1);
-    const double width = traces == 0 ? 0 : record.RecordWidth / traces;
-    if (width <= 0) return std::nullopt;
-    const auto trace = CLng(Int(x / width));
+    if (record.RecordWidth <= 0) return std::nullopt;
+    const auto trace = CLng(Int(x / trace_width));
     if (!trace || *trace < 1) return std::nullopt;
     return *trace;
 }

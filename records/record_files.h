@@ -50,6 +50,9 @@ class RecordFiles {
     std::string Traces_Told;
 };
 
+/// World units of one trace on the record picture: trace t stands from t * trace_width on.
+inline constexpr double trace_width = 2000;
+
 /// Trace of the file under a place of the record picture; nothing while no record is shown or outside of
 /// any trace number.
 std::optional<int> Trace_At(const RecordView& record, double x);

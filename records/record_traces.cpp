@@ -14,6 +14,7 @@ namespace {
 
 constexpr double half_pick_mark = 750;
 constexpr double shot_marker_shift = 3000;
+constexpr double least_pixels_apart = 16;  ///< a trace: the marks' ends are then more than a pen apart
 
 /// Largest of samples 1, 1 + step, ...; 0 when none is above it.
 double Largest(const std::vector<float>& samples, int step) {
@@ -63,33 +64,70 @@ void Draw_One(const std::vector<float>& samples, const Layout& layout, double ax
     painter.End();
 }
 
-void Mark_Pick(const RecordView& view, Picture& ecran, double axis_world, double pick_ms) {
+void Mark_Pick(const RecordView& view, Picture& ecran, std::int64_t trace, double pick_ms) {
     if (!(pick_ms > 0) || view.SampleInterval == 0) return;
     const auto sample = CInt(pick_ms / (view.SampleInterval / 1000.0));
     if (!sample) return;
-    ecran.Line(axis_world - half_pick_mark, *sample, axis_world + half_pick_mark, *sample, colours::Red);
+    const double axis = static_cast<double>(trace) * trace_width + 1001;
+    ecran.Line(axis - half_pick_mark, *sample, axis + half_pick_mark, *sample, colours::Red);
 }
 
 /// Vertical line beside the two receivers that the shot lies between, from the tables of the spread.
-void Mark_Shot(const Workspace& workspace, Picture& ecran, double axis_world, std::int64_t receiver) {
+void Mark_Shot(const Workspace& workspace, Picture& ecran, const SpreadLayout& spread, std::int64_t trace) {
     const Project& project = workspace.Project;
-    if (receiver < 1 || receiver > project.NbReceivers) return;
+    const auto here = spread.Place_Of(trace);
+    if (!here || here->Shot < 1 || here->Shot > project.NbShots) return;
+    const int lower = workspace.Record.DirectionInverted ? here->Receiver - 1 : here->Receiver;
+    if (lower < 1 || here->Receiver > project.NbReceivers) return;
     const TextGrid& grid = workspace.Grids.Buildgrid;
-    const int row = static_cast<int>(receiver);
     const int distances = project.NbShots + 1;
-    const double shot = grid.Value(project.NbReceivers + 1, workspace.Velocity.CurrentShot);
-    if (shot < grid.Value(row, distances) || shot >= grid.Value(row + 1, distances)) return;
-    const double x = axis_world + shot_marker_shift;
+    const double shot = grid.Value(project.NbReceivers + 1, here->Shot);
+    if (shot < grid.Value(lower, distances) || shot >= grid.Value(lower + 1, distances)) return;
+    const double x = static_cast<double>(trace) * trace_width + 1001 + shot_marker_shift;
     ecran.Line(x, workspace.Record.FirstSample, x, workspace.Record.LastSample, colours::Black);
 }
 
-void Prepare_Scale(RecordView& view) {
-    if (view.LastSample == 0) Store_If_It_Fits(view.LastSample, view.NbSamples);
-    if (view.FirstSample == 0) view.FirstSample = 1;
-    view.RecordWidth = (double{1} + view.LastTrace - view.FirstTrace) * trace_width;
-    view.ScaleLeft = static_cast<float>(view.FirstTrace * trace_width);
-    view.ScaleRight = static_cast<float>((view.LastTrace + 1.0) * trace_width);
-    if (view.SampleStep < 1) view.SampleStep = 1;
+/// Picks and travel times of the record on ecran, on the background that its traces are.
+class Overlay {
+  public:
+    Overlay(const Workspace& workspace, Picture& ecran, SuTraces& file, const SpreadLayout& spread)
+        : Work(workspace), Ecran(ecran), File(file), Spread(spread) {}
+
+    /// Picks of traces first to last; ms, in their order.
+    void Mark(std::int64_t first, const std::vector<double>& picks) {
+        Ecran.Set_Draw_Width(2);
+        for (std::size_t i = 0; i < picks.size(); ++i)
+            Mark_Pick(Work.Record, Ecran, first + static_cast<std::int64_t>(i), picks[i]);
+    }
+    void Mark(std::int64_t first, std::int64_t last) {
+        std::vector<double> picks;
+        for (std::int64_t trace = first; trace <= last; ++trace)
+            picks.push_back(File.Pick_Ms(trace));
+        Mark(first, picks);
+    }
+    void Travel_Times(const ShotColour& shot_colour) {
+        Ecran.Set_Draw_Width(1);
+        if (Work.Record.ShowTravelTimes) Draw_TT_On_Record(Work, Ecran, Spread, shot_colour);
+    }
+
+  private:
+    const Workspace& Work;
+    Picture& Ecran;
+    SuTraces& File;
+    const SpreadLayout& Spread;
+};
+
+/// Scale of the amplitudes of one trace. Without equalisation the first trace sets it for the whole record.
+/// When that is all zeros the scale of the record before stays; when there was none, the next trace with
+/// samples sets it.
+void Take_Scale(RecordView& view, const std::vector<float>& samples, bool first) {
+    if (view.EqualiseTraces) {
+        const double largest = Largest(samples, view.SampleStep);
+        view.TraceScale = largest == 0 ? 1 : amplitude_reference / largest;
+    } else if (first || view.TraceScale == 0) {
+        const double largest = Largest(samples, view.SampleStep);
+        if (largest != 0) view.TraceScale = amplitude_reference / largest + 0.00001;
+    }
 }
 
 }  // namespace
@@ -97,49 +135,77 @@ void Prepare_Scale(RecordView& view) {
 void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
                  const ShotColour& shot_colour) {
     RecordView& view = workspace.Record;
-    const MainFields& fields = workspace.Fields;
-    Prepare_Scale(view);
-    if (!fields.Check7) ecran.Clear();
+    if (!view.Overdraw) ecran.Clear();
     // Records that are drawn over one another lie trace upon trace; the scale follows the one drawn last, so
     // that its marks and the pointer mean its traces.
     ecran.Scale(view.ScaleLeft, view.FirstSample, view.ScaleRight, view.LastSample);
     ecran.Set_Draw_Width(1);
+    view.TracesDrawn.clear();
 
     SuTraces file(path);
     const int count = std::max(0, file.Nb_Samples());
     const Layout layout = Lay_Out(view, ecran.Current_Frame(), count);
     if (!file.Is_Open() || layout.UnitsPerPixelX <= 0) return;
     std::vector<float> samples(static_cast<std::size_t>(count));
-    TracePainter painter(fields.Combo1, ecran);
+    std::vector<double> picks;
+    TracePainter painter(view.Style, ecran);
+    const std::int64_t first = std::max(1, view.FirstTrace);
     const std::int64_t last = std::min<std::int64_t>(view.LastTrace, file.Nb_Traces().value_or(0));
-    const int first_receiver = First_Receiver_Shown(workspace);
-    for (std::int64_t trace = std::max(1, view.FirstTrace); trace <= last; ++trace) {
+    const SpreadLayout spread(workspace, file, first, last);
+    for (std::int64_t trace = first; trace <= last; ++trace) {
         const std::int64_t row = trace - view.FirstTrace;
         double size = workspace.Grids.size_grid.Value(static_cast<int>(row), 0);
         if (size == 0) size = 1;
         const SuTraces::Trace read = file.Read_Trace(trace, samples);
         std::fill(samples.begin() + read.SamplesRead, samples.end(), 0.0F);
-
-        // Without equalisation the first trace sets the scale of the whole record. When it is all zeros the
-        // scale of the record before stays; when there was none, the next trace with samples sets it.
-        if (fields.Check3) {
-            const double largest = Largest(samples, view.SampleStep);
-            view.TraceScale = largest == 0 ? 1 : amplitude_reference / largest;
-        } else if (row == 0 || view.TraceScale == 0) {
-            const double largest = Largest(samples, view.SampleStep);
-            if (largest != 0) view.TraceScale = amplitude_reference / largest + 0.00001;
-        }
+        Take_Scale(view, samples, row == 0);
         const double gain = size * view.DisplayPolarity * view.AmplitudeGain * view.TraceScale;
         const double axis = static_cast<double>(row) * trace_width + amplitude_reference;
-        Draw_One(samples, layout, axis, gain, fields.clip, read.Identification == dead_trace, painter);
-
-        const double axis_world = static_cast<double>(trace) * trace_width + 1001;
-        ecran.Set_Draw_Width(2);
-        Mark_Pick(view, ecran, axis_world, read.PickMs);
-        ecran.Set_Draw_Width(1);
-        Mark_Shot(workspace, ecran, axis_world, first_receiver + row);
+        Draw_One(samples, layout, axis, gain, view.ClipAmplitude, read.Identification == dead_trace, painter);
+        Mark_Shot(workspace, ecran, spread, trace);
+        view.TracesDrawn.push_back(read.Identification);
+        picks.push_back(read.PickMs);
     }
-    if (fields.Check6) Draw_TT_On_Record(workspace, ecran, shot_colour);
+    ecran.Keep_Background();
+    Overlay overlay(workspace, ecran, file, spread);
+    overlay.Mark(first, picks);
+    overlay.Travel_Times(shot_colour);
+}
+
+void Show_Picks_On_Record(Workspace& workspace, Ports& ports, std::int64_t first_trace,
+                          std::int64_t last_trace, const ShotColour& shot_colour) {
+    const RecordView& view = workspace.Record;
+    if (view.RecordWidth <= 0) return;
+    SuTraces file(Su_Path(workspace.Project));
+    const std::int64_t start = std::max(1, view.FirstTrace);
+    const std::int64_t end = start + std::ssize(view.TracesDrawn) - 1;
+    const std::int64_t first = std::max(first_trace, start);
+    const std::int64_t last = std::min(last_trace, end);
+    if (first > last && !view.TracesDrawn.empty()) return;  // none of them is in sight
+
+    Picture& ecran = ports.Show.Canvas_Of(Canvas::Ecran);
+    const Frame frame = ecran.Current_Frame();
+    bool as_drawn = file.Is_Open() && !view.TracesDrawn.empty() && frame.Left == view.ScaleLeft &&
+                    frame.Right == view.ScaleRight && frame.Top == view.FirstSample &&
+                    frame.Bottom == view.LastSample && (!view.ShowTravelTimes || shot_colour);
+    for (std::int64_t trace = first; as_drawn && trace <= last; ++trace) {
+        const double life = file.Word_Or_Zero(trace, words::trid);
+        as_drawn = life == view.TracesDrawn[static_cast<std::size_t>(trace - start)];
+    }
+    // Where the marks stand close they are shown anew all together: each wipes its neighbour's ends.
+    const bool apart = frame.Width / (view.RecordWidth / trace_width) >= least_pixels_apart;
+    const bool alone = apart && !view.ShowTravelTimes;
+    const auto left = alone ? static_cast<double>(first) * trace_width + 1 : double{view.ScaleLeft};
+    const auto right = alone ? static_cast<double>(last + 1) * trace_width + 1 : double{view.ScaleRight};
+    if (!as_drawn || !ecran.Bring_Back(left, view.FirstSample, right, view.LastSample)) {
+        ports.Show.Display_Record();
+        return;
+    }
+    const SpreadLayout spread(workspace, file, start, end);
+    Overlay overlay(workspace, ecran, file, spread);
+    overlay.Mark(alone ? first : start, alone ? last : end);
+    overlay.Travel_Times(shot_colour);
+    ecran.Set_Draw_Width(2);
 }
 
 }  // namespace tarnvik

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/text/number.h"
-#include "records/record_display.h"
+#include "records/record_files.h"
 
 namespace tarnvik {
 
@@ -12,11 +12,16 @@ namespace {
 constexpr double scale_width = 4;
 }  // namespace
 
-void RecordZoom::Command4() {
+void RecordZoom::Arm() {
     Work.Record.ZoomMode = 1;
-    Command4Enabled = false;
-    Command17Enabled = true;
     Outside.Show.Show_Fields();
+}
+
+bool RecordZoom::Enlarged() const {
+    const RecordView& record = Work.Record;
+    return record.ZoomMode == 1 || record.FirstTrace != record.WholeFirst ||
+           record.LastTrace != record.WholeLast || record.FirstSample > 1 ||
+           record.LastSample < record.NbSamples;
 }
 
 void RecordZoom::Show_All() {
@@ -24,56 +29,29 @@ void RecordZoom::Show_All() {
     record.FirstSample = 1;
     Store_If_It_Fits(record.LastSample, record.NbSamples);
     record.ZoomMode = 0;
-    Command4Enabled = true;
-    Command17Enabled = false;
-    if (!ZoomedFile.empty() && ZoomedFile == Work.Project.SuFile) {
-        Work.Fields.Text9 = CStr(FullFirst);
-        Work.Fields.Text10 = CStr(FullLast);
-    }
-    ZoomedFile.clear();
+    record.FirstTrace = record.WholeFirst;
+    record.LastTrace = record.WholeLast;
 }
 
-void RecordZoom::Command17() {
+void RecordZoom::Show_Whole() {
     Show_All();
     Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 
-void RecordZoom::Command21() {
+void RecordZoom::Refresh() {
     Show_All();
     TextGrid& sizes = Work.Grids.size_grid;
     for (int row = 0; row < sizes.Rows(); ++row)
         sizes.Set_Text(row, 0, "1");
-    Work.Record.AmplitudeGain = Val(Work.Fields.Text11);
     Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
-}
-
-void RecordZoom::Show_Neighbour(int step) {
-    ScrollBar& scroll = Work.Fields.HScroll2;
-    const int wanted = scroll.Value + step;
-    if (wanted < 1 || wanted > (Work.Project.NbShots > 0 ? Work.Project.NbShots : scroll.Max)) return;
-    scroll.Value = wanted;
-    const double traces = static_cast<double>(step) * Work.Record.ChannelsPerRecord;
-    Work.Fields.Text9 = CStr(Val(Work.Fields.Text9) + traces);
-    Work.Fields.Text10 = CStr(Val(Work.Fields.Text10) + traces);
-    FullFirst += traces;
-    FullLast += traces;
-    Outside.Show.Display_Record();
-    Outside.Show.Show_Fields();
-}
-
-void RecordZoom::Command24() {
-    Show_Neighbour(-1);
-}
-
-void RecordZoom::Command23() {
-    Show_Neighbour(1);
 }
 
 void RecordZoom::Zoom_To(const RecordArea& dragged) {
     RecordView& record = Work.Record;
     record.ZoomMode = 0;
+    if (record.RecordWidth <= 0) return;  // no record is on screen
     RecordArea area = dragged.Sorted();
     // The pointer may have left the picture while it was held.
     const double left = record.FirstTrace * trace_width;
@@ -82,22 +60,15 @@ void RecordZoom::Zoom_To(const RecordArea& dragged) {
         area.X1 = std::clamp(area.X1, left, right);
         area.X2 = std::clamp(area.X2, left, right);
     }
-    const double first = Rounded(area.X1 / trace_width);
-    const double last = Rounded(area.X2 / trace_width) - 1;
-    if (last <= first) {
-        Command4Enabled = true;
-        Command17Enabled = !ZoomedFile.empty();
+    const auto first = CLng(area.X1 / trace_width);
+    const auto last = CLng(area.X2 / trace_width - 1);
+    if (!first || !last || *last <= *first) {
         Outside.Ask.Say("1 trace, display not Possible", Work.AppTitle);
         Outside.Show.Show_Fields();
         return;
     }
-    if (ZoomedFile.empty() || ZoomedFile != Work.Project.SuFile) {
-        FullFirst = Val(Work.Fields.Text9);
-        FullLast = Val(Work.Fields.Text10);
-        ZoomedFile = Work.Project.SuFile;
-    }
-    Work.Fields.Text9 = CStr(first);
-    Work.Fields.Text10 = CStr(last);
+    record.FirstTrace = *first;
+    record.LastTrace = *last;
     const auto top = CInt(std::max(area.Y1, 0.0));
     const auto bottom = CInt(std::min<double>(area.Y2, record.NbSamples));
     if (top && bottom && *top < *bottom) {  // a flat area keeps the samples shown
@@ -135,6 +106,7 @@ void RecordZoom::Scale_Release(double y) {
     if (LineDrawn) Draw_Scale_Line(LineAt);
     LineDrawn = false;
     RecordView& record = Work.Record;
+    if (record.RecordWidth <= 0) return;  // no record is on screen
     auto first = CInt(std::max(ScaleStart, 0.0));
     auto last = CInt(std::max(y, 0.0));
     if (!first || !last) return;
@@ -145,11 +117,8 @@ void RecordZoom::Scale_Release(double y) {
     record.LastSample = *last;
     Picture& picture = Outside.Show.Canvas_Of(Canvas::Ecran);
     picture.Set_Pointer(PointerShape::Hourglass);
-    if (const auto trace = CLng(Val(Work.Fields.Text9))) record.FirstTrace = *trace;
-    if (const auto trace = CLng(Val(Work.Fields.Text10))) record.LastTrace = *trace;
     Outside.Show.Display_Record();
     picture.Set_Pointer(PointerShape::Cross);
-    Command17Enabled = true;
     Outside.Show.Show_Fields();
 }
 

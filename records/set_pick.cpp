@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ports/picture.h"
 #include "core/text/number.h"
 
 namespace tarnvik {
@@ -21,10 +22,7 @@ void PickSetter::Set_Time(PickPlace place, double ms, PickDigits digits) {
     Work.Project.ShotTimes(place.Shot, place.Receiver) = static_cast<float>(time);
     TextGrid& table = Work.Grids.Buildgrid;
     if (!table.Has(place.Receiver, place.Shot)) return;
-    TextGrid::Cell& cell = table.At(place.Receiver, place.Shot);
-    cell.Text = Format(static_cast<float>(time), cell_format);
-    cell.ForeColour.reset();
-    cell.Align = TextGrid::Alignment::Right;
+    Show_Time(table.At(place.Receiver, place.Shot), static_cast<float>(time));
 }
 
 bool PickSetter::Set_Trace(std::int64_t trace, double ms, PickDigits digits) {
@@ -61,8 +59,21 @@ void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digit
     picks.Tell_Faults("Pick");
 }
 
+void Show_Time(TextGrid::Cell& cell, float time) {
+    cell.Text = Format(time, cell_format);
+    cell.Align = TextGrid::Alignment::Right;
+    cell.ForeColour.reset();
+    if (time < 0) cell.ForeColour = colours::Red;
+}
+
 std::string Pick_Name(PickPlace place) {
     return "Pick shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver);
+}
+
+std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread, std::int64_t trace) {
+    const auto place = spread.Place_Of(trace);
+    if (!place) return what + " trace " + CStr(static_cast<double>(trace));
+    return what + " shot " + CStr(place->Shot) + ", receiver " + CStr(place->Receiver);
 }
 
 void Take_Header_Picks(PickSetter& picks) {

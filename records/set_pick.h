@@ -40,8 +40,14 @@ class PickSetter {
 /// One pick as an edit of its own.
 void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
 
+/// How the table shows a time: two decimals, and red below 0, which is no pick.
+void Show_Time(TextGrid::Cell& cell, float time);
+
 /// "Pick shot 3, receiver 7", the name of such an edit.
 std::string Pick_Name(PickPlace place);
+
+/// "Kill shot 3, receiver 7", the name of an edit of one trace; "Kill trace 9" where the trace has no place.
+std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread, std::int64_t trace);
 
 /// ShotTimes and Buildgrid take the picks of all headers of the file, zeros too, each at the place of its
 /// trace. Places whose trace the file lacks keep theirs.

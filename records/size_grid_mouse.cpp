@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/text/number.h"
-#include "records/record_files.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
@@ -28,9 +28,10 @@ void SizeGridMouse::Press(int button) {
     const double factor = sizes.Value(row, 0);
     sizes.Set_Text(row, 0, CStr(button == 1 ? factor * 2 : factor / 2));
     if (sizes.Value(row, 0) < 0.1) {
-        const EditScope edit(Work, "Revive trace " + CStr(Work.Record.FirstTrace + row));
+        const std::int64_t trace = std::int64_t{Work.Record.FirstTrace} + row;
         RecordFiles files(Work);
-        files.Set_Word(std::int64_t{Work.Record.FirstTrace} + row, words::trid, live_trace);
+        const EditScope edit(Work, Trace_Edit_Name("Revive", SpreadLayout(Work, files.Traces()), trace));
+        files.Set_Word(trace, words::trid, live_trace);
         files.Tell_Faults("Trace");
     }
     Outside.Show.Display_Record();

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "core/files.h"
-#include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
 #include "records/su_file.h"
@@ -37,7 +36,7 @@ void Show_Spectrum(Workspace& workspace, Ports& ports, const RecordArea& dragged
     const RecordArea area = dragged.Sorted();
     const auto first = Trace_At(record, area.X1);
     auto last = Trace_At(record, area.X2);
-    if (!first || !last || Trim(workspace.Fields.Text9).empty() || Trim(workspace.Fields.Text10).empty()) {
+    if (!first || !last) {
         ports.Ask.Say("Impossible", workspace.AppTitle);
         return;
     }

@@ -1,6 +1,7 @@
 #include "records/spread_layout.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "core/text/number.h"
 #include "records/su_file.h"
@@ -9,29 +10,39 @@ namespace tarnvik {
 
 SpreadLayout::SpreadLayout(const Workspace& workspace) {
     SuTraces file(Su_Path(workspace.Project));
-    Read_Stations(workspace, file);
+    Read_Stations(workspace, file, 1, std::numeric_limits<std::int64_t>::max());
 }
 
 SpreadLayout::SpreadLayout(const Workspace& workspace, SuTraces& file) {
-    Read_Stations(workspace, file);
+    Read_Stations(workspace, file, 1, std::numeric_limits<std::int64_t>::max());
 }
 
-void SpreadLayout::Read_Stations(const Workspace& workspace, SuTraces& file) {
+SpreadLayout::SpreadLayout(const Workspace& workspace, SuTraces& file, std::int64_t first_trace,
+                           std::int64_t last_trace) {
+    Read_Stations(workspace, file, first_trace, last_trace);
+}
+
+void SpreadLayout::Read_Stations(const Workspace& workspace, SuTraces& file, std::int64_t first_trace,
+                                 std::int64_t last_trace) {
     const RecordView& view = workspace.Record;
     const int receivers = workspace.Project.NbReceivers;
     ChannelsOfRecord = view.ChannelsPerRecord > 0 ? view.ChannelsPerRecord : std::max(receivers, 0);
-    Inverted = workspace.Fields.Check8;
+    Inverted = view.DirectionInverted;
     if (ChannelsOfRecord < 1 || !file.Is_Open()) return;
-    const bool several_spreads = workspace.Fields.Check2;
+    const bool several_spreads = view.SeveralSpreads;
     const std::int64_t traces = std::max(file.Nb_Traces().value_or(0), 0);
     const std::int64_t records = (traces + ChannelsOfRecord - 1) / ChannelsOfRecord;
     for (int record = 1; record <= records; ++record) {
         const std::int64_t first = First_Trace(record);
         RecordStation station{record, 1};
+        if (Last_Trace(record) < first_trace || first > last_trace) {
+            Stations.push_back(station);
+            continue;
+        }
         double shot = record;
         double receiver = 0;
         const auto typed = view.StationsTyped.find(record);
-        if (typed != view.StationsTyped.end()) {
+        if (typed != view.StationsTyped.end() && !typed->second.InHeader) {
             shot = typed->second.Shot;
             receiver = typed->second.FirstGeophone;
         } else {

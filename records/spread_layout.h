@@ -18,7 +18,8 @@ class SuTraces;
 /// known). Without "Multi spead profile" record k is shot k; with it the shot is the station in `ep` of the
 /// record's first trace. The first receiver of a record is the geophone station in `tracl` of its first
 /// trace; where that is no receiver of the line (a file whose `tracl` runs on from record to record) it is 1.
-/// Stations that the user typed for a record go before those of its header. With "Recording direction
+/// Stations that the user typed for a record go before those of its header where they could not be stored
+/// there. With "Recording direction
 /// inverted" the channels of a record count from its last trace.
 class SpreadLayout {
   public:
@@ -26,6 +27,9 @@ class SpreadLayout {
     explicit SpreadLayout(const Workspace& workspace);
     /// The same of a file that is open already.
     SpreadLayout(const Workspace& workspace, SuTraces& file);
+    /// The same, with the stations of the records of some traces alone: for the drawing.
+    SpreadLayout(const Workspace& workspace, SuTraces& file, std::int64_t first_trace,
+                 std::int64_t last_trace);
 
     int Channels() const { return ChannelsOfRecord; }
     int Records() const { return static_cast<int>(Stations.size()); }
@@ -46,7 +50,8 @@ class SpreadLayout {
         int Shot = 0;
         int FirstReceiver = 1;
     };
-    void Read_Stations(const Workspace& workspace, SuTraces& file);
+    void Read_Stations(const Workspace& workspace, SuTraces& file, std::int64_t first_trace,
+                       std::int64_t last_trace);
     RecordStation Station(int record) const;
 
     int ChannelsOfRecord = 0;

@@ -4,7 +4,9 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "core/files.h"
 #include "core/text/number.h"
@@ -118,12 +120,35 @@ SuTraces::Trace SuTraces::Read_Trace(std::int64_t trace, std::span<float> sample
     return result;
 }
 
+namespace {
+
+/// Full in the way of this machine or of the ones that users' projects come from ("C:\\DATA\\line.su").
+bool Is_Full_Path(const std::string& path) {
+    const auto separates = [](char letter) { return letter == '/' || letter == '\\'; };
+    return !path.empty() &&
+           (separates(path.front()) || (path.size() > 2 && path[1] == ':' && separates(path[2])));
+}
+
+std::string In_Project_Folder(const Project& project, const std::string& name) {
+    std::string folder = project.ProjectDir.empty() ? Folder_Of(project.CurrentFile) : project.ProjectDir;
+    if (!folder.empty() && folder.back() != '/' && folder.back() != '\\') folder += '/';
+    return folder + name;
+}
+
+}  // namespace
+
 std::string Su_Path(const Project& project) {
     const std::string& name = project.SuFile;
-    if (name.empty() || File_Exists(name) || !Folder_Of(name).empty()) return name;
-    std::string beside = project.ProjectDir.empty() ? Folder_Of(project.CurrentFile) : project.ProjectDir;
-    if (!beside.empty() && beside.back() != '/' && beside.back() != '\\') beside += '/';
-    return File_Exists(beside + name) ? beside + name : name;
+    return name.empty() || Is_Full_Path(name) ? name : In_Project_Folder(project, name);
+}
+
+std::string Su_File_Beside(const Project& project) {
+    const std::string& name = project.SuFile;
+    if (name.empty() || !Is_Full_Path(name)) return {};
+    std::string beside = In_Project_Folder(project, Name_Of(name));
+    std::error_code failed;
+    if (!File_Exists(beside) || std::filesystem::equivalent(beside, name, failed)) return {};
+    return beside;
 }
 
 bool Recherche_Nb_Trace(RecordView& view, const std::string& path) {

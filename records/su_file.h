@@ -101,9 +101,12 @@ class SuWriter : public SuTraces {
     std::string Former;  ///< bytes before a write; kept for its memory
 };
 
-/// The project's SuFile as it can be opened: a name without a folder that is not found from the running
-/// folder is looked for beside the project file. The name in the project stays as it is.
+/// The project's SuFile as it can be opened: a full path as it stands, any other name from the folder of the
+/// project file, never from the folder that the program runs in. The name in the project stays as it is.
 std::string Su_Path(const Project& project);
+/// File of the same name beside the project file, where SuFile names another one by a full path; empty when
+/// there is none.
+std::string Su_File_Beside(const Project& project);
 
 /// Reads number of traces, sample count and interval of a file into the view. What cannot be read keeps its
 /// value. False when the file cannot be opened.

@@ -1,10 +1,12 @@
 #include "records/su_loading.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/record_choice.h"
 #include "records/record_files.h"
 #include "records/set_pick.h"
 
@@ -60,9 +62,8 @@ std::string Project_File_Of(const std::string& su_file) {
     return derived == su_file ? su_file + ".TV5" : derived;
 }
 
-/// Asks for records and channels and numbers the traces by them. False when the user gave up or the file
-/// cannot be written.
-bool Number_By_Hand(Workspace& workspace, Ports& ports) {
+/// Asks for records and channels, which go to the view. False when the user gave up.
+bool Ask_For_Channels(Workspace& workspace, Ports& ports) {
     RecordView& view = workspace.Record;
     const double records =
         Val(ports.Ask.Input("Enter the total number of records for your spread", workspace.AppTitle, "5"));
@@ -72,12 +73,45 @@ bool Number_By_Hand(Workspace& workspace, Ports& ports) {
         Val(ports.Ask.Input("Enter the number of channel for each record (must be constant)",
                             workspace.AppTitle, CStr(int{view.ChannelsPerRecord})));
     Store_If_It_Fits(view.ChannelsPerRecord, channels);
-    if (channels == 0 || view.ChannelsPerRecord < 1) return false;
-    const std::string reason = Renumber_Traces(workspace, view.NbTraces, view.ChannelsPerRecord);
-    if (reason.empty()) return true;
-    ports.Ask.Say(workspace.Project.SuFile + " cannot be written: " + reason, workspace.AppTitle,
-                  Icon::Critical);
-    return false;
+    return channels != 0 && view.ChannelsPerRecord >= 1;
+}
+
+/// Where the stored file and one of the same name beside the project are both there the user says which one
+/// is meant, once in a session.
+void Choose_Of_Two(Workspace& workspace, Ports& ports) {
+    Project& project = workspace.Project;
+    const std::string beside = Su_File_Beside(project);
+    if (beside.empty() || !File_Exists(project.SuFile)) return;
+    std::string& chosen = workspace.Record.ChosenFile[{project.CurrentFile, project.SuFile}];
+    if (chosen.empty()) {
+        const bool take =
+            ports.Ask.Ask_Yes("The project names the field records " + project.SuFile +
+                                  ". A file of the same name lies beside the project: " + beside +
+                                  ". Take the one beside the project ?",
+                              workspace.AppTitle);
+        chosen = take ? beside : project.SuFile;
+    }
+    project.SuFile = chosen;
+}
+
+/// Counts, twin and first record of the project's file.
+void Take_Up_Records(Workspace& workspace) {
+    const std::string path = Su_Path(workspace.Project);
+    Start_With_SU_File(workspace, path);
+    Scan_Channels(workspace, path);
+}
+
+/// First letter of a UTF-8 text whose Windows-1252 form says something else; empty when there is none.
+std::string First_Foreign_Letter(const std::string& text) {
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = start + 1;
+        while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+            ++end;
+        std::string letter = text.substr(start, end - start);
+        if (From_Windows_1252(To_Windows_1252(letter)) != letter) return letter;
+        start = end;
+    }
+    return {};
 }
 
 }  // namespace
@@ -104,9 +138,9 @@ bool Scan_Channels(Workspace& workspace, const std::string& path) {
     SuTraces file(path);
     view.ChannelsPerRecord = Channels_Per_Record(file, view.NbTraces);
     Store_Quotient(view.NbRecords, view.NbTraces, view.ChannelsPerRecord);
-    workspace.Fields.Text9 = "1";
-    workspace.Fields.Text10 = CStr(int{view.ChannelsPerRecord});
-    workspace.Fields.HScroll2 = {1, 1, std::max(1, int{view.NbRecords})};
+    view.Record = view.Shot = 1;
+    view.FirstTrace = view.WholeFirst = 1;
+    view.LastTrace = view.WholeLast = view.ChannelsPerRecord;
     return true;
 }
 
@@ -124,12 +158,56 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
     Store_If_It_Fits(view.LastSample, view.NbSamples);
     view.ZoomMode = 0;
     view.TraceScale = 0;
+    view.StationsTyped.clear();
+    view.LastStations.reset();
     workspace.Grids.size_grid.Clear();
+}
+
+void Open_Records(Workspace& workspace, Ports& ports) {
+    if (!File_Exists(Su_Path(workspace.Project))) {
+        Close_Records(workspace, ports);
+        return;
+    }
+    Take_Up_Records(workspace);
+    ports.Show.Display_Record();
+    ports.Show.Show_Fields();
+}
+
+void Close_Records(Workspace& workspace, Ports& ports) {
+    RecordView& view = workspace.Record;
+    RecordView none;
+    // How records are drawn and picked outlives the file.
+    none.Style = view.Style;
+    none.AmplitudeGain = view.AmplitudeGain;
+    none.DisplayPolarity = view.DisplayPolarity;
+    none.ClipAmplitude = view.ClipAmplitude;
+    none.EqualiseTraces = view.EqualiseTraces;
+    none.Overdraw = view.Overdraw;
+    none.ShowTravelTimes = view.ShowTravelTimes;
+    none.CurveOnRecord = view.CurveOnRecord;
+    none.SeveralSpreads = view.SeveralSpreads;
+    none.DirectionInverted = view.DirectionInverted;
+    none.ReverseOnClick = view.ReverseOnClick;
+    none.PickTimeShift = view.PickTimeShift;
+    none.AutoPickMode = view.AutoPickMode;
+    none.ChosenFile = std::move(view.ChosenFile);
+    view = std::move(none);
+    workspace.Grids.size_grid.Clear();
+    workspace.Fields.RecordReadout.clear();
+    workspace.Fields.Label16 = workspace.Project.SuFile;
+    ports.Show.Canvas_Of(Canvas::Ecran).Clear();
+    ports.Show.Canvas_Of(Canvas::Echelle3).Clear();
+    ports.Show.Show_Fields();
 }
 
 std::string Path_Refusal(const std::string& path) {
     const std::string letters = To_Windows_1252(path);
     if (letters.size() > longest_path) return path + " path is too long";
+    const std::string foreign = First_Foreign_Letter(path);
+    if (!foreign.empty()) {
+        return path + " contains invalid caracter *" + foreign +
+               "* ASCII:" + CStr(int{static_cast<unsigned char>('?')});
+    }
     for (const char letter : letters) {
         const int code = static_cast<unsigned char>(letter);
         if (code >= 45 && code < 171) continue;
@@ -144,8 +222,6 @@ bool Load_SU_File(Workspace& workspace, Ports& ports) {
     if (path.empty()) return false;
     const Former former(workspace);
     RecordView& view = workspace.Record;
-    workspace.Project.SuFile = path;
-    workspace.Project.CurrentFile = Project_File_Of(path);
     Start_With_SU_File(workspace, path);
 
     if (view.NbSamples / 1000.0 * view.SampleInterval / 1000.0 > long_recording &&
@@ -162,11 +238,25 @@ bool Load_SU_File(Workspace& workspace, Ports& ports) {
         trusted = file.Word_Or_Zero(1, words::fldr) != 0 && channel < 2 &&
                   channel != file.Word_Or_Zero(2, words::tracf);
     }
-    if (!trusted && !Number_By_Hand(workspace, ports)) {
+    if (!trusted && !Ask_For_Channels(workspace, ports)) {
         former.Put_Back(workspace);
         return false;
     }
+    EditScope edit(workspace, "Load " + Name_Of(path));
+    workspace.Project.SuFile = path;
+    workspace.Project.CurrentFile = Project_File_Of(path);
+    if (!trusted) {
+        const std::string reason = Renumber_Traces(workspace, view.NbTraces, view.ChannelsPerRecord);
+        if (!reason.empty()) {
+            edit.Give_Up();
+            former.Put_Back(workspace);
+            ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
+            return false;
+        }
+    }
+    edit.End();
     Scan_Channels(workspace, path);
+    Ask_Stations(workspace, ports);
     ports.Show.Show_Fields();
     ports.Show.Display_Record();
     return true;
@@ -190,13 +280,12 @@ bool Locate_SU_File(Workspace& workspace, Ports& ports) {
 
 void Offer_SU_File(Workspace& workspace, Ports& ports) {
     if (workspace.Project.SuFile.empty()) return;
-    const std::string path = Su_Path(workspace.Project);
-    if (!File_Exists(path)) {
+    Choose_Of_Two(workspace, ports);
+    if (!File_Exists(Su_Path(workspace.Project))) {
         Locate_SU_File(workspace, ports);
         return;
     }
-    Start_With_SU_File(workspace, path);
-    Scan_Channels(workspace, path);
+    Take_Up_Records(workspace);
 }
 
 std::string Renumber_Traces(Workspace& workspace, std::int32_t traces, std::int32_t channels) {

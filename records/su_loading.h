@@ -14,17 +14,25 @@ namespace tarnvik {
 /// not run"; records of four channels fall under this too, which is meant.
 std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces);
 
-/// Reads counts and channels of an SU file into the view and puts the record display at its first record:
-/// Text9, Text10, HScroll2. False when the file cannot be opened.
+/// Reads counts and channels of an SU file into the view and puts the record display at its first record.
+/// False when the file cannot be opened.
 bool Scan_Channels(Workspace& workspace, const std::string& path);
+
+/// The project's SU file stands on the record page as it is named now, without a question: shown when it is
+/// there, otherwise nothing is.
+void Open_Records(Workspace& workspace, Ports& ports);
+
+/// Nothing is shown any more of the records: ecran and its time scale are blank and clicks on them do
+/// nothing. The ways of drawing and of picking stay as they are set.
+void Close_Records(Workspace& workspace, Ports& ports);
 
 /// Takes up another SU file in the view: no zoom, its twin (the file without "_flt", when it is a filtered
 /// one), trace sizes back to 1.
 void Start_With_SU_File(Workspace& workspace, const std::string& path);
 
 /// Why a path cannot be used, in the words for the user; empty when it can. More than 90 characters, and
-/// letters that the processing tools do not stand (codes below 45, so blanks too, and from 171 up), are
-/// refused.
+/// letters that the processing tools do not stand (codes below 45, so blanks too, and from 171 up, and those
+/// that Windows-1252 lacks), are refused.
 std::string Path_Refusal(const std::string& path);
 
 /// Lets the user choose an SU file and loads it, with all its questions; shows its first record. False when
@@ -38,8 +46,9 @@ bool Load_SU_File_Of_Project(Workspace& workspace, Ports& ports);
 /// decides. The project keeps its own name.
 bool Locate_SU_File(Workspace& workspace, Ports& ports);
 
-/// The SU file of a project just opened: looked for when missing, scanned when found. A project without SU
-/// file is left alone.
+/// The SU file of a project just opened: looked for when missing, scanned when found. Where the stored file
+/// and one of the same name beside the project are both there, the user says once which one is meant. A
+/// project without SU file is left alone.
 void Offer_SU_File(Workspace& workspace, Ports& ports);
 
 /// Numbers all traces of the project's records: records from 1, channels 1 to `channels` in each. Answers the

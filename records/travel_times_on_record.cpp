@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 
 #include "core/ports/picture.h"
@@ -14,18 +15,19 @@ std::optional<int> Sample_Of(double ms, int sample_interval) {
     return CInt(ms / (sample_interval / 1000.0));
 }
 
-void Draw_One(const Workspace& workspace, Picture& ecran, int shot, Colour colour) {
+void Draw_One(const Workspace& workspace, Picture& ecran, const SpreadLayout& spread, int shot,
+              Colour colour) {
     const Project& project = workspace.Project;
     const RecordView& view = workspace.Record;
-    const int first_receiver = First_Receiver_Shown(workspace);
     bool begun = false;
     double last_x = 0;
     double last_sample = 0;
     double last_distance = 0;
-    for (std::int64_t trace = view.FirstTrace; trace <= view.LastTrace; ++trace) {
-        const std::int64_t place = first_receiver + (trace - view.FirstTrace);
-        if (place > project.NbReceivers) break;
-        const int receiver = static_cast<int>(place);
+    const std::int64_t end = std::min<std::int64_t>(view.LastTrace, spread.Last_Trace(spread.Records()));
+    for (std::int64_t trace = std::max(view.FirstTrace, 1); trace <= end; ++trace) {
+        const auto place = spread.Place_Of(trace);
+        if (!place || place->Receiver < 1) continue;
+        const int receiver = place->Receiver;
         if (!project.ShotTimes.Has(shot, receiver) || !project.ReceiverData.Has(ReceiverDistance, receiver)) {
             continue;
         }
@@ -34,8 +36,10 @@ void Draw_One(const Workspace& workspace, Picture& ecran, int shot, Colour colou
         const double distance = project.ReceiverData(ReceiverDistance, receiver);
         const double x = amplitude_reference * 2 * static_cast<double>(trace) + 1 + amplitude_reference;
         const double source = project.ShotDistance(shot);
-        // The two branches of a shot inside the spread are not joined across it.
-        const bool across = last_distance <= source && source < distance;
+        // The two branches of a shot inside the spread are not joined across it, whatever direction the
+        // spread was recorded in.
+        const bool across =
+            std::min(last_distance, distance) <= source && source < std::max(last_distance, distance);
         if (begun && !across) ecran.Line(last_x, last_sample, x, *sample, colour);
         begun = true;
         last_x = x;
@@ -46,22 +50,16 @@ void Draw_One(const Workspace& workspace, Picture& ecran, int shot, Colour colou
 
 }  // namespace
 
-int First_Receiver_Shown(const Workspace& workspace) {
-    const RecordView& view = workspace.Record;
-    const double station = Rounded(Val(workspace.Fields.Text18));
-    if (station >= 1 && station <= workspace.Project.NbReceivers) return static_cast<int>(station);
-    if (view.ChannelsPerRecord < 1 || view.FirstTrace < 1) return 1;
-    return (view.FirstTrace - 1) % view.ChannelsPerRecord + 1;
-}
-
-void Draw_TT_On_Record(Workspace& workspace, Picture& ecran, const ShotColour& shot_colour) {
+void Draw_TT_On_Record(const Workspace& workspace, Picture& ecran, const SpreadLayout& spread,
+                       const ShotColour& shot_colour) {
     const Project& project = workspace.Project;
-    const double selected = Int(Val(workspace.Fields.Text21));
+    const std::int32_t selected = workspace.Record.CurveOnRecord;
+    const int own = spread.Shot_Of(spread.Record_Of(workspace.Record.FirstTrace));
     for (int shot = 1; shot <= project.NbShots; ++shot) {
         if (selected >= 1 && shot != selected) continue;
         // The picks of the record on screen mark its own curve already.
-        if (shot == workspace.Velocity.CurrentShot || !project.ShotDistance.Has(shot)) continue;
-        Draw_One(workspace, ecran, shot, shot_colour ? shot_colour(shot) : colours::Grey);
+        if (shot == own || !project.ShotDistance.Has(shot)) continue;
+        Draw_One(workspace, ecran, spread, shot, shot_colour ? shot_colour(shot) : colours::Grey);
     }
 }
 

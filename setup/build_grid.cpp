@@ -1,47 +1,63 @@
 #include "setup/build_grid.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <string>
 
 #include "core/text/number.h"
+#include "records/set_pick.h"
 
 namespace tarnvik {
 
 namespace {
 
-/// Writes numbers of one pattern. A grid is mostly empty while a line is being picked, so the text of zero is
-/// made once only.
+/// Writes the cells of one project. A grid is mostly empty while a line is being picked, so the text of zero
+/// is made once only.
 class CellWriter {
   public:
-    CellWriter(TextGrid& grid, const char* pattern)
-        : Grid(grid), Pattern(pattern), Zero(Format(0, pattern)) {}
+    explicit CellWriter(Workspace& workspace)
+        : Line(workspace.Project), Layout(Line), Grid(workspace.Grids.Buildgrid) {}
 
-    void Write(int row, int column, double value) {
-        TextGrid::Cell& cell = Grid.At(row, column);
-        cell.Align = TextGrid::Alignment::Right;
-        if (value == 0) {
-            cell.Text = Zero;
-        } else {
-            cell.Text = Format(value, Pattern);
+    /// Leaves cells that hold no number.
+    void Write(int row, int column) {
+        const bool of_receiver = row >= 1 && row <= Layout.Receivers;
+        const bool of_shot = column >= 1 && column <= Layout.Shots;
+        if (of_receiver && of_shot) {
+            Write_Time(Grid.At(row, column), Line.ShotTimes(column, row));
+        } else if (of_receiver && column == Layout.Distance_Column()) {
+            Write_Place(Grid.At(row, column), Line.ReceiverData(ReceiverDistance, row));
+        } else if (of_receiver && column == Layout.Elevation_Column()) {
+            Write_Place(Grid.At(row, column), Line.ReceiverData(ReceiverElevation, row));
+        } else if (of_receiver && column == Layout.Intercept_Column()) {
+            Write_Place(Grid.At(row, column), Line.ReceiverData(ReceiverIntercept, row));
+        } else if (of_shot && row == Layout.Shot_Distance_Row()) {
+            Write_Place(Grid.At(row, column), Line.ShotDistance(column));
+        } else if (of_shot && row == Layout.Shot_Elevation_Row()) {
+            Write_Place(Grid.At(row, column), Line.ShotElevation(column));
         }
     }
 
   private:
+    void Write_Time(TextGrid::Cell& cell, float time) {
+        if (time != 0) {
+            Show_Time(cell, time);
+            return;
+        }
+        if (ZeroTime.Text.empty()) Show_Time(ZeroTime, 0);
+        cell.Text = ZeroTime.Text;
+        cell.Align = ZeroTime.Align;
+        cell.ForeColour = ZeroTime.ForeColour;
+    }
+    void Write_Place(TextGrid::Cell& cell, double value) {
+        cell.Align = TextGrid::Alignment::Right;
+        cell.Text = value == 0 ? ZeroPlace : Format(value, place_format);
+    }
+
+    const Project& Line;
+    BuildgridLayout Layout;
     TextGrid& Grid;
-    const char* Pattern;
-    std::string Zero;
+    TextGrid::Cell ZeroTime;
+    std::string ZeroPlace = Format(0, place_format);
 };
-
-/// A float takes every number of a cell but those beyond its range.
-void Store_Float(float& target, double value) {
-    if (std::abs(value) <= std::numeric_limits<float>::max()) target = static_cast<float>(value);
-}
-
-void Store_Double(double& target, double value) {
-    if (std::isfinite(value)) target = value;
-}
 
 void Caption(TextGrid& grid, int row, int column, std::string text) {
     grid.At(row, column).Text = std::move(text);
@@ -76,60 +92,49 @@ void Fill_Grid(Workspace& workspace) {
     TextGrid& grid = workspace.Grids.Buildgrid;
     const BuildgridLayout layout(project);
     if (layout.Shots < 0 || layout.Receivers < 0) return;
-    // Without its arrays a project is between two lines; wild counts of a damaged file must not become cells.
+    // Without its arrays a project is none yet; wild counts of a damaged file must not become cells.
     if (!project.ShotTimes.Has(layout.Shots, layout.Receivers)) {
         efface_grille(workspace);
         return;
     }
     Lay_Out_Grid(grid, layout, BuildgridCaptions::Project);
 
-    CellWriter picks(grid, pick_format);
-    for (int receiver = 1; receiver <= layout.Receivers; ++receiver) {
-        for (int shot = 1; shot <= layout.Shots; ++shot)
-            picks.Write(receiver, shot, project.ShotTimes(shot, receiver));
-    }
-    CellWriter places(grid, place_format);
-    for (int receiver = 1; receiver <= layout.Receivers; ++receiver) {
-        places.Write(receiver, layout.Distance_Column(), project.ReceiverData(ReceiverDistance, receiver));
-        places.Write(receiver, layout.Elevation_Column(), project.ReceiverData(ReceiverElevation, receiver));
-        places.Write(receiver, layout.Intercept_Column(), project.ReceiverData(ReceiverIntercept, receiver));
-    }
-    for (int shot = 1; shot <= layout.Shots; ++shot) {
-        places.Write(layout.Shot_Distance_Row(), shot, project.ShotDistance(shot));
-        places.Write(layout.Shot_Elevation_Row(), shot, project.ShotElevation(shot));
-    }
-}
-
-bool Read_Grid_Cell(Workspace& workspace, int row, int column) {
-    Project& project = workspace.Project;
-    const BuildgridLayout layout(project);
-    const TextGrid& grid = workspace.Grids.Buildgrid;
-    if (!layout.Fits(grid) || !project.ShotTimes.Has(layout.Shots, layout.Receivers)) return false;
-    const bool of_receiver = row >= 1 && row <= layout.Receivers;
-    const bool of_shot = column >= 1 && column <= layout.Shots;
-    if (of_receiver && of_shot) {
-        Store_Float(project.ShotTimes(column, row), grid.Value(row, column));
-    } else if (of_receiver && column == layout.Distance_Column()) {
-        Store_Float(project.ReceiverData(ReceiverDistance, row), grid.Value(row, column));
-    } else if (of_receiver && column == layout.Elevation_Column()) {
-        Store_Float(project.ReceiverData(ReceiverElevation, row), grid.Value(row, column));
-    } else if (of_shot && row == layout.Shot_Distance_Row()) {
-        Store_Double(project.ShotDistance(column), grid.Value(row, column));
-    } else if (of_shot && row == layout.Shot_Elevation_Row()) {
-        Store_Double(project.ShotElevation(column), grid.Value(row, column));
-    } else {
-        return false;
-    }
-    return true;
-}
-
-void Read_Grid(Workspace& workspace) {
-    const TextGrid& grid = workspace.Grids.Buildgrid;
-    if (!BuildgridLayout(workspace.Project).Fits(grid)) return;
+    CellWriter cells(workspace);
     for (int row = 1; row < grid.Rows(); ++row) {
         for (int column = 1; column < grid.Columns(); ++column)
-            Read_Grid_Cell(workspace, row, column);
+            cells.Write(row, column);
     }
+}
+
+void Fill_Grid_Cell(Workspace& workspace, int row, int column) {
+    const Project& project = workspace.Project;
+    const BuildgridLayout layout(project);
+    if (!layout.Fits(workspace.Grids.Buildgrid) || !project.ShotTimes.Has(layout.Shots, layout.Receivers))
+        return;
+    CellWriter(workspace).Write(row, column);
+}
+
+void Fill_Grid_Cell(Workspace& workspace, PickPlace place) {
+    Fill_Grid_Cell(workspace, place.Receiver, place.Shot);
+}
+
+int Times_Below_0(const Project& project) {
+    int count = 0;
+    const int shots = std::min<int>(project.NbShots, project.ShotTimes.Last_Row());
+    const int receivers = std::min<int>(project.NbReceivers, project.ShotTimes.Last_Column());
+    for (int shot = 1; shot <= shots; ++shot) {
+        for (int receiver = 1; receiver <= receivers; ++receiver)
+            count += project.ShotTimes(shot, receiver) < 0 ? 1 : 0;
+    }
+    return count;
+}
+
+void Tell_Times_Below_0(Workspace& workspace) {
+    const int count = Times_Below_0(workspace.Project);
+    if (count == 0) return;
+    workspace.Fields.Status =
+        CStr(count) + (count == 1 ? " time is below 0: it counts" : " times are below 0: they count") +
+        " as no pick, red in the table";
 }
 
 void efface_grille(Workspace& workspace) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/pick_place.h"
 #include "core/project.h"
 #include "core/text_grid.h"
 #include "core/workspace.h"
@@ -26,26 +27,28 @@ struct BuildgridLayout {
     bool Fits(const TextGrid& grid) const { return grid.Rows() == Rows() && grid.Columns() == Columns(); }
 };
 
-/// Patterns of the cells: times of picks, and all other numbers.
-inline constexpr const char* pick_format = "###0.00";
+/// Pattern of the cells of places, elevations and intercept times.
 inline constexpr const char* place_format = "##00.00";
 
 /// Lays out Buildgrid for the project and writes the whole model into it: captions, picks (ms), places,
-/// elevations and intercept times. Colours of cells stay while the size of the grid stays. Arrays that are
-/// not allocated leave their cells at zero.
+/// elevations and intercept times. A project without its arrays empties the cells.
+///
+/// The table shows the model and is never read back as a whole: a cell has two decimals, the model all of
+/// its digits. What the user types goes into the model cell by cell, see GridEditor.
 void Fill_Grid(Workspace& workspace);
+
+/// One cell of the same, in a grid that is laid out for the project; captions and cells outside stay.
+void Fill_Grid_Cell(Workspace& workspace, int row, int column);
+void Fill_Grid_Cell(Workspace& workspace, PickPlace place);
 
 /// Size and captions alone, all other cells as they were; a new profile has captions of its own.
 enum class BuildgridCaptions { Project, NewProfile };
 void Lay_Out_Grid(TextGrid& grid, const BuildgridLayout& layout, BuildgridCaptions captions);
 
-/// Reads picks, receiver places and elevations, shot places and elevations back into the model, each as the
-/// numeric value of its cell; intercept times are not read. A grid that has not the size of the project
-/// (none was filled yet) changes nothing. A number too large for its place leaves the old one.
-void Read_Grid(Workspace& workspace);
-
-/// Reads one cell back into the model, as Read_Grid would. False for a cell that nothing is read from.
-bool Read_Grid_Cell(Workspace& workspace, int row, int column);
+/// Number of times below 0: no picks for any computation, red in the table.
+int Times_Below_0(const Project& project);
+/// Tells of them in the status field; nothing without any.
+void Tell_Times_Below_0(Workspace& workspace);
 
 /// Clears Buildgrid, texts and colours; its size stays.
 void efface_grille(Workspace& workspace);

@@ -6,7 +6,6 @@
 
 #include "core/text/letters.h"
 #include "core/text/number.h"
-#include "setup/build_grid.h"
 #include "setup/geometry.h"
 
 namespace tarnvik {
@@ -35,7 +34,6 @@ void Add_To_All_Distances(Project& project, double shift) {
 
 void Distance_Correction(Workspace& workspace, Ports& ports) {
     Project& project = workspace.Project;
-    Read_Grid(workspace);
     double proposed = -project.DistanceShift;
     if (project.DistanceShift == 0) {
         const std::string typed = ports.Ask.Input("Enter the End Shot 1 number", workspace.AppTitle, "2");
@@ -50,10 +48,12 @@ void Distance_Correction(Workspace& workspace, Ports& ports) {
         ports.Ask.Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)",
                         workspace.AppTitle, CStr(proposed));
     if (Trim(answer).empty()) return;
-    project.DistanceShift = Val(answer);
-    if (project.DistanceShift == 0) return;
-    workspace.Fields.Text16 = CStr(project.DistanceShift);
-    Add_To_All_Distances(project, project.DistanceShift);
+    const double shift = Val(answer);
+    EditScope edit(workspace, "Distance correction");
+    project.DistanceShift = shift;
+    if (shift != 0) Add_To_All_Distances(project, shift);
+    edit.End();
+    if (shift == 0) return;
     Show_Geometry(workspace, ports);
     ports.Ask.Say("Remember to check the line length !", workspace.AppTitle, Icon::Information);
 }
@@ -69,8 +69,9 @@ void Enter_Line_Length(Workspace& workspace, Ports& ports) {
         ports.Ask.Input("Enter line length (From end shot 1 to End Shot " + CStr(*shot), workspace.AppTitle,
                         CStr(project.ShotDistance(*shot)));
     if (!(Val(length) > 0)) return;
+    EditScope edit(workspace, "Line length");
     project.LineLength = Val(length);
-    workspace.Fields.Text6 = CStr(project.LineLength);
+    edit.End();
     Show_Geometry(workspace, ports);
 }
 

@@ -82,12 +82,13 @@ void CalculAltiShot(Workspace& workspace, Ports& ports, ElevationUpdate update) 
                            workspace.AppTitle)) {
         return;
     }
-    Read_Grid(workspace);
+    EditScope edit(workspace, of_shots ? "Shot elevations" : "Geophone elevations");
     if (of_shots) {
         Update_Shots(workspace.Project);
     } else {
         Update_Receivers(workspace.Project);
     }
+    edit.End();
     Show_Geometry(workspace, ports);
 }
 

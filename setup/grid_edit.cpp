@@ -1,10 +1,14 @@
 #include "setup/grid_edit.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
 #include <utility>
 
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "records/set_pick.h"
 #include "setup/build_grid.h"
 
 namespace tarnvik {
@@ -12,6 +16,12 @@ namespace tarnvik {
 namespace {
 
 constexpr int remark_text_column = 3;
+constexpr const char* pick_format = "###0.00";
+constexpr double largest_number = std::numeric_limits<float>::max();  ///< of a cell of Buildgrid
+
+std::string Count_Of_Cells(int count) {
+    return CStr(count) + (count == 1 ? " cell" : " cells");
+}
 
 std::string Quoted_If_Needed(const std::string& text) {
     if (text.find_first_of("\t\r\n\"") == std::string::npos) return text;
@@ -104,31 +114,6 @@ std::vector<std::vector<std::string>> Block_Cells(std::string_view text) {
     return rows;
 }
 
-void EditHistory::Add(std::vector<CellChange> step) {
-    if (step.empty()) return;
-    Steps.resize(Done);
-    Steps.push_back(std::move(step));
-    if (Steps.size() > most_steps) Steps.erase(Steps.begin());
-    Done = Steps.size();
-}
-
-std::vector<CellChange> EditHistory::Undo() {
-    if (!Can_Undo()) return {};
-    auto step = Steps[--Done];
-    std::reverse(step.begin(), step.end());
-    return step;
-}
-
-std::vector<CellChange> EditHistory::Redo() {
-    if (!Can_Redo()) return {};
-    return Steps[Done++];
-}
-
-void EditHistory::Forget() {
-    Steps.clear();
-    Done = 0;
-}
-
 GridEditor::GridEditor(Workspace& workspace, Ports& ports, Grid which)
     : Work(workspace), Outside(ports), Which(which) {}
 
@@ -151,22 +136,46 @@ bool GridEditor::Editable(int row, int column) const {
     return column <= layout.Shots;
 }
 
+bool GridEditor::Is_Pick(int row, int column) const {
+    const BuildgridLayout layout(Work.Project);
+    return Which == Grid::Buildgrid && row <= layout.Receivers && column <= layout.Shots;
+}
+
 std::string GridEditor::Shown(int row, int column, const std::string& text) const {
     if (!Holds_Numbers(column)) return On_One_Line(text);
     if (Which == Grid::Remarks) return With_Point(Trim(text));
+    return Format(Val(With_Point(text)), Is_Pick(row, column) ? pick_format : place_format);
+}
+
+std::string GridEditor::Name_Of(int row, int column) const {
+    if (Which == Grid::Remarks) return "Remark " + CStr(row - Project::RemarkFirstRow + 1);
+    if (Is_Pick(row, column)) return Pick_Name({column, row});
     const BuildgridLayout layout(Work.Project);
-    const bool pick = row <= layout.Receivers && column <= layout.Shots;
-    return Format(Val(With_Point(text)), pick ? pick_format : place_format);
+    const bool distance = column == layout.Distance_Column() || row == layout.Shot_Distance_Row();
+    const std::string owner =
+        row <= layout.Receivers ? " of geophone " + CStr(row) : " of shot " + CStr(column);
+    return (distance ? "Distance" : "Elevation") + owner;
 }
 
-void GridEditor::Put(int row, int column, const std::string& text) {
-    Cells().Set_Text(row, column, text);
-    if (Which == Grid::Buildgrid) Read_Grid_Cell(Work, row, column);
-}
-
-void GridEditor::Refresh() {
-    Outside.Show.Show_Grids();
-    if (Which == Grid::Buildgrid) Outside.Show.Show_Curves();
+/// A cell of the project's own values; picks are stored apart.
+void GridEditor::Store(const NewText& cell) {
+    Project& project = Work.Project;
+    if (Which == Grid::Remarks) {
+        project.remark_grid.Set_Text(cell.Row, cell.Column, cell.Text);
+        return;
+    }
+    const BuildgridLayout layout(project);
+    const double value = Val(cell.Text);
+    if (cell.Column == layout.Distance_Column()) {
+        project.ReceiverData(ReceiverDistance, cell.Row) = static_cast<float>(value);
+    } else if (cell.Column == layout.Elevation_Column()) {
+        project.ReceiverData(ReceiverElevation, cell.Row) = static_cast<float>(value);
+    } else if (cell.Row == layout.Shot_Distance_Row()) {
+        project.ShotDistance(cell.Column) = value;
+    } else {
+        project.ShotElevation(cell.Column) = value;
+    }
+    Fill_Grid_Cell(Work, cell.Row, cell.Column);
 }
 
 void GridEditor::Forget_Message() {
@@ -174,34 +183,39 @@ void GridEditor::Forget_Message() {
     LastMessage.clear();
 }
 
-bool GridEditor::Same_Grid() const {
-    return EditedFile == Work.Project.CurrentFile && EditedRows == Cells().Rows() &&
-           EditedColumns == Cells().Columns();
-}
-
-void GridEditor::Commit(std::vector<CellChange> step) {
-    std::erase_if(step, [](const CellChange& change) { return change.Before == change.After; });
+void GridEditor::Commit(const std::string& name, std::vector<NewText> cells) {
+    std::erase_if(cells, [this](const NewText& cell) {
+        const bool too_large = Which == Grid::Buildgrid && !(std::abs(Val(cell.Text)) <= largest_number);
+        return too_large || cell.Text == Cells().Text(cell.Row, cell.Column);
+    });
     Forget_Message();
-    if (step.empty()) return;
-    if (!Same_Grid()) History.Forget();
-    EditedFile = Work.Project.CurrentFile;
-    EditedRows = Cells().Rows();
-    EditedColumns = Cells().Columns();
-    for (const CellChange& change : step)
-        Put(change.Row, change.Column, change.After);
-    History.Add(std::move(step));
-    Refresh();
+    if (cells.empty()) return;
+    EditScope edit(Work, name);
+    std::optional<PickSetter> picks;
+    for (const NewText& cell : cells) {
+        if (!Is_Pick(cell.Row, cell.Column)) {
+            Store(cell);
+            continue;
+        }
+        if (!picks) picks.emplace(Work);
+        picks->Set_Place({cell.Column, cell.Row}, Val(cell.Text));
+    }
+    if (picks) picks->Tell_Faults("Pick");
+    edit.End();
+    Outside.Show.Show_Grids();
+    Outside.Show.Show_Fields();
+    if (Which == Grid::Buildgrid) Outside.Show.Show_Curves();
 }
 
 bool GridEditor::Type(int row, int column, const std::string& text) {
     if (!Editable(row, column)) return false;
-    Commit({{row, column, Cells().Text(row, column), Shown(row, column, text)}});
+    Commit(Name_Of(row, column), {{row, column, Shown(row, column, text)}});
     return true;
 }
 
 GridEditor::Pasted GridEditor::Paste(int row, int column, std::string_view text) {
     Pasted pasted;
-    std::vector<CellChange> step;
+    std::vector<NewText> taken;
     int to_row = row;
     for (const auto& cells : Block_Cells(text)) {
         int to_column = column;
@@ -209,8 +223,7 @@ GridEditor::Pasted GridEditor::Paste(int row, int column, std::string_view text)
             // A heading that was copied with its numbers must not turn a pick into 0.
             const bool fits = !Holds_Numbers(to_column) || Trim(cell).empty() || Starts_With_Number(cell);
             if (fits && Editable(to_row, to_column)) {
-                step.push_back(
-                    {to_row, to_column, Cells().Text(to_row, to_column), Shown(to_row, to_column, cell)});
+                taken.push_back({to_row, to_column, Shown(to_row, to_column, cell)});
                 ++pasted.Cells;
             } else {
                 ++pasted.Left;
@@ -219,8 +232,10 @@ GridEditor::Pasted GridEditor::Paste(int row, int column, std::string_view text)
         }
         ++to_row;
     }
-    Commit(std::move(step));
-    if (pasted.Left > 0) {
+    const std::string status = Work.Fields.Status;
+    Commit("Paste " + Count_Of_Cells(pasted.Cells), std::move(taken));
+    const bool fault_told = !Work.Fields.Status.empty() && Work.Fields.Status != status;
+    if (pasted.Left > 0 && !fault_told) {
         LastMessage = CStr(pasted.Cells) + " cells pasted, " + CStr(pasted.Left) +
                       " left out: fixed cell, outside the table, or no number";
         Work.Fields.Status = LastMessage;
@@ -234,39 +249,15 @@ std::string GridEditor::Copy(CellBlock block) const {
 }
 
 void GridEditor::Clear(CellBlock block) {
-    std::vector<CellChange> step;
+    std::vector<NewText> cells;
     for (int row = std::max(block.FirstRow, 0); row <= std::min(block.LastRow, Cells().Rows() - 1); ++row) {
         for (int column = std::max(block.FirstColumn, 0);
              column <= std::min(block.LastColumn, Cells().Columns() - 1); ++column) {
-            if (Editable(row, column))
-                step.push_back({row, column, Cells().Text(row, column), Shown(row, column, "")});
+            if (Editable(row, column)) cells.push_back({row, column, Shown(row, column, "")});
         }
     }
-    Commit(std::move(step));
-}
-
-bool GridEditor::Can_Undo() const {
-    return Same_Grid() && History.Can_Undo();
-}
-
-bool GridEditor::Can_Redo() const {
-    return Same_Grid() && History.Can_Redo();
-}
-
-void GridEditor::Undo() {
-    if (!Can_Undo()) return;
-    Forget_Message();
-    for (const CellChange& change : History.Undo())
-        Put(change.Row, change.Column, change.Before);
-    Refresh();
-}
-
-void GridEditor::Redo() {
-    if (!Can_Redo()) return;
-    Forget_Message();
-    for (const CellChange& change : History.Redo())
-        Put(change.Row, change.Column, change.After);
-    Refresh();
+    const std::string name = "Clear " + Count_Of_Cells(static_cast<int>(cells.size()));
+    Commit(name, std::move(cells));
 }
 
 }  // namespace tarnvik

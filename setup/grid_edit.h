@@ -25,33 +25,9 @@ std::string Block_Text(const TextGrid& grid, CellBlock block);
 /// The cells of such a text, row by row. Rows may end in CR, LF or both; a last empty row is none.
 std::vector<std::vector<std::string>> Block_Cells(std::string_view text);
 
-/// One cell as an edit changed it.
-struct CellChange {
-    int Row = 0;
-    int Column = 0;
-    std::string Before;
-    std::string After;
-};
-
-/// What was edited in one grid, for undo and redo. A paste is one step.
-class EditHistory {
-  public:
-    void Add(std::vector<CellChange> step);
-    bool Can_Undo() const { return Done > 0; }
-    bool Can_Redo() const { return Done < Steps.size(); }
-    /// The changes to take back, last first, or to do again; none when there is nothing.
-    std::vector<CellChange> Undo();
-    std::vector<CellChange> Redo();
-    void Forget();
-
-  private:
-    static constexpr std::size_t most_steps = 200;
-    std::vector<std::vector<CellChange>> Steps;
-    std::size_t Done = 0;
-};
-
-/// Editing of a grid that belongs to the project: what is typed, pasted or cleared goes into the grid, into
-/// the model and onto the curves at once, and can be undone.
+/// Editing of a grid that belongs to the project: what is typed, pasted or cleared is one edit each, named
+/// after the cell ("Pick shot 3, receiver 7") or the number of cells. Picks go the way of all picks, into the
+/// trace headers too.
 class GridEditor {
   public:
     enum class Grid { Buildgrid, Remarks };
@@ -60,7 +36,8 @@ class GridEditor {
     /// Captions are fixed, and so are intercept times, which are computed.
     bool Editable(int row, int column) const;
     /// A text typed into a cell. In a cell of numbers it counts by its numeric value; a comma may stand for
-    /// the point. False for a cell that cannot be edited.
+    /// the point. A text that the cell shows already changes nothing, so that the model keeps its digits;
+    /// neither does a number too large for its place. False for a cell that cannot be edited.
     bool Type(int row, int column, const std::string& text);
 
     struct Pasted {
@@ -74,33 +51,27 @@ class GridEditor {
     /// Empties the editable cells of a block: numbers become 0.
     void Clear(CellBlock block);
 
-    bool Can_Undo() const;
-    bool Can_Redo() const;
-    void Undo();
-    void Redo();
-    /// Forgets all steps; needed when the grid shows another project or lost a shot.
-    void Forget() { History.Forget(); }
-
   private:
+    struct NewText {
+        int Row = 0;
+        int Column = 0;
+        std::string Text;  ///< as the cell shows it
+    };
     TextGrid& Cells() const;
     bool Holds_Numbers(int column) const;
-    /// The text as the cell shows it.
+    bool Is_Pick(int row, int column) const;
     std::string Shown(int row, int column, const std::string& text) const;
-    void Put(int row, int column, const std::string& text);
-    void Commit(std::vector<CellChange> step);
-    void Refresh();
+    /// "Distance of geophone 4", the name of an edit of one cell.
+    std::string Name_Of(int row, int column) const;
+    void Store(const NewText& cell);
+    void Commit(const std::string& name, std::vector<NewText> cells);
     /// Takes the message about the last paste away, unless another one stands there by now.
     void Forget_Message();
-    bool Same_Grid() const;
 
     Workspace& Work;
     Ports& Outside;
     Grid Which;
-    EditHistory History;
     std::string LastMessage;
-    std::string EditedFile;  ///< project and size of the grid that the history belongs to
-    int EditedRows = 0;
-    int EditedColumns = 0;
 };
 
 }  // namespace tarnvik

@@ -1,5 +1,8 @@
 #include "setup/new_profile.h"
 
+#include <utility>
+#include <vector>
+
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/letters.h"
@@ -14,15 +17,8 @@ namespace tarnvik {
 
 namespace {
 
+constexpr const char* number_traces = "Number the traces";
 constexpr const char* converter = "C:\\tarnvik\\SEG2SU.EXE";
-
-/// No project in memory: what a flow leaves that was given up halfway.
-bool Give_Up(Workspace& workspace, Ports& ports) {
-    workspace.Project.CurrentFile.clear();
-    ports.Show.Show_Grids();
-    ports.Show.Show_Fields();
-    return false;
-}
 
 /// Numbers the records just chosen and names their project file. False when the user gave up.
 bool Take_Up_Records(Workspace& workspace, Ports& ports) {
@@ -47,6 +43,29 @@ bool Take_Up_Records(Workspace& workspace, Ports& ports) {
     return true;
 }
 
+/// Where a new line is set up while the one in memory still stands.
+void Begin_Aside(Workspace& aside, const Workspace& workspace) {
+    aside.AppTitle = workspace.AppTitle;
+    aside.Settings = workspace.Settings;
+    aside.NoOffsetShots = workspace.NoOffsetShots;
+    aside.Fields = workspace.Fields;
+    aside.Record = workspace.Record;
+    aside.Grids.size_grid = workspace.Grids.size_grid;
+    aside.Project.ProjectDir = workspace.Project.ProjectDir;  // where the file dialogs begin
+    aside.Project.GeoSpace = workspace.Project.GeoSpace;      // offered as the spacing
+}
+
+using FileChanges = std::vector<FileChange>;
+
+/// What was written into the files so far becomes an edit of the line in memory.
+void Note_File_Changes(Workspace& workspace, const std::string& name, const FileChanges& files) {
+    const EditScope edit(workspace, name);
+    for (const FileChange& file : files) {
+        for (const ByteChanges::Run& run : file.Bytes.All())
+            workspace.Edits.Note_File_Change(file.Path, run.Position, run.Before, run.After);
+    }
+}
+
 /// The grid of a line without picks, with the captions that the entry of a line has.
 void Build_Grid(Workspace& workspace) {
     Fill_Grid(workspace);
@@ -56,10 +75,47 @@ void Build_Grid(Workspace& workspace) {
     workspace.Grids.Buildgrid.CurrentColumn = 1;
 }
 
+/// The questions of the flow from the choice of the SU file to the geometry. False when the user gave up.
+bool Set_Up_Aside(Workspace& aside, Ports& ports, rechinfo& dialog) {
+    if (!Load_SU_File(aside, ports) || !Take_Up_Records(aside, ports)) return false;
+    const std::string numbered = aside.Project.SuFile;
+    dialog.Clear();
+    dialog.Affichage(aside);
+    ports.Show.Open_Dialog(Dialog::rechinfo, true);
+    if (dialog.Cancelled) return false;
+    if (aside.Project.SuFile != numbered && !Take_Up_Records(aside, ports)) return false;
+    const std::string refusal = Set_Up_Project(aside, dialog.Read_Spread());
+    if (refusal.empty()) return true;
+    ports.Ask.Say(refusal, aside.AppTitle, Icon::Critical);
+    return false;
+}
+
+/// The new line replaces the one in memory, and its history begins.
+void Take_Over(Workspace& workspace, Workspace&& aside, Ports& ports) {
+    ports.Show.Canvas_Of(Canvas::Dromo).Clear();
+    ports.Show.Canvas_Of(Canvas::Ecran).Clear();
+    workspace.Project = std::move(aside.Project);
+    workspace.Record = std::move(aside.Record);
+    workspace.Fields = std::move(aside.Fields);
+    workspace.Grids.size_grid = std::move(aside.Grids.size_grid);
+    workspace.Velocity = {};
+    workspace.Curves.FrameDrawn = 0;
+    workspace.Curves.ZoomX = 1;
+    workspace.Curves.ZoomY = 1;
+    Clear_Selection(workspace.Curves);
+    Scale_Time_Grid(workspace);
+    efface_grille(workspace);
+    Build_Grid(workspace);
+    workspace.Mode.Display(DisplayMode::Dromo);
+    workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
+    workspace.Edits.Start(workspace.Project, false);
+    ports.Show.Select_Tab(Tab::Tables);
+}
+
 }  // namespace
 
 std::string Number_Traces(Workspace& workspace, std::int32_t channels) {
-    const EditScope edit(workspace, "Number the traces");
+    const EditScope edit(workspace, number_traces);
     RecordFiles files(workspace);
     if (!files.Is_Open()) return files.Traces().Reason();
     const int traces = files.Last_Trace();
@@ -76,7 +132,6 @@ std::string Number_Traces(Workspace& workspace, std::int32_t channels) {
 }
 
 bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
-    Project& project = workspace.Project;
     const Answer converted = ports.Ask.Message("Did you already convert your field data to SU format",
                                                workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
     if (converted == Answer::Cancel) return false;
@@ -88,41 +143,23 @@ bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
         if (!ports.Ask.Ask_Yes("Now pick FBP ", workspace.AppTitle)) return false;
     }
 
-    ports.Show.Canvas_Of(Canvas::Dromo).Clear();
-    ports.Show.Canvas_Of(Canvas::Ecran).Clear();
-    project.CurrentFile.clear();
-    project.SuFile.clear();
-    Erase_Project(project);
-    // Counts without arrays would be believed by whoever comes next.
-    project.NbShots = 0;
-    project.NbReceivers = 0;
-    workspace.Curves.FrameDrawn = 0;
-    efface_grille(workspace);
-    ports.Show.Select_Tab(Tab::Tables);
-    workspace.Grids.Buildgrid.CurrentRow = 1;
-    workspace.Grids.Buildgrid.CurrentColumn = 1;
-
-    if (!Load_SU_File(workspace, ports)) return Give_Up(workspace, ports);
-    if (!Take_Up_Records(workspace, ports)) return Give_Up(workspace, ports);
-    const std::string numbered = project.SuFile;
-    // Nothing of the line entered before.
-    for (std::string* field : {&dialog.Text1, &dialog.Text2, &dialog.Text4, &dialog.Text5})
-        field->clear();
-    dialog.Check1 = false;
-    dialog.Check2 = false;
-    dialog.Affichage();
-    ports.Show.Open_Dialog(Dialog::rechinfo, true);
-    if (dialog.Cancelled) return Give_Up(workspace, ports);
-    if (project.SuFile != numbered && !Take_Up_Records(workspace, ports)) return Give_Up(workspace, ports);
-
-    const std::string refusal = Set_Up_Project(workspace, dialog.Read_Spread());
-    if (!refusal.empty()) {
-        ports.Ask.Say(refusal, workspace.AppTitle, Icon::Critical);
-        return Give_Up(workspace, ports);
-    }
-    Build_Grid(workspace);
-    workspace.Mode.Display(DisplayMode::Dromo);
-    workspace.Fields.Caption = project.CurrentFile + " [" + workspace.AppTitle + "]";
+    Workspace aside;
+    Begin_Aside(aside, workspace);
+    FileChanges numbered;
+    aside.Edits.On_Change = [&](const ChangeNotice& notice) {
+        FileChanges files;
+        for (const FileChange* file : notice.Files)
+            files.push_back(*file);
+        if (files.empty()) return;
+        numbered.insert(numbered.end(), files.begin(), files.end());
+        Note_File_Changes(workspace, number_traces, files);
+    };
+    const bool made = Set_Up_Aside(aside, ports, dialog);
+    dialog.Leave_Line();
+    if (!made) return false;
+    aside.Edits.On_Change = nullptr;
+    Take_Over(workspace, std::move(aside), ports);
+    if (!numbered.empty()) Note_File_Changes(workspace, number_traces, numbered);
     ports.Show.Show_Grids();
     ports.Show.Show_Fields();
     ports.Ask.Say(

@@ -9,10 +9,10 @@
 
 namespace tarnvik {
 
-/// Makes a new project of field records with all its questions. Cancel at the first question leaves all as it
-/// was; from the choice of the SU file on the old project is gone, also when the flow is given up later: then
-/// no project is in memory and CurrentFile is empty. Nothing is written but the numbers of the traces; the
-/// project is saved by the user. True when a project was made.
+/// Makes a new project of field records with all its questions. It is built aside: given up at any question,
+/// the project in memory stays as it is, with its history. Nothing is written but the numbers of the traces,
+/// which are an edit and can be taken back; the project is saved by the user. True when a project was made;
+/// its history begins with those numbers.
 bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog);
 
 /// Numbers the traces of the project's records for a new profile: a counter from 1 to `channels` and from 1

@@ -6,9 +6,9 @@
 #include <system_error>
 
 #include "core/files.h"
-#include "core/project_open.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "setup/build_grid.h"
 #include "setup/geometry.h"
 
 namespace tarnvik {
@@ -33,7 +33,7 @@ void Change_All_Picks(Project& project, PickChange change) {
     }
 }
 
-void shiftFBP(Workspace& workspace, Ports& ports) {
+void shiftFBP(Workspace& workspace, Ports& ports, const std::function<bool(const std::string& path)>& open) {
     const double kind = Val(ports.Ask.Input(
         "Type 1 to scale all FBP time of a travel time, 2 to add/substract a value to all FBP, 0= Exit",
         workspace.AppTitle, "0"));
@@ -54,11 +54,12 @@ void shiftFBP(Workspace& workspace, Ports& ports) {
         if (change.Shift == 0) return;
     }
 
-    if (!Same_File(path, workspace.Project.CurrentFile)) {
-        if (!Open_Named_Project(workspace, ports, {}, path)) return;
-    }
+    if (!Same_File(path, workspace.Project.CurrentFile) && !open(path)) return;
+    EditScope edit(workspace, "Scale or shift of all picks");
     Change_All_Picks(workspace.Project, change);
+    edit.End();
     Scale_Time_Grid(workspace);
+    Tell_Times_Below_0(workspace);
     Show_Geometry(workspace, ports);
     Save_Geometry(workspace, ports);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 
@@ -16,8 +19,10 @@ struct PickChange {
 void Change_All_Picks(Project& project, PickChange change);
 
 /// Menu "Time pick scale or shift": asks how, asks for a project file, opens it, changes all its picks and
-/// writes it. When the project chosen is the one in memory, that one is taken, with what was not saved yet.
-void shiftFBP(Workspace& workspace, Ports& ports);
+/// writes it. `open` opens another project than the one in memory and answers false when that came to
+/// nothing; the one in memory is taken as it stands, with what was not saved yet. The trace headers keep
+/// their picks.
+void shiftFBP(Workspace& workspace, Ports& ports, const std::function<bool(const std::string& path)>& open);
 
 /// Menu "Delete File": asks, then removes the current project file. The project stays in memory and can be
 /// saved again.

@@ -29,79 +29,88 @@ constexpr double sketch_margin = 0.08;  ///< of the width, at either side
 
 }  // namespace
 
-int rechinfo::Shots_For_Grid() const {
-    return static_cast<int>(std::clamp(Rounded(Val(Text4)), 0.0, static_cast<double>(most_rows)));
+int rechinfo::Shots_For_Table() const {
+    return static_cast<int>(std::clamp(Rounded(Val(Shots)), 0.0, static_cast<double>(most_rows)));
 }
 
-void rechinfo::Fill_Data_Grid() {
-    const int shots = Shots_For_Grid();
-    DataGrid = TextGrid(shots + 1, 3);
-    DataGrid.Set_Text(0, 0, "Shot");
-    DataGrid.Set_Text(0, DistanceColumn, "Shot dist to End Shot");
-    DataGrid.Set_Text(0, ElevationColumn, "Shot elevation");
-    const auto places = Even_Shot_Places(Val(Text6), shots, Check1);
+void rechinfo::Fill_Shot_Table() {
+    const int shots = Shots_For_Table();
+    ShotTable = TextGrid(shots + 1, 3);
+    ShotTable.Set_Text(0, 0, "Shot");
+    ShotTable.Set_Text(0, DistanceColumn, "Shot dist to End Shot");
+    ShotTable.Set_Text(0, ElevationColumn, "Shot elevation");
+    const auto places = Even_Shot_Places(Val(LineLength), shots, Offsets);
     for (int shot = 1; shot <= shots; ++shot) {
-        DataGrid.Set_Text(shot, 0, (Check2 ? "Station " : "Shot ") + CStr(shot));
-        DataGrid.Set_Text(shot, DistanceColumn,
-                          CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
-        DataGrid.Set_Text(shot, ElevationColumn, "0");
-        DataGrid.At(shot, DistanceColumn).Align = TextGrid::Alignment::Right;
-        DataGrid.At(shot, ElevationColumn).Align = TextGrid::Alignment::Right;
+        ShotTable.Set_Text(shot, 0, (SeveralSpreads ? "Station " : "Shot ") + CStr(shot));
+        ShotTable.Set_Text(shot, DistanceColumn,
+                           CStr(Filed_Place(places[static_cast<std::size_t>(shot) - 1])));
+        ShotTable.Set_Text(shot, ElevationColumn, "0");
+        ShotTable.At(shot, DistanceColumn).Align = TextGrid::Alignment::Right;
+        ShotTable.At(shot, ElevationColumn).Align = TextGrid::Alignment::Right;
     }
 }
 
-void rechinfo::Affichage() {
+void rechinfo::Clear() {
+    for (std::string* field : {&Spacing, &FirstDistance, &Shots, &ShotDepth})
+        field->clear();
+    Offsets = false;
+    SeveralSpreads = false;
+}
+
+void rechinfo::Affichage(Workspace& line) {
+    Line = &line;
     Cancelled = false;
-    const RecordedSpread recorded = Recorded_Spread(Su_Path(Work.Project)).value_or(RecordedSpread());
-    if (Trim(Text1).empty()) Text1 = CStr(Work.Project.GeoSpace);
-    if (Trim(Text2).empty()) Text2 = "0";
-    if (Trim(Text5).empty()) Text5 = "0";
-    Text3 = CStr(int{recorded.Channels});
-    if (Val(Text4) == 0) {
-        if (Check2) {
+    const RecordedSpread recorded = Recorded_Spread(Su_Path(Line->Project)).value_or(RecordedSpread());
+    if (Trim(Spacing).empty()) Spacing = CStr(Line->Project.GeoSpace);
+    if (Trim(FirstDistance).empty()) FirstDistance = "0";
+    if (Trim(ShotDepth).empty()) ShotDepth = "0";
+    Geophones = CStr(int{recorded.Channels});
+    if (Val(Shots) == 0) {
+        if (SeveralSpreads) {
             Ask_Stations();
         } else {
-            Text4 = CStr(recorded.Records);
+            Shots = CStr(recorded.Records);
         }
     }
-    Text6 = DerivedLength;
-    FocusControl = Work.NoOffsetShots ? "Text1" : "Text2";
+    LineLength = DerivedLength;
+    Focus = Line->NoOffsetShots ? Field::Spacing : Field::FirstDistance;
     Offset_or_Not();
 }
 
 void rechinfo::Offset_or_Not() {
-    if (Text6 == DerivedLength || Trim(Text6).empty()) {
-        DerivedLength = CStr(Val(Text1) * std::max(Rounded(Val(Text3)) - 1, 0.0));
-        Text6 = DerivedLength;
+    if (LineLength == DerivedLength || Trim(LineLength).empty()) {
+        DerivedLength = CStr(Val(Spacing) * std::max(Rounded(Val(Geophones)) - 1, 0.0));
+        LineLength = DerivedLength;
     }
-    Text2Caption = Check1 ? "Distance from Geophone1 to shot 2" : "Distance from Geophone1 to shot 1";
-    Fill_Data_Grid();
+    FirstDistanceCaption =
+        Offsets ? "Distance from Geophone1 to shot 2" : "Distance from Geophone1 to shot 1";
+    Fill_Shot_Table();
     dessine_squetch();
     Outside.Show.Show_Fields();
 }
 
 void rechinfo::Ask_Stations() {
     const std::string typed =
-        Outside.Ask.Input("Enter number of shot location (stations)", Work.AppTitle, Text4);
-    if (Val(typed) > 0) Text4 = CStr(Rounded(Val(typed)));
+        Outside.Ask.Input("Enter number of shot location (stations)", Line->AppTitle, Shots);
+    if (Val(typed) > 0) Shots = CStr(Rounded(Val(typed)));
 }
 
 void rechinfo::Multi_Spread_Changed() {
-    if (Check2) Ask_Stations();
+    if (SeveralSpreads) Ask_Stations();
     Offset_or_Not();
 }
 
 Spread rechinfo::Read_Spread() const {
     Spread spread;
-    spread.Spacing = Val(Text1);
-    spread.FirstDistance = Val(Text2);
-    spread.NbReceivers = Rounded(Val(Text3));
-    spread.NbShots = Rounded(Val(Text4));
-    spread.ShotDepth = Val(Text5);
-    spread.LineLength = Val(Text6);
-    for (int row = 1; row < DataGrid.Rows(); ++row) {
-        spread.ShotPlaces.push_back(DataGrid.Value(row, DistanceColumn));
-        spread.ShotElevations.push_back(DataGrid.Value(row, ElevationColumn));
+    spread.Spacing = Val(Spacing);
+    spread.FirstDistance = Val(FirstDistance);
+    spread.NbReceivers = Rounded(Val(Geophones));
+    spread.NbShots = Rounded(Val(Shots));
+    spread.ShotDepth = Val(ShotDepth);
+    spread.LineLength = Val(LineLength);
+    for (int row = 1; row < ShotTable.Rows(); ++row) {
+        spread.ShotPlaces.push_back(ShotTable.Value(row, DistanceColumn));
+        spread.ShotElevations.push_back(ShotTable.Value(row, ElevationColumn));
     }
     return spread;
 }
@@ -147,29 +156,25 @@ void rechinfo::Sketch_Mouse_Move(double x) {
     Outside.Show.Show_Fields();
 }
 
-void rechinfo::Command1() {
+void rechinfo::Ok() {
     // Without these the curves could not be drawn later on.
-    if (!(Val(Text1) > 0) || !(Val(Text6) > 0) || !(Val(Text3) >= 1) || !(Val(Text4) >= 1)) {
+    if (!(Val(Spacing) > 0) || !(Val(LineLength) > 0) || !(Val(Geophones) >= 1) || !(Val(Shots) >= 1)) {
         Outside.Ask.Say(
             "Geophone spacing, line length, number of geophones and number of shots must be above 0",
-            Work.AppTitle, Icon::Warning);
+            Line->AppTitle, Icon::Warning);
         return;
     }
     Cancelled = false;
     Outside.Show.Close_Dialog(Dialog::rechinfo);
 }
 
-void rechinfo::Command2() {
-    dessine_squetch();
+void rechinfo::Another_Su() {
+    if (!Load_SU_File(*Line, Outside)) return;
+    Shots.clear();
+    Affichage(*Line);
 }
 
-void rechinfo::Command3() {
-    if (!Load_SU_File(Work, Outside)) return;
-    Text4.clear();
-    Affichage();
-}
-
-void rechinfo::Command4() {
+void rechinfo::Cancel() {
     Cancelled = true;
     Outside.Show.Close_Dialog(Dialog::rechinfo);
 }

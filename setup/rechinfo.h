@@ -9,42 +9,48 @@
 
 namespace tarnvik {
 
-/// The dialog of a new profile's geometry. Open it with Affichage; when it closes, Cancelled tells whether
-/// the user gave up, and Read_Spread what he entered.
+/// The dialog of a new profile's geometry: what is typed stands here as text and counts by its numeric value.
+/// Open it with Affichage; when it closes, Cancelled tells whether the user gave up, and Read_Spread what he
+/// entered.
 class rechinfo {
   public:
-    rechinfo(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
+    rechinfo(Workspace& workspace, Ports& ports) : Work(workspace), Line(&workspace), Outside(ports) {}
 
-    std::string Text1;            ///< geophone spacing
-    std::string Text2;            ///< distance between end shot 1 and geophone 1
-    std::string Text3;            ///< number of geophones
-    std::string Text4;            ///< number of shots, or of shot stations
-    std::string Text5;            ///< depth of the shots
-    std::string Text6;            ///< line length between the end shots
-    bool Check1 = false;          ///< first and last shots are offset shots
-    bool Check2 = false;          ///< profile with multi spreads
-    std::string Text2Caption;     ///< follows Check1
-    std::string DistanceReadout;  ///< under the pointer on the sketch
-    std::string FocusControl;     ///< field that takes the focus when the dialog opens
-    TextGrid DataGrid;            ///< one row a shot: name, distance to end shot, elevation
+    std::string Spacing;               ///< between geophones
+    std::string FirstDistance;         ///< between end shot 1 and geophone 1
+    std::string Geophones;             ///< number of geophones
+    std::string Shots;                 ///< number of shots, or of shot stations
+    std::string ShotDepth;             ///< of all shots
+    std::string LineLength;            ///< between the end shots
+    bool Offsets = false;              ///< first and last shots are offset shots
+    bool SeveralSpreads = false;       ///< profile with multi spreads
+    std::string FirstDistanceCaption;  ///< follows Offsets
+    std::string DistanceReadout;       ///< under the pointer on the sketch
+    TextGrid ShotTable;                ///< one row a shot: name, distance to end shot, elevation
+    enum class Field { Spacing, FirstDistance };
+    Field Focus = Field::Spacing;  ///< takes the focus when the dialog opens
     bool Cancelled = false;
 
-    /// Shows what the headers of SuFile tell: receivers, shots, line length, evenly spread shots, the sketch.
-    void Affichage();
-    /// Check1, Text1, Text3, Text4 or Text6 changed: spreads the shots anew. The line length follows spacing
-    /// and geophones until the user types one of his own.
+    /// Takes up a line that names its SuFile, which lives until Leave_Line: shows what the headers
+    /// tell, the receivers, shots, line length, evenly spread shots, and the sketch.
+    void Affichage(Workspace& line);
+    /// Forgets all entries, those of another line.
+    void Clear();
+    /// The line taken up goes; the one in memory is meant again.
+    void Leave_Line() { Line = &Work; }
+    /// Offsets, Spacing, Geophones, Shots or LineLength changed: spreads the shots anew. The line length
+    /// follows spacing and geophones until the user types one of his own.
     void Offset_or_Not();
-    /// Check2 changed: a line of several spreads asks for the number of its shot stations.
+    /// SeveralSpreads changed: a line of several spreads asks for the number of its shot stations.
     void Multi_Spread_Changed();
-    /// Draws the spread on Profile2 from the fields and the grid.
+    /// Draws the spread on Profile2 from the fields and the table.
     void dessine_squetch();
     /// The pointer stands at world place `x` of the sketch.
     void Sketch_Mouse_Move(double x);
 
-    void Command1();  ///< OK: closes the dialog, or tells what is missing
-    void Command2();  ///< Sketch
-    void Command3();  ///< Another SU
-    void Command4();  ///< Cancel: ends the flow
+    void Ok();          ///< closes the dialog, or tells what is missing
+    void Another_Su();  ///< chooses another SU file for the line
+    void Cancel();      ///< ends the flow
 
     /// The values of all fields.
     Spread Read_Spread() const;
@@ -53,13 +59,14 @@ class rechinfo {
     static constexpr int ElevationColumn = 2;
 
   private:
-    int Shots_For_Grid() const;
-    void Fill_Data_Grid();
+    int Shots_For_Table() const;
+    void Fill_Shot_Table();
     void Ask_Stations();
 
     Workspace& Work;
+    Workspace* Line;  ///< the line being set up
     Ports& Outside;
-    std::string DerivedLength;  ///< line length last put into Text6 by the dialog itself
+    std::string DerivedLength;  ///< line length last put into LineLength by the dialog itself
 };
 
 }  // namespace tarnvik

@@ -1,12 +1,8 @@
 #include "setup/remove_shot.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <system_error>
-#include <utility>
 
 #include "core/fault.h"
 #include "core/files.h"
@@ -16,6 +12,7 @@
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
+#include "setup/extract_records.h"
 #include "setup/geometry.h"
 #include "traveltime/shot_grid.h"
 
@@ -41,71 +38,6 @@ Array2<T> Without(const Array2<T>& of_shots, int shot) {
             left(i, j) = of_shots(i < shot ? i : i + 1, j);
     }
     return left;
-}
-
-/// Marks the traces of one shot dead and all others live, so that a choice by the mark takes out this shot
-/// whole and no trace of the others: their places in the file tell their receivers. Answers the reason of a
-/// failure.
-std::string Mark_Shot(const std::string& su_file, int shot, int receivers) {
-    SuWriter traces(su_file, nullptr);
-    if (!traces.Is_Open()) return traces.Reason();
-    const std::int64_t first = static_cast<std::int64_t>(shot - 1) * receivers + 1;
-    const std::int64_t last = first + receivers - 1;
-    const std::int32_t count = traces.Nb_Traces().value_or(0);
-    for (std::int64_t trace = 1; trace <= count; ++trace) {
-        if (!traces.Word(trace, words::trid)) break;  // a fragment that only counts as a trace
-        const bool of_shot = trace >= first && trace <= last;
-        if (traces.Set_Word(trace, words::trid, of_shot ? dead_trace : live_trace) != Stored::Yes)
-            return traces.Reason();
-    }
-    return {};
-}
-
-/// Name of the marked copy: never that of the records, whatever they end in.
-std::string Marked_Name(const std::string& su_file) {
-    const std::string name = Name_Of(su_file);
-    return Folder_Of(su_file) + name.substr(0, name.rfind('.')) + "_tmp.su";
-}
-
-/// A file that lives as long as its user needs it.
-struct TemporaryCopy {
-    explicit TemporaryCopy(std::string path) : Path(std::move(path)) {}
-    ~TemporaryCopy() {
-        std::error_code ignored;
-        std::filesystem::remove(Path, ignored);
-    }
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
-    std::string Path;
-};
-
-std::string Quoted(const std::string& path) {
-    return path.find(' ') == std::string::npos ? path : "\"" + path + "\"";
-}
-
-/// Copies the records to the temporary file, marks the shot there, writes and starts the batch that copies
-/// the live traces to the new file. False after a failure, which the user was told.
-bool Extract_Records(Workspace& workspace, Ports& ports, int shot, const TemporaryCopy& marked,
-                     const std::string& new_su) {
-    std::error_code failed;
-    std::filesystem::copy_file(Su_Path(workspace.Project), marked.Path,
-                               std::filesystem::copy_options::overwrite_existing, failed);
-    const std::string reason =
-        failed ? failed.message() : Mark_Shot(marked.Path, shot, workspace.Project.NbReceivers);
-    if (!reason.empty()) {
-        ports.Ask.Say(marked.Path + ": " + reason, workspace.AppTitle, Icon::Critical);
-        return false;
-    }
-    const std::string folder = ports.Launch.Program_Folder();
-    const std::string batch = folder + "/win.bat";
-    const std::string command = Quoted(folder + "/suwind") + " < " + Quoted(marked.Path) + " > " +
-                                Quoted(new_su) + " key=trid min=1 max=1\r\n";
-    if (Replace_File(batch, command).empty() &&
-        ports.Launch.Start(batch, "", folder) >= launch_failure_below) {
-        return true;
-    }
-    ports.Ask.Say("Unable to launch  " + batch, workspace.AppTitle, Icon::Critical);
-    return false;
 }
 
 }  // namespace
@@ -173,18 +105,31 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
     }
     if (!ports.Ask.Ask_Yes("Do you want to remove shot " + CStr(shot), workspace.AppTitle)) return;
 
+    // Records that are not found are not those of the new project either.
     const bool has_records = !project.SuFile.empty() && Locate_SU_File(workspace, ports);
     std::string new_file = Name_Without_Shot(project.CurrentFile, shot);
     // Always the extension in lower case, whatever the old one's.
     if (const auto point = new_file.rfind('.'); point != std::string::npos) new_file.erase(point);
     new_file += ".tv5";
-    const std::string new_su = has_records ? Name_Without_Shot(Su_Path(project), shot) : project.SuFile;
-
-    if (File_Exists(new_file) &&
-        !ports.Ask.Ask_Yes(new_file + " already exists, overwrite ?", workspace.AppTitle)) {
-        return;
+    const std::string new_su = has_records ? Name_Without_Shot(Su_Path(project), shot) : std::string();
+    const bool su_existed = File_Exists(new_su);
+    for (const std::string& path : {new_file, new_su}) {
+        if (File_Exists(path) &&
+            !ports.Ask.Ask_Yes(path + " already exists, overwrite ?", workspace.AppTitle)) {
+            return;
+        }
     }
 
+    // The records first: no project may name records that are not there.
+    std::string report;
+    if (has_records) {
+        const std::string reason = Extract_Records(workspace, shot, new_su);
+        if (!reason.empty()) {
+            ports.Ask.Say(new_su + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
+            return;
+        }
+        report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
+    }
     Project left = project;
     Take_Out_Shot(left, shot);
     left.SuFile = new_su;
@@ -195,16 +140,10 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
         reason = fault.what();
     }
     if (!reason.empty()) {
+        std::error_code ignored;
+        if (has_records && !su_existed) std::filesystem::remove(new_su, ignored);
         ports.Ask.Say(new_file + ": " + reason, workspace.AppTitle, Icon::Critical);
         return;
-    }
-    // The message below is also the pause in which the batch works; the copy goes when it is answered.
-    std::optional<TemporaryCopy> marked;
-    std::string report;
-    if (has_records) {
-        marked.emplace(Marked_Name(Su_Path(project)));
-        if (Extract_Records(workspace, ports, shot, *marked, new_su))
-            report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
     }
     report += "The new Tarnvik file has been saved as " + new_file + "\nLoad this file !";
     ports.Ask.Say(report, workspace.AppTitle, Icon::Information);

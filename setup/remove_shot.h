@@ -14,12 +14,12 @@ namespace tarnvik {
 bool Take_Out_Shot(Project& project, int shot);
 
 /// Takes the shot of a column out of Buildgrid, Grille_Shot and the project. Before the first removal in a
-/// project its file is copied to the backup. False when the column holds no shot.
+/// project its file is copied to the backup. False when the column holds no shot. The caller has the edit.
 bool Remove_Colonne(Workspace& workspace, Ports& ports, int column);
 
 /// Double click on a shot's column: after a question, writes the project without that shot to a file of a new
-/// name and has the records without it extracted to an SU file of that name. The project in memory, its file
-/// and its records stay as they are. In the extracted records all traces are live.
+/// name and the records without it to an SU file of that name, see Extract_Records. The project in memory,
+/// its file and its records stay as they are. Where the records cannot be written, no project is.
 void RemoveShot(Workspace& workspace, Ports& ports, int shot);
 
 /// Name of the file without one shot: "_" and its number stand before the extension.

@@ -86,8 +86,6 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
             static_cast<float>(spread.FirstDistance + (receiver - 1) * spread.Spacing);
     }
     workspace.Velocity = {};
-    workspace.Fields.Text6 = CStr(project.LineLength);
-    workspace.Fields.Text16 = CStr(project.DistanceShift);
     workspace.Fields.Text25 = CStr(project.TotalTime);
     workspace.Fields.Label16 = project.SuFile;
     Scale_Time_Grid(workspace);
@@ -95,6 +93,8 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
 }
 
 std::string Build_New_Project(Workspace& workspace, const NewProjectRequest& request) {
+    std::string refusal = Path_Refusal(request.SuFile);
+    if (!refusal.empty()) return refusal;
     const auto recorded = Recorded_Spread(request.SuFile);
     if (!recorded) return request.SuFile + " cannot be opened";
     if (recorded->Traces < 1) return request.SuFile + " holds no trace";
@@ -119,7 +119,7 @@ std::string Build_New_Project(Workspace& workspace, const NewProjectRequest& req
         spread.NbShots = Rounded(recorded->Traces / spread.NbReceivers);
     }
     spread.LineLength = request.LineLength.value_or(spread.Spacing * (spread.NbReceivers - 1));
-    std::string refusal = Spread_Refusal(spread);
+    refusal = Spread_Refusal(spread);
     if (!refusal.empty()) return refusal;
     if (given > 0 && given != spread.NbShots) {
         return CStr(given) + " shot distances were given for " + CStr(spread.NbShots) + " shots";

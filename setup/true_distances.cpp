@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "core/text/letters.h"
 #include "core/text/number.h"
-#include "setup/build_grid.h"
 #include "setup/elevations.h"
 #include "setup/geometry.h"
 
@@ -15,14 +15,14 @@ namespace tarnvik {
 namespace {
 
 /// Asks for the elevation of an offset shot; a cancelled box keeps the one it has.
-void Ask_Offset_Elevation(Workspace& workspace, Ports& ports, int shot, int number, double initial) {
+void Ask_Offset_Elevation(const std::string& title, Ports& ports, int number, double initial,
+                          double& elevation) {
     const std::string typed =
-        ports.Ask.Input("Enter Offset " + CStr(number) + " elevation:", workspace.AppTitle, CStr(initial));
-    if (!Trim(typed).empty()) workspace.Project.ShotElevation(shot) = Val(typed);
+        ports.Ask.Input("Enter Offset " + CStr(number) + " elevation:", title, CStr(initial));
+    if (!Trim(typed).empty()) elevation = Val(typed);
 }
 
-void Elevate_Shots(Workspace& workspace, Ports& ports) {
-    Project& project = workspace.Project;
+void Elevate_Shots(Project& project, const std::string& title, Ports& ports) {
     const auto places = Receiver_Places(project);
     const auto elevations = Receiver_Elevations(project);
     if (places.empty()) return;
@@ -32,9 +32,9 @@ void Elevate_Shots(Workspace& workspace, Ports& ports) {
                 Shot_Elevation_From_Receivers(places, elevations, project.LineLength, place)) {
             project.ShotElevation(shot) = *elevation;
         } else if (place < 0) {
-            Ask_Offset_Elevation(workspace, ports, shot, 1, elevations.front());
+            Ask_Offset_Elevation(title, ports, 1, elevations.front(), project.ShotElevation(shot));
         } else {
-            Ask_Offset_Elevation(workspace, ports, shot, shot, elevations.back());
+            Ask_Offset_Elevation(title, ports, shot, elevations.back(), project.ShotElevation(shot));
         }
     }
 }
@@ -71,40 +71,38 @@ double Moved_With_Receivers(std::span<const double> before, std::span<const doub
 }
 
 void Compute_Distances_According_To_Z(Workspace& workspace, Ports& ports) {
-    Project& project = workspace.Project;
-    Read_Grid(workspace);
-    const double spacing =
-        Val(ports.Ask.Input("Enter the avearage distance between geophones, ZERO= Exit module",
-                            workspace.AppTitle, CStr(project.GeoSpace)));
+    const std::string& title = workspace.AppTitle;
+    // All questions are answered on a copy, so that the change itself is one edit, made whole or not at all.
+    Project changed = workspace.Project;
+    const double spacing = Val(ports.Ask.Input(
+        "Enter the avearage distance between geophones, ZERO= Exit module", title, CStr(changed.GeoSpace)));
     if (!(spacing > 0)) return;
-    project.GeoSpace = spacing;
-    const std::string first = ports.Ask.Input("Enter the distance between End shot 1 and geophones 1 ",
-                                              workspace.AppTitle, CStr(spacing / 2));
+    changed.GeoSpace = spacing;
+    const std::string first =
+        ports.Ask.Input("Enter the distance between End shot 1 and geophones 1 ", title, CStr(spacing / 2));
     if (Trim(first).empty()) return;
 
-    const auto before = Receiver_Places(project);
+    const auto before = Receiver_Places(changed);
     const auto after =
-        Places_From_Elevations(Receiver_Elevations(project), Val(first),
-                               project.ShotElevation.Has(1) ? project.ShotElevation(1) : 0, spacing);
+        Places_From_Elevations(Receiver_Elevations(changed), Val(first),
+                               changed.ShotElevation.Has(1) ? changed.ShotElevation(1) : 0, spacing);
     if (!after) {
-        ports.Ask.Say("Check your Receiver location and elevation...", workspace.AppTitle, Icon::Critical);
+        ports.Ask.Say("Check your Receiver location and elevation...", title, Icon::Critical);
         return;
     }
-    Store_Receiver_Places(project, *after);
-    for (int shot = 1; shot <= std::min<int>(project.NbShots, project.ShotDistance.Last()); ++shot)
-        project.ShotDistance(shot) =
-            Filed_Place(Moved_With_Receivers(before, *after, project.ShotDistance(shot)));
-    project.LineLength = Filed_Place(Moved_With_Receivers(before, *after, project.LineLength));
-    workspace.Fields.Text6 = CStr(project.LineLength);
-    Show_Geometry(workspace, ports);
+    Store_Receiver_Places(changed, *after);
+    for (int shot = 1; shot <= std::min<int>(changed.NbShots, changed.ShotDistance.Last()); ++shot)
+        changed.ShotDistance(shot) =
+            Filed_Place(Moved_With_Receivers(before, *after, changed.ShotDistance(shot)));
+    changed.LineLength = Filed_Place(Moved_With_Receivers(before, *after, changed.LineLength));
+    if (ports.Ask.Ask_Yes("Do you want to interplolate Shot elevation from Geophone elevation", title))
+        Elevate_Shots(changed, title, ports);
 
-    if (ports.Ask.Ask_Yes("Do you want to interplolate Shot elevation from Geophone elevation",
-                          workspace.AppTitle)) {
-        Elevate_Shots(workspace, ports);
-        Show_Geometry(workspace, ports);
-    }
-    if (ports.Ask.Ask_Yes("Do you want to save your modifications", workspace.AppTitle))
-        Save_Geometry(workspace, ports);
+    EditScope edit(workspace, "Distances according to Z");
+    workspace.Project = std::move(changed);
+    edit.End();
+    Show_Geometry(workspace, ports);
+    if (ports.Ask.Ask_Yes("Do you want to save your modifications", title)) Save_Geometry(workspace, ports);
 }
 
 }  // namespace tarnvik

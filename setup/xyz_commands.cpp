@@ -97,7 +97,6 @@ void Enter_XYZ_Files(Workspace& workspace, Ports& ports) {
     const double spacing =
         Val(ports.Ask.Input("Enter the avearage distance between two geophones", workspace.AppTitle, "5"));
     if (!(spacing > 0)) return;
-    project.GeoSpace = spacing;
 
     const auto receiver_places = Receiver_Places(project);
     const SurveyedLine line =
@@ -106,6 +105,8 @@ void Enter_XYZ_Files(Workspace& workspace, Ports& ports) {
     std::vector<double> elevations;
     for (const XyzPoint& geophone : *geophones)
         elevations.push_back(geophone.Z);
+    EditScope edit(workspace, "XYZ files");
+    project.GeoSpace = spacing;
     Store_Receiver_Places(project, line.Receivers);
     Store_Receiver_Elevations(project, elevations);
     for (int shot = 1; shot <= project.NbShots; ++shot) {
@@ -113,7 +114,7 @@ void Enter_XYZ_Files(Workspace& workspace, Ports& ports) {
         project.ShotElevation(shot) = (*shots)[static_cast<std::size_t>(shot) - 1].Z;
     }
     if (line.LineLength > 0) project.LineLength = Filed_Place(line.LineLength);
-    workspace.Fields.Text6 = CStr(project.LineLength);
+    edit.End();
     Show_Geometry(workspace, ports);
     Save_Geometry(workspace, ports);
 }

@@ -20,14 +20,9 @@ class CellEdits {
     virtual void Paste(int row, int column, const std::string& text) = 0;
     virtual std::string Copy(CellBlock block) const = 0;
     virtual void Clear(CellBlock block) = 0;
-
-    virtual bool Can_Undo() const = 0;
-    virtual bool Can_Redo() const = 0;
-    virtual void Undo() = 0;
-    virtual void Redo() = 0;
 };
 
-/// Cells of a grid of the project: edits reach the model and the curves.
+/// Cells of a grid of the project: what is typed goes through the door of all edits.
 class ProjectCells : public CellEdits {
   public:
     explicit ProjectCells(GridEditor& editor) : Editor(editor) {}
@@ -39,16 +34,13 @@ class ProjectCells : public CellEdits {
     void Paste(int row, int column, const std::string& text) override { Editor.Paste(row, column, text); }
     std::string Copy(CellBlock block) const override { return Editor.Copy(block); }
     void Clear(CellBlock block) override { Editor.Clear(block); }
-    bool Can_Undo() const override { return Editor.Can_Undo(); }
-    bool Can_Redo() const override { return Editor.Can_Redo(); }
-    void Undo() override { Editor.Undo(); }
-    void Redo() override { Editor.Redo(); }
 
   private:
     GridEditor& Editor;
 };
 
-/// Cells of a dialog's own grid: plain texts, all but the fixed ones free.
+/// Cells of a dialog's own grid, which are no values of the project yet: plain texts, all but the fixed ones
+/// free.
 class FormCells : public CellEdits {
   public:
     /// `changed` runs after each edit.
@@ -59,20 +51,13 @@ class FormCells : public CellEdits {
     void Paste(int row, int column, const std::string& text) override;
     std::string Copy(CellBlock block) const override { return Block_Text(Grid, block); }
     void Clear(CellBlock block) override;
-    bool Can_Undo() const override { return Same_Size() && History.Can_Undo(); }
-    bool Can_Redo() const override { return Same_Size() && History.Can_Redo(); }
-    void Undo() override;
-    void Redo() override;
 
   private:
-    bool Same_Size() const { return EditedRows == Grid.Rows() && EditedColumns == Grid.Columns(); }
-    void Commit(std::vector<CellChange> step);
+    /// False when the cell shows the text already or cannot be edited.
+    bool Put(int row, int column, const std::string& text);
 
     TextGrid& Grid;
     std::function<void()> Changed;
-    EditHistory History;
-    int EditedRows = 0;
-    int EditedColumns = 0;
 };
 
 }  // namespace tarnvik

@@ -298,8 +298,4 @@ void CurvesPage::Refresh_Shots() {
     Profile->Draw_Sketch();
 }
 
-void CurvesPage::Prepare_Profile() {
-    Profile->Show_Whole_Line();
-}
-
 }  // namespace tarnvik

@@ -45,8 +45,6 @@ class CurvesPage : public QWidget {
 
     void Refresh();
     void Refresh_Shots();
-    /// Makes room for the profile before it is drawn; the whole line comes into sight.
-    void Prepare_Profile();
 
   private:
     QWidget* Curves_Pane();

@@ -3,8 +3,11 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <algorithm>
+#include <optional>
 #include <utility>
 
+#include "core/text/number.h"
 #include "ui/text_grid_model.h"
 
 namespace tarnvik {
@@ -195,6 +198,45 @@ void FieldBinder::Scroll(QScrollBar* control, ScrollBar& field, Reaction changed
         control->setRange(field.Min, field.Max);
         control->setValue(field.Value);
     });
+}
+
+void FieldBinder::Scroll(QScrollBar* control, std::int32_t& field, std::function<int()> last,
+                         Reaction changed) {
+    QObject::connect(control, &QScrollBar::valueChanged, control, [&field, changed](int value) {
+        field = value;
+        React(changed);
+    });
+    Follow([control, &field, last = std::move(last)] {
+        const QSignalBlocker silent(control);
+        control->setRange(1, std::max(1, last()));
+        control->setValue(field);
+    });
+}
+
+template <class Number, class Parse>
+void FieldBinder::Typed_Number(QLineEdit* control, Number& field, Parse parse, Reaction finished) {
+    QObject::connect(control, &QLineEdit::editingFinished, control, [control, &field, parse, finished] {
+        if (!control->isModified()) return;
+        control->setModified(false);
+        if (const auto number = parse(Val(control->text().toStdString()))) field = *number;
+        React(finished);
+    });
+    Follow([control, &field] {
+        const QString text = QString::fromStdString(CStr(field));
+        // What is being typed stays until it is finished.
+        if (!(control->isModified() && control->hasFocus()) && control->text() != text)
+            control->setText(text);
+    });
+}
+
+void FieldBinder::Finished_Number(QLineEdit* control, double& field, Reaction finished) {
+    Typed_Number(
+        control, field, [](double value) { return std::optional(value); }, std::move(finished));
+}
+
+void FieldBinder::Finished_Number(QLineEdit* control, std::int32_t& field, Reaction finished) {
+    Typed_Number(
+        control, field, [](double value) { return CLng(value); }, std::move(finished));
 }
 
 TextGridModel* FieldBinder::Grid(QTableView* view, TextGrid& grid, Reaction edited) {

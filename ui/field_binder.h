@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -51,6 +52,13 @@ class FieldBinder {
     void Choice(QButtonGroup* group, int& field, Reaction changed = {});
     void Number(QSpinBox* control, int& field, Reaction changed = {});
     void Scroll(QScrollBar* control, ScrollBar& field, Reaction changed = {});
+    /// A number from 1 to a limit that may change.
+    void Scroll(QScrollBar* control, std::int32_t& field, std::function<int()> last, Reaction changed);
+    /// A number that is typed as text; a text that is none counts by the digits that it begins with. The
+    /// reaction runs when Return is pressed or the control is left after a change. A value that the field
+    /// cannot hold leaves it as it was.
+    void Finished_Number(QLineEdit* control, double& field, Reaction finished);
+    void Finished_Number(QLineEdit* control, std::int32_t& field, Reaction finished);
     /// The view gets a model of its own; `edited` runs after the user changed a cell.
     class TextGridModel* Grid(QTableView* view, TextGrid& grid, Reaction edited = {});
 
@@ -68,6 +76,8 @@ class FieldBinder {
     void Refresh();
 
   private:
+    template <class Number, class Parse>
+    void Typed_Number(QLineEdit* control, Number& field, Parse parse, Reaction finished);
     std::vector<Reaction> Refreshers;
 };
 

@@ -152,10 +152,6 @@ void MainWindow::Select_Tab(Tab tab) {
     SSTab1->setCurrentIndex(static_cast<int>(tab));
 }
 
-void MainWindow::Prepare_Profile() {
-    Curves->Prepare_Profile();
-}
-
 void MainWindow::Place_Dock(QDockWidget* dock) {
     addDockWidget(Qt::RightDockWidgetArea, dock);
     Places.beginGroup("Tool windows/" + dock->objectName());

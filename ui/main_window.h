@@ -32,8 +32,6 @@ class MainWindow : public QMainWindow {
     void Refresh_Fields();
     void Refresh_Grids();
     void Select_Tab(Tab tab);
-    /// A drawing of the profile is about to begin.
-    void Prepare_Profile();
 
     /// Puts a tool window where it stood last, at first at the right side.
     void Place_Dock(QDockWidget* dock);

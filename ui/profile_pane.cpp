@@ -1,6 +1,7 @@
 #include "ui/profile_pane.h"
 
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -9,6 +10,8 @@
 #include <utility>
 
 #include "app/session.h"
+#include "core/text/letters.h"
+#include "core/text/number.h"
 #include "output/profile.h"
 #include "output/profile_sketch.h"
 #include "ui/painting/picture_file.h"
@@ -25,41 +28,23 @@ constexpr double wheel_zoom = 1.25;
 
 /// The bars count enlarged units: at factor 4 a picture 200 wide runs from 0 to 800, and 200 of them are
 /// seen.
-void Set_Range(QScrollBar* bar, double extent, double zoom, double middle) {
+void Set_Range(QScrollBar* bar, double extent, double zoom, int value) {
     const QSignalBlocker silent(bar);
     bar->setRange(0, static_cast<int>(std::lround(extent * zoom - extent)));
     bar->setPageStep(static_cast<int>(extent));
     bar->setSingleStep(static_cast<int>(extent / 10));
-    bar->setValue(static_cast<int>(std::lround(middle * zoom - extent / 2)));
+    bar->setValue(value);
     bar->setVisible(zoom != 1);
 }
 
-/// The window of the enlarged profile in the place of the curves' own, for one painting.
-class LentWindow {
-  public:
-    LentWindow(CurveView& view, double zoom_x, double zoom_y, int across, int up)
-        : View(view),
-          ZoomX(view.ZoomX),
-          ZoomY(view.ZoomY),
-          Across(view.HScroll1.Value),
-          Up(view.VScroll1.Value) {
-        Set(zoom_x, zoom_y, across, up);
-    }
-    ~LentWindow() { Set(ZoomX, ZoomY, Across, Up); }
-    LentWindow(const LentWindow&) = delete;
-    LentWindow& operator=(const LentWindow&) = delete;
-
-  private:
-    void Set(double zoom_x, double zoom_y, int across, int up) {
-        View.ZoomX = zoom_x;
-        View.ZoomY = zoom_y;
-        View.HScroll1.Value = across;
-        View.VScroll1.Value = up;
-    }
-    CurveView& View;
-    double ZoomX, ZoomY;
-    int Across, Up;
-};
+/// An elevation as a field shows it, and back; an empty field gives none.
+std::string Elevation_Text(const std::optional<double>& elevation) {
+    return elevation ? CStr(*elevation) : std::string();
+}
+std::optional<double> Elevation_In(const std::string& text) {
+    if (Trim(text).empty()) return std::nullopt;
+    return Val(text);
+}
 
 }  // namespace
 
@@ -109,13 +94,19 @@ ProfilePane::ProfilePane(Session& session, QtDisplay& display) : Program(session
     connect(Dromo1, &PictureBox::Moved, this, [this](const PictureEvent& event) {
         Show_Profile_Readout(Program.Work, Program.Outside, event.X, event.Y);
     });
-    for (QScrollBar* bar : {Across, Up})
-        connect(bar, &QScrollBar::valueChanged, this, &ProfilePane::Repaint);
-    Show_Whole_Line();
+    connect(Across, &QScrollBar::valueChanged, this, [this](int value) {
+        Program.Work.Profile.Across = value;
+        Repaint();
+    });
+    connect(Up, &QScrollBar::valueChanged, this, [this](int value) {
+        Program.Work.Profile.Up = value;
+        Repaint();
+    });
+    Fields.Follow([this] { Follow_Window(); });
+    Follow_Window();
 }
 
 QWidget* ProfilePane::Side() {
-    MainFields& fields = Program.Work.Fields;
     auto* side = new QWidget;
     Sketch = new PictureBox;
     Sketch->setObjectName("Sketch");
@@ -145,9 +136,7 @@ QWidget* ProfilePane::Side() {
         grid->addWidget(new QLabel(caption), row, 0);
         grid->addWidget(field, row, 1);
     }
-    Fields.Text(highest, fields.Text27);
-    Fields.Text(lowest, fields.Text33);
-    Fields.Result(height, fields.Text32);
+    Bind_Elevations(highest, lowest, height);
 
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins(4, 0, 4, 0);
@@ -158,6 +147,24 @@ QWidget* ProfilePane::Side() {
     return side;
 }
 
+void ProfilePane::Bind_Elevations(QLineEdit* highest, QLineEdit* lowest, QLineEdit* height) {
+    Fields.Follow([this] {
+        const ProfileView& view = Program.Work.Profile;
+        if (Elevation_In(Text27) != view.GivenMaxElevation) Text27 = Elevation_Text(view.GivenMaxElevation);
+        if (Elevation_In(Text33) != view.GivenMinElevation) Text33 = Elevation_Text(view.GivenMinElevation);
+        const bool either = view.GivenMaxElevation || view.GivenMinElevation;
+        Text32 = either ? CStr(view.GivenMaxElevation.value_or(0) - view.GivenMinElevation.value_or(0))
+                        : std::string();
+    });
+    const auto typed = [this] {
+        Give_Profile_Elevations(Program.Work, Program.Outside, {Elevation_In(Text27), Elevation_In(Text33)});
+        Refresh();
+    };
+    Fields.Text(highest, Text27, typed);
+    Fields.Text(lowest, Text33, typed);
+    Fields.Result(height, Text32);
+}
+
 void ProfilePane::Refresh() {
     Fields.Refresh();
 }
@@ -166,23 +173,32 @@ void ProfilePane::Draw_Sketch() {
     if (!isHidden()) Dessine_profile(Program.Work, Program.Outside);
 }
 
-void ProfilePane::Set_Window(double zoom_x, double zoom_y) {
-    const double middle_x = (Across->value() + picture_width / 2) / ZoomX;
-    const double middle_y = (Up->value() + picture_height / 2) / ZoomY;
-    ZoomX = zoom_x;
-    ZoomY = zoom_y;
-    Set_Range(Across, picture_width, ZoomX, middle_x);
-    Set_Range(Up, picture_height, ZoomY, middle_y);
+void ProfilePane::Follow_Window() {
+    const ProfileView& view = Program.Work.Profile;
+    Set_Range(Across, picture_width, view.ZoomX, view.Across);
+    Set_Range(Up, picture_height, view.ZoomY, view.Up);
 }
 
-void ProfilePane::Show_Whole_Line() {
-    Set_Window(1, 1);
+/// Another enlargement round the middle of what is seen.
+void ProfilePane::Set_Window(double zoom_x, double zoom_y) {
+    ProfileView& view = Program.Work.Profile;
+    const auto kept = [](int scrolled, double extent, double former, double zoom) {
+        const double middle = (scrolled + extent / 2) / former;
+        return static_cast<int>(
+            std::lround(std::clamp(middle * zoom - extent / 2, 0.0, extent * zoom - extent)));
+    };
+    view.Across = kept(view.Across, picture_width, view.ZoomX, zoom_x);
+    view.Up = kept(view.Up, picture_height, view.ZoomY, zoom_y);
+    view.ZoomX = zoom_x;
+    view.ZoomY = zoom_y;
+    Follow_Window();
 }
 
 void ProfilePane::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
+    const ProfileView& view = Program.Work.Profile;
     const bool shift = modifiers.testFlag(Qt::ShiftModifier);
     if (!modifiers.testFlag(Qt::ControlModifier)) {
-        QScrollBar* bar = shift || ZoomY == 1 ? Across : Up;
+        QScrollBar* bar = shift || view.ZoomY == 1 ? Across : Up;
         const int direction = bar == Up ? 1 : -1;
         bar->setValue(bar->value() +
                       direction * static_cast<int>(std::lround(steps * bar->pageStep() / 8.0)));
@@ -194,14 +210,12 @@ void ProfilePane::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
         const double wanted = std::clamp(zoom * factor, 1.0, largest_zoom);
         return wanted < 1.05 ? 1.0 : wanted;
     };
-    Set_Window(shift ? ZoomX : enlarged(ZoomX), shift ? enlarged(ZoomY) : ZoomY);
+    Set_Window(shift ? view.ZoomX : enlarged(view.ZoomX), shift ? enlarged(view.ZoomY) : view.ZoomY);
     Repaint();
 }
 
 void ProfilePane::Repaint() {
-    if (isHidden()) return;
-    const LentWindow window(Program.Work.Curves, ZoomX, ZoomY, Across->value(), Up->value());
-    Screen.Repaint_Page(Page::Profile);
+    if (!isHidden()) Screen.Repaint_Page(Page::Profile);
 }
 
 }  // namespace tarnvik

@@ -2,11 +2,13 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <string>
 
 #include "core/workspace.h"
 #include "ui/field_binder.h"
 #include "ui/picture_box.h"
 
+class QLineEdit;
 class QScrollBar;
 
 namespace tarnvik {
@@ -15,8 +17,8 @@ class QtDisplay;
 class Session;
 
 /// The seismic profile with its elevation scale, the elevations it stands between and the sketch of the line.
-/// The wheel enlarges what is seen and the bars scroll it; both only paint, since each drawing on command
-/// corrects the distances once more and takes every enlargement back.
+/// The wheel enlarges what is seen and the bars scroll it; both only paint what stands. An elevation that is
+/// typed is drawn at once.
 class ProfilePane : public QWidget {
     Q_OBJECT
 
@@ -25,11 +27,11 @@ class ProfilePane : public QWidget {
 
     void Refresh();
     void Draw_Sketch();
-    /// Takes the enlargement back.
-    void Show_Whole_Line();
 
   private:
     QWidget* Side();
+    void Bind_Elevations(QLineEdit* highest, QLineEdit* lowest, QLineEdit* height);
+    void Follow_Window();
     void Wheel(double steps, Qt::KeyboardModifiers modifiers);
     void Set_Window(double zoom_x, double zoom_y);
     void Repaint();
@@ -41,8 +43,9 @@ class ProfilePane : public QWidget {
     PictureBox* Sketch = nullptr;
     QScrollBar* Across = nullptr;
     QScrollBar* Up = nullptr;
-    double ZoomX = 1;
-    double ZoomY = 1;
+    std::string Text27;  ///< elevations as they stand in the fields
+    std::string Text33;
+    std::string Text32;
     FieldBinder Fields;
     QTimer Resized;
 };

@@ -72,9 +72,9 @@ void QtDisplay::Show_Curves() {
 }
 
 void QtDisplay::Show_Profile() {
-    if (Window != nullptr) Window->Prepare_Profile();
-    SessionDisplay::Show_Profile();
+    // The panes and bars first: they decide how large the picture is.
     Show_Fields();
+    SessionDisplay::Show_Profile();
 }
 
 void QtDisplay::Show_Grids() {

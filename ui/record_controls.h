@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QKeySequence>
-#include <QList>
 #include <QWidget>
-#include <functional>
-#include <string>
 
 #include "ui/field_binder.h"
 
 class QBoxLayout;
 class QCheckBox;
 class QLineEdit;
-class QToolButton;
 
 namespace tarnvik {
 
@@ -26,24 +21,17 @@ class RecordControls : public QWidget {
     explicit RecordControls(Session& session);
     void Refresh() { Fields.Refresh(); }
 
-    /// Record before (-1) or behind (1) the one shown.
-    void Show_Neighbour(int step);
-    void Enlarge_Traces();
-    void Reduce_Traces();
+    /// Runs a command of the page as its button would; nothing while it is refused.
+    void Run(const char* name);
 
   private:
-    struct Look {
-        const char* Name = "";
-        QString Icon{};
-        QString Text{};
-        QString Tooltip{};
-        QList<QKeySequence> Keys{};  ///< act wherever the focus is, as long as the record is in sight
-    };
-    QToolButton* Button(QBoxLayout* row, const Look& look, FieldBinder::Reaction run);
-    QLineEdit* Number_Field(const char* name, const QString& tooltip, std::string& field,
+    /// The button of a command of the page; while it is refused its tooltip tells why.
+    void Button(QBoxLayout* row, const char* name);
+    template <class Number>
+    QLineEdit* Number_Field(const char* name, const QString& tooltip, Number& field,
                             FieldBinder::Reaction finished);
     QCheckBox* Tick(const char* name, const QString& caption, const QString& tooltip, bool& field,
-                    bool redraw);
+                    FieldBinder::Reaction changed = {});
     QWidget* Record_Commands();
     QWidget* Zoom_Commands();
     QWidget* Size_Commands();

@@ -102,17 +102,13 @@ void RecordPage::Wire_Record() {
         constexpr int up = 38;
         constexpr int right = 39;
         constexpr int down = 40;
-        if (code == left || code == right) Controls->Show_Neighbour(code == left ? -1 : 1);
-        if (code == up) Controls->Enlarge_Traces();
-        if (code == down) Controls->Reduce_Traces();
+        if (code == left || code == right) Controls->Run(code == left ? "Command24" : "Command23");
+        if (code == up) Controls->Run("Command15");
+        if (code == down) Controls->Run("Command10");
     });
     connect(Ecran, &PictureBox::Wheel_Turned, this, [this](double steps, Qt::KeyboardModifiers modifiers) {
         if (!modifiers.testFlag(Qt::ControlModifier) || steps == 0) return;
-        if (steps > 0) {
-            Controls->Enlarge_Traces();
-        } else {
-            Controls->Reduce_Traces();
-        }
+        Controls->Run(steps > 0 ? "Command15" : "Command10");
     });
 }
 

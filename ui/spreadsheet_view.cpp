@@ -96,9 +96,6 @@ SpreadsheetView::SpreadsheetView(TextGrid& grid, std::unique_ptr<CellEdits> edit
     CopyCells = Entry(tr("Copy"), {QKeySequence::Copy}, &SpreadsheetView::Run_Copy);
     PasteCells = Entry(tr("Paste"), {QKeySequence::Paste}, &SpreadsheetView::Run_Paste);
     ClearCells = Entry(tr("Clear"), {Qt::Key_Delete, Qt::Key_Backspace}, &SpreadsheetView::Run_Clear);
-    UndoEdit = Entry(tr("Undo"), {QKeySequence::Undo}, &SpreadsheetView::Run_Undo);
-    RedoEdit = Entry(tr("Redo"), {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z},
-                     &SpreadsheetView::Run_Redo);
     setContextMenuPolicy(Qt::ActionsContextMenu);
     Hide_Fixed_Cells();
     Refresh();
@@ -134,8 +131,10 @@ void SpreadsheetView::Refresh() {
         setCurrentIndex(wanted);
         Following = false;
     }
-    UndoEdit->setEnabled(Edits->Can_Undo());
-    RedoEdit->setEnabled(Edits->Can_Redo());
+}
+
+void SpreadsheetView::Refresh_Cell(int row, int column) {
+    Model->Refresh_Cell(row, column);
 }
 
 void SpreadsheetView::updateGeometries() {
@@ -244,16 +243,6 @@ void SpreadsheetView::Run_Paste() {
 void SpreadsheetView::Run_Clear() {
     const CellBlock block = Selected();
     if (block.LastRow >= block.FirstRow && block.LastColumn >= block.FirstColumn) Edits->Clear(block);
-    Refresh();
-}
-
-void SpreadsheetView::Run_Undo() {
-    Edits->Undo();
-    Refresh();
-}
-
-void SpreadsheetView::Run_Redo() {
-    Edits->Redo();
     Refresh();
 }
 

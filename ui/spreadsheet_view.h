@@ -25,6 +25,8 @@ class SpreadsheetView : public QTableView {
     TextGridModel& Cells() { return *Model; }
     /// The logic changed the grid or its current cell.
     void Refresh();
+    /// It changed the content of one cell.
+    void Refresh_Cell(int row, int column);
     /// The selected block without headings; empty (last before first) when nothing is selected.
     CellBlock Selected() const;
     enum class Step { Up, Down, Left, Right, Next, Previous };
@@ -37,8 +39,6 @@ class SpreadsheetView : public QTableView {
     QAction* CopyCells = nullptr;
     QAction* PasteCells = nullptr;
     QAction* ClearCells = nullptr;
-    QAction* UndoEdit = nullptr;
-    QAction* RedoEdit = nullptr;
 
   protected:
     bool event(QEvent* event) override;
@@ -55,8 +55,6 @@ class SpreadsheetView : public QTableView {
     void Run_Cut();
     void Run_Paste();
     void Run_Clear();
-    void Run_Undo();
-    void Run_Redo();
 
     TextGrid& Grid;
     std::unique_ptr<CellEdits> Edits;

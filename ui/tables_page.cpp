@@ -1,6 +1,5 @@
 #include "ui/tables_page.h"
 
-#include <QAction>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -9,10 +8,9 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QToolButton>
 #include <QVBoxLayout>
 
-#include "app/dialog_commands.h"
+#include "app/commands.h"
 #include "app/session.h"
 #include "core/text/number.h"
 #include "setup/build_grid.h"
@@ -27,6 +25,10 @@ bool Has_Line(const Session& session) {
     const Project& project = session.Work.Project;
     return project.NbShots > 0 && project.NbReceivers > 0 &&
            project.ShotTimes.Has(project.NbShots, project.NbReceivers);
+}
+
+QString From(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 /// Picks stand apart from places and elevations, and both from what cannot be typed.
@@ -52,12 +54,12 @@ TablesPage::TablesPage(Session& session) : Program(session) {
     Buildgrid->Cells().Heading_Tip = [&session](int section, Qt::Orientation orientation) {
         const bool shot =
             orientation == Qt::Horizontal && section >= 1 && section <= session.Work.Project.NbShots;
-        return shot ? tr("Double click to remove this shot") : QString();
+        return shot ? From(Find_Command("RemoveShot")->Tooltip) : QString();
     };
     connect(Buildgrid->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int column) {
         if (!Has_Line(Program) || column < 1 || column > Program.Work.Project.NbShots) return;
         Program.Work.Grids.Buildgrid.CurrentColumn = column;
-        Run(Remove_Current_Shot);
+        Run("RemoveShot");
     });
     Buildgrid->verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("Shot Elev.") + 14);
 
@@ -65,6 +67,10 @@ TablesPage::TablesPage(Session& session) : Program(session) {
                                       std::make_unique<ProjectCells>(session.RemarkTable));
     remark_grid->setObjectName("remark_grid");
     remark_grid->horizontalHeader()->setStretchLastSection(true);
+
+    // Some commands work on the shot that is selected.
+    connect(Buildgrid->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { Fields.Refresh(); });
 
     Fields.Follow([this] {
         Buildgrid->setEnabled(Has_Line(Program));
@@ -93,9 +99,19 @@ QWidget* TablesPage::Commands() {
     auto* column = new QWidget;
     auto* rows = new QVBoxLayout(column);
     rows->setContentsMargins(0, 0, 0, 0);
-    for (QWidget* group :
-         {Edit_Group(), Picks_Group(), Line_Group(), Elevation_Group(), Coordinates_Group()}) {
-        rows->addWidget(group);
+    QString title;
+    QBoxLayout* buttons = nullptr;
+    for (const Command& command : Tables_Page_Commands()) {
+        if (const QString next = From(command.Menu); next != title) {
+            title = next;
+            auto* group = new QGroupBox(title);
+            rows->addWidget(group);
+            buttons = new QVBoxLayout(group);
+            if (title == "Table") buttons->addLayout(Undo_Row());
+            if (title == "Line") buttons->addLayout(Line_Values());
+        }
+        // One without a caption belongs to a control of its own.
+        if (!command.Caption.empty()) buttons->addWidget(Button(command));
     }
     rows->addStretch(1);
     // On a low screen the column scrolls; nothing of it is squeezed.
@@ -108,62 +124,40 @@ QWidget* TablesPage::Commands() {
     return scrolled;
 }
 
-QPushButton* TablesPage::Button(const char* name, const QString& caption, const QString& tooltip,
-                                std::function<void(Session&)> run) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(tooltip);
-    Fields.Command(button, [this, run = std::move(run)] { Run(run); });
-    Fields.Enabled(button, [this] { return Has_Line(Program); });
+QAbstractButton* TablesPage::Button(const Command& command) {
+    QAbstractButton* button = nullptr;
+    if (command.Checked != nullptr) {
+        button = new QRadioButton(From(command.Caption));
+        Fields.Follow([this, button, &command] { button->setChecked(command.Checked(Program)); });
+    } else {
+        button = new QPushButton(From(command.Caption));
+    }
+    button->setObjectName(From(command.Name));
+    Fields.Command(button, [this, &command] { Run(command.Name); });
+    Fields.Follow([this, button, &command] {
+        const std::string refusal = Refusal_Of(command, Program);
+        button->setEnabled(refusal.empty());
+        button->setToolTip(refusal.empty() ? From(command.Tooltip) : QString::fromStdString(refusal));
+        if (command.Text != nullptr) button->setText(QString::fromStdString(command.Text(Program)));
+    });
     return button;
 }
 
-void TablesPage::Run(const std::function<void(Session&)>& command) {
-    const TextGrid& grid = Program.Work.Grids.Buildgrid;
-    const std::string before = Block_Text(grid, {0, 0, grid.Rows() - 1, grid.Columns() - 1});
-    command(Program);
-    // Cells that a command computed anew must not be taken back to what they were before it.
-    if (Block_Text(grid, {0, 0, grid.Rows() - 1, grid.Columns() - 1}) != before) Program.PickTable.Forget();
+void TablesPage::Run(std::string_view command) {
+    Run_Command(Program, command);
     Refresh();
 }
 
-QWidget* TablesPage::Edit_Group() {
-    auto* group = new QGroupBox(tr("Table"));
-    auto* rows = new QGridLayout(group);
-    const auto tool = [this](const char* name, const QString& tooltip, QAction*(SpreadsheetView::*entry)) {
-        auto* button = new QPushButton((Buildgrid->*entry)->text());
-        button->setObjectName(name);
-        button->setToolTip(tooltip);
-        // The buttons serve the table that the user works in.
-        button->setFocusPolicy(Qt::NoFocus);
-        Fields.Command(button, [this, entry] {
-            SpreadsheetView* table = remark_grid->hasFocus() ? remark_grid : Buildgrid;
-            (table->*entry)->trigger();
-            Fields.Refresh();
-        });
-        Fields.Enabled(button, [this, entry] {
-            return (Buildgrid->*entry)->isEnabled() || (remark_grid->*entry)->isEnabled();
-        });
-        return button;
-    };
-    rows->addWidget(
-        tool("Undo", tr("Takes the last edit of cells back (Ctrl+Z)"), &SpreadsheetView::UndoEdit), 0, 0);
-    rows->addWidget(tool("Redo", tr("Does it again (Ctrl+Y)"), &SpreadsheetView::RedoEdit), 0, 1);
-    rows->addWidget(
-        Button("Save", tr("Save"), tr("Writes the project with the values of the tables"), Save_From_Table),
-        1, 0, 1, 2);
-    return group;
-}
-
-QWidget* TablesPage::Picks_Group() {
-    auto* group = new QGroupBox(tr("First breaks"));
-    auto* rows = new QVBoxLayout(group);
-    rows->addWidget(Button("Command20", tr("Load FBP from SU header"),
-                           tr("Import into grid  FBP value from SU file"), Load_Header_Picks));
-    rows->addWidget(Button("Grid_2_SU", tr("Store FBP in SU header"),
-                           tr("Writes the times of the grid into the trace headers of the SU file"),
-                           Store_Header_Picks));
-    return group;
+QLayout* TablesPage::Undo_Row() {
+    auto* row = new QHBoxLayout;
+    for (const char* name : {"Undo", "Redo"}) {
+        const Command* command = Find_Command(name);
+        if (command == nullptr) continue;
+        QAbstractButton* button = Button(*command);
+        button->setObjectName(QString(name) + "InTable");
+        row->addWidget(button);
+    }
+    return row;
 }
 
 QLineEdit* TablesPage::Shown_Value(const char* name, const QString& tooltip) {
@@ -179,21 +173,21 @@ QLineEdit* TablesPage::Shown_Value(const char* name, const QString& tooltip) {
     return edit;
 }
 
-QWidget* TablesPage::Line_Group() {
-    MainFields& fields = Program.Work.Fields;
-    auto* group = new QGroupBox(tr("Line"));
-    auto* rows = new QGridLayout(group);
-    LineLength = Shown_Value("Text6", tr("From end shot 1 to last end shot. Double click to change"));
+QLayout* TablesPage::Line_Values() {
+    LineLength = Shown_Value("Text6", From(Find_Command("Text6")->Tooltip));
     LineLength->installEventFilter(this);
-    // Opening a project fills no field with its length.
-    Fields.Follow([this] {
-        LineLength->setText(Has_Line(Program) ? QString::fromStdString(CStr(Program.Work.Project.LineLength))
-                                              : QString());
-    });
     QLineEdit* shift = Shown_Value("Text16", tr("Distance that was added to all distances"));
     QLineEdit* total_time = Shown_Value("Text25", tr("Reciprocal time, found with the delay times"));
-    Fields.Text(shift, fields.Text16);
-    Fields.Text(total_time, fields.Text25);
+    Fields.Follow([this, shift] {
+        const Project& project = Program.Work.Project;
+        const auto text = [this](double value) {
+            return Has_Line(Program) ? QString::fromStdString(CStr(value)) : QString();
+        };
+        LineLength->setText(text(project.LineLength));
+        shift->setText(text(project.DistanceShift));
+    });
+    Fields.Text(total_time, Program.Work.Fields.Text25);
+    auto* rows = new QGridLayout;
     QLineEdit* values[] = {LineLength, shift, total_time};
     const QString captions[] = {tr("Line length"), tr("Distance shift"), tr("Total time")};
     for (int row = 0; row < 3; ++row) {
@@ -206,73 +200,12 @@ QWidget* TablesPage::Line_Group() {
         rows->addWidget(values[row], row, 1);
         rows->addWidget(unit, row, 2);
     }
-    rows->addWidget(Button("Command6", tr("Distance correction"),
-                           tr("Press here to add or remove distance in order to have distance ZERO at First "
-                              "End Shot"),
-                           Correct_Distances),
-                    3, 0, 1, 3);
-    rows->addWidget(
-        Button("TakeOutShot", tr("Remove shot"),
-               tr("Takes the shot of the selected column out of the project in memory; its file is "
-                  "backed up first"),
-               Take_Out_Current_Shot),
-        4, 0, 1, 3);
-    return group;
-}
-
-QWidget* TablesPage::Elevation_Group() {
-    auto* group = new QGroupBox(tr("Elevations"));
-    auto* rows = new QVBoxLayout(group);
-    auto* of_shots = new QRadioButton(tr("Shots from geophones"));
-    auto* of_geophones = new QRadioButton(tr("Geophones from shots"));
-    of_shots->setObjectName("ShotsFromGeophones");
-    of_geophones->setObjectName("GeophonesFromShots");
-    of_shots->setToolTip(tr("Each shot between the two geophones beside it"));
-    of_geophones->setToolTip(tr("Each geophone between the two shots beside it"));
-    of_shots->setChecked(true);
-    auto* interpolate = Button("Command3", tr("Interpol  Shot Z from Z geo"),
-                               tr("Interpolates elevations along the line, in the direction chosen above"),
-                               [this](Session& session) {
-                                   Update == ElevationUpdate::ShotsFromReceivers
-                                       ? Shot_Elevations(session)
-                                       : Receiver_Elevations(session);
-                               });
-    for (const auto& [choice, update] : {std::pair(of_shots, ElevationUpdate::ShotsFromReceivers),
-                                         std::pair(of_geophones, ElevationUpdate::ReceiversFromShots)}) {
-        connect(choice, &QRadioButton::clicked, this, [this, interpolate, update = update] {
-            Update = update;
-            interpolate->setText(QString::fromStdString(Elevation_Caption(update)));
-        });
-        rows->addWidget(choice);
-    }
-    rows->addWidget(interpolate);
-    rows->addWidget(Button("Command11", tr("Compute distances  according to Z"),
-                           tr("Compute real  distances according to Geophone elevation"), True_Distances));
-    return group;
-}
-
-QWidget* TablesPage::Coordinates_Group() {
-    auto* group = new QGroupBox(tr("Surveyed coordinates"));
-    const QString form = tr(
-        "<p>Text files with one point on a line, in the order of the line: <b>X Y Z</b> or <b>name X Y "
-        "Z</b>, "
-        "separated by blanks, tabs, commas or semicolons, decimals behind a point. The first line may be a "
-        "heading.</p><p>Distances are horizontal, along the path through the geophones.</p>");
-    auto* rows = new QVBoxLayout(group);
-    QPushButton* enter = Button(
-        "Command7", tr("Enter XYZ files"),
-        "<p>" + tr("Read 2 ASCII files with geophone and shot XYZ location") + "</p>" + form, Enter_Xyz);
-    QPushButton* check = Button("Command9", tr("Check XYZ text file"), form, Check_Xyz);
-    for (QPushButton* button : {enter, check}) {
-        button->setWhatsThis(form);
-        rows->addWidget(button);
-    }
-    return group;
+    return rows;
 }
 
 bool TablesPage::eventFilter(QObject* watched, QEvent* event) {
     if (watched == LineLength && event->type() == QEvent::MouseButtonDblClick && Has_Line(Program)) {
-        Run(Line_Length);
+        Run("Text6");
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -283,6 +216,10 @@ void TablesPage::Refresh() {
     remark_grid->Refresh();
     Fields.Refresh();
     Fit_Columns();
+}
+
+void TablesPage::Refresh_Cell(int row, int column) {
+    Buildgrid->Refresh_Cell(row, column);
 }
 
 void TablesPage::Fit_Columns() {

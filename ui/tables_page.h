@@ -1,16 +1,18 @@
 #pragma once
 
 #include <QWidget>
+#include <string_view>
 
-#include "setup/elevations.h"
 #include "ui/field_binder.h"
 
-class QPushButton;
+class QAbstractButton;
+class QLayout;
 
 namespace tarnvik {
 
 class Session;
 class SpreadsheetView;
+struct Command;
 
 /// Second tab: the geometry and pick table and the remarks, and beside them the commands that work on them.
 class TablesPage : public QWidget {
@@ -20,20 +22,17 @@ class TablesPage : public QWidget {
     explicit TablesPage(Session& session);
     /// Fields and grids.
     void Refresh();
+    /// One cell of Buildgrid.
+    void Refresh_Cell(int row, int column);
     void Refresh_Fields() { Fields.Refresh(); }
 
   private:
     QWidget* Commands();
-    QWidget* Line_Group();
-    QWidget* Elevation_Group();
-    QWidget* Coordinates_Group();
-    QWidget* Picks_Group();
-    QWidget* Edit_Group();
+    QAbstractButton* Button(const Command& command);
+    QLayout* Undo_Row();
+    QLayout* Line_Values();
     QLineEdit* Shown_Value(const char* name, const QString& tooltip);
-    /// A button for a command of the table.
-    QPushButton* Button(const char* name, const QString& caption, const QString& tooltip,
-                        std::function<void(Session&)> run);
-    void Run(const std::function<void(Session&)>& command);
+    void Run(std::string_view command);
     void Fit_Columns();
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -42,7 +41,6 @@ class TablesPage : public QWidget {
     SpreadsheetView* Buildgrid = nullptr;
     SpreadsheetView* remark_grid = nullptr;
     QLineEdit* LineLength = nullptr;
-    ElevationUpdate Update = ElevationUpdate::ShotsFromReceivers;
     int FittedColumns = -1;
 };
 

@@ -131,8 +131,7 @@ void TextGridModel::Refresh() {
         endResetModel();
         return;
     }
-    // The table is rebuilt with every redraw of the curves, and mostly one cell of thousands has changed:
-    // only the rectangle round the changed ones is shown anew.
+    // Only the rectangle round the changed cells is shown anew: a cell being typed into keeps its editor.
     int top = ShownRows, left = ShownColumns, bottom = -1, right = -1;
     const TextGrid& grid = Grid;
     for (int row = 0; row < ShownRows; ++row) {
@@ -150,6 +149,17 @@ void TextGridModel::Refresh() {
     emit dataChanged(index(top, left), index(bottom, right));
     if (top < Grid.FixedRows) emit headerDataChanged(Qt::Horizontal, left, right);
     if (left < Grid.FixedColumns) emit headerDataChanged(Qt::Vertical, top, bottom);
+}
+
+void TextGridModel::Refresh_Cell(int row, int column) {
+    if (Grid.Rows() != ShownRows || Grid.Columns() != ShownColumns) {
+        Refresh();
+        return;
+    }
+    if (!Grid.Has(row, column)) return;
+    Shown.At(row, column) = static_cast<const TextGrid&>(Grid).At(row, column);
+    const QModelIndex changed = index(row, column);
+    emit dataChanged(changed, changed);
 }
 
 }  // namespace tarnvik

@@ -27,6 +27,8 @@ class TextGridModel : public QAbstractTableModel {
     /// The logic changed the grid: cells that differ are shown anew. Only a change of its size resets the
     /// model.
     void Refresh();
+    /// The logic changed one cell; the others are not looked at.
+    void Refresh_Cell(int row, int column);
 
     /// How a cell looks that has no colours of its own.
     enum class Look {

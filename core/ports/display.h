@@ -52,7 +52,7 @@ class Display {
 
     virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw
     virtual void Display_Record() = 0;  ///< field record, full redraw
-    virtual void Show_Profile() = 0;    ///< seismic profile in the mode in force
+    virtual void Show_Profile() = 0;    ///< seismic profile that stands; asks and corrects nothing
     virtual void Show_Grids() = 0;      ///< Buildgrid, Grille_Shot, remark_grid, size_grid changed
     virtual void Show_Fields() = 0;     ///< texts and ticks of the main form or of an open dialog changed
 

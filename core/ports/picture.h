@@ -53,6 +53,13 @@ class Picture {
     /// text.
     virtual void Print(std::string_view text, Colour colour) = 0;
 
+    /// Remembers the picture as it stands, so that what is drawn from now on can be taken off again.
+    virtual void Keep_Background() = 0;
+    /// Gives the remembered picture back inside a rectangle of two opposite corners; the margin goes with a
+    /// rectangle that reaches the edge of the window. False when nothing is remembered any more: the picture
+    /// was cleared or has another size.
+    virtual bool Bring_Back(double x1, double y1, double x2, double y2) = 0;
+
     /// Filled polygon and open line through pixel points, in the fill and line colour given.
     virtual void Polygon(std::span<const PixelPoint> points, Colour fill) = 0;
     virtual void Polyline(std::span<const PixelPoint> points, Colour colour) = 0;

@@ -21,9 +21,14 @@ class SilentPicture : public Picture {
         InForce.Bottom = bottom;
     }
     Frame Current_Frame() const override { return InForce; }
-    void Clear() override { Move_To(0, 0); }
     void Set_Clip(double, double, double, double) override {}
     void Clear_Clip() override {}
+    void Clear() override {
+        Move_To(0, 0);
+        BackgroundKept = false;
+    }
+    void Keep_Background() override { BackgroundKept = true; }
+    bool Bring_Back(double, double, double, double) override { return BackgroundKept; }
     void Line(double, double, double x2, double y2, Colour) override { Move_To(x2, y2); }
     void Box(double, double, double x2, double y2, Colour, bool) override { Move_To(x2, y2); }
     void Circle(double x, double y, double, Colour) override { Move_To(x, y); }
@@ -46,6 +51,7 @@ class SilentPicture : public Picture {
 
   private:
     Frame InForce;
+    bool BackgroundKept = false;
     double PenX = 0;
     double PenY = 0;
 };

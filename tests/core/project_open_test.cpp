@@ -47,7 +47,7 @@ class ProjectOpen : public testing::Test {
 TEST_F(ProjectOpen, LoadsBacksUpAndResetsTheViews) {
     Work.Curves.ZoomX = 3;
     Work.Curves.HScroll1.Value = 40;
-    Work.Fields.HScroll2.Value = 7;
+    Work.Record.Record = 7;
     Work.Project.CurrentFile = Path;
     ASSERT_TRUE(Open_Project(Work, Outside.Ports, Hooks));
     EXPECT_EQ(Hooked, (std::vector<std::string>{"su", "grm"}));
@@ -57,9 +57,8 @@ TEST_F(ProjectOpen, LoadsBacksUpAndResetsTheViews) {
     EXPECT_EQ(Work.Curves.MaxTime, 26);
     EXPECT_EQ(Work.Curves.TimeFactor, 0.5);
     EXPECT_EQ(Work.Curves.ZoomX, 1);
-    EXPECT_EQ(Work.Fields.HScroll2.Value, 1);
+    EXPECT_EQ(Work.Record.Record, 1);
     EXPECT_EQ(Work.Fields.Text25, "55.5");
-    EXPECT_EQ(Work.Fields.Text16, "-2.25");
     EXPECT_EQ(Work.Fields.Label16, Work.Project.SuFile);
     EXPECT_EQ(Work.Fields.FirstTabCaption, Path);
     EXPECT_FALSE(Work.NoOffsetShots);

@@ -4,9 +4,11 @@
 
 #include <cmath>
 
+#include "core/edits/project_block.h"
 #include "output/line_for_profiles.h"
 #include "output/profile_painting.h"
 #include "support/test_ports.h"
+#include "traveltime/zoom.h"
 
 namespace tarnvik::test {
 namespace {
@@ -17,6 +19,13 @@ constexpr Colour grm_colour = 128;
 
 class ProfileTest : public testing::Test {
   protected:
+    ProfileTest() { Paint_On_Request(Work); }
+    /// The display shows the profile that stands, as the window does.
+    void Paint_On_Request(Workspace& workspace) {
+        Test.Display.OnShowProfile = [this, &workspace] {
+            EXPECT_EQ(Paint_Profile(workspace, Drawing(), Strip()), "");
+        };
+    }
     void Draw(DisplayMode mode = DisplayMode::Profil) {
         Work.Mode.Display(mode);
         Draw_Seismic_Profile(Work, Test.Ports);
@@ -148,6 +157,7 @@ TEST_F(ProfileTest, DrawsNoMarksFrom20ShotsOnButTheArcs) {
             many.Project.ShotElevation(shot) = 100;
         }
         many.Project.ShotThickness(4, 1) = 5;
+        Paint_On_Request(many);
         Draw_Seismic_Profile(many, Test.Ports);
         const std::size_t arcs = 2 * 12;
         EXPECT_EQ(Drawing().Of(Verb::Line, colours::Red).size(), shots < 20 ? arcs + 6 * 19 : arcs);
@@ -255,12 +265,49 @@ TEST_F(ProfileTest, AsksForBothExtremesOfALineAtElevation0) {
     Test.Prompts.Expect_Input("Maximum profile elevation", "20");
     Test.Prompts.Expect_Input("Minimum profile elevation", "-5.5");
     Draw();
-    EXPECT_EQ(Work.Fields.Text27, "20");
-    EXPECT_EQ(Work.Fields.Text33, "-5.5");
-    EXPECT_EQ(Work.Fields.Text32, "25.5");
     EXPECT_EQ(Work.Profile.ProfileMaxElevation, 30);
     EXPECT_EQ(Work.Profile.ProfileMinElevation, -5.5);
     EXPECT_TRUE(Drawing().Has_Line(10, 70, 40, 70, colours::Lime));
+}
+
+TEST_F(ProfileTest, OffersTheElevationsOfBeforeAndDrawsThoseThatAreTypedAtOnce) {
+    for (int shot = 1; shot <= 3; ++shot)
+        Work.Project.ShotElevation(shot) = 0;
+    Test.Prompts.Expect_Input("Maximum profile elevation", "20");
+    Test.Prompts.Expect_Input("Minimum profile elevation", "-5.5");
+    Draw();
+    EXPECT_EQ(Test.Prompts.InputDefaults.back(), "");
+    Test.Prompts.Expect_Input("Maximum profile elevation", "20");
+    Test.Prompts.Expect_Input("Minimum profile elevation", "-7");
+    Draw();
+    EXPECT_EQ(Test.Prompts.InputDefaults.back(), "-5.5");
+    EXPECT_EQ(Work.Profile.GivenMinElevation, -7);
+
+    Drawing().List.clear();
+    Give_Profile_Elevations(Work, Test.Ports, {45, -7});
+    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 50);
+    EXPECT_EQ(Work.Profile.ProfileVFactor, 1);
+    EXPECT_FALSE(Drawing().List.empty());
+    Give_Profile_Elevations(Work, Test.Ports, {45, -51});
+    EXPECT_EQ(Work.Profile.ProfileVFactor, 2) << "more than 100 units high";
+    Give_Profile_Elevations(Work, Test.Ports, {{}, -51});
+    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 10) << "of the line again";
+    Drawing().List.clear();
+    Give_Profile_Elevations(Work, Test.Ports, {1e300, -51});
+    EXPECT_TRUE(Drawing().List.empty());
+    Work.Curves.FrameDrawn = 1;
+    Give_Profile_Elevations(Work, Test.Ports, {30, 0});
+    EXPECT_TRUE(Drawing().List.empty()) << "no profile stands";
+}
+
+TEST_F(ProfileTest, TakesTheElevationsOfTheCallerWithoutAQuestion) {
+    Draw_Seismic_Profile(Work, Test.Ports, {{}, 95});
+    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 110);
+    EXPECT_EQ(Work.Profile.ProfileMinElevation, 95);
+    Work.Project.ShotElevation(2) = 0;
+    Draw_Seismic_Profile(Work, Test.Ports, {129, 50});
+    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 130);
+    EXPECT_EQ(Work.Profile.ProfileMinElevation, 50);
 }
 
 TEST_F(ProfileTest, TakesAnAnswerThatIsNoNumberAs0) {
@@ -319,52 +366,78 @@ TEST_F(ProfileTest, AnswersAProjectWithoutShotsWithItsMessage) {
     EXPECT_EQ(Test.Prompts.Messages[0].Title, "Seismic profile Error");
 }
 
-TEST_F(ProfileTest, CorrectsTheDistancesAtEachDrawingButNotAtAPainting) {
+TEST_F(ProfileTest, CorrectsTheDistancesAsAnEditWhenTheUserStartsItAndNeverWhenItIsShownAgain) {
     Project& project = Work.Project;
     project.ReceiverData(ReceiverElevation, 2) = 118;
+    Work.Edits.Start(project, true);
+    const std::string start = Project_Block(project);
     Draw();
     EXPECT_EQ(project.ReceiverData(ReceiverDistance, 2), 54);  // 30 + root of 30 * 30 - 18 * 18
-    RecordingPicture page;
-    RecordingPicture strip;
-    EXPECT_EQ(Paint_Profile(Work, page, strip), "");
+    EXPECT_EQ(Work.Edits.Undo_Name(), "Horizontal distances of the profile");
+    EXPECT_FALSE(Work.Edits.Is_Saved());
+    EXPECT_NE(Work.Fields.Status.find("horizontal"), std::string::npos);
+    const std::size_t drawn = Drawing().List.size();
+    Drawing().List.clear();
+    Test.Ports.Show.Show_Profile();
+    EXPECT_EQ(Drawing().List.size(), drawn);
     EXPECT_EQ(project.ReceiverData(ReceiverDistance, 2), 54);
-    EXPECT_EQ(page.List.size(), Drawing().List.size());
     Draw();
     EXPECT_FLOAT_EQ(project.ReceiverData(ReceiverDistance, 2), 45.874508F);  // 30 + root of 24*24 - 18*18
+    ASSERT_EQ(Work.Edits.All().size(), 2U);
+    EXPECT_EQ(Work.Edits.Go_To(project, 0), "");
+    EXPECT_EQ(Project_Block(project), start);
+    EXPECT_TRUE(Work.Edits.Is_Saved());
 }
 
-TEST_F(ProfileTest, ResetsTheZoomAndShowsTheScrolledWindow) {
-    Work.Curves.ZoomX = 5;
-    Work.Curves.ZoomY = 4;
+TEST_F(ProfileTest, ChangesNothingOfALineThatIsFlat) {
+    Work.Edits.Start(Work.Project, true);
+    const std::string start = Project_Block(Work.Project);
+    Draw(DisplayMode::Profil3);
+    EXPECT_EQ(Project_Block(Work.Project), start);
+    EXPECT_TRUE(Work.Edits.All().empty());
+    EXPECT_TRUE(Work.Edits.Is_Saved());
+    EXPECT_EQ(Work.Fields.Status, "");
+}
+
+TEST_F(ProfileTest, ShowsTheWholeLineWhenStartedAndItsWindowWhenShownAgain) {
+    Set_Zoom(Work.Curves, 5, 4);
     Work.Curves.HScroll1.Value = 30;
     Work.Curves.VScroll1.Value = 7;
+    Work.Profile.ZoomX = 4;
+    Work.Profile.Across = 30;
     Draw();
     EXPECT_EQ(Work.Curves.ZoomX, 1);
     EXPECT_EQ(Work.Curves.ZoomY, 1);
-    EXPECT_EQ(Drawing().Current_Frame(), (Frame{30, 107, 230, 7, 960, 500}));
-    Work.Curves.ZoomX = 4;
-    Work.Curves.ZoomY = 2;
-    RecordingPicture page;
-    RecordingPicture strip;
-    EXPECT_EQ(Paint_Profile(Work, page, strip), "");
-    EXPECT_EQ(page.Current_Frame(), (Frame{8, 54, 58, 4, 960, 500}));  // halves to even
-    EXPECT_EQ(strip.Current_Frame(), (Frame{0, 55, 10, 3, 960, 500}));
+    EXPECT_EQ(Work.Curves.HScroll1.Value, 0);
+    EXPECT_EQ(Drawing().Current_Frame(), (Frame{0, 100, 200, 0, 960, 500}));
+    Work.Profile.ZoomX = 4;
+    Work.Profile.ZoomY = 2;
+    Work.Profile.Across = 30;
+    Work.Profile.Up = 7;
+    Test.Ports.Show.Show_Profile();
+    EXPECT_EQ(Drawing().Current_Frame(), (Frame{8, 54, 58, 4, 960, 500}));  // halves to even
+    EXPECT_EQ(Strip().Current_Frame(), (Frame{0, 55, 10, 3, 960, 500}));
 }
 
 TEST_F(ProfileTest, StandsBesideTheCurvesInTheCombinedDisplay) {
     Work.Project.GrmData(9, 2) = 10;
+    Set_Zoom(Work.Curves, 3, 2);
+    Work.Profile.ZoomY = 4;
+    double zoom_of_curves = 0;
     Test.Display.OnShowCurves = [&] {
+        zoom_of_curves = Work.Curves.ZoomX;
         Work.Mode.Display(DisplayMode::Dromo);
         Work.Curves.FrameDrawn = 1;
     };
     const int clears = Drawing().Clears;
     Show_Combined(Work, Test.Ports);
     EXPECT_EQ(Test.Display.Count("Show_Curves"), 1);
+    EXPECT_EQ(zoom_of_curves, 1);
+    EXPECT_EQ(Work.Profile.ZoomY, 1);
     EXPECT_EQ(Drawing().Of(Verb::Arc).size(), 1U) << "drawn with ABC and GRM depths";
-    EXPECT_EQ(Drawing().Clears, clears) << "drawn over what stands";
+    EXPECT_EQ(Drawing().Clears, clears + 1) << "no letters of before stay at the margins";
     EXPECT_EQ(Work.Mode.Current(), DisplayMode::Both);
     EXPECT_EQ(Work.Curves.FrameDrawn, 2);
-    EXPECT_TRUE(Work.Profile.ProfileOverlay);
 }
 
 TEST_F(ProfileTest, TellsDistanceAndElevationUnderThePointer) {

@@ -1,5 +1,6 @@
 #include "support/recording_picture.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnvik::test {
@@ -18,6 +19,7 @@ void RecordingPicture::Scale(double left, double top, double right, double botto
 
 void RecordingPicture::Clear() {
     if (!Clipped) List.clear();
+    Background.reset();
     Move_To(0, 0);
     ++Clears;
 }
@@ -25,6 +27,17 @@ void RecordingPicture::Clear() {
 void RecordingPicture::Set_Clip(double x1, double y1, double x2, double y2) {
     Clipped = Clip{x1, y1, x2, y2};
     Clips.push_back(*Clipped);
+}
+
+bool RecordingPicture::Bring_Back(double x1, double y1, double x2, double y2) {
+    if (!Background) return false;
+    const auto inside = [&](const Drawn& drawn) {
+        return std::min(drawn.X1, drawn.X2) >= x1 && std::max(drawn.X1, drawn.X2) <= x2 &&
+               std::min(drawn.Y1, drawn.Y2) >= y1 && std::max(drawn.Y1, drawn.Y2) <= y2;
+    };
+    const auto first = List.begin() + static_cast<std::ptrdiff_t>(*Background);
+    List.erase(std::remove_if(first, List.end(), inside), List.end());
+    return true;
 }
 
 Drawn& RecordingPicture::Add(Drawn::Verb verb, double x1, double y1, Colour colour) {

@@ -39,6 +39,9 @@ class RecordingPicture : public Picture {
     void Clear() override;
     void Set_Clip(double x1, double y1, double x2, double y2) override;
     void Clear_Clip() override { Clipped.reset(); }
+    void Keep_Background() override { Background = List.size(); }
+    /// Takes off the list what was drawn on the background and lies wholly in the rectangle.
+    bool Bring_Back(double x1, double y1, double x2, double y2) override;
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) override;
     void Circle(double x, double y, double radius, Colour colour) override;
@@ -79,6 +82,7 @@ class RecordingPicture : public Picture {
     std::vector<Clip> Clips;      ///< all that were set
 
   private:
+    std::optional<std::size_t> Background;  ///< entries of the list that belong to it
     Drawn& Add(Drawn::Verb verb, double x1, double y1, Colour colour);
     Frame InForce;
     double PenX = 0;

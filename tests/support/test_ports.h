@@ -23,7 +23,10 @@ class RecordingDisplay : public Display {
         if (OnShowCurves) OnShowCurves();
     }
     void Display_Record() override { Calls.emplace_back("Display_Record"); }
-    void Show_Profile() override { Calls.emplace_back("Show_Profile"); }
+    void Show_Profile() override {
+        Calls.emplace_back("Show_Profile");
+        if (OnShowProfile) OnShowProfile();
+    }
     void Show_Grids() override { Calls.emplace_back("Show_Grids"); }
     void Show_Fields() override { Calls.emplace_back("Show_Fields"); }
     void Select_Tab(Tab tab) override {
@@ -64,6 +67,7 @@ class RecordingDisplay : public Display {
     std::vector<Dialog> Open;
     std::vector<Dialog> InFront;
     std::function<void()> OnShowCurves;
+    std::function<void()> OnShowProfile;
     bool Printable = true;
 };
 

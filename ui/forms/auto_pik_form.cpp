@@ -9,25 +9,25 @@ AutoPikForm::AutoPikForm(Session& session, QtDisplay&) : Logic(session.Automatic
     Ui::AutoPikForm controls;
     controls.setupUi(this);
     const auto pick = [this] { Logic.Parameter_Changed(); };
-    Fields.Text(controls.Text51, Logic.Text51, [this] { Logic.Text51_Change(); });
+    Fields.Text(controls.Text51, Logic.Frequency, [this] { Logic.Frequency_Changed(); });
     for (const auto& [control, field] :
-         {std::pair(controls.Text53, &Logic.Text53), std::pair(controls.Text54, &Logic.Text54),
-          std::pair(controls.Text55, &Logic.Text55), std::pair(controls.Text57, &Logic.Text57),
-          std::pair(controls.Text3, &Logic.Text3)}) {
+         {std::pair(controls.Text53, &Logic.StartShift), std::pair(controls.Text54, &Logic.Window),
+          std::pair(controls.Text55, &Logic.FirstTime), std::pair(controls.Text57, &Logic.MinAmplitude),
+          std::pair(controls.Text3, &Logic.PickShift)}) {
         Fields.Text(control, *field, pick);
     }
     // Each run computes the half cycle afresh: it is left alone while it is being typed.
-    Fields.Finished_Text(controls.Text56, Logic.Text56, pick);
-    Fields.Text(controls.Text52, Logic.Text52);
-    Fields.Scroll(controls.HScroll4, Logic.HScroll4, [this] { Logic.HScroll4_Change(); });
-    Fields.Tick(controls.Check1, Logic.Check1, pick);
-    Fields.Tick(controls.Check2, Logic.Check2, pick);
-    Fields.Tick(controls.Check3, Logic.Check3, pick);
-    Fields.Text(controls.Text1, Logic.Text1);
-    Fields.Text(controls.Text2, Logic.Text2);
-    Fields.Command(controls.Command1, [this] { Logic.Command1(); });
-    Fields.Command(controls.Command2, [this] { Logic.Command2(); });
-    Fields.Command(controls.Command3, [this] { Logic.Command3(); });
+    Fields.Finished_Text(controls.Text56, Logic.HalfCycle, pick);
+    Fields.Text(controls.Text52, Logic.Sensitivity);
+    Fields.Scroll(controls.HScroll4, Logic.SensitivityBar, [this] { Logic.Sensitivity_Changed(); });
+    Fields.Tick(controls.Check1, Logic.ZeroAmplitude, pick);
+    Fields.Tick(controls.Check2, Logic.Negative, pick);
+    Fields.Tick(controls.Check3, Logic.Absolute, pick);
+    Fields.Text(controls.Text1, Logic.ReferenceTrace);
+    Fields.Text(controls.Text2, Logic.ProcessedTrace);
+    Fields.Command(controls.Command1, [this] { Logic.Info(); });
+    Fields.Command(controls.Command2, [this] { Logic.Reset(); });
+    Fields.Command(controls.Command3, [this] { Logic.Save(); });
     Logic.Form_Load();
 }
 

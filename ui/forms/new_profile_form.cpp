@@ -13,22 +13,22 @@ NewProfileForm::NewProfileForm(Session& session, QtDisplay& display) : Logic(ses
     Ui::NewProfileForm controls;
     controls.setupUi(this);
     rechinfo& logic = Logic;
-    const auto sketch = [&logic] { logic.Command2(); };
+    const auto sketch = [&logic] { logic.dessine_squetch(); };
     const auto spread = [&logic] { logic.Offset_or_Not(); };
 
-    Fields.Text(controls.Text1, logic.Text1, spread);
-    Fields.Text(controls.Text2, logic.Text2, sketch);
-    Fields.Text(controls.Text3, logic.Text3, spread);
-    Fields.Text(controls.Text4, logic.Text4, spread);
-    Fields.Text(controls.Text5, logic.Text5);
+    Fields.Text(controls.Text1, logic.Spacing, spread);
+    Fields.Text(controls.Text2, logic.FirstDistance, sketch);
+    Fields.Text(controls.Text3, logic.Geophones, spread);
+    Fields.Text(controls.Text4, logic.Shots, spread);
+    Fields.Text(controls.Text5, logic.ShotDepth);
     // An emptied length is derived anew, which must not happen under the user's hand.
-    Fields.Finished_Text(controls.Text6, logic.Text6, spread);
-    Fields.Text(controls.Label2, logic.Text2Caption);
-    Fields.Tick(controls.Check1, logic.Check1, spread);
-    Fields.Tick(controls.Check2, logic.Check2, [&logic] { logic.Multi_Spread_Changed(); });
+    Fields.Finished_Text(controls.Text6, logic.LineLength, spread);
+    Fields.Text(controls.Label2, logic.FirstDistanceCaption);
+    Fields.Tick(controls.Check1, logic.Offsets, spread);
+    Fields.Tick(controls.Check2, logic.SeveralSpreads, [&logic] { logic.Multi_Spread_Changed(); });
     Fields.Text(controls.DistanceReadout, logic.DistanceReadout);
 
-    DataGrid = new SpreadsheetView(logic.DataGrid, std::make_unique<FormCells>(logic.DataGrid, sketch));
+    DataGrid = new SpreadsheetView(logic.ShotTable, std::make_unique<FormCells>(logic.ShotTable, sketch));
     DataGrid->setObjectName("DataGrid");
     DataGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     DataGrid->setMinimumWidth(
@@ -54,13 +54,13 @@ NewProfileForm::NewProfileForm(Session& session, QtDisplay& display) : Logic(ses
             ByButton = false;
         };
     };
-    Fields.Command(controls.Command1, closing(&rechinfo::Command1));
+    Fields.Command(controls.Command1, closing(&rechinfo::Ok));
     Fields.Command(controls.Command2, sketch);
     Fields.Command(controls.Command3, [this] {
-        Logic.Command3();
+        Logic.Another_Su();
         Focus_First_Field();
     });
-    Fields.Command(controls.Command4, closing(&rechinfo::Command4));
+    Fields.Command(controls.Command4, closing(&rechinfo::Cancel));
 }
 
 void NewProfileForm::Refresh() {
@@ -70,7 +70,7 @@ void NewProfileForm::Refresh() {
 
 void NewProfileForm::Closed() {
     // Closed by its frame or by Escape the form gives the new profile up as Cancel does.
-    if (!ByButton) Logic.Command4();
+    if (!ByButton) Logic.Cancel();
 }
 
 void NewProfileForm::showEvent(QShowEvent* event) {
@@ -79,7 +79,7 @@ void NewProfileForm::showEvent(QShowEvent* event) {
 }
 
 void NewProfileForm::Focus_First_Field() {
-    auto* field = findChild<QLineEdit*>(QString::fromStdString(Logic.FocusControl));
+    auto* field = findChild<QLineEdit*>(Logic.Focus == rechinfo::Field::Spacing ? "Text1" : "Text2");
     if (field == nullptr) return;
     field->setFocus();
     field->selectAll();

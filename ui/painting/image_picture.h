@@ -27,6 +27,9 @@ class ImagePicture : public PainterPicture {
     const QImage& Image();
 
     void Set_Pointer(PointerShape shape) override;
+    void Clear() override;
+    void Keep_Background() override;
+    bool Bring_Back(double x1, double y1, double x2, double y2) override;
 
     /// Told after each verb which pixels changed.
     std::function<void(const QRect&)> OnChanged;
@@ -39,6 +42,8 @@ class ImagePicture : public PainterPicture {
 
   private:
     QImage Paper;
+    QImage Background;  ///< of the size of Paper once one was kept
+    bool BackgroundKept = false;
     std::optional<QPainter> Brush;
     bool AllTold = false;
 };

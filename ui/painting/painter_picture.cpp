@@ -148,6 +148,16 @@ void PainterPicture::Place_Window() {
     ClipSet = Clip::None;
 }
 
+QRect PainterPicture::Pixels_Of(double x1, double y1, double x2, double y2) const {
+    const QRectF place = QRectF(QPointF(Device_X(x1), Device_Y(y1)), QPointF(Device_X(x2), Device_Y(y2)));
+    QRectF found = place.normalized().intersected(Inner);
+    if (found.left() <= Inner.left()) found.setLeft(Outer.left());
+    if (found.top() <= Inner.top()) found.setTop(Outer.top());
+    if (found.right() >= Inner.right()) found.setRight(Outer.right());
+    if (found.bottom() >= Inner.bottom()) found.setBottom(Outer.bottom());
+    return found.toAlignedRect();
+}
+
 void PainterPicture::Forget_State() {
     ClipSet = Clip::None;
     PenSet = FontSet = ModeSet = false;

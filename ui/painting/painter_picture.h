@@ -50,6 +50,9 @@ class PainterPicture : public Picture {
     void Clear() override;
     void Set_Clip(double x1, double y1, double x2, double y2) override;
     void Clear_Clip() override;
+    /// Only a picture in memory has a background; on paper nothing is taken off again.
+    void Keep_Background() override {}
+    bool Bring_Back(double, double, double, double) override { return false; }
     void Line(double x1, double y1, double x2, double y2, Colour colour) override;
     void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) override;
     void Circle(double x, double y, double radius, Colour colour) override;
@@ -84,6 +87,8 @@ class PainterPicture : public Picture {
     void Forget_State();
     const QRectF& Area() const { return Outer; }
     bool Inverting() const { return Mode == DrawMode::Xor && Raster; }
+    /// Pixels of a rectangle in world units, with the margin where it reaches the edge of the window.
+    QRect Pixels_Of(double x1, double y1, double x2, double y2) const;
 
   private:
     enum class Clip { None, Figures, Texts };
