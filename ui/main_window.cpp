@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTableView>
 
 #include "app/pages.h"
 #include "app/session.h"
@@ -29,6 +30,13 @@ constexpr int resize_pause_ms = 150;
 
 QString From(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+void Set_Family(QWidget& control, const QString& family) {
+    if (family.isEmpty() || control.font().family() == family) return;
+    QFont font = control.font();
+    font.setFamily(family);
+    control.setFont(font);
 }
 
 }  // namespace
@@ -115,6 +123,9 @@ void MainWindow::Build_Status_Bar() {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
         SSTab1->setTabToolTip(0, From(work.Fields.FirstTabCaption));
+        const QString family = From(work.Settings.FontName);
+        for (QTableView* grid : findChildren<QTableView*>())
+            Set_Family(*grid, family);
         QStringList range;
         for (const std::string& text : {Distance_Range_Text(work), Time_Range_Text(work)}) {
             if (!text.empty()) range << From(text);

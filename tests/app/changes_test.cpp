@@ -104,8 +104,6 @@ TEST_F(Changes, records_of_another_file_are_scanned_again_by_undo) {
 }
 
 TEST_F(Changes, a_profile_that_stands_is_painted_and_stays) {
-    Prompts.Expect_Input("Maximum profile elevation", "100");
-    Prompts.Expect_Input("Minimum profile elevation", "50");
     Run_Command(Program, "S2");
     ASSERT_EQ(Program.Work.Curves.FrameDrawn, 2);
     Display.Forget();
@@ -120,12 +118,12 @@ TEST_F(Changes, a_profile_that_stands_is_painted_and_stays) {
 TEST_F(Changes, a_depth_dialog_that_is_open_shows_the_project_of_the_undo) {
     Run_Command(Program, "sum");
     Program.Depths.Load();
-    const std::string shown = Program.Depths.VelocityA[1];
-    Edit("Velocity", [this] { Line.VelocityA(1, 1) = 777; });
+    const std::string shown = Program.Depths.VelocityB[1];
+    Edit("Velocity", [this] { Line.VelocityB(1, 1) = 777; });
     Program.Depths.Display_Shot(1);
-    EXPECT_EQ(Program.Depths.VelocityA[1], "777");
+    EXPECT_EQ(Program.Depths.VelocityB[1], "777");
     Undo_Edit(Program);
-    EXPECT_EQ(Program.Depths.VelocityA[1], shown);
+    EXPECT_EQ(Program.Depths.VelocityB[1], shown);
 }
 
 TEST_F(Changes, the_history_is_walked_and_tells_what_another_program_has_written_over) {

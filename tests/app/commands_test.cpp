@@ -3,6 +3,7 @@
 #include <set>
 
 #include "app/dialog_commands.h"
+#include "app/start.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
 #include "setup/build_grid.h"
@@ -60,6 +61,7 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
 }
 
 TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
+    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
     Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
@@ -76,6 +78,7 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
 }
 
 TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
+    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
     Run_Command(Program, "vitess1");
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
     Run_Command(Program, "sum");

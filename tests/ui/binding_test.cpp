@@ -10,8 +10,8 @@
 #include "ui/field_binder.h"
 #include "ui/painting/painter_picture.h"
 #include "ui/qt_launcher.h"
-#include "ui/running/tool_run.h"
 #include "ui/qt_prompts.h"
+#include "ui/running/tool_run.h"
 #include "ui/text_grid_model.h"
 
 namespace tarnvik {
