@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "setup/line.h"
 
 namespace tarnvik {
@@ -37,44 +39,53 @@ TEST(BuildGrid, EveryCellShowsItsPlaceInTheModel) {
         EXPECT_EQ(grid.Text(cell.Row, cell.Column), cell.Text) << cell.Row << ", " << cell.Column;
 }
 
-TEST(BuildGrid, ReadingTakesAllButTheIntercepts) {
+TEST(BuildGrid, OneCellFollowsTheModelAndTheOthersStay) {
     Workspace workspace;
     Make_Line(workspace, 2, 3);
-    workspace.Project.ReceiverData(ReceiverIntercept, 1) = 4;
+    Project& project = workspace.Project;
+    project.ShotTimes(2, 3) = -1.5F;
+    project.ReceiverData(ReceiverElevation, 1) = 4;
+    project.ShotElevation(1) = 5;
     TextGrid& grid = workspace.Grids.Buildgrid;
-    grid.Set_Text(2, 1, " 17.3 ms");
-    grid.Set_Text(3, 2, "nothing");
-    grid.Set_Text(1, 3, "1.5");
-    grid.Set_Text(1, 4, "99.25");
-    grid.Set_Text(1, 5, "55");
-    grid.Set_Text(4, 2, "12.5");
-    grid.Set_Text(5, 2, "1e999");
-    Read_Grid(workspace);
-    const Project& project = workspace.Project;
-    EXPECT_FLOAT_EQ(project.ShotTimes(1, 2), 17.3F);
-    EXPECT_EQ(project.ShotTimes(2, 3), 0);
-    EXPECT_FLOAT_EQ(project.ReceiverData(ReceiverDistance, 1), 1.5F);
-    EXPECT_FLOAT_EQ(project.ReceiverData(ReceiverElevation, 1), 99.25F);
-    EXPECT_EQ(project.ReceiverData(ReceiverIntercept, 1), 4);
-    EXPECT_EQ(project.ShotDistance(2), 12.5);
-    EXPECT_EQ(project.ShotElevation(2), 0) << "an infinite number is no elevation";
+    Fill_Grid_Cell(workspace, PickPlace{2, 3});
+    EXPECT_EQ(grid.Text(3, 2), "-1.50");
+    EXPECT_EQ(grid.At(3, 2).ForeColour, 255) << "a time below 0 is red";
+    EXPECT_EQ(grid.Text(1, 4), "00.00");
+    Fill_Grid_Cell(workspace, 1, 4);
+    EXPECT_EQ(grid.Text(1, 4), "04.00");
+    Fill_Grid_Cell(workspace, 5, 1);
+    EXPECT_EQ(grid.Text(5, 1), "05.00");
+    for (const auto& [row, column] : {std::pair(0, 1), {1, 0}, {5, 3}, {-1, 2}, {99, 99}}) {
+        const std::string before = grid.Text(row, column);
+        Fill_Grid_Cell(workspace, row, column);
+        EXPECT_EQ(grid.Text(row, column), before) << row << ", " << column;
+    }
+    project.ShotTimes(2, 3) = 0;
+    Fill_Grid_Cell(workspace, PickPlace{2, 3});
+    EXPECT_FALSE(grid.At(3, 2).ForeColour);
+    grid = TextGrid(4, 4);
+    Fill_Grid_Cell(workspace, 3, 2);
+    EXPECT_EQ(grid.Text(3, 2), "") << "a grid of another size shows another line";
 }
 
-TEST(BuildGrid, AGridOfAnotherSizeIsNotReadIntoTheProject) {
+TEST(BuildGrid, TimesBelow0AreRedCountedAndTold) {
     Workspace workspace;
     Make_Line(workspace, 2, 3);
-    const auto picks = workspace.Project.ShotTimes;
-    workspace.Grids.Buildgrid = TextGrid(4, 4);
-    Read_Grid(workspace);
-    EXPECT_EQ(workspace.Project.ShotTimes, picks);
-}
-
-TEST(BuildGrid, ColoursStayWithTheSizeAndAProjectWithoutArraysEmptiesTheGrid) {
-    Workspace workspace;
-    Make_Line(workspace, 2, 3);
-    workspace.Grids.Buildgrid.At(2, 1).ForeColour = 255;
+    Tell_Times_Below_0(workspace);
+    EXPECT_EQ(workspace.Fields.Status, "");
+    workspace.Project.ShotTimes(1, 1) = -0.004F;
+    workspace.Project.ShotTimes(2, 2) = -8;
     Fill_Grid(workspace);
-    EXPECT_EQ(workspace.Grids.Buildgrid.At(2, 1).ForeColour, 255);
+    EXPECT_EQ(workspace.Grids.Buildgrid.At(2, 2).ForeColour, 255);
+    Tell_Times_Below_0(workspace);
+    EXPECT_EQ(workspace.Fields.Status, "2 times are below 0: they count as no pick, red in the table");
+}
+
+TEST(BuildGrid, AProjectWithoutArraysEmptiesTheGrid) {
+    Workspace workspace;
+    Make_Line(workspace, 2, 3);
+    workspace.Project.ShotTimes(1, 2) = -3;
+    Fill_Grid(workspace);
     Erase_Project(workspace.Project);
     Fill_Grid(workspace);
     EXPECT_EQ(workspace.Grids.Buildgrid.Text(1, 1), "");

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "core/edits/project_block.h"
 #include "core/files.h"
 #include "core/project_file.h"
+#include "core/project_open.h"
 #include "setup/distance_correction.h"
 #include "setup/elevations.h"
 #include "setup/line.h"
@@ -66,18 +68,24 @@ TEST(Elevations, CommandInterpolatesBothWaysAndKeepsWhatNothingEncloses) {
     project.ShotDistance(1) = -5;
     project.ShotElevation(1) = 77;
     project.ShotDistance(2) = 3.333;
+    project.ShotTimes(1, 1) = 11.125F;
     Fill_Grid(workspace);
+    workspace.Edits.Start(project, true);
+    const std::string block = Project_Block(project);
 
     ports.Prompts.Expect("Shot elevation update according geophone elevation ?", Answer::No);
     CalculAltiShot(workspace, ports.Ports, ElevationUpdate::ShotsFromReceivers);
-    EXPECT_EQ(project.ShotElevation(2), 0);
+    EXPECT_EQ(Project_Block(project), block) << "No changes nothing, not even the digits behind the second";
+    EXPECT_TRUE(workspace.Edits.All().empty());
 
     ports.Prompts.Expect("Shot elevation update according geophone elevation ?", Answer::Yes);
     CalculAltiShot(workspace, ports.Ports, ElevationUpdate::ShotsFromReceivers);
     EXPECT_EQ(project.ShotElevation(1), 77);
-    EXPECT_DOUBLE_EQ(project.ShotElevation(2), 102) << "100 + 3 * 3.33 / 5 = 101.998, two decimals";
+    EXPECT_DOUBLE_EQ(project.ShotElevation(2), 102) << "100 + 3 * 3.333 / 5 = 101.9998, two decimals";
     EXPECT_EQ(project.ShotElevation(3), 104);
     EXPECT_EQ(workspace.Grids.Buildgrid.Text(5, 2), "102.00");
+    EXPECT_EQ(project.ShotTimes(1, 1), 11.125F) << "picks keep their digits";
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Shot elevations");
 
     project.ShotDistance(1) = 1;
     project.ShotElevation(1) = 10;
@@ -88,6 +96,9 @@ TEST(Elevations, CommandInterpolatesBothWaysAndKeepsWhatNothingEncloses) {
     ports.Prompts.Expect("Receivers elevation update according shot elevation ?", Answer::Yes);
     CalculAltiShot(workspace, ports.Ports, ElevationUpdate::ReceiversFromShots);
     EXPECT_EQ(Receiver_Elevations(project), (std::vector<double>{100, 18, 104}));
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Geophone elevations");
+    EXPECT_EQ(workspace.Edits.Go_To(project, 0), "");
+    EXPECT_EQ(Project_Block(project), block);
     EXPECT_EQ(ports.Display.Count("Show_Curves"), 2);
 }
 
@@ -140,6 +151,8 @@ TEST(TrueDistances, CommandMovesReceiversShotsAndLineLength) {
     EXPECT_EQ(Receiver_Places(project), (std::vector<double>{0, 4, 8}));
     EXPECT_EQ(Shot_Places(project), (std::vector<double>{-10, 0, 6, 8, 28}));
     EXPECT_EQ(project.LineLength, 8);
+    ASSERT_EQ(workspace.Edits.All().size(), 1U);
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Distances according to Z");
     EXPECT_EQ(Shot_Elevations(project), (std::vector<double>{98.5, 100, 101.5, 100, 0}))
         << "end shots take the end receivers' without a question, a cancelled box keeps what was";
     EXPECT_EQ(ports.Prompts.InputDefaults, (std::vector<std::string>{"5", "2.5", "100", "100"}));
@@ -158,12 +171,15 @@ TEST(TrueDistances, ASpacingShorterThanTheStepIsToldAndChangesNothing) {
     ports.Prompts.Expect_Input(ask_first, "2.5");
     Compute_Distances_According_To_Z(workspace, ports.Ports);
     EXPECT_EQ(ports.Prompts.Last_Text(), "Check your Receiver location and elevation...");
-    EXPECT_EQ(workspace.Project.ReceiverData, before.ReceiverData);
-    EXPECT_EQ(workspace.Project.ShotDistance, before.ShotDistance);
+    EXPECT_EQ(Project_Block(workspace.Project), Project_Block(before));
 
     ports.Prompts.Expect_Input(ask_spacing, "0");
     Compute_Distances_According_To_Z(workspace, ports.Ports);
-    EXPECT_EQ(workspace.Project.ReceiverData, before.ReceiverData);
+    ports.Prompts.Expect_Input(ask_spacing, "8");
+    ports.Prompts.Expect_Input(ask_first, "");
+    Compute_Distances_According_To_Z(workspace, ports.Ports);
+    EXPECT_EQ(Project_Block(workspace.Project), Project_Block(before)) << "also the spacing stays";
+    EXPECT_TRUE(workspace.Edits.All().empty());
 }
 
 TEST(DistanceCorrection, ASecondUseReturns) {
@@ -184,7 +200,7 @@ TEST(DistanceCorrection, ASecondUseReturns) {
     Distance_Correction(workspace, ports.Ports);
     EXPECT_EQ(Shot_Places(project), (std::vector<double>{-10.25, 0, 9.75}));
     EXPECT_EQ(Receiver_Places(project), (std::vector<double>{-0.25, 4.75, 9.75}));
-    EXPECT_EQ(workspace.Fields.Text16, "-100.25");
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Distance correction");
     EXPECT_EQ(ports.Prompts.Last_Text(), "Remember to check the line length !");
 
     ports.Prompts.Expect_Input(ask_shift, "");
@@ -223,7 +239,7 @@ TEST(LineLength, IsTakenFromAnEndShot) {
     ports.Prompts.Expect_Input("Enter line length (From end shot 1 to End Shot 3", "12.5");
     Enter_Line_Length(workspace, ports.Ports);
     EXPECT_EQ(workspace.Project.LineLength, 12.5);
-    EXPECT_EQ(workspace.Fields.Text6, "12.5");
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Line length");
     ports.Prompts.Expect_Input(" Enter the End Shot number ", "3");
     ports.Prompts.Expect_Input("Enter line length (From end shot 1 to End Shot 3", "0");
     Enter_Line_Length(workspace, ports.Ports);
@@ -256,11 +272,24 @@ TEST(AllPicks, CommandChangesTheChosenFile) {
     ASSERT_TRUE(Save_Geometry(workspace, ports.Ports));
 
     Workspace other;
+    int opened = 0;
+    bool opens = false;
+    const auto open = [&](const std::string& path) {
+        ++opened;
+        if (opens) Read_Project(other, path);
+        return opens;
+    };
     ports.Prompts.Expect_Input(ask_kind, "1");
     ports.Prompts.Expect_File("Tarnvik File selection", folder / "line.tv5");
     ports.Prompts.Expect_Input(" Enter the factor to apply to all FBP", "2");
-    shiftFBP(other, ports.Ports);
-    EXPECT_EQ(other.Project.CurrentFile, folder / "line.tv5");
+    shiftFBP(other, ports.Ports, open);
+    EXPECT_TRUE(other.Edits.All().empty()) << "given up at the opening";
+    opens = true;
+    ports.Prompts.Expect_Input(ask_kind, "1");
+    ports.Prompts.Expect_File("Tarnvik File selection", folder / "line.tv5");
+    ports.Prompts.Expect_Input(" Enter the factor to apply to all FBP", "2");
+    shiftFBP(other, ports.Ports, open);
+    EXPECT_EQ(other.Edits.All().front().Name, "Scale or shift of all picks");
     Project written;
     Parse_Project(*Read_File(folder / "line.tv5"), written);
     EXPECT_EQ(written.ShotTimes(2, 3), 46);
@@ -271,17 +300,23 @@ TEST(AllPicks, CommandChangesTheChosenFile) {
     ports.Prompts.Expect_File("Tarnvik File selection", folder / "line.tv5");
     ports.Prompts.Expect_Input(" Enter the time (ms) to add or substract (negative value) to all FBP",
                                "-1.5");
-    shiftFBP(other, ports.Ports);
+    shiftFBP(other, ports.Ports, open);
     EXPECT_EQ(other.Project.ShotTimes(2, 3), 48.5);
+    EXPECT_EQ(opened, 2);
 
     // A cancelled factor must not scale all picks by 0.
     ports.Prompts.Expect_Input(ask_kind, "1");
     ports.Prompts.Expect_File("Tarnvik File selection", folder / "line.tv5");
     ports.Prompts.Expect_Input(" Enter the factor to apply to all FBP", "");
-    shiftFBP(other, ports.Ports);
+    shiftFBP(other, ports.Ports, open);
     EXPECT_EQ(other.Project.ShotTimes(2, 3), 48.5);
+    ports.Prompts.Expect_Input(ask_kind, "2");
+    ports.Prompts.Expect_File("Tarnvik File selection", folder / "line.tv5");
+    ports.Prompts.Expect_Input(" Enter the time (ms) to add or substract (negative value) to all FBP", "-21");
+    shiftFBP(other, ports.Ports, open);
+    EXPECT_EQ(other.Fields.Status, "1 time is below 0: it counts as no pick, red in the table");
     ports.Prompts.Expect_Input(ask_kind, "0");
-    shiftFBP(other, ports.Ports);
+    shiftFBP(other, ports.Ports, open);
 }
 
 TEST(DeleteFile, AsksFirstAndKeepsTheProjectInMemory) {

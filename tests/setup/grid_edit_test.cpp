@@ -2,14 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include "core/edits/project_block.h"
+#include "core/files.h"
+#include "records/su_file.h"
 #include "setup/line.h"
-#include "setup/remove_shot.h"
+#include "support/su_builder.h"
 #include "support/test_ports.h"
 
 namespace tarnvik {
 namespace {
 
 using test::Make_Line;
+using test::SuBuilder;
 using test::TestPorts;
 
 TEST(BlockText, GoesThereAndBack) {
@@ -70,11 +74,19 @@ TEST_F(BuildgridEditing, CaptionsInterceptsAndTheCornerAreFixed) {
 
 TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndOnTheCurves) {
     project.ShotTimes(1, 2) = 12.3456F;
+    project.ReceiverData(ReceiverDistance, 2) = 5.126F;
     Fill_Grid(workspace);
     EXPECT_TRUE(editor.Type(2, 2, "17,5"));
     EXPECT_EQ(project.ShotTimes(2, 2), 17.5F);
     EXPECT_EQ(grid.Text(2, 2), "17.50");
     EXPECT_EQ(project.ShotTimes(1, 2), 12.3456F) << "other cells are not read back and rounded";
+    EXPECT_TRUE(editor.Type(2, 1, "12.35"));
+    EXPECT_TRUE(editor.Type(2, 3, "5.13"));
+    EXPECT_EQ(project.ShotTimes(1, 2), 12.3456F) << "what the cell shows already is no change";
+    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 2), 5.126F);
+    EXPECT_TRUE(editor.Type(2, 3, "1e40"));
+    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 2), 5.126F) << "too large for its place";
+    EXPECT_EQ(grid.Text(2, 3), "05.13");
     EXPECT_TRUE(editor.Type(5, 1, " 3.125 "));
     EXPECT_EQ(project.ShotElevation(1), 3.13);
     EXPECT_TRUE(editor.Type(1, 1, "none"));
@@ -109,42 +121,94 @@ TEST_F(BuildgridEditing, HeadingsOfABlockDoNotErasePicks) {
     EXPECT_EQ(project.ShotTimes(1, 3), 0) << "an empty cell of the block empties";
 }
 
-TEST_F(BuildgridEditing, APasteIsOneStepBackAndForth) {
-    const auto picks = project.ShotTimes;
+TEST_F(BuildgridEditing, EachIsOneEditWithANameThatTellsIt) {
+    workspace.Edits.Start(project, true);
+    const std::string before = Project_Block(project);
     const std::string copied = editor.Copy({1, 1, 3, 2});
-    editor.Type(1, 1, "5");
+    const struct {
+        int Row, Column;
+        const char* Name;
+    } cells[] = {{3, 2, "Pick shot 2, receiver 3"},
+                 {2, 3, "Distance of geophone 2"},
+                 {3, 4, "Elevation of geophone 3"},
+                 {4, 2, "Distance of shot 2"},
+                 {5, 1, "Elevation of shot 1"}};
+    for (const auto& cell : cells) {
+        ASSERT_TRUE(editor.Type(cell.Row, cell.Column, "7.5"));
+        EXPECT_EQ(workspace.Edits.Undo_Name(), cell.Name);
+    }
     editor.Paste(1, 1, "1\t2\n3\t4\n");
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Paste 4 cells");
     editor.Clear({0, 0, 99, 99});
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Clear 16 cells");
     EXPECT_EQ(project.ShotDistance(2), 0);
-    editor.Undo();
+    editor.Clear({0, 0, 99, 99});
+    editor.Paste(1, 1, "0");
+    EXPECT_EQ(workspace.Edits.All().size(), 7U) << "what changes nothing is no edit";
+
+    EXPECT_EQ(workspace.Edits.Undo(project), "");
     EXPECT_EQ(project.ShotTimes(2, 2), 4);
-    EXPECT_EQ(project.ShotDistance(2), 10);
-    editor.Undo();
-    EXPECT_EQ(project.ShotTimes(1, 1), 5);
-    editor.Undo();
-    EXPECT_EQ(project.ShotTimes, picks);
-    EXPECT_FALSE(editor.Can_Undo());
-    editor.Undo();
-    editor.Redo();
-    editor.Redo();
+    EXPECT_EQ(project.ShotDistance(2), 7.5);
+    EXPECT_EQ(workspace.Edits.Go_To(project, 0), "");
+    EXPECT_EQ(Project_Block(project), before);
+    EXPECT_EQ(workspace.Edits.Go_To(project, 6), "");
     EXPECT_EQ(project.ShotTimes(1, 2), 3);
-    editor.Type(3, 1, "8");
-    EXPECT_FALSE(editor.Can_Redo()) << "a new edit drops what was undone";
+    Fill_Grid(workspace);
     editor.Paste(1, 1, copied);
-    EXPECT_EQ(project.ShotTimes, picks);
+    EXPECT_EQ(editor.Copy({1, 1, 3, 2}), copied);
 }
 
-TEST_F(BuildgridEditing, StepsOfAnotherLineCannotBeUndone) {
-    editor.Type(1, 2, "5");
-    ASSERT_TRUE(editor.Can_Undo());
-    Remove_Colonne(workspace, ports.Ports, 1);
-    EXPECT_FALSE(editor.Can_Undo());
-    editor.Undo();
-    EXPECT_EQ(project.ShotTimes(1, 1), 5);
-    editor.Type(2, 1, "6");
-    editor.Undo();
-    EXPECT_FALSE(editor.Can_Undo());
-    EXPECT_EQ(project.ShotTimes(1, 1), 5);
+/// The records of the line, filtered, with the unfiltered file beside them.
+class BuildgridWithRecords : public BuildgridEditing {
+  protected:
+    void SetUp() override {
+        BuildgridEditing::SetUp();
+        project.SuFile = SuBuilder(6, 20).Records(3).Write(folder / "line_flt.su");
+        workspace.Record.TwinSuFile = SuBuilder(6, 20).Records(3).Write(folder / "line.su");
+        workspace.Record.ChannelsPerRecord = 3;
+        workspace.Edits.Start(project, true);
+    }
+    double Header(const std::string& path, int trace) { return SuTraces(path).Pick_Ms(trace); }
+    test::TemporaryFolder folder;
+};
+
+TEST_F(BuildgridWithRecords, PicksGoIntoTheHeadersOfBothFilesAndBack) {
+    const std::string& su = project.SuFile;
+    const std::string& twin = workspace.Record.TwinSuFile;
+    const auto su_before = Read_File(su);
+    const auto twin_before = Read_File(twin);
+    const std::string block = Project_Block(project);
+    ASSERT_TRUE(editor.Type(2, 2, "31.26"));
+    EXPECT_EQ(project.ShotTimes(2, 2), 31.26F);
+    EXPECT_EQ(Header(su, 5), 31.3);
+    EXPECT_EQ(Header(twin, 5), 31.3);
+    editor.Paste(1, 1, "1.5\t2.5\t3.5\n4.5\n");
+    EXPECT_EQ(Header(su, 1), 1.5);
+    EXPECT_EQ(Header(su, 4), 2.5);
+    EXPECT_EQ(Header(twin, 2), 4.5);
+    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 1), 3.5F);
+    ASSERT_EQ(workspace.Edits.All().size(), 2U);
+
+    const auto su_after = Read_File(su);
+    const std::string block_after = Project_Block(project);
+    ASSERT_EQ(workspace.Edits.Go_To(project, 0), "");
+    EXPECT_EQ(Read_File(su), su_before);
+    EXPECT_EQ(Read_File(twin), twin_before);
+    EXPECT_EQ(Project_Block(project), block);
+    ASSERT_EQ(workspace.Edits.Go_To(project, 2), "");
+    EXPECT_EQ(Read_File(su), su_after);
+    EXPECT_EQ(Project_Block(project), block_after);
+}
+
+TEST_F(BuildgridWithRecords, APickThatTheFileCannotHoldIsToldAlsoAboveWhatAPasteLeftOut) {
+    editor.Paste(1, 1, "5000\nnone\n");
+    EXPECT_EQ(project.ShotTimes(1, 1), 5000);
+    EXPECT_NE(workspace.Fields.Status.find("does not fit the header word"), std::string::npos)
+        << workspace.Fields.Status;
+    std::filesystem::remove(project.SuFile);
+    EXPECT_TRUE(editor.Type(3, 1, "6"));
+    EXPECT_EQ(project.ShotTimes(1, 3), 6);
+    EXPECT_NE(workspace.Fields.Status.find("Pick not in the field records"), std::string::npos);
 }
 
 TEST(RemarkEditing, TextsStayOnOneLineAndHeadingsAreFixed) {
@@ -160,7 +224,10 @@ TEST(RemarkEditing, TextsStayOnOneLineAndHeadingsAreFixed) {
     EXPECT_EQ(grid.Text(9, 0), "12.5");
     EXPECT_EQ(grid.Text(9, 3), "a fault, steep");
     EXPECT_EQ(ports.Display.Count("Show_Curves"), 0);
-    editor.Undo();
+    EXPECT_TRUE(editor.Type(3, 3, "Fault"));
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Remark 2");
+    workspace.Edits.Undo(workspace.Project);
+    workspace.Edits.Undo(workspace.Project);
     EXPECT_EQ(grid.Text(9, 3), "");
 }
 

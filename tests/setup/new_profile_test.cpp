@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/edits/project_block.h"
 #include "core/files.h"
 #include "core/project_file.h"
 #include "records/su_file.h"
@@ -81,25 +82,32 @@ TEST_F(Records, BecomeAProject) {
     workspace.Project.TotalTime = 80;
     workspace.Project.DistanceShift = 5;
     workspace.Project.remark_grid.Set_Text(2, 3, "of the old line");
+    workspace.Edits.Start(workspace.Project, true);
+    {
+        const EditScope edit(workspace, "of the old line");
+        workspace.Project.ShotTimes(1, 1) = 3;
+    }
     const std::string su_file = Field_File();
+    SuWriter(su_file, nullptr).Set_Word(7, words::ep, 4711);
+    const auto unnumbered = Read_File(su_file);
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
-    dialog.Check1 = true;  // left over from another line
-    dialog.Text5 = "9";
+    dialog.Offsets = true;  // left over from another line
+    dialog.ShotDepth = "9";
     display.OnOpen = [&] {
-        EXPECT_FALSE(dialog.Check1);
-        EXPECT_EQ(dialog.Text5, "0");
-        EXPECT_EQ(dialog.Text3, "5");
-        EXPECT_EQ(dialog.Text4, "3");
-        dialog.Text1 = "4";
+        EXPECT_FALSE(dialog.Offsets);
+        EXPECT_EQ(dialog.ShotDepth, "0");
+        EXPECT_EQ(dialog.Geophones, "5");
+        EXPECT_EQ(dialog.Shots, "3");
+        dialog.Spacing = "4";
         dialog.Offset_or_Not();
-        EXPECT_EQ(dialog.Text6, "16");
-        EXPECT_EQ(dialog.DataGrid.Text(2, 1), "8");
-        dialog.Text2 = "1.5";
-        dialog.Text5 = "0.75";
-        dialog.DataGrid.Set_Text(3, 1, "16.5");
-        dialog.DataGrid.Set_Text(3, 2, "210.25");
-        dialog.Command1();
+        EXPECT_EQ(dialog.LineLength, "16");
+        EXPECT_EQ(dialog.ShotTable.Text(2, 1), "8");
+        dialog.FirstDistance = "1.5";
+        dialog.ShotDepth = "0.75";
+        dialog.ShotTable.Set_Text(3, 1, "16.5");
+        dialog.ShotTable.Set_Text(3, 2, "210.25");
+        dialog.Ok();
     };
     ASSERT_TRUE(New_Profile(workspace, ports, dialog));
     const Project& project = workspace.Project;
@@ -121,7 +129,14 @@ TEST_F(Records, BecomeAProject) {
     EXPECT_EQ(grid.Text(0, 4), "Meters");
     EXPECT_EQ(grid.Text(6, 0), "Dist.");
     EXPECT_EQ(grid.Text(7, 3), "210.25");
-    EXPECT_EQ(workspace.Fields.Text6, "16");
+    EXPECT_EQ(workspace.Fields.Caption, project.CurrentFile + " [Tarnvik 16.5]");
+    EXPECT_FALSE(workspace.Edits.Is_Saved());
+    ASSERT_EQ(workspace.Edits.All().size(), 1U) << "the history begins with the numbers of the traces";
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Number the traces");
+    EXPECT_EQ(SuTraces(su_file).Word(7, words::ep), 2);
+    EXPECT_EQ(workspace.Edits.Undo(workspace.Project), "");
+    EXPECT_EQ(Read_File(su_file), unnumbered);
+    EXPECT_EQ(project.NbShots, 3);
 }
 
 TEST_F(Records, CancelAtTheFirstQuestionTouchesNothing) {
@@ -141,40 +156,57 @@ TEST_F(Records, CancelAtTheFirstQuestionTouchesNothing) {
     EXPECT_TRUE(display.Calls.empty());
 }
 
-TEST_F(Records, GivingUpLaterLeavesNoProjectThatASaveCouldWrite) {
+TEST_F(Records, GivingUpAtAnyQuestionLeavesTheFormerLineWithItsHistory) {
     const std::string su_file = Field_File();
     ASSERT_EQ(Replace_File(folder / "field.tv5", "mine"), "");
-    const auto expect_nothing = [&](const char* where) {
-        EXPECT_EQ(workspace.Project.NbShots, 0) << where;
-        EXPECT_EQ(workspace.Project.CurrentFile, "") << where;
-        EXPECT_EQ(workspace.Project.ShotTimes.Last_Row(), -1) << where;
-        EXPECT_EQ(Read_File(folder / "field.tv5"), "mine") << where;
-    };
     Make_Line(workspace, 2, 3);
+    workspace.Project.CurrentFile = folder / "old.tv5";
+    workspace.Project.SuFile = folder / "old.su";
+    workspace.Project.GeoSpace = 6;
+    workspace.Fields.Caption = "old line";
+    workspace.Record.ChannelsPerRecord = 3;
+    workspace.Edits.Start(workspace.Project, true);
+    {
+        const EditScope edit(workspace, "of the old line");
+        workspace.Project.ShotTimes(1, 1) = 3;
+    }
+    const std::string block = Project_Block(workspace.Project);
+    const TextGrid table = workspace.Grids.Buildgrid;
+    const auto expect_former = [&](const char* where) {
+        EXPECT_EQ(Project_Block(workspace.Project), block) << where;
+        EXPECT_EQ(workspace.Project.CurrentFile, folder / "old.tv5") << where;
+        EXPECT_EQ(workspace.Fields.Caption, "old line") << where;
+        EXPECT_EQ(workspace.Record.ChannelsPerRecord, 3) << where;
+        EXPECT_EQ(workspace.Grids.Buildgrid.Text(1, 2), table.Text(1, 2)) << where;
+        EXPECT_EQ(workspace.Edits.All().front().Name, "of the old line") << where;
+        EXPECT_EQ(Read_File(folder / "field.tv5"), "mine") << where;
+        EXPECT_EQ(display.Count("Select_Tab 1"), 0) << where;
+    };
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", "");
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    expect_nothing("no SU file");
+    expect_former("no SU file");
 
-    Make_Line(workspace, 2, 3);
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
     prompts.Expect((folder / "field.tv5") + " already exists, overwrite ?", Answer::No);
     prompts.Expect_File("Select a new Tarnvik File Name", "");
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    expect_nothing("no name");
+    expect_former("no name");
 
-    Make_Line(workspace, 2, 3);
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
     prompts.Expect((folder / "field.tv5") + " already exists, overwrite ?", Answer::No);
     prompts.Expect_File("Select a new Tarnvik File Name", folder / "other");
     display.OnOpen = [&] {
-        EXPECT_EQ(workspace.Project.CurrentFile, folder / "other.TV5");
-        dialog.Command4();
+        expect_former("dialog open");
+        EXPECT_EQ(dialog.Spacing, "6") << "the spacing of the last line is offered";
+        dialog.Cancel();
     };
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    expect_nothing("dialog cancelled");
+    expect_former("dialog cancelled");
+    EXPECT_EQ(workspace.Edits.Go_To(workspace.Project, 0), "");
+    EXPECT_EQ(workspace.Project.ShotTimes(1, 1), 11) << "its edits can still be undone";
 }
 
 TEST_F(Records, SeventyTwoShotsAreTheMost) {
@@ -185,13 +217,13 @@ TEST_F(Records, SeventyTwoShotsAreTheMost) {
         prompts.Expect(ask_converted, Answer::Yes);
         prompts.Expect_File("Load ", path);
         display.OnOpen = [&] {
-            dialog.Text1 = "2";
-            dialog.Text4 = accepted ? "72" : "73";
+            dialog.Spacing = "2";
+            dialog.Shots = accepted ? "72" : "73";
             dialog.Offset_or_Not();
-            dialog.Command1();
+            dialog.Ok();
         };
         EXPECT_EQ(New_Profile(workspace, ports, dialog), accepted);
-        EXPECT_EQ(workspace.Project.NbShots, accepted ? 72 : 0);
+        EXPECT_EQ(workspace.Project.NbShots, 72) << "the refused one leaves the former";
         EXPECT_EQ(prompts.Said("Maximum 72 shots"), !accepted);
         EXPECT_EQ(SuTraces(path).Word(1, words::ep), 1) << "numbered before the count is refused";
     }
@@ -204,11 +236,11 @@ TEST_F(Records, OfAnotherFileChosenInTheDialogAreTaken) {
     prompts.Expect_File("Load ", first);
     prompts.Expect_File("Load ", second);
     display.OnOpen = [&] {
-        dialog.Text1 = "3";
-        dialog.Command3();
-        EXPECT_EQ(dialog.Text3, "2");
-        EXPECT_EQ(dialog.Text4, "4");
-        dialog.Command1();
+        dialog.Spacing = "3";
+        dialog.Another_Su();
+        EXPECT_EQ(dialog.Geophones, "2");
+        EXPECT_EQ(dialog.Shots, "4");
+        dialog.Ok();
     };
     ASSERT_TRUE(New_Profile(workspace, ports, dialog));
     EXPECT_EQ(workspace.Project.CurrentFile, folder / "second.tv5");
@@ -220,7 +252,7 @@ TEST_F(Records, ThatEndOtherwiseAreNotOverwrittenByTheirProject) {
     const std::string path = Field_File("field.sgy");
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", path);
-    display.OnOpen = [&] { dialog.Command4(); };
+    display.OnOpen = [&] { dialog.Cancel(); };
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
     EXPECT_TRUE(prompts.Messages.size() == 1) << "no question whether to overwrite the records";
 }
@@ -229,17 +261,17 @@ TEST_F(Records, DialogFollowsOffsetsStationsAndAnOwnLineLength) {
     workspace.Project.SuFile = Field_File();
     workspace.Project.GeoSpace = 10;
     workspace.NoOffsetShots = false;
-    dialog.Affichage();
-    EXPECT_EQ(dialog.FocusControl, "Text2");
-    EXPECT_EQ(dialog.Text2Caption, "Distance from Geophone1 to shot 1");
-    EXPECT_EQ(dialog.Text6, "40");
-    dialog.Text4 = "5";
-    dialog.Check1 = true;
+    dialog.Affichage(workspace);
+    EXPECT_EQ(dialog.Focus, rechinfo::Field::FirstDistance);
+    EXPECT_EQ(dialog.FirstDistanceCaption, "Distance from Geophone1 to shot 1");
+    EXPECT_EQ(dialog.LineLength, "40");
+    dialog.Shots = "5";
+    dialog.Offsets = true;
     dialog.Offset_or_Not();
-    EXPECT_EQ(dialog.Text2Caption, "Distance from Geophone1 to shot 2");
-    EXPECT_EQ(dialog.DataGrid.Text(1, 0), "Shot 1");
-    EXPECT_EQ(dialog.DataGrid.Text(1, 1), "-20");
-    EXPECT_EQ(dialog.DataGrid.Text(5, 1), "60");
+    EXPECT_EQ(dialog.FirstDistanceCaption, "Distance from Geophone1 to shot 2");
+    EXPECT_EQ(dialog.ShotTable.Text(1, 0), "Shot 1");
+    EXPECT_EQ(dialog.ShotTable.Text(1, 1), "-20");
+    EXPECT_EQ(dialog.ShotTable.Text(5, 1), "60");
     auto& sketch = display.Pictures[Canvas::Profile2];
     EXPECT_NE(sketch.Printed("S5"), nullptr);
     EXPECT_NE(sketch.Printed("Reference Distance"), nullptr);
@@ -248,21 +280,21 @@ TEST_F(Records, DialogFollowsOffsetsStationsAndAnOwnLineLength) {
     EXPECT_LT(sketch.Current_Frame().Left, -20);
     EXPECT_GT(sketch.Current_Frame().Right, 60);
 
-    dialog.Text6 = "44";
-    dialog.Text1 = "11.5";
+    dialog.LineLength = "44";
+    dialog.Spacing = "11.5";
     dialog.Offset_or_Not();
-    EXPECT_EQ(dialog.Text6, "44") << "a length of the user's own stays";
+    EXPECT_EQ(dialog.LineLength, "44") << "a length of the user's own stays";
 
     prompts.Expect_Input("Enter number of shot location (stations)", "7");
-    dialog.Check2 = true;
+    dialog.SeveralSpreads = true;
     dialog.Multi_Spread_Changed();
-    EXPECT_EQ(dialog.DataGrid.Rows(), 8);
-    EXPECT_EQ(dialog.DataGrid.Text(7, 0), "Station 7");
+    EXPECT_EQ(dialog.ShotTable.Rows(), 8);
+    EXPECT_EQ(dialog.ShotTable.Text(7, 0), "Station 7");
     dialog.Sketch_Mouse_Move(-12.34);
     EXPECT_EQ(dialog.DistanceReadout, "Distance:-12.4");
 
-    dialog.Text1 = "";
-    dialog.Command1();
+    dialog.Spacing = "";
+    dialog.Ok();
     EXPECT_EQ(display.Count("Close_Dialog"), 0) << "a line without spacing is not taken";
 }
 
@@ -308,6 +340,7 @@ TEST_F(Records, ABuildThatIsRefusedSaysWhyAndChangesNothing) {
         const char* Words;
         std::function<void(NewProjectRequest&)> Change;
     } cases[] = {
+        {"contains invalid caracter", [&](auto& r) { r.SuFile = "/data/line 1.su"; }},
         {"cannot be opened", [&](auto& r) { r.SuFile = folder / "none.su"; }},
         {"holds no trace", [&](auto& r) { r.SuFile = folder / "empty.su"; }},
         {"has no channel numbers", [&](auto& r) { r.SuFile = unnumbered; }},

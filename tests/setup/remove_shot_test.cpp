@@ -17,15 +17,6 @@ using test::Make_Line;
 using test::SuBuilder;
 using test::TemporaryFolder;
 
-class WatchedLauncher : public test::RecordingLauncher {
-  public:
-    int Start(const std::string& program, const std::string& arguments, const std::string& folder) override {
-        if (OnStart) OnStart();
-        return RecordingLauncher::Start(program, arguments, folder);
-    }
-    std::function<void()> OnStart;
-};
-
 /// Gives everything that belongs to a shot a value that tells its shot.
 void Mark_Shots(Project& project) {
     for (int shot = 1; shot <= project.NbShots; ++shot) {
@@ -64,11 +55,12 @@ class Removal : public ::testing::Test {
         Fill_Grid(workspace);
         workspace.Project.CurrentFile = folder / "line.TV5";
         ASSERT_TRUE(Save_Geometry(workspace, ports));
-        launcher.Folder = folder.Path;
     }
     std::string With_Records() {
         SuBuilder builder(12, 50);
         builder.Records(3);
+        for (int trace = 1; trace <= 12; ++trace)
+            builder.Sample(trace, 7, static_cast<float>(trace));
         builder.Put16(2, 28, dead_trace);
         workspace.Project.SuFile = builder.Write(folder / "line.su");
         return workspace.Project.SuFile;
@@ -77,7 +69,7 @@ class Removal : public ::testing::Test {
     Workspace workspace;
     test::ScriptedPrompts prompts;
     test::RecordingDisplay display;
-    WatchedLauncher launcher;
+    test::RecordingLauncher launcher;
     Ports ports{prompts, display, launcher};
 };
 
@@ -118,17 +110,23 @@ TEST_F(Removal, BacksUpOnlyBeforeTheFirst) {
     EXPECT_EQ(workspace.Project.NbShots, 2);
 }
 
-TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
+/// Trace numbers as the seventh sample tells them.
+std::vector<int> Traces_In(const std::string& path) {
+    SuTraces file(path);
+    std::vector<int> found;
+    for (int trace = 1; trace <= file.Nb_Traces().value_or(0); ++trace) {
+        std::vector<float> samples(50);
+        file.Samples(trace, samples);
+        found.push_back(static_cast<int>(samples[6]));
+        EXPECT_EQ(file.Word(trace, words::trid), live_trace) << trace;
+    }
+    return found;
+}
+
+TEST_F(Removal, WritesTheProjectAndTheRecordsWithoutTheShot) {
     const std::string su_file = With_Records();
     const std::string before = *Read_File(folder / "line.TV5");
     const auto records = Read_File(su_file);
-    // What the batch finds when it is started.
-    std::vector<double> marks;
-    launcher.OnStart = [&] {
-        SuTraces traces(folder / "line_tmp.su");
-        for (int trace = 1; trace <= traces.Nb_Traces(); ++trace)
-            marks.push_back(traces.Word_Or_Zero(trace, words::trid));
-    };
     prompts.Expect("Do you want to remove shot 3", Answer::Yes);
     RemoveShot(workspace, ports, 3);
 
@@ -138,33 +136,65 @@ TEST_F(Removal, WritesTheProjectWithoutTheShotAndTheBatch) {
     Expect_Shot(written, 2, 2, 4);
     Expect_Shot(written, 3, 4, 4);
     EXPECT_EQ(written.SuFile, folder / "line_3.su");
+    EXPECT_EQ(Traces_In(folder / "line_3.su"), (std::vector<int>{1, 2, 3, 4, 5, 6, 10, 11, 12}));
+    EXPECT_EQ(Read_File(folder / "line_3.su")->substr(0, 440), records->substr(0, 440))
+        << "header and samples of a live trace are copied as they are";
+
     EXPECT_EQ(workspace.Project.NbShots, 4) << "the line in memory stays";
     EXPECT_EQ(Read_File(folder / "line.TV5"), before);
-
-    EXPECT_EQ(Read_File(folder / "win.bat"), (folder / "suwind") + " < " + (folder / "line_tmp.su") + " > " +
-                                                 (folder / "line_3.su") + " key=trid min=1 max=1\r\n");
-    EXPECT_EQ(launcher.Started.size(), 1U);
-    ASSERT_EQ(marks.size(), 12U);
-    for (int trace = 1; trace <= 12; ++trace)
-        EXPECT_EQ(marks[static_cast<std::size_t>(trace) - 1], trace >= 7 && trace <= 9 ? 2 : 1) << trace;
     EXPECT_EQ(Read_File(su_file), records) << "the records themselves stay, dead traces too";
-    EXPECT_FALSE(File_Exists(folder / "line_tmp.su"));
+    EXPECT_TRUE(launcher.Started.empty());
     EXPECT_EQ(prompts.Last_Text(), "Trace extraction OK ! New SU file has been recorded as " +
                                        (folder / "line_3.su") + "\nThe new Tarnvik file has been saved as " +
                                        (folder / "line_3.tv5") + "\nLoad this file !");
     EXPECT_EQ(workspace.Fields.Caption, "[" + (folder / "line_3.tv5") + "]");
-    EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Dromo);
 }
 
-TEST_F(Removal, ABatchThatCannotStartIsTold) {
+TEST_F(Removal, OfSeveralSpreadsTakesAllRecordsOfTheShotAndCountsTheOthersAnew) {
+    // Four records of three channels, of the stations 2, 1, 2 and 4.
+    const std::string su_file = With_Records();
+    {
+        SuWriter file(su_file, nullptr);
+        const int stations[] = {2, 1, 2, 4};
+        for (int record = 0; record < 4; ++record) {
+            for (int trace = 1; trace <= 3; ++trace)
+                file.Set_Word(3 * record + trace, words::ep, trace == 1 ? stations[record] : trace);
+        }
+    }
+    workspace.Fields.Check2 = true;
+    workspace.Record.ChannelsPerRecord = 3;
+    prompts.Expect("Do you want to remove shot 2", Answer::Yes);
+    RemoveShot(workspace, ports, 2);
+    EXPECT_EQ(Traces_In(folder / "line_2.su"), (std::vector<int>{4, 5, 6, 10, 11, 12}));
+    SuTraces left(folder / "line_2.su");
+    EXPECT_EQ(left.Word(1, words::ep), 1);
+    EXPECT_EQ(left.Word(2, words::ep), 2);
+    EXPECT_EQ(left.Word(4, words::ep), 3) << "the former station 4";
+}
+
+TEST_F(Removal, NoProjectNamesRecordsThatAreNotThere) {
     With_Records();
-    launcher.Result = 31;
+    ASSERT_TRUE(std::filesystem::create_directory(folder / "line_1.su.new"))
+        << "nothing can be written there";
     prompts.Expect("Do you want to remove shot 1", Answer::Yes);
     RemoveShot(workspace, ports, 1);
-    EXPECT_TRUE(prompts.Said("Unable to launch  " + (folder / "win.bat")));
-    EXPECT_EQ(prompts.Last_Text(),
-              "The new Tarnvik file has been saved as " + (folder / "line_1.tv5") + "\nLoad this file !");
-    EXPECT_FALSE(File_Exists(folder / "line_tmp.su"));
+    EXPECT_NE(prompts.Last_Text().find((folder / "line_1.su") + " cannot be written: "), std::string::npos);
+    EXPECT_FALSE(File_Exists(folder / "line_1.tv5"));
+    EXPECT_FALSE(File_Exists(folder / "line_1.su"));
+
+    ASSERT_TRUE(std::filesystem::create_directory(folder / "line_2.tv5.new"));
+    prompts.Expect("Do you want to remove shot 2", Answer::Yes);
+    RemoveShot(workspace, ports, 2);
+    EXPECT_FALSE(File_Exists(folder / "line_2.su")) << "records without their project are not left behind";
+
+    std::filesystem::remove(workspace.Project.SuFile);
+    prompts.Expect("Do you want to remove shot 3", Answer::Yes);
+    prompts.Expect(" Do you want to locate " + workspace.Project.SuFile, Answer::No);
+    RemoveShot(workspace, ports, 3);
+    Project written;
+    Parse_Project(Read_File(folder / "line_3.tv5").value_or(""), written);
+    EXPECT_EQ(written.NbShots, 3);
+    EXPECT_EQ(written.SuFile, "");
 }
 
 TEST_F(Removal, AskedBeforeAnythingIsWritten) {

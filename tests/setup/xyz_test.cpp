@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "core/edits/project_block.h"
 #include "core/files.h"
 #include "setup/geometry.h"
 #include "setup/line.h"
@@ -134,6 +135,8 @@ TEST_F(XyzCommand, TakesDistancesAndElevations) {
     EXPECT_EQ(project.LineLength, 12);
     EXPECT_EQ(project.GeoSpace, 6);
     EXPECT_TRUE(File_Exists(project.CurrentFile));
+    ASSERT_EQ(workspace.Edits.All().size(), 1U);
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "XYZ files");
 }
 
 TEST_F(XyzCommand, WrongCountsBadFilesAndCancelChangeNothing) {
@@ -155,8 +158,12 @@ TEST_F(XyzCommand, WrongCountsBadFilesAndCancelChangeNothing) {
     ports.Prompts.Expect(
         "Do you want to record the real distance and elevation of geophones in Tarnvik file ?", Answer::No);
     Enter_XYZ_Files(workspace, ports.Ports);
-    EXPECT_EQ(workspace.Project.ReceiverData, before.ReceiverData);
-    EXPECT_EQ(workspace.Project.ShotDistance, before.ShotDistance);
+    Choose("shots.txt", "geophones.txt");
+    ports.Prompts.Expect(
+        "Do you want to record the real distance and elevation of geophones in Tarnvik file ?", Answer::Yes);
+    ports.Prompts.Expect_Input("Enter the avearage distance between two geophones", "");
+    Enter_XYZ_Files(workspace, ports.Ports);
+    EXPECT_EQ(Project_Block(workspace.Project), Project_Block(before));
 }
 
 TEST_F(XyzCommand, TheToolThatCannotStartIsTold) {
