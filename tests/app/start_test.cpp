@@ -1,6 +1,10 @@
 #include "app/start.h"
 
+#include <filesystem>
+
+#include "app/commands.h"
 #include "app/splash.h"
+#include "core/project_file.h"
 #include "session_fixture.h"
 #include "support/su_builder.h"
 
