@@ -40,7 +40,7 @@ std::string Extract_Records(const Workspace& workspace, int shot, const std::str
             const int shot_of_trace = layout.Shot_Of(record);
             if (shot_of_trace == shot) continue;
             Put(bytes, words::trid, static_cast<std::int16_t>(live_trace));
-            if (workspace.Fields.Check2 && trace == layout.First_Trace(record)) {
+            if (workspace.Record.SeveralSpreads && trace == layout.First_Trace(record)) {
                 const int station = shot_of_trace > shot ? shot_of_trace - 1 : shot_of_trace;
                 Put(bytes, words::ep, static_cast<std::int32_t>(station));
             }
