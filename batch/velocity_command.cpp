@@ -72,18 +72,18 @@ ExitStatus Velocity(const CommonOptions& common, const VelocityOptions& options,
     files.SaveProject = [](Workspace&, Ports&) { return true; };
     SpeedF dialog(work, run.Program.Outside, files);
     dialog.Load();
-    dialog.Combo2 = CStr(options.Shot);
-    dialog.Combo3 = CStr(options.From);
-    dialog.Combo4 = CStr(options.To);
-    if (options.Layer > 0) dialog.Combo1 = CStr(options.Layer);
+    dialog.Shot = CStr(options.Shot);
+    dialog.FirstReceiver = CStr(options.From);
+    dialog.LastReceiver = CStr(options.To);
+    if (options.Layer > 0) dialog.Layer = CStr(options.Layer);
     std::istringstream list(options.Eliminate);
     std::string receiver;
     for (std::string& field : dialog.Eliminated) {
         if (!std::getline(list, receiver, ',')) break;
-        dialog.Check1 = true;
+        dialog.Eliminate = true;
         field = Trim(receiver);
     }
-    dialog.Check2 = options.StartAtShot;
+    dialog.ThroughShot = options.StartAtShot;
     run.Prompts.Forget();
     dialog.Command5();
     std::string message = run.Prompts.Texts();
@@ -92,8 +92,8 @@ ExitStatus Velocity(const CommonOptions& common, const VelocityOptions& options,
         // box.
         Confirm record(work, run.Program.Outside, dialog, files);
         record.Load();
-        record.Text2 = CStr(options.Layer);
-        if (CInt(Val(record.Text4))) {
+        record.Layer = CStr(options.Layer);
+        if (CInt(Val(record.Velocity))) {
             record.Command1();
         } else {
             // Nearly level times: the dialog leaves such a velocity out and stores the intercept alone.

@@ -5,6 +5,7 @@
 
 #include "core/fault.h"
 #include "core/text/number.h"
+#include "traveltime/regression_vitesse.h"
 
 namespace tarnvik {
 
@@ -46,6 +47,7 @@ void Fcalcul::Load() {
 }
 
 void Fcalcul::Close() {
+    Forget_Wrong_Receivers(Work);
     Work.Velocity.Awaited.reset();
     Outside.Show.Close_Dialog(Dialog::Fcalcul);
     Work.Mode.Release(Dialog::Fcalcul);
@@ -100,9 +102,20 @@ void Fcalcul::Display_Only() {
     }
 }
 
-void Fcalcul::Display_And_Compute() {
-    Display_Only();
-    if (!No_Data(true)) Calcul_Par_Intercept();
+std::string Fcalcul::Named_By_Shot(const std::string& what) const {
+    return what + " of shot " + CStr(Shot());
+}
+
+/// The one place where the dialog changes the project.
+void Fcalcul::Store(const std::string& edit_name, const ShotValues& values) {
+    const EditScope edit(Work, edit_name);
+    Store_Values(Work.Project, Shot(), values);
+}
+
+void Fcalcul::Enregistre_Tir() {
+    if (Shot() == 0) return;
+    Take_Fields();
+    Store(Named_By_Shot("Values"), Values);
 }
 
 void Fcalcul::Save() {
@@ -112,7 +125,7 @@ void Fcalcul::Save() {
 
 bool Fcalcul::Display_Shot(int shot) {
     Work.Velocity.Awaited.reset();
-    Computed = false;
+    Computed = Corrected = false;
     const int shots = Work.Project.NbShots;
     HScroll1.Min = 1;
     HScroll1.Max = std::max(1, shots);
@@ -124,6 +137,7 @@ bool Fcalcul::Display_Shot(int shot) {
     // Whatever a shot does not fill must not keep what the shot before had there: it would be stored with it.
     Empty_Rows();
     Work.Depth.Thick = {};
+    Values = Shot() == 0 ? ShotValues{} : Values_Of_Shot(Work.Project, Shot());
     Display_Only();
     return true;
 }
@@ -131,6 +145,14 @@ bool Fcalcul::Display_Shot(int shot) {
 void Fcalcul::HScroll1_Changed() {
     if (!Display_Shot(HScroll1.Value)) return;
     if (!No_Data(true)) Calcul_Par_Intercept();
+    Show_Stored_Thicknesses();
+    // What the user has just answered is his work; the rest of the display stores nothing.
+    if (Corrected) {
+        Take_Fields();
+        ShotValues corrected = Values;
+        corrected.Thickness = Values_Of_Shot(Work.Project, Shot()).Thickness;
+        Store(Named_By_Shot("Intercept times"), corrected);
+    }
     if (Check1) Save();
     Outside.Show.Show_Fields();
 }
@@ -139,10 +161,16 @@ void Fcalcul::Command1() {
     Work.Velocity.Awaited.reset();
     if (Shot() == 0 || Refused_As_Offset_Shot()) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
-    Enregistre_Tir();
+    Take_Fields();
+    // The thicknesses of the display before are stored, the new ones by the save.
+    const DepthWork::PerRefractor before = Values.Thickness;
     Unsaved = true;
-    Display_And_Compute();
-    if (Check1) Save();
+    Display_Only();
+    if (!No_Data(true)) Calcul_Par_Intercept();
+    Take_Fields();
+    if (!Check1) Values.Thickness = before;
+    Store(Named_By_Shot("Intercept depth"), Values);
+    if (Check1 && Files.SaveProject && Files.SaveProject(Work, Outside)) Unsaved = false;
     Outside.Show.Show_Fields();
 }
 
@@ -156,11 +184,13 @@ void Fcalcul::Command3() {
     if (Shot() == 0 || Refused_As_Offset_Shot()) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
     Unsaved = true;
+    std::optional<ShotValues> to_store;
     try {
-        Compute_By_Critical_Distance();
+        Compute_By_Critical_Distance(to_store);
     } catch (const Fault&) {
         Say("Impossible calcul...");
     }
+    if (to_store) Store(Named_By_Shot("Critical distance depth"), *to_store);
     Outside.Show.Show_Fields();
 }
 

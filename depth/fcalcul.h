@@ -1,10 +1,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
+#include "depth/shot_values.h"
 #include "depth/true_velocity.h"
 #include "traveltime/file_routines.h"
 
@@ -63,10 +65,10 @@ class Fcalcul {
     void Command3();  ///< "&Critic. Dist."
     void Command4();  ///< "&Save  "
 
-    enum class Thicknesses { Stored, Kept };
-    /// The fields of the shot displayed into the project, thicknesses only where that is asked for.
-    void Enregistre_Tir(Thicknesses thicknesses = Thicknesses::Stored);
-    /// Intercept-time method for the shot displayed.
+    /// The fields of the shot displayed into the project. Thicknesses only while some are shown: empty ones
+    /// leave what the project holds.
+    void Enregistre_Tir();
+    /// Intercept-time method for the shot displayed. The project stays as it is.
     void Calcul_Par_Intercept();
 
     /// The text of a field; null for one that does not exist.
@@ -77,20 +79,24 @@ class Fcalcul {
 
   private:
     enum class Results { Shown, Empty };
-    /// All fields from the project, and the results in workspace.Depth or empty ones; a shot without
-    /// velocities gets the usual ones. A thickness too large to be shown is a Fault.
+    /// Takes the fields into Values; thicknesses as shown, or else as the project holds them.
+    void Take_Fields();
+    /// All fields from Values, where a shot without velocities gets the usual ones, and the results in
+    /// workspace.Depth or empty ones. A thickness too large to be shown is a Fault.
     void Affiche_Tir(Results results);
     /// True velocities and critical angles from the fields. A ratio of velocities of 1 or more is a Fault.
     void VitesseVraie();
     void Take_Picture();
     void Display_Only();
-    void Display_And_Compute();
+    void Show_Stored_Thicknesses();
+    void Store(const std::string& edit_name, const ShotValues& values);
+    std::string Named_By_Shot(const std::string& what) const;
     void Empty_Results();
     void Empty_Rows();
     void Show_Side_Rows(int layers);
     void Show_Results(int layers);
     void Compute_By_Intercept();
-    void Compute_By_Critical_Distance();
+    void Compute_By_Critical_Distance(std::optional<ShotValues>& to_store);
     bool Intercepts_In_Order(int layers);
     bool Correct_Intercept(int refractor);
     bool Refused_As_Offset_Shot();
@@ -101,6 +107,9 @@ class Fcalcul {
     Workspace& Work;
     Ports& Outside;
     FileRoutines Files;
+    ShotValues Values;          ///< of the shot displayed, as they would be stored
+    bool ResultsShown = false;  ///< thickness fields hold what belongs to the shot displayed
+    bool Corrected = false;     ///< the user has corrected an intercept that was asked for
 };
 
 }  // namespace tarnvik

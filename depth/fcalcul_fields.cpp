@@ -1,34 +1,19 @@
-// Fcalcul: what stands in the fields, and how it comes from and goes into the project.
+// Fcalcul: what stands in the fields, and how it comes from and goes into the values of the shot.
 
-#include <utility>
+#include <algorithm>
+#include <cmath>
 
 #include "core/fault.h"
 #include "core/text/number.h"
 #include "depth/fcalcul.h"
 #include "depth/refractor_means.h"
-#include "depth/shot_velocities.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr std::int16_t usual_v1 = 300;
-constexpr std::int16_t usual_v2 = 700;
-
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
-}
-
-/// Layers 1 and 2 always have a velocity: the usual one where both sides have none, the other side's where
-/// one has none.
-void Complete_Velocities(Project& project, int shot) {
-    for (const auto& [layer, usual] : {std::pair{1, usual_v1}, std::pair{2, usual_v2}}) {
-        std::int16_t& side_a = project.VelocityA(shot, layer);
-        std::int16_t& side_b = project.VelocityB(shot, layer);
-        if (side_a == 0 && side_b == 0) side_a = side_b = usual;
-        if (side_a == 0 && side_b >= 1) side_a = side_b;
-        if (side_b == 0 && side_a >= 1) side_b = side_a;
-    }
 }
 
 double Sum(const Fcalcul::LayerTexts& side) {
@@ -61,6 +46,7 @@ void Fcalcul::Empty_Results() {
     TrueV = {};
     Thick = {};
     Depth = {};
+    ResultsShown = false;
 }
 
 void Fcalcul::Empty_Rows() {
@@ -76,17 +62,13 @@ void Fcalcul::Empty_Rows() {
 }
 
 void Fcalcul::Affiche_Tir(Results results) {
-    Project& project = Work.Project;
-    const int shot = Shot();
-    if (shot == 0) throw Fault("no such shot");
-    Complete_Velocities(project, shot);
-    int layers = 0;
-    DepthWork::PerLayer velocities{};
-    Shot_Velocities(project, shot, layers, velocities);
+    if (Shot() == 0) throw Fault("no such shot");
+    Complete_Velocities(Values);
+    const int layers = Layers_Of(Values);
     Layers = CStr(layers);
     VisibleLayers = layers;
-    ShotDepth = CStr(project.ShotDepth(shot));
-    Altitude = CStr(project.ShotElevation(shot));
+    ShotDepth = CStr(Values.Depth);
+    Altitude = CStr(Values.Elevation);
     Show_Side_Rows(layers);
     if (results == Results::Empty) {
         Empty_Results();
@@ -96,24 +78,18 @@ void Fcalcul::Affiche_Tir(Results results) {
 }
 
 void Fcalcul::Show_Side_Rows(int layers) {
-    const Project& project = Work.Project;
-    const int shot = Shot();
     for (int layer = 1; layer <= layers; ++layer) {
-        VelocityA[At(layer)] = CStr(static_cast<int>(project.VelocityA(shot, layer)));
-        VelocityB[At(layer)] = CStr(static_cast<int>(project.VelocityB(shot, layer)));
+        VelocityA[At(layer)] = CStr(static_cast<int>(Values.VelocityA[At(layer)]));
+        VelocityB[At(layer)] = CStr(static_cast<int>(Values.VelocityB[At(layer)]));
     }
     for (int refractor = 1; refractor < layers; ++refractor) {
         const std::size_t row = At(refractor);
-        InterceptA[row] = CStr(project.InterceptA(shot, refractor));
-        InterceptB[row] = CStr(project.InterceptB(shot, refractor));
-        CritDistA[row] = CStr(project.CritDistA(shot, refractor));
-        CritDistB[row] = CStr(project.CritDistB(shot, refractor));
-        double mean = 0;
-        Moyenne_Intercept(project, shot, refractor, mean);
-        MeanIntercept[row] = CStr(mean);
-        mean = 0;
-        Moyenne_Critique(project, shot, refractor, mean);
-        MeanCritDist[row] = CStr(mean);
+        InterceptA[row] = CStr(Values.InterceptA[row]);
+        InterceptB[row] = CStr(Values.InterceptB[row]);
+        CritDistA[row] = CStr(Values.CritDistA[row]);
+        CritDistB[row] = CStr(Values.CritDistB[row]);
+        MeanIntercept[row] = CStr(Mean_Of_Sides(Values.InterceptA[row], Values.InterceptB[row], 0));
+        MeanCritDist[row] = CStr(Mean_Of_Sides(Values.CritDistA[row], Values.CritDistB[row], 0));
     }
 }
 
@@ -124,8 +100,10 @@ void Fcalcul::Show_Results(int layers) {
         if (work.TrueV[At(layer)] > 0) TrueV[At(layer)] = CStr(Int(work.TrueV[At(layer)]));
     }
     DepthWork::PerRefractor rounded = work.Thick;
+    // One that cannot be shown must not stand in the way of the next computation.
+    work.Thick = {};
     for (double& thickness : rounded)
-        thickness = CInt_Or_Fault(100 * thickness) / 100.0;
+        thickness = Shown_Thickness(thickness);
     work.Thick = rounded;
     double depth = 0;
     for (int layer = 1; layer < layers; ++layer) {
@@ -134,25 +112,55 @@ void Fcalcul::Show_Results(int layers) {
         depth += thickness;
         Depth[At(layer)] = CStr(depth);
     }
+    ResultsShown = true;
 }
 
-void Fcalcul::Enregistre_Tir(Thicknesses thicknesses) {
-    Project& project = Work.Project;
-    const int shot = Shot();
-    if (shot == 0) return;
-    project.ShotElevation(shot) = Val(Altitude);
-    project.ShotDepth(shot) = Val(ShotDepth);
-    for (int layer = 1; layer <= Project::MaxLayers; ++layer) {
-        Store_If_It_Fits(project.VelocityA(shot, layer), Val(VelocityA[At(layer)]));
-        Store_If_It_Fits(project.VelocityB(shot, layer), Val(VelocityB[At(layer)]));
+/// The thicknesses that the project holds for a shot which intercept times give none for, or which have come
+/// from its critical distances: they are not taken away by looking at the shot, nor by saving what is shown.
+void Fcalcul::Show_Stored_Thicknesses() {
+    const DepthWork::PerRefractor& stored = Values.Thickness;
+    const auto layers = At(Layers_Of(Values));
+    if (std::all_of(stored.begin(), stored.end(), [](double thickness) { return !(thickness > 0); })) return;
+    if (Computed) {
+        const auto critical = Depths_By_Critical_Distance(Values);
+        constexpr double hundredth = 0.006;
+        const auto same = [&](const DepthWork::PerRefractor& other) {
+            for (std::size_t row = 1; row < layers; ++row) {
+                if (std::abs(other[row] - stored[row]) > hundredth) return false;
+            }
+            return true;
+        };
+        if (same(Work.Depth.Thick) || !critical || !same(*critical)) return;
     }
-    for (int refractor = 1; refractor <= Project::MaxRefractors; ++refractor) {
-        const std::size_t row = At(refractor);
-        project.InterceptA(shot, refractor) = Val(InterceptA[row]);
-        project.InterceptB(shot, refractor) = Val(InterceptB[row]);
-        project.CritDistA(shot, refractor) = Val(CritDistA[row]);
-        project.CritDistB(shot, refractor) = Val(CritDistB[row]);
-        if (thicknesses == Thicknesses::Stored) project.ShotThickness(shot, refractor) = Val(Thick[row]);
+    const LayerTexts true_v = Computed ? TrueV : LayerTexts{};
+    Work.Depth.Thick = stored;
+    try {
+        Show_Results(static_cast<int>(layers));
+    } catch (const Fault&) {
+        Empty_Results();
+        return;
+    }
+    TrueV = true_v;
+    Caption = Computed ? "Critical Distance method" : "";
+}
+
+void Fcalcul::Take_Fields() {
+    const Project& project = Work.Project;
+    if (Shot() == 0) return;
+    // What does not fit its place keeps what the project holds.
+    Values = Values_Of_Shot(project, Shot());
+    Values.Elevation = Val(Altitude);
+    Values.Depth = Val(ShotDepth);
+    for (std::size_t layer = 1; layer <= Project::MaxLayers; ++layer) {
+        Store_If_It_Fits(Values.VelocityA[layer], Val(VelocityA[layer]));
+        Store_If_It_Fits(Values.VelocityB[layer], Val(VelocityB[layer]));
+    }
+    for (std::size_t row = 1; row <= Project::MaxRefractors; ++row) {
+        Values.InterceptA[row] = Val(InterceptA[row]);
+        Values.InterceptB[row] = Val(InterceptB[row]);
+        Values.CritDistA[row] = Val(CritDistA[row]);
+        Values.CritDistB[row] = Val(CritDistB[row]);
+        if (ResultsShown) Values.Thickness[row] = Val(Thick[row]);
     }
 }
 

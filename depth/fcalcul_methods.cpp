@@ -64,6 +64,9 @@ void Fcalcul::Calcul_Par_Intercept() {
 
 void Fcalcul::Compute_By_Intercept() {
     Computed = false;
+    Corrected = false;
+    // While the method is under way the results of the display before stand.
+    const Results former = ResultsShown ? Results::Shown : Results::Empty;
     DepthWork& work = Work.Depth;
     Caption = "Intercept Time method";
     const double layers = Int(Val(Layers));
@@ -75,8 +78,8 @@ void Fcalcul::Compute_By_Intercept() {
                Val(InterceptA[2]) / ms_per_second, Val(InterceptB[2]) / ms_per_second};
     if (Sum(work.IT) == 0) return;
     if (No_Data(true)) return Say(" No data..");
-    Enregistre_Tir(Thicknesses::Kept);
-    Affiche_Tir(Results::Shown);
+    Take_Fields();
+    Affiche_Tir(former);
     VitesseVraie();
     if (work.VelocityFault) {
         work.VelocityFault = false;
@@ -107,7 +110,8 @@ bool Fcalcul::Intercepts_In_Order(int layers) {
                               Work.AppTitle, upper);
         if (chosen != upper && chosen != lower) return false;
         if (!Correct_Intercept(static_cast<int>(chosen == upper ? k : k + 1))) return false;
-        Enregistre_Tir(Thicknesses::Kept);
+        Take_Fields();
+        Corrected = true;
     }
     return true;
 }
@@ -123,8 +127,9 @@ bool Fcalcul::Correct_Intercept(int refractor) {
     return true;
 }
 
-void Fcalcul::Compute_By_Critical_Distance() {
+void Fcalcul::Compute_By_Critical_Distance(std::optional<ShotValues>& to_store) {
     Computed = false;
+    const Results former = ResultsShown ? Results::Shown : Results::Empty;
     DepthWork& work = Work.Depth;
     const double layers = Int(Val(Layers));
     if (layers > Project::MaxLayers) return Say("Too many Layers.. ");
@@ -132,15 +137,18 @@ void Fcalcul::Compute_By_Critical_Distance() {
     work.NbLayers = static_cast<int>(layers);
     if (No_Data(false)) return Say(" No data..");
     Caption = "Critical Distance method";
-    Enregistre_Tir();
-    Affiche_Tir(Results::Shown);
+    Take_Fields();
+    const ShotValues before = Values;  // with the thicknesses of the display before
+    to_store = Values;
+    Affiche_Tir(former);
+    to_store = Values;
     VitesseVraie();
     if (work.VelocityFault) {
         work.VelocityFault = false;
         return;
     }
     // IT3B goes over IT1A in the project, a fixed step of the method; the next store of the fields undoes it.
-    Work.Project.InterceptA(Shot(), 1) = Val(InterceptB[3]);
+    to_store->InterceptA[1] = Val(InterceptB[3]);
 
     for (std::size_t refractor = 1; refractor <= Project::MaxRefractors; ++refractor)
         work.CD[refractor] = Val(MeanCritDist[refractor]);
@@ -155,7 +163,9 @@ void Fcalcul::Compute_By_Critical_Distance() {
     }
     work.HalfShotDepth = Val(ShotDepth) * 0.5;
     Critical_Distance_Thicknesses(work.NbLayers, work.TrueV, work.CD, work.HalfShotDepth, work.Thick);
-    Enregistre_Tir();
+    Take_Fields();
+    Values.Thickness = before.Thickness;
+    to_store = Values;
     Affiche_Tir(Results::Shown);
     Computed = true;
 }

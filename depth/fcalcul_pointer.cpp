@@ -28,6 +28,7 @@ bool Filled_By_Click(const std::optional<AwaitedField>& awaited) {
 void FcalculPointer::Press(const PointerEvent& event) {
     const int shot = Form.Shot();
     if (shot == 0) return;
+    Forget_Wrong_Receivers(Work);
     const std::optional<AwaitedField>& awaited = Work.Velocity.Awaited;
     if (!Filled_By_Click(awaited)) {
         if (event.LeftButton) Band.Start(event);

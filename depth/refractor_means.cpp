@@ -4,23 +4,20 @@
 
 namespace tarnvik {
 
-namespace {
-
-void Mean_Of_Sides(double side_a, double side_b, double& mean) {
+double Mean_Of_Sides(double side_a, double side_b, double former) {
+    double mean = former;
     if (side_a > 0 && side_b > 0) mean = (side_a + side_b) / 2;
     if (side_a == 0 && side_b > 0) mean = side_b;
     if (side_a > 0 && side_b == 0) mean = side_a;
-    mean = Int(10 * mean) / 10;
+    return Int(10 * mean) / 10;
 }
 
-}  // namespace
-
 void Moyenne_Intercept(const Project& project, int shot, int refractor, double& mean) {
-    Mean_Of_Sides(project.InterceptA(shot, refractor), project.InterceptB(shot, refractor), mean);
+    mean = Mean_Of_Sides(project.InterceptA(shot, refractor), project.InterceptB(shot, refractor), mean);
 }
 
 void Moyenne_Critique(const Project& project, int shot, int refractor, double& mean) {
-    Mean_Of_Sides(project.CritDistA(shot, refractor), project.CritDistB(shot, refractor), mean);
+    mean = Mean_Of_Sides(project.CritDistA(shot, refractor), project.CritDistB(shot, refractor), mean);
 }
 
 }  // namespace tarnvik

@@ -10,25 +10,17 @@ Confirm::Confirm(Workspace& workspace, Ports& ports, SpeedF& speed, FileRoutines
     : Work(workspace), Outside(ports), Speed(speed), Files(std::move(files)) {}
 
 void Confirm::Load() {
-    Text1 = Speed.Combo2;
-    Text2 = Speed.Combo1;
-    Text3 = Speed.Text5;
-    Text4 = CStr(Int(Val(Speed.Text4)));
-    Label5 = Work.Project.CurrentFile;
+    Shot = Speed.Shot;
+    Layer = Speed.Layer;
+    Intercept = Speed.Intercept;
+    Velocity = CStr(Int(Val(Speed.Velocity)));
+    ProjectFile = Work.Project.CurrentFile;
     Outside.Show.Show_Fields();
 }
 
-void Confirm::Command1() {
-    const auto layer = [this] { return CInt(Val(Text2)).value_or(0); };
-    // A layer that no project can hold is asked for again like a missing one.
-    while (layer() < 1 || layer() > Project::MaxLayers) {
-        Text2 = Outside.Ask.Input(" Layer number (up to 5) is missing, correct please", Work.AppTitle, "2");
-    }
-    VelocityWork& work = Work.Velocity;
-    work.InterceptResult = Val(Text3);
-    Store_If_It_Fits(work.CurrentShot, Val(Text1));
-    work.VelocityResult = Val(Text4);
-
+/// The side of the shot typed, from the receivers in SpeedF, whose boxes are corrected where they name one
+/// beyond the line.
+int Confirm::Side_Of_Recording() {
     const Project& project = Work.Project;
     const auto distance_of = [&project](std::string& box) {
         if (Val(box) > project.NbReceivers) box = CStr(project.NbReceivers);
@@ -37,16 +29,31 @@ void Confirm::Command1() {
                    ? project.ReceiverData(ReceiverDistance, receiver)
                    : 0.0F;
     };
-    const double first = distance_of(Speed.Combo3);
-    const double last = distance_of(Speed.Combo4);
-    if (project.ShotDistance.Has(work.CurrentShot)) {
-        work.ShotSide = static_cast<std::int16_t>(Recording_Side(
-            work.ShotSide, project.ShotDistance(work.CurrentShot), first, last, project.LineLength));
+    const double first = distance_of(Speed.FirstReceiver);
+    const double last = distance_of(Speed.LastReceiver);
+    const int shot = Work.Velocity.CurrentShot;
+    if (!project.ShotDistance.Has(shot)) return Work.Velocity.ShotSide;
+    return Recording_Side(Work.Velocity.ShotSide, project.ShotDistance(shot), first, last,
+                          project.LineLength);
+}
+
+void Confirm::Command1() {
+    const auto layer = [this] { return CInt(Val(Layer)).value_or(0); };
+    // A layer that no project can hold is asked for again like a missing one.
+    while (layer() < 1 || layer() > Project::MaxLayers) {
+        Layer = Outside.Ask.Input(" Layer number (up to 5) is missing, correct please", Work.AppTitle, "2");
     }
+    VelocityWork& work = Work.Velocity;
+    work.InterceptResult = Val(Intercept);
+    Store_If_It_Fits(work.CurrentShot, Val(Shot));
+    work.VelocityResult = Val(Velocity);
+    work.ShotSide = static_cast<std::int16_t>(Side_Of_Recording());
+
+    EditScope edit(Work, "Velocity of shot " + CStr(work.CurrentShot) + ", layer " + CStr(layer()));
     Record_Velocity(Work.Project, work.CurrentShot, layer(), work.ShotSide, work.VelocityResult,
                     work.InterceptResult);
-    if (Files.SaveProject) Files.SaveProject(Work, Outside);
-    Speed.SaveEnabled = false;
+    edit.End();
+    if (Files.SaveProject && Files.SaveProject(Work, Outside)) Speed.Recorded();
     Outside.Show.Close_Dialog(Dialog::confirm);
     Outside.Show.Show_Fields();
 }

@@ -15,17 +15,19 @@ class Confirm {
   public:
     Confirm(Workspace& workspace, Ports& ports, SpeedF& speed, FileRoutines files = {});
 
-    std::string Text1;   ///< shot
-    std::string Text2;   ///< layer
-    std::string Text3;   ///< intercept time, ms
-    std::string Text4;   ///< velocity, whole part
-    std::string Label5;  ///< path of the project file
+    std::string Shot;
+    std::string Layer;
+    std::string Intercept;  ///< ms
+    std::string Velocity;   ///< whole part
+    std::string ProjectFile;
 
     void Load();      ///< the form opens
     void Command1();  ///< "OK Save"
     void Command2();  ///< "Cancel"
 
   private:
+    int Side_Of_Recording();
+
     Workspace& Work;
     Ports& Outside;
     SpeedF& Speed;

@@ -38,6 +38,9 @@ struct CurveStyle {
     bool ByVelocity = false;        ///< segments coloured by apparent velocity
     bool LabelOffsetShot = false;   ///< print the number of a shot that has no place of its own on the line
     std::int16_t LastLabelled = 0;  ///< the shot whose number already stands beside its curve
+    bool LeadIn = false;            ///< the curve rises from (0, 0) wherever its shot is
+    double SeenFrom = -1e9;         ///< part of the line that is looked at: what lies wholly outside is
+    double SeenTo = 1e9;            ///< left out
 };
 
 /// Frame of the curves of the project in memory on any device: scale, axes, grid, labels; finds MaxTime and
@@ -48,6 +51,17 @@ void Draw_Frame_On(Workspace& workspace, const CurvePictures& pictures);
 /// last point. Throws Fault for a line of length 0 or a shot outside the arrays.
 bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& settings, int shot,
                    const CurveStyle& style);
+
+/// Marks the pick that a double click has caught; nothing while none is.
+void Draw_Caught_Pick(Picture& dromo, const Workspace& workspace);
+
+/// Part of the picture across the line that the curve of a shot can change in when the time of a receiver
+/// does: up to the picks beside it, and as far as the colour of a segment depends on it.
+struct CurveStrip {
+    double X1 = 0;
+    double X2 = curve_picture_width;
+};
+CurveStrip Strip_Of_Pick(const Project& project, PickPlace pick, bool by_velocity);
 
 /// Frame and all curves that are not left out in Grille_Shot, on any device: paper, files, a window.
 /// The mode and the screen stay as they are. Answers whether every curve could be drawn.

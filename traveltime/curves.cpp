@@ -1,10 +1,14 @@
 #include "traveltime/curves.h"
 
-#include "core/files.h"
-#include "core/project_open.h"
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
 #include "core/text/letters.h"
 #include "traveltime/curve_drawing.h"
+#include "traveltime/rubber_band.h"
 #include "traveltime/shot_grid.h"
+#include "traveltime/velocity_ruler.h"
 
 namespace tarnvik {
 
@@ -30,12 +34,43 @@ void Draw_On_Screen(Workspace& workspace, Ports& ports, const Project& project, 
     CurveView& view = workspace.Curves;
     style.ZoomX = view.ZoomX;
     style.ByVelocity = workspace.Settings.ColorChoice;
+    style.LeadIn = view.LeadInStrokes;
     style.LastLabelled = view.LastLabelledShot;
     const bool labelled =
         Draw_Curve_On(ports.Show.Canvas_Of(Canvas::Dromo), project, workspace.Settings, shot, style);
     if (Second_Window_Open(workspace))
         Draw_Curve_On(ports.Show.Canvas_Of(Canvas::Dromo2), project, workspace.Settings, shot, style);
     if (labelled) view.LastLabelledShot = static_cast<std::int16_t>(shot);
+}
+
+/// All curves that are not left out, into the frame that stands. False when one of them could not be drawn.
+bool Draw_All(Workspace& workspace, Ports& ports, CurveStyle style) {
+    CurveView& view = workspace.Curves;
+    const Project& project = workspace.Project;
+    style.TimeFactor = view.TimeFactor;
+    style.LineLength = project.LineLength;
+    style.InColour = view.LastColour;
+    style.LabelOffsetShot = true;
+    bool all_drawn = true;
+    for (int shot = 1; shot <= project.NbShots && !Is_Pattern(project); ++shot) {
+        if (!Shot_Displayed(workspace, shot)) continue;
+        Couleur_Tir(project, shot, style.InColour);
+        view.LastColour = style.InColour;
+        try {
+            Draw_On_Screen(workspace, ports, project, shot, style);
+        } catch (const Fault&) {
+            all_drawn = false;
+        }
+    }
+    Draw_Caught_Pick(ports.Show.Canvas_Of(Canvas::Dromo), workspace);
+    return all_drawn;
+}
+
+/// World units that the circle of a pick, or the number beside it, takes across a picture.
+double Room_For_Marks(const Picture& picture) {
+    constexpr double pixels = 48;
+    const Frame frame = picture.Current_Frame();
+    return std::abs(frame.Right - frame.Left) * pixels / std::max(frame.Width, 1.0);
 }
 
 void Clear_Canvas(Ports& ports, Canvas canvas) {
@@ -84,7 +119,6 @@ void Dessine_Tir(Workspace& workspace, Ports& ports, int shot, Colour& colour, d
 
 void Show_Curves(Workspace& workspace, Ports& ports) {
     CurveView& view = workspace.Curves;
-    const Project& project = workspace.Project;
     Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
     workspace.Fields.Text1.clear();
     if (view.FrameDrawn == 2) {
@@ -97,34 +131,55 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     workspace.Mode.Display(DisplayMode::Dromo);
     Dessine_Cadre(workspace, ports);
     dromo.Set_Pointer(PointerShape::Hourglass);
-    if (project.NbShots == 0 && File_Exists(project.CurrentFile)) {
-        Read_Project(workspace, std::string(project.CurrentFile));
-        Dessine_Cadre(workspace, ports);
-    }
     Fill_Shot_Grid(workspace);
-
-    CurveStyle style;
-    style.TimeFactor = view.TimeFactor;
-    style.LineLength = project.LineLength;
-    style.InColour = view.LastColour;
-    style.LabelOffsetShot = true;
-    bool all_drawn = true;
-    for (int shot = 1; shot <= project.NbShots && !Is_Pattern(project); ++shot) {
-        workspace.Grids.Grille_Shot.CurrentRow = shot - 1;
-        workspace.Grids.Grille_Shot.CurrentColumn = 0;
-        if (!Shot_Displayed(workspace, shot)) continue;
-        Couleur_Tir(project, shot, style.InColour);
-        view.LastColour = style.InColour;
-        try {
-            Draw_On_Screen(workspace, ports, project, shot, style);
-        } catch (const Fault&) {
-            all_drawn = false;
-        }
-    }
+    const bool all_drawn = Draw_All(workspace, ports, {});
     // Told once and not for each of up to 72 shots.
     if (!all_drawn) ports.Ask.Say(curve_fault, workspace.AppTitle, Icon::Critical);
     ports.Show.Show_Grids();
     dromo.Set_Pointer(PointerShape::Cross);
+}
+
+void Refresh_Curves(Workspace& workspace, Ports& ports, std::span<const PickPlace> picks) {
+    CurveView& view = workspace.Curves;
+    const Project& project = workspace.Project;
+    if (view.FrameDrawn == 0 || picks.empty() || Is_Profile(workspace.Mode.On_Display())) return;
+    const DisplayMode mode = workspace.Mode.Current();
+    const bool plain = mode == DisplayMode::Dromo || mode == DisplayMode::Both;
+    if (!plain || project.LineLength == 0 || Time_Factor(Latest_Pick(project)) != view.TimeFactor) {
+        ports.Show.Show_Curves();
+        return;
+    }
+    CurveStrip strip{2 * curve_picture_width, -curve_picture_width};
+    for (const PickPlace pick : picks) {
+        if (!project.ShotTimes.Has(pick.Shot, pick.Receiver) || pick.Receiver > project.NbReceivers) continue;
+        const CurveStrip touched = Strip_Of_Pick(project, pick, workspace.Settings.ColorChoice);
+        strip.X1 = std::min(strip.X1, touched.X1);
+        strip.X2 = std::max(strip.X2, touched.X2);
+    }
+    if (strip.X1 > strip.X2) return;
+
+    // XOR lines over the strip are taken off meanwhile: half of one would stay for ever.
+    const DrawnBand band = view.Band;
+    if (band.Stands) Redraw_Band(workspace, ports, {});
+    Erase_Velocity_Cross(workspace, ports);
+    view.LastLabelledShot = 0;
+    std::vector<Picture*> pictures{&ports.Show.Canvas_Of(Canvas::Dromo)};
+    if (Second_Window_Open(workspace)) pictures.push_back(&ports.Show.Canvas_Of(Canvas::Dromo2));
+    double room = 0;
+    for (const Picture* picture : pictures)
+        room = std::max(room, Room_For_Marks(*picture));
+    for (Picture* picture : pictures) {
+        picture->Set_Clip(strip.X1 - room, -curve_picture_height, strip.X2 + room, 2 * curve_picture_height);
+        Draw_Frame_On(workspace, {*picture});
+    }
+    // What begins outside may reach in by as much.
+    CurveStyle style;
+    style.SeenFrom = strip.X1 - 2 * room;
+    style.SeenTo = strip.X2 + 2 * room;
+    Draw_All(workspace, ports, style);
+    for (Picture* picture : pictures)
+        picture->Clear_Clip();
+    if (band.Stands) Redraw_Band(workspace, ports, band);
 }
 
 void Superpose(Workspace& workspace, Ports& ports, const Project& other) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 
@@ -7,6 +9,11 @@ namespace tarnvik {
 
 /// Full redraw of the travel-time curves with their frame, scales and shot grid: the curves are on display.
 void Show_Curves(Workspace& workspace, Ports& ports);
+
+/// Redraws the curves where picks have changed, in the part of the line that they touch, on the pictures that
+/// show curves. A pick that changes the time scale, or a shown dialog that has drawn over the curves, takes
+/// the full redraw.
+void Refresh_Curves(Workspace& workspace, Ports& ports, std::span<const PickPlace> picks);
 
 /// Frame of the curves: axes, grid and scales, no curve.
 void Dessine_Cadre(Workspace& workspace, Ports& ports);

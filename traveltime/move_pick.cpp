@@ -5,6 +5,8 @@
 
 #include "core/text/number.h"
 #include "records/set_pick.h"
+#include "traveltime/curve_drawing.h"
+#include "traveltime/curves.h"
 
 namespace tarnvik {
 
@@ -15,14 +17,19 @@ constexpr double catch_time = 3;      // ms
 
 std::optional<PickPlace> Pick_Near(const Project& project, double distance, double time) {
     std::optional<PickPlace> caught;
+    double nearest = 0;
     const int shots = std::min<int>(project.NbShots, project.ShotTimes.Last_Row());
     const int receivers = std::min<int>(project.NbReceivers, project.ShotTimes.Last_Column());
     for (int shot = 1; shot <= shots; ++shot) {
         for (int receiver = 1; receiver <= receivers; ++receiver) {
             const double pick = project.ShotTimes(shot, receiver);
-            if (pick == 0 || std::abs(time - pick) >= catch_time) continue;
+            if (!(pick > 0) || std::abs(time - pick) >= catch_time) continue;
             const double place = project.ReceiverData(ReceiverDistance, receiver);
-            if (std::abs(distance - place) < catch_distance) caught = PickPlace{shot, receiver};
+            if (std::abs(distance - place) >= catch_distance) continue;
+            const double apart = std::hypot(distance - place, time - pick);
+            if (caught && apart > nearest) continue;
+            caught = PickPlace{shot, receiver};
+            nearest = apart;
         }
     }
     return caught;
@@ -39,6 +46,7 @@ void MovePick::Catch() {
     view.DragStartX = 0;  // the first click of the two began a band
     Pressed.reset();
     Outside.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::PickMove);
+    Draw_Caught_Pick(Outside.Show.Canvas_Of(Canvas::Dromo), Work);
 }
 
 void MovePick::Press(const PointerEvent& press) {
@@ -50,8 +58,9 @@ void MovePick::Release(const PointerEvent& release) {
     CurveView& view = Work.Curves;
     const bool same_place = release.X == Pressed->X && release.Y == Pressed->Y;
     Pressed.reset();
-    const bool deleted =
-        same_place && Outside.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver), Work.AppTitle);
+    const bool deleted = same_place && Outside.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver) +
+                                                               " of shot " + CStr(view.PickShot),
+                                                           Work.AppTitle);
     // Answered with no, the pick takes the pointer's time like any other move.
     const double y = deleted ? 0 : std::max(0.0, release.Y);
     view.PickMoving = 0;
@@ -60,13 +69,16 @@ void MovePick::Release(const PointerEvent& release) {
 }
 
 void MovePick::Store(double time_ms) {
-    const int shot = Work.Curves.PickShot;
-    const int receiver = Work.Curves.PickReceiver;
+    const PickPlace place{Work.Curves.PickShot, Work.Curves.PickReceiver};
     // Another project may have been opened between the double click and the release.
-    if (!Work.Project.ShotTimes.Has(shot, receiver)) return;
-    Set_Pick(Work, {shot, receiver}, static_cast<float>(time_ms), PickDigits::All);
+    if (!Work.Project.ShotTimes.Has(place.Shot, place.Receiver)) return;
+    EditScope edit(Work, "Move pick of shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver));
+    Set_Pick(Work, place, static_cast<float>(time_ms), PickDigits::All);
+    edit.End();
     if (Save) Save();
-    Outside.Show.Show_Curves();
+    // The ring around the pick goes, also where its time stays.
+    Refresh_Curves(Work, Outside, std::span(&place, 1));
+    Outside.Show.Show_Grids();
     if (!Work.Project.SuFile.empty()) Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }

@@ -10,8 +10,8 @@
 
 namespace tarnvik {
 
-/// The pick that lies within 3 length units and 3 ms of a place, both strictly; of several the last one in
-/// the order of shots and receivers.
+/// The pick nearest to a place within 3 length units and 3 ms of it, both strictly, where 1 unit counts as
+/// much as 1 ms; of several as near the last one in the order of shots and receivers.
 std::optional<PickPlace> Pick_Near(const Project& project, double distance, double time);
 
 /// Moving a pick on the curves: a double click catches it, the next press and release put it elsewhere, or
@@ -20,7 +20,8 @@ class MovePick {
   public:
     MovePick(Workspace& workspace, Ports& ports) : Work(workspace), Outside(ports) {}
 
-    /// Double click at MouseDistance and MouseTime; nothing while a pick is already in hand.
+    /// Double click at MouseDistance and MouseTime: the pick caught is lit. Nothing while one is already in
+    /// hand.
     void Catch();
     void Press(const PointerEvent& press);
     /// Ends the move, stores the time, saves the project and redraws. A release that no press went before

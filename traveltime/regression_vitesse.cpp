@@ -1,6 +1,7 @@
 #include "traveltime/regression_vitesse.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include "core/fault.h"
@@ -11,14 +12,7 @@ namespace tarnvik {
 
 namespace {
 
-/// A receiver line on which a stretch is to be fitted, after the correction of its ends.
-struct ShotStretch {
-    int First = 0;
-    int Last = 0;
-    double ShotDistance = 0;
-    bool ThroughShot = false;
-    bool Direct = false;
-};
+const std::string wrong_receivers = "Impossible: Wrong receivers ";
 
 bool Quick(const Workspace& workspace) {
     return workspace.Mode.Current() == DisplayMode::Quick;
@@ -34,7 +28,7 @@ void Report(Workspace& workspace, Ports& ports, const std::string& text, Icon ic
 }
 
 void Report_Wrong_Receivers(Workspace& workspace, Ports& ports, int first, int last) {
-    const std::string text = "Impossible: Wrong receivers " + CStr(first) + "," + CStr(last);
+    const std::string text = wrong_receivers + CStr(first) + "," + CStr(last);
     workspace.Velocity.QuickStatus = text;
     // Outside quick_interpret nobody sees its label; the main form's status label then tells it too.
     if (!Quick(workspace)) workspace.Fields.Status = text;
@@ -48,58 +42,28 @@ void Correct_Receivers(int receivers, int& first, int& last) {
     if (first > last) std::swap(first, last);
 }
 
-bool Lies_Between(double value, double low, double high) {
-    return value >= low && value <= high;
-}
-
-/// One receiver alone is a stretch when the shot lies beside it. The ends of the line stand for the
-/// neighbours that the end receivers lack.
-bool One_Receiver_Accepted(const Project& project, int receiver, double shot_distance) {
-    const auto place = [&project](int r) -> double {
-        if (r < 1) return 0;
-        if (r > project.NbReceivers) return project.LineLength;
-        return project.ReceiverData(ReceiverDistance, r);
-    };
-    const double whole = Int(shot_distance);
-    return Lies_Between(whole, place(receiver), place(receiver + 1)) ||
-           Lies_Between(whole, place(receiver - 1), place(receiver)) ||
-           (receiver == 1 && shot_distance == 0) ||
-           (receiver == project.NbReceivers && Rounded(shot_distance) == Rounded(project.LineLength));
-}
-
-bool Holds_Shot(const Project& project, const ShotStretch& stretch) {
-    const double shot = stretch.ShotDistance;
-    const double whole = Int(shot);
-    const double line_end = Rounded(project.LineLength);
-    if (shot < 0 || whole > line_end) return false;
-    const double first = project.ReceiverData(ReceiverDistance, stretch.First);
-    const double last = project.ReceiverData(ReceiverDistance, stretch.Last);
-    if (first < shot && shot < last) return true;
-    if (stretch.First != stretch.Last) return false;
-    return (stretch.First == 1 && shot == 0) || (stretch.Last == project.NbReceivers && whole == line_end);
-}
-
-/// The method told by the line and the place of the shot. False when the picks do not allow it; the message
-/// has been given then.
-bool Fit(Workspace& workspace, Ports& ports, int shot, const ShotStretch& stretch, StretchVelocity& result) {
-    const CurveStretch curve = Stretch_Of_Shot(workspace.Project, shot, stretch.First, stretch.Last);
-    workspace.Velocity.ShotSide =
-        static_cast<std::int16_t>(Side_Of_Stretch(stretch.ShotDistance, curve.First.Distance));
-    if (stretch.Direct) {
-        if (Direct_Velocity(curve, result)) return true;
-        Report(workspace, ports, "Impossible...", Icon::Critical);
-        return false;
+/// Tells why there is no velocity; nothing when there is one.
+void Report_Refusal(Workspace& workspace, Ports& ports, StretchRefusal refusal, int first, int last) {
+    switch (refusal) {
+        case StretchRefusal::WrongReceivers:
+            return Report_Wrong_Receivers(workspace, ports, first, last);
+        case StretchRefusal::NoFirstTime:
+            return Report(workspace, ports, "Impossible...", Icon::Critical);
+        case StretchRefusal::NoPick:
+            return Report(workspace, ports, "Impossible calculation...", Icon::None);
+        case StretchRefusal::Fault:
+            return Report(workspace, ports, "Error, calcul not possible...", Icon::None);
+        case StretchRefusal::HoldsShot:
+        case StretchRefusal::None:
+            return;
     }
-    if (stretch.ThroughShot) {
-        Line_Through_Shot_Velocity(curve, result);
-        return true;
-    }
-    if (Least_Squares_Velocity(curve, result)) return true;
-    Report(workspace, ports, "Impossible calculation...", Icon::None);
-    return false;
 }
 
 }  // namespace
+
+void Forget_Wrong_Receivers(Workspace& workspace) {
+    if (workspace.Fields.Status.starts_with(wrong_receivers)) workspace.Fields.Status.clear();
+}
 
 void Draw_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity& fitted, double shot_x,
                       bool through_shot) {
@@ -117,38 +81,29 @@ bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first
                         double& velocity) {
     VelocityWork& work = workspace.Velocity;
     const Project& project = workspace.Project;
+    Forget_Wrong_Receivers(workspace);
     work.InterceptResult = 0;
-    StretchVelocity result;
-    result.Correlation = work.Correlation;
+    Correct_Receivers(project.NbReceivers, first, last);
+    StretchAnswer answer;
     try {
-        Correct_Receivers(project.NbReceivers, first, last);
-        ShotStretch stretch;
-        stretch.First = first;
-        stretch.Last = last;
-        if (shot < 1) throw Fault("no such shot");
-        stretch.ShotDistance = project.ShotDistance(shot);
         const double shot_x = Shot_Position_Ecran(project, shot);
-        if (first == last && !One_Receiver_Accepted(project, first, stretch.ShotDistance)) {
-            Report_Wrong_Receivers(workspace, ports, first, last);
-            return false;
+        answer = Velocity_Of_Stretch(project, {shot, first, last, line, drag_rules, {}},
+                                     {.Correlation = work.Correlation});
+        work.Correlation = answer.Result.Correlation;
+        if (answer.Side != 0) work.ShotSide = static_cast<std::int16_t>(answer.Side);
+        if (answer.Refusal == StretchRefusal::None) {
+            velocity = answer.Result.Velocity;
+            work.InterceptResult = Int(10 * answer.Result.Intercept) / 10;
+            Colour blue = colours::Blue;
+            Dessine_Tir(workspace, ports, shot, blue, 0, workspace.Curves.TimeFactor, project.LineLength);
+            Draw_Fitted_Line(workspace, ports, answer.Result, shot_x,
+                             line == StretchLine::ThroughShot && first != last);
         }
-        stretch.ThroughShot = first != last && line == StretchLine::ThroughShot;
-        stretch.Direct = first == last || (!stretch.ThroughShot && Holds_Shot(project, stretch));
-        const bool fitted = Fit(workspace, ports, shot, stretch, result);
-        work.Correlation = result.Correlation;
-        if (!fitted) return false;
-        velocity = result.Velocity;
-        work.InterceptResult = Int(10 * result.Intercept) / 10;
-
-        Colour blue = colours::Blue;
-        Dessine_Tir(workspace, ports, shot, blue, 0, workspace.Curves.TimeFactor, project.LineLength);
-        Draw_Fitted_Line(workspace, ports, result, shot_x, stretch.ThroughShot);
-        return true;
     } catch (const Fault&) {
-        work.Correlation = result.Correlation;
-        Report(workspace, ports, "Error, calcul not possible...", Icon::None);
-        return false;
+        answer.Refusal = StretchRefusal::Fault;
     }
+    Report_Refusal(workspace, ports, answer.Refusal, first, last);
+    return answer.Refusal == StretchRefusal::None;
 }
 
 }  // namespace tarnvik

@@ -21,19 +21,6 @@ std::vector<std::string> Numbers_Up_To(int last) {
     return entries;
 }
 
-/// One receiver alone is a stretch only beside a shot at the end of the line.
-bool One_Receiver_Anchored(const Project& project, int receiver, double shot_distance) {
-    return (receiver == 1 && shot_distance == 0) ||
-           (Rounded(shot_distance) == Rounded(project.LineLength) && receiver == project.NbReceivers);
-}
-
-/// The shot lies inside the stretch.
-bool Shot_Inside(const Project& project, const CurveStretch& stretch) {
-    const double shot = stretch.ShotDistance;
-    if (shot < 0 || Rounded(shot) > Rounded(project.LineLength)) return false;
-    return stretch.First.Distance < shot && shot < stretch.Last.Distance;
-}
-
 }  // namespace
 
 SpeedF::SpeedF(Workspace& workspace, Ports& ports, FileRoutines files)
@@ -44,9 +31,9 @@ void SpeedF::Load() {
     ShotEntries = Numbers_Up_To(Work.Project.NbShots);
     ReceiverEntries = Numbers_Up_To(Work.Project.NbReceivers);
     const int shot = Work.Velocity.CurrentShot;
-    Combo2 = shot >= 1 && shot <= Work.Project.NbShots ? CStr(shot) : std::string();
-    Combo3 = "1";
-    Combo4 = CStr(Work.Project.NbReceivers);
+    Shot = shot >= 1 && shot <= Work.Project.NbShots ? CStr(shot) : std::string();
+    FirstReceiver = "1";
+    LastReceiver = CStr(Work.Project.NbReceivers);
     LastEntered = ReceiverBox::From;
     Show_Layer("1");
     Outside.Show.Show_Fields();
@@ -59,10 +46,10 @@ void SpeedF::Close() {
 }
 
 void SpeedF::Show_Layer(const std::string& layer) {
-    Combo1 = layer;
+    Layer = layer;
     SaveEnabled = true;
     const double number = Val(layer);
-    if (number >= 2) Check2 = false;
+    if (number >= 2) ThroughShot = false;
     InterceptShown = number > 1;
 }
 
@@ -71,21 +58,21 @@ void SpeedF::Enter_Receiver(ReceiverBox box) {
     Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
 }
 
-void SpeedF::Combo1_Changed() {
-    Show_Layer(Combo1);
+void SpeedF::Layer_Changed() {
+    Show_Layer(Layer);
     Outside.Show.Show_Fields();
 }
 
-void SpeedF::Combo2_Changed() {
-    if (Check3 || Trim(Combo2).empty()) return;
+void SpeedF::Shot_Changed() {
+    if (AllShots || Trim(Shot).empty()) return;
     Dessine_Cadre(Work, Outside);
     Colour red = colours::Red;
-    Dessine_Tir(Work, Outside, CInt(Val(Combo2)).value_or(0), red, 0, Work.Curves.TimeFactor,
+    Dessine_Tir(Work, Outside, CInt(Val(Shot)).value_or(0), red, 0, Work.Curves.TimeFactor,
                 Work.Project.LineLength);
 }
 
-void SpeedF::Check2_Clicked() {
-    if (Check2) Show_Layer("1");
+void SpeedF::ThroughShot_Clicked() {
+    if (ThroughShot) Show_Layer("1");
     Outside.Show.Show_Fields();
 }
 
@@ -120,89 +107,100 @@ void SpeedF::Correct_Receivers(int& first, int& last) {
     if (first > last) std::swap(first, last);
     if (first < 1) {
         first = 1;
-        Combo3 = "1";
+        FirstReceiver = "1";
     }
     if (first > receivers) {
         first = receivers;
-        Combo3 = CStr(receivers);
+        FirstReceiver = CStr(receivers);
     }
     if (last > receivers) {
         last = receivers;
-        Combo4 = CStr(receivers);
+        LastReceiver = CStr(receivers);
     }
 }
 
-bool SpeedF::Compute() {
-    const Project& project = Work.Project;
-    VelocityWork& work = Work.Velocity;
-    const auto refuse = [this](const char* text, Icon icon) {
+/// The end of the line that the times rise from.
+void SpeedF::Show_Side() {
+    Picture& end = Outside.Show.Canvas_Of(Canvas::SpeedEnd);
+    end.Clear();
+    end.Print(Work.Velocity.ShotSide == 1 ? "1" : CStr(Work.Project.NbReceivers), colours::Black);
+}
+
+/// Tells why there is no velocity.
+bool SpeedF::Refuse(StretchRefusal refusal) {
+    const auto say = [this](const char* text, Icon icon) {
         Outside.Ask.Say(text, Work.AppTitle, icon);
         return false;
     };
-    work.CurrentShot = CInt_Or_Fault(Int(Val(Combo2)));
-    const int shot = work.CurrentShot;
-    if (shot < 1) throw Fault("no such shot");
-    int first = CInt_Or_Fault(Val(Combo3));
-    int last = CInt_Or_Fault(Val(Combo4));
-    std::vector<int> eliminated;
+    switch (refusal) {
+        case StretchRefusal::WrongReceivers:
+            return say("Impossible: Wrong receivers", Icon::Critical);
+        case StretchRefusal::HoldsShot:
+            return say("Impossible, the shot must be before or after selected receivers...", Icon::Critical);
+        case StretchRefusal::NoFirstTime:
+            return say("Impossible...", Icon::Critical);
+        case StretchRefusal::NoPick:
+            return say("Impossible calculation...", Icon::None);
+        case StretchRefusal::Fault:
+            throw tarnvik::Fault("no velocity");
+        case StretchRefusal::None:
+            break;
+    }
+    return true;
+}
+
+bool SpeedF::Compute() {
+    VelocityWork& work = Work.Velocity;
+    work.CurrentShot = CInt_Or_Fault(Int(Val(Shot)));
+    StretchQuestion question;
+    question.Shot = work.CurrentShot;
+    question.First = CInt_Or_Fault(Val(FirstReceiver));
+    question.Last = CInt_Or_Fault(Val(LastReceiver));
+    question.Line = ThroughShot ? StretchLine::ThroughShot : StretchLine::Free;
+    question.Rules = dialog_rules;
     for (const std::string& text : Eliminated) {
-        if (Check1) eliminated.push_back(CInt(Val(text)).value_or(0));
+        if (Eliminate) question.Eliminated.push_back(CInt(Val(text)).value_or(0));
     }
-    Correct_Receivers(first, last);
+    Correct_Receivers(question.First, question.Last);
 
-    const double shot_distance = project.ShotDistance(shot);
-    bool anchored = first == last;
-    if (anchored && !One_Receiver_Anchored(project, first, shot_distance))
-        return refuse("Impossible: Wrong receivers", Icon::Critical);
-    const CurveStretch stretch = Stretch_Of_Shot(project, shot, first, last, eliminated);
-    anchored = anchored || Shot_Inside(project, stretch);
-    if (anchored) Show_Layer("1");
-
-    work.ShotSide = static_cast<std::int16_t>(Side_Of_Stretch(shot_distance, stretch.First.Distance));
-    Picture& end = Outside.Show.Canvas_Of(Canvas::SpeedEnd);
-    end.Clear();
-    end.Print(work.ShotSide == 1 ? "1" : CStr(project.NbReceivers), colours::Black);
-    if (Check2 && anchored) {
-        return refuse("Impossible, the shot must be before or after selected receivers...", Icon::Critical);
+    const StretchAnswer answer = Velocity_Of_Stretch(
+        Work.Project, question, {work.VelocityResult, work.InterceptResult, work.Correlation});
+    if (answer.Anchored) Show_Layer("1");
+    if (answer.Side != 0) {
+        work.ShotSide = static_cast<std::int16_t>(answer.Side);
+        Show_Side();
     }
-
-    StretchVelocity result{work.VelocityResult, work.InterceptResult, work.Correlation};
-    const auto keep_results = [&work, &result] {
-        work.VelocityResult = result.Velocity;
-        work.InterceptResult = result.Intercept;
-        work.Correlation = result.Correlation;
-    };
-    try {
-        bool fitted = true;
-        if (anchored) {
-            fitted = Direct_Velocity(stretch, result);
-        } else if (Check2) {
-            Line_Through_Shot_Velocity(stretch, result);
-        } else {
-            fitted = Least_Squares_Velocity(stretch, result);
-        }
-        keep_results();
-        if (!fitted && anchored) return refuse("Impossible...", Icon::Critical);
-        if (!fitted) return refuse("Impossible calculation...", Icon::None);
-    } catch (const Fault&) {
-        keep_results();  // what was found before the fault is new
-        throw;
-    }
-    Show_Results(result);
+    // What was found before a refusal or a fault is new.
+    work.VelocityResult = answer.Result.Velocity;
+    work.InterceptResult = answer.Result.Intercept;
+    work.Correlation = answer.Result.Correlation;
+    if (!Refuse(answer.Refusal)) return false;
+    Show_Results(answer.Result);
+    // The result is a new one: it can be saved, also for the layer that was saved before.
+    SaveEnabled = true;
     return true;
 }
 
 void SpeedF::Show_Results(const StretchVelocity& result) {
     VelocityWork& work = Work.Velocity;
     work.InterceptResult = Int(10 * work.InterceptResult) / 10;
-    Text5 = CStr(work.InterceptResult);
-    Text4 = CStr(work.VelocityResult);
-    Text6 = Left(Str(work.Correlation), correlation_shown);
+    Intercept = CStr(work.InterceptResult);
+    Velocity = CStr(work.VelocityResult);
+    Correlation = Left(Str(work.Correlation), correlation_shown);
     if (Work.Curves.FrameDrawn == 0) Dessine_Cadre(Work, Outside);
     Colour red = colours::Red;
     Dessine_Tir(Work, Outside, work.CurrentShot, red, 0, Work.Curves.TimeFactor, Work.Project.LineLength);
     if (result.X1 == result.X2) return;  // the direct method fits no line
-    Draw_Fitted_Line(Work, Outside, result, Shot_Position_Ecran(Work.Project, work.CurrentShot), Check2);
+    Draw_Fitted_Line(Work, Outside, result, Shot_Position_Ecran(Work.Project, work.CurrentShot), ThroughShot);
+}
+
+void SpeedF::Recorded() {
+    SaveEnabled = false;
+    RecordedResult = Result_Shown();
+}
+
+std::string SpeedF::Result_Shown() const {
+    return Shot + '|' + Layer + '|' + Velocity + '|' + Intercept;
 }
 
 void SpeedPointer::Release(const PointerEvent& event) {
@@ -211,7 +209,7 @@ void SpeedPointer::Release(const PointerEvent& event) {
     Work.Curves.DragStartX = 0;
     const int receiver = static_cast<int>(Receiver_At(event.X, receivers, PointerMoment::Release));
     Work.Curves.MouseReceiver = static_cast<std::int16_t>(receiver);
-    std::string& box = Form.LastEntered == SpeedF::ReceiverBox::From ? Form.Combo3 : Form.Combo4;
+    std::string& box = Form.LastEntered == SpeedF::ReceiverBox::From ? Form.FirstReceiver : Form.LastReceiver;
     box = CStr(receiver);
     Outside.Show.Show_Fields();
     Outside.Show.Bring_To_Front(Dialog::SpeedF);

@@ -8,34 +8,34 @@
 #include "core/workspace.h"
 #include "traveltime/curve_pointer.h"
 #include "traveltime/file_routines.h"
-#include "traveltime/regression.h"
+#include "traveltime/stretch_velocity.h"
 
 namespace tarnvik {
 
 /// Dialog "Velocity calculation": one velocity from a stretch of a shot's curve. Takes its values from the
-/// picture in mode "Vitesse".
+/// picture in mode Vitesse.
 class SpeedF {
   public:
     enum class ReceiverBox { From, To };
 
     SpeedF(Workspace& workspace, Ports& ports, FileRoutines files = {});
 
-    std::string Combo2;                           ///< shot
-    std::string Combo3;                           ///< "from Receiver"
-    std::string Combo4;                           ///< to receiver
-    std::string Combo1 = "1";                     ///< layer
-    bool Check1 = false;                          ///< "Geophone to eliminate"
-    std::array<std::string, 4> Eliminated;        ///< Text8 to Text11, shown while Check1 is ticked
-    bool Check2 = false;                          ///< "Layer 1, start at shot point"
-    bool Check3 = false;                          ///< "Display all shots"
-    std::string Text4;                            ///< velocity
-    std::string Text5;                            ///< intercept time, ms
-    std::string Text6;                            ///< correlation, first four characters
-    bool InterceptShown = true;                   ///< Text5 stands for layers 2 and deeper only
+    std::string Shot;
+    std::string FirstReceiver;
+    std::string LastReceiver;
+    std::string Layer = "1";
+    bool Eliminate = false;                 ///< "Geophone to eliminate"
+    std::array<std::string, 4> Eliminated;  ///< receivers left out of the fit while Eliminate is ticked
+    bool ThroughShot = false;               ///< "Layer 1, start at shot point"
+    bool AllShots = false;                  ///< "Display all shots"
+    std::string Velocity;
+    std::string Intercept;                        ///< ms
+    std::string Correlation;                      ///< first four characters
+    bool InterceptShown = true;                   ///< the intercept stands for layers 2 and deeper only
     bool SaveEnabled = true;                      ///< Command1
     ReceiverBox LastEntered = ReceiverBox::From;  ///< receiver box that a click on the picture fills
 
-    /// Entries of the lists Combo2, Combo3 and Combo4, and Combo1.
+    /// Entries of the lists.
     std::vector<std::string> ShotEntries;
     std::vector<std::string> ReceiverEntries;
     std::vector<std::string> LayerEntries{"0", "1", "2", "3", "4", "5"};
@@ -45,26 +45,35 @@ class SpeedF {
     /// A receiver box got the focus: the picture serves this dialog again, whatever served itself of it
     /// meanwhile.
     void Enter_Receiver(ReceiverBox box);
-    void Combo1_Changed();  ///< layer
-    void Combo2_Changed();  ///< shot
-    void Check2_Clicked();  ///< ticked or unticked
-    void Command1();        ///< "&Save ": opens `confirm`
-    void Command2();        ///< "Refresh"
-    void Command3();        ///< "&Quit"
-    void Command5();        ///< "&Compute"
+    void Layer_Changed();
+    void Shot_Changed();
+    void ThroughShot_Clicked();  ///< ticked or unticked
+    void Command1();             ///< "&Save ": opens `confirm`
+    void Command2();             ///< "Refresh"
+    void Command3();             ///< "&Quit"
+    void Command5();             ///< "&Compute"
+
+    /// `confirm` has written the result into the project file.
+    void Recorded();
+    /// True while a result stands that has not been recorded as it is shown.
+    bool Not_Recorded() const { return !Velocity.empty() && Result_Shown() != RecordedResult; }
 
   private:
     void Show_Layer(const std::string& layer);
     bool Compute();
     void Correct_Receivers(int& first, int& last);
+    void Show_Side();
+    bool Refuse(StretchRefusal refusal);
     void Show_Results(const StretchVelocity& result);
+    std::string Result_Shown() const;
 
     Workspace& Work;
     Ports& Outside;
     FileRoutines Files;
+    std::string RecordedResult;
 };
 
-/// The picture in mode "Vitesse": a release fills the receiver box entered last.
+/// The picture in mode Vitesse: a release fills the receiver box entered last.
 class SpeedPointer : public CurvePointerHandler {
   public:
     SpeedPointer(Workspace& workspace, Ports& ports, SpeedF& dialog)

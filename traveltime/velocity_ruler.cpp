@@ -89,6 +89,18 @@ DrawnCross Cross_At(const Workspace& workspace, double x, double y) {
             1000 * distance / view.CrossVelocity2 / view.PickFactor};
 }
 
+/// Erases the cross that stands and draws another; unbuffered meanwhile.
+void Redraw_Cross(Workspace& workspace, Ports& ports, const DrawnCross& cross) {
+    Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
+    dromo.Set_Buffering(false);
+    dromo.Set_Draw_Mode(DrawMode::Xor);
+    Draw_Cross(dromo, workspace.Curves.Cross);
+    workspace.Curves.Cross = cross;
+    Draw_Cross(dromo, cross);
+    dromo.Set_Draw_Mode(DrawMode::Copy);
+    dromo.Set_Buffering(true);
+}
+
 }  // namespace
 
 void Velocity_Ruler(Workspace& workspace, Ports& ports) {
@@ -115,14 +127,11 @@ void Velocity_Ruler_Key(Workspace& workspace, Ports& ports, int key) {
 }
 
 void Move_Velocity_Cross(Workspace& workspace, Ports& ports, double x, double y) {
-    Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
-    dromo.Set_Buffering(false);
-    dromo.Set_Draw_Mode(DrawMode::Xor);
-    Draw_Cross(dromo, workspace.Curves.Cross);
-    workspace.Curves.Cross = Cross_At(workspace, x, y);
-    Draw_Cross(dromo, workspace.Curves.Cross);
-    dromo.Set_Draw_Mode(DrawMode::Copy);
-    dromo.Set_Buffering(true);
+    Redraw_Cross(workspace, ports, Cross_At(workspace, x, y));
+}
+
+void Erase_Velocity_Cross(Workspace& workspace, Ports& ports) {
+    if (workspace.Curves.Cross.Stands) Redraw_Cross(workspace, ports, {});
 }
 
 }  // namespace tarnvik

@@ -16,4 +16,7 @@ void Velocity_Ruler_Key(Workspace& workspace, Ports& ports, int key);
 /// second) are CurveView's CrossVelocity1 and CrossVelocity2; without them there is no cross.
 void Move_Velocity_Cross(Workspace& workspace, Ports& ports, double x, double y);
 
+/// Takes the cross off the picture; the next move of the pointer draws it again.
+void Erase_Velocity_Cross(Workspace& workspace, Ports& ports);
+
 }  // namespace tarnvik

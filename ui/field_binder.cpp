@@ -213,8 +213,8 @@ void FieldBinder::Scroll(QScrollBar* control, std::int32_t& field, std::function
     });
 }
 
-template <class Number, class Parse>
-void FieldBinder::Typed_Number(QLineEdit* control, Number& field, Parse parse, Reaction finished) {
+template <class Value, class Parse>
+void FieldBinder::Typed_Number(QLineEdit* control, Value& field, Parse parse, Reaction finished) {
     QObject::connect(control, &QLineEdit::editingFinished, control, [control, &field, parse, finished] {
         if (!control->isModified()) return;
         control->setModified(false);

@@ -76,8 +76,8 @@ class FieldBinder {
     void Refresh();
 
   private:
-    template <class Number, class Parse>
-    void Typed_Number(QLineEdit* control, Number& field, Parse parse, Reaction finished);
+    template <class Value, class Parse>
+    void Typed_Number(QLineEdit* control, Value& field, Parse parse, Reaction finished);
     std::vector<Reaction> Refreshers;
 };
 

@@ -32,6 +32,10 @@ class Picture {
     virtual Frame Current_Frame() const = 0;
     /// Wipes the picture white and puts the pen at (0, 0).
     virtual void Clear() = 0;
+    /// From now on every verb, Clear among them, leaves alone what lies outside this rectangle of world
+    /// coordinates in force.
+    virtual void Set_Clip(double x1, double y1, double x2, double y2) = 0;
+    virtual void Clear_Clip() = 0;
 
     /// Straight line; the pen ends at (x2, y2).
     virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;

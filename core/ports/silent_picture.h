@@ -21,6 +21,8 @@ class SilentPicture : public Picture {
         InForce.Bottom = bottom;
     }
     Frame Current_Frame() const override { return InForce; }
+    void Set_Clip(double, double, double, double) override {}
+    void Clear_Clip() override {}
     void Clear() override {
         Move_To(0, 0);
         BackgroundKept = false;

@@ -110,6 +110,15 @@ TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
 }
 
 TEST_F(Commands, each_profile_entry_has_its_mode) {
+    Project& project = Program.Work.Project;
+    project.NbShots = 2;
+    project.NbReceivers = 3;
+    project.LineLength = 20;
+    Redimension_Project(project);
+    for (int shot = 1; shot <= 2; ++shot)
+        project.ShotElevation(shot) = 100;
+    for (int receiver = 1; receiver <= 3; ++receiver)
+        project.ReceiverData(ReceiverElevation, receiver) = 100;
     const std::pair<const char*, DisplayMode> modes[] = {{"S2", DisplayMode::Profil},
                                                          {"S3", DisplayMode::Profil2},
                                                          {"S4", DisplayMode::Profil4},

@@ -1,52 +1,11 @@
 // tarnvik-batch as a script uses it: what it prints, what it writes, how it ends.
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstdio>
 #include <fstream>
-#include <nlohmann/json.hpp>
 
-#include "core/files.h"
+#include "batch/batch_fixture.h"
 #include "core/text/letters.h"
-#include "support/su_builder.h"
-#include "support/test_ports.h"
 
 namespace tarnvik::test {
-
-namespace {
-
-struct Outcome {
-    int Status = -1;
-    std::string Output;  ///< standard output
-    std::string Errors;  ///< standard error
-};
-
-class Batch : public ::testing::Test {
-  protected:
-    Outcome Run(const std::string& arguments) {
-        const std::string errors = Folder / "errors.txt";
-        const std::string line = std::string(TARNVIK_BATCH) + " " + arguments + " 2>" + errors;
-        Outcome outcome;
-        std::FILE* pipe = popen(line.c_str(), "r");
-        if (pipe == nullptr) return outcome;
-        std::array<char, 4096> buffer{};
-        while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-            outcome.Output.append(buffer.data(), count);
-        }
-        outcome.Status = WEXITSTATUS(pclose(pipe));
-        outcome.Errors = Read_File(errors).value_or("");
-        return outcome;
-    }
-    /// A copy of the demo line, so that nothing can happen to the one in the sources.
-    std::string Demo(const std::string& name) {
-        EXPECT_EQ(Copy_File(std::string(DEMO_FOLDER) + "/" + name, Folder / name), "");
-        return Folder / name;
-    }
-    TemporaryFolder Folder;
-};
-
-}  // namespace
 
 TEST_F(Batch, show_gives_the_project_block_under_the_names_of_the_state) {
     const Outcome shown = Run("show " + Demo("demo1.tv5") + " --json");
@@ -67,6 +26,42 @@ TEST_F(Batch, show_gives_the_project_block_under_the_names_of_the_state) {
     EXPECT_EQ(json["ShotThickness"][0].size(), 4U);
     EXPECT_EQ(json["remark_grid"].size(), 8U);
     EXPECT_EQ(json["NoOffsetShots"], false);
+    // Singles by nine digits, which tell each from every other one.
+    const Project project = Read(Folder / "demo1.tv5");
+    for (int shot = 1; shot <= project.NbShots; ++shot) {
+        const auto& times = json["ShotTimes"][static_cast<std::size_t>(shot) - 1];
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+            const auto time = times[static_cast<std::size_t>(receiver) - 1].get<double>();
+            EXPECT_EQ(static_cast<float>(time), project.ShotTimes(shot, receiver));
+        }
+    }
+    EXPECT_NE(shown.Output.find("45.9700012,"), std::string::npos);
+}
+
+TEST_F(Batch, show_lists_the_line_for_reading) {
+    const std::string line = Changed_Demo("line.tv5", [](Project& project) {
+        Interpret(project);
+        project.ShotThickness(2, 1) = 6.25;
+    });
+    const Outcome shown = Run("show " + line);
+    for (const char* words :
+         {"Shots: 5, receivers: 24, line length: 120 m", "Field records: demo1.su", "Latest pick: 91.46 ms",
+          "Shot 3 at 60 m, elevation 101.07, depth 0",
+          "      1         600         600                                                        6.25",
+          "      3        3800        3800        36.0        36.0", "   45.97   47.83"}) {
+        EXPECT_NE(shown.Output.find(words), std::string::npos) << words << "\n"
+                                                               << shown.Output.substr(0, 2000);
+    }
+}
+
+TEST_F(Batch, saving_gives_the_file_that_was_read) {
+    const std::string demo = Demo("demo1.tv5");
+    const Project before = Read(demo);
+    ASSERT_EQ(Run("save " + demo + " --out " + (Folder / "saved.tv5")).Status, 0);
+    Project after = Read(Folder / "saved.tv5");
+    after.TotalTime = before.TotalTime;
+    EXPECT_EQ(Project_Fingerprint(after), Project_Fingerprint(before));
+    EXPECT_EQ(*Read_File(demo), *Read_File(std::string(DEMO_FOLDER) + "/demo1.tv5"));
 }
 
 TEST_F(Batch, the_way_a_run_ends_tells_what_happened) {
@@ -87,7 +82,6 @@ TEST_F(Batch, the_way_a_run_ends_tells_what_happened) {
         {"show " + (Folder / "errors.txt"), 1, "No TV5 file selected "},
         {"velocity " + demo + " --shot 9 --from 1 --to 3", 1, "Wrong Shot number"},
         {"velocity " + demo + " --shot 3 --from 5 --to 5", 1, "Impossible: Wrong receivers"},
-        {"velocity " + demo + " --shot 3 --from 1 --to 9 --eliminate 2,3,4,5,6", 2, "four receivers"},
         {"draw " + demo + " curves --out " + (Folder / "no/such/folder.png"), 1, "cannot be written"},
         {"depth " + demo + " --method intercept --json", 1, "Intercepts are missing"},
         {"depth " + empty + " --method intercept --json", 1, " No data.."},
@@ -156,6 +150,65 @@ TEST_F(Batch, the_road_from_a_marked_line_to_depths_runs_from_the_terminal) {
         EXPECT_TRUE(shot["TrueV"].empty() && shot["Thick"].empty() && shot["Depth"].empty()) << method;
         EXPECT_EQ(*Read_File(demo), before) << method;
     }
+}
+
+TEST_F(Batch, depths_that_are_not_to_be_recorded_leave_no_trace) {
+    const std::string line = Changed_Demo("line.tv5", [](Project& project) {
+        Interpret(project);
+        project.ShotThickness(3, 1) = 5.5;
+        project.ShotThickness(3, 2) = 8.5;
+    });
+    const std::size_t before = Project_Fingerprint(Read(line));
+    for (const char* method : {"intercept", "critical"}) {
+        const Outcome computed = Run("depth " + line + " --save --json --layers 2 --method " + method);
+        EXPECT_EQ(Project_Fingerprint(Read(line)), before) << method << computed.Errors;
+    }
+    const Outcome recorded = Run("depth " + line + " --record --save --json --method intercept --shot 3");
+    ASSERT_EQ(recorded.Status, 0) << recorded.Errors;
+    const Project after = Read(line);
+    EXPECT_NEAR(after.ShotThickness(3, 1), recorded.Json()[0]["Thick"][0].get<double>(), 0.01);
+    EXPECT_NE(after.ShotThickness(3, 1), 5.5);
+    EXPECT_EQ(after.ShotThickness(2, 1), 0) << "the other shots were not asked for";
+    EXPECT_EQ(after.VelocityA(3, 3), 3800);
+    EXPECT_EQ(Run("depth " + line + " --json --method intercept").Json().size(), 5U);
+}
+
+TEST_F(Batch, an_intercept_out_of_order_is_asked_for_and_told_when_it_stays) {
+    const std::string line = Changed_Demo("line.tv5", [](Project& project) {
+        Interpret(project);
+        project.InterceptA(2, 1) = project.InterceptB(2, 1) = 40;
+    });
+    const std::string depth = "depth " + line + " --method intercept --shot 2 --json";
+    for (const char* answers :
+         {" --answer cancel", " --answer IT1 --answer cancel", " --answer IT1 --answer 0"}) {
+        const Outcome refused = Run(depth + answers);
+        EXPECT_EQ(refused.Status, 1) << answers;
+        EXPECT_EQ(refused.Errors.find("Intercepts are missing"), std::string::npos) << refused.Errors;
+        EXPECT_NE(refused.Json()[0]["message"], "") << answers;
+    }
+    const Outcome corrected = Run(depth + " --answer IT1 --answer 10");
+    EXPECT_EQ(corrected.Status, 0) << corrected.Errors;
+    EXPECT_EQ(corrected.Json()[0]["Thick"].size(), 2U);
+}
+
+TEST_F(Batch, each_option_of_a_velocity_changes_it) {
+    const std::string velocity = "velocity " + Demo("demo1.tv5") + " --json ";
+    const auto found = [&](const std::string& options) {
+        const Outcome outcome = Run(velocity + options);
+        EXPECT_EQ(outcome.Status, 0) << options << outcome.Errors;
+        return outcome.Json()["VelocityResult"].get<double>();
+    };
+    const double plain = found("--shot 2 --from 4 --to 9 --layer 2");
+    EXPECT_NE(found("--shot 2 --from 4 --to 9 --layer 2 --eliminate 4"), plain);
+    EXPECT_NE(found("--shot 2 --from 4 --to 8 --layer 2"), plain);
+    EXPECT_NE(found("--shot 2 --from 5 --to 9 --layer 2"), plain);
+    EXPECT_NE(found("--shot 3 --from 18 --to 23 --layer 2"), plain);
+    EXPECT_NE(found("--shot 2 --from 3 --to 6 --layer 1 --start-at-shot"),
+              found("--shot 2 --from 3 --to 6 --layer 1"));
+    const Outcome told = Run("velocity " + (Folder / "demo1.tv5") + " --shot 2 --from 5 --to 9");
+    for (const char* words :
+         {"Velocity:    ", " m/s", "Intercept:   ", " ms", "Correlation: ", "Side:        B"})
+        EXPECT_NE(told.Output.find(words), std::string::npos) << told.Output;
 }
 
 TEST_F(Batch, pictures_come_in_every_form) {
@@ -255,7 +308,7 @@ TEST_F(Batch, an_older_file_is_converted) {
     ASSERT_EQ(Replace_File(Folder / "old.tv4", old_file), "");
     ASSERT_EQ(Run("convert " + (Folder / "old.tv4") + " " + (Folder / "new.tv5")).Status, 0);
     const auto project = nlohmann::json::parse(Run("show " + (Folder / "new.tv5") + " --json").Output);
-    EXPECT_EQ(project["ShotTimes"][0][0], 12.34);
+    EXPECT_EQ(project["ShotTimes"][0][0], 12.3400002);
     EXPECT_EQ(project["ReceiverData"][9][0], 2.5);
     EXPECT_EQ(project["ShotElevation"][0], 10);
 }

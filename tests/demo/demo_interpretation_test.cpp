@@ -40,15 +40,15 @@ class DemoInterpretation : public testing::Test {
     void Mark(const Stretch& stretch) {
         SpeedF dialog(Work, Test.Ports, Files);
         dialog.Load();
-        dialog.Combo2 = CStr(stretch.Shot);
-        dialog.Combo2_Changed();
-        dialog.Combo1 = CStr(stretch.Layer);
-        dialog.Combo1_Changed();
-        dialog.Combo3 = CStr(stretch.From);
-        dialog.Combo4 = CStr(stretch.To);
+        dialog.Shot = CStr(stretch.Shot);
+        dialog.Shot_Changed();
+        dialog.Layer = CStr(stretch.Layer);
+        dialog.Layer_Changed();
+        dialog.FirstReceiver = CStr(stretch.From);
+        dialog.LastReceiver = CStr(stretch.To);
         if (stretch.Layer == 1) {
-            dialog.Check2 = true;
-            dialog.Check2_Clicked();
+            dialog.ThroughShot = true;
+            dialog.ThroughShot_Clicked();
         }
         dialog.Command5();
         Confirm confirm(Work, Test.Ports, dialog, Files);

@@ -93,9 +93,9 @@ TEST_F(FcalculTest, ShowsTheShotAndComputesByInterceptTimes) {
 
 TEST_F(FcalculTest, AShotWithoutVelocitiesGetsTheUsualOnesAndAMissingSideTheOther) {
     Open_At(3);
-    EXPECT_EQ(Work.Project.VelocityA(3, 1), 300);
-    EXPECT_EQ(Work.Project.VelocityB(3, 2), 700);
+    EXPECT_EQ(Form->VelocityA[1], "300");
     EXPECT_EQ(Form->VelocityB[2], "700");
+    EXPECT_EQ(Work.Project.VelocityA(3, 1), 0) << "shown, not stored";
     EXPECT_EQ(Form->Thick[1], "") << "no intercepts, no computation";
     Work.Project.VelocityA(3, 2) = 0;
     Work.Project.VelocityB(3, 2) = 900;

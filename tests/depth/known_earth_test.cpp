@@ -29,16 +29,16 @@ struct Road {
     void Record_Velocities(int shot) {
         SpeedF speed(Work, World.Ports, Files);
         speed.Load();
-        speed.Combo2 = CStr(shot);
+        speed.Shot = CStr(shot);
         for (int layer = 1; layer <= Earth.Count(); ++layer) {
             for (const char side : {'A', 'B'}) {
                 const test::Branch branch = test::Branch_Of(Work.Project, Earth, shot, layer, side);
                 if (branch.Receivers() < 2) continue;
-                speed.Combo3 = CStr(branch.First);
-                speed.Combo4 = CStr(branch.Last);
+                speed.FirstReceiver = CStr(branch.First);
+                speed.LastReceiver = CStr(branch.Last);
                 speed.Command5();
-                speed.Combo1 = CStr(layer);
-                speed.Combo1_Changed();
+                speed.Layer = CStr(layer);
+                speed.Layer_Changed();
                 Confirm confirm(Work, World.Ports, speed, Files);
                 confirm.Load();
                 confirm.Command1();

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "records/record_choice.h"
 #include "records/record_styles.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
@@ -24,8 +25,9 @@ class RecordDisplay : public testing::Test {
   protected:
     RecordDisplay() : File(4, 11) {
         File.Records(2).Samples(1, {0, 500, 1000, -250, 0, 250, 250, 0, -1000, 0, 150});
-        Work.Fields.Text10 = "2";
-        Work.Fields.HScroll2 = {1, 1, 2};
+        Work.Record.LastTrace = 2;
+        Work.Record.NbTraces = 4;
+        Work.Record.NbRecords = 2;
         Work.Record.SamplesWord = 11;
         Work.Record.NbSamples = 11;
         Work.Record.ChannelsPerRecord = 2;
@@ -34,8 +36,8 @@ class RecordDisplay : public testing::Test {
     RecordingPicture& Ecran() { return Outside.Display.Pictures[Canvas::Ecran]; }
     RecordingPicture& Scale() { return Outside.Display.Pictures[Canvas::Echelle3]; }
     void Show() {
-        const std::string path = File.Write(Folder / "line.su");
-        Display_Record(Work, Outside.Ports, path, [](int shot) { return 1000 + shot; });
+        Work.Project.SuFile = File.Write(Folder / "line.su");
+        Display_Record(Work, Outside.Ports, Work.Project.SuFile, [](int shot) { return 1000 + shot; });
     }
     Points Polyline_Of(int index) {
         return Ecran().Of(Verb::Polyline).at(static_cast<std::size_t>(index)).Points;
@@ -76,16 +78,16 @@ TEST_F(RecordDisplay, VariableAreaFillsPositiveLobesUnderTheTrace) {
 }
 
 TEST_F(RecordDisplay, TheOtherStylesDrawTheirPartsOnly) {
-    Work.Fields.Combo1 = WiggleOnly;
+    Work.Record.Style = WiggleOnly;
     Show();
     EXPECT_EQ(Polyline_Of(0), Trace);
     EXPECT_TRUE(Ecran().Of(Verb::Polygon).empty());
-    Work.Fields.Combo1 = TwoColours;
+    Work.Record.Style = TwoColours;
     Show();
     EXPECT_TRUE(Ecran().Of(Verb::Polyline).empty());
     EXPECT_EQ(Polygons(colours::Red), Positive);
     EXPECT_EQ(Polygons(colours::Blue), Negative);
-    Work.Fields.Combo1 = AreaOnly;
+    Work.Record.Style = AreaOnly;
     Show();
     EXPECT_TRUE(Ecran().Of(Verb::Polyline).empty());
     EXPECT_EQ(Polygons(light_blue), Positive);
@@ -95,7 +97,7 @@ TEST_F(RecordDisplay, DeadTracesAreGrey) {
     File.Put16(1, 28, 2);
     Show();
     EXPECT_EQ(Polygons(colours::Grey), Positive);
-    Work.Fields.Combo1 = TwoColours;
+    Work.Record.Style = TwoColours;
     Show();
     EXPECT_EQ(Ecran().Of(Verb::Polygon, colours::Grey).size(), Positive.size() + Negative.size());
     EXPECT_EQ(Ecran().Of(Verb::Polygon).size(), Positive.size() + Negative.size());
@@ -103,7 +105,7 @@ TEST_F(RecordDisplay, DeadTracesAreGrey) {
 
 TEST_F(RecordDisplay, GainPolarityAndTraceSizeMultiplyAndClipLimits) {
     File.Sample(2, 5, 300);  // 300 * 1.00001 -> pixel 33.00003
-    Work.Fields.Combo1 = WiggleOnly;
+    Work.Record.Style = WiggleOnly;
     Show();
     EXPECT_EQ(Polyline_Of(1)[4].X, 33);
     Work.Record.AmplitudeGain = 4;
@@ -112,7 +114,7 @@ TEST_F(RecordDisplay, GainPolarityAndTraceSizeMultiplyAndClipLimits) {
     Show();
     EXPECT_EQ(Polyline_Of(1)[4].X, 6);    // 30 - 24
     EXPECT_EQ(Polyline_Of(0)[2].X, -30);  // 10 - 40
-    Work.Fields.clip = true;
+    Work.Record.ClipAmplitude = true;
     Show();
     EXPECT_EQ(Polyline_Of(1)[4].X, 20);
     EXPECT_EQ(Polyline_Of(0)[2].X, 0);
@@ -121,10 +123,10 @@ TEST_F(RecordDisplay, GainPolarityAndTraceSizeMultiplyAndClipLimits) {
 
 TEST_F(RecordDisplay, EqualisationScalesEachTraceByItsLargestVisitedSample) {
     File.Sample(2, 5, 10).Sample(2, 6, -40);  // negative samples do not count as largest
-    Work.Fields.Combo1 = WiggleOnly;
+    Work.Record.Style = WiggleOnly;
     Show();
     EXPECT_EQ(Polyline_Of(1)[4].X, 30);
-    Work.Fields.Check3 = true;
+    Work.Record.EqualiseTraces = true;
     Show();
     EXPECT_EQ(Polyline_Of(1)[4].X, 40);
     EXPECT_EQ(Polyline_Of(1)[5].X, -10);
@@ -132,7 +134,7 @@ TEST_F(RecordDisplay, EqualisationScalesEachTraceByItsLargestVisitedSample) {
 
 TEST_F(RecordDisplay, AFirstTraceOfZerosKeepsTheScaleOfTheRecordBefore) {
     File.Sample(4, 5, 500);
-    Work.Fields.Combo1 = WiggleOnly;
+    Work.Record.Style = WiggleOnly;
     // Nothing drawn before: the first trace with samples sets the scale.
     Select_Record(Work, 2);
     Show();
@@ -149,7 +151,7 @@ TEST_F(RecordDisplay, SamplesAreThinnedToAboutOneAPixelRow) {
     File = SuBuilder(2, 101);
     File.Records(2).Sample(1, 50, 1000).Sample(1, 51, 10);
     Work.Record.LastSample = 101;
-    Work.Fields.Combo1 = WiggleOnly;
+    Work.Record.Style = WiggleOnly;
     Show();
     EXPECT_EQ(Work.Record.SampleStep, 10);
     const Points points = Polyline_Of(0);
@@ -183,7 +185,7 @@ TEST_F(RecordDisplay, PicksAndTheShotAreMarked) {
 
 TEST_F(RecordDisplay, OverdrawLeavesWhatIsDrawn) {
     Show();
-    Work.Fields.Check7 = true;
+    Work.Record.Overdraw = true;
     Select_Record(Work, 2);
     Show();
     EXPECT_EQ(Ecran().Clears, 1);
@@ -196,39 +198,60 @@ TEST_F(RecordDisplay, TheIdentityOfTheRecordIsShown) {
     Work.Record.ReferenceTrace = 5;
     Select_Record(Work, 2);
     Show();
-    EXPECT_EQ(Work.Fields.Text9, "3");
-    EXPECT_EQ(Work.Fields.Text10, "4");
-    EXPECT_EQ(Work.Fields.Text12, "2/ FLDR 207");
-    EXPECT_EQ(Work.Fields.Text13, "12");
-    EXPECT_EQ(Work.Fields.Text18, "31");
+    EXPECT_EQ(Work.Record.FirstTrace, 3);
+    EXPECT_EQ(Work.Record.LastTrace, 4);
+    EXPECT_EQ(Record_Identity(Work.Record), "2/ FLDR 207");
+    EXPECT_EQ(Work.Record.ShotStation, 12);
+    EXPECT_EQ(Work.Record.FirstGeophone, 31);
     EXPECT_EQ(Work.Fields.Label16, Folder / "line.su");
     EXPECT_EQ(Work.Velocity.CurrentShot, 2);
     EXPECT_EQ(Work.Record.ReferenceTrace, 0);
     EXPECT_EQ(Ecran().Pointer, PointerShape::Cross);
     Select_Record(Work, 99);
-    EXPECT_EQ(Work.Fields.HScroll2.Value, 2);
-    Work.Fields.Text9 = "1";
-    Work.Fields.Text10 = "2";
-    Take_Typed_Range(Work);
-    EXPECT_EQ(Work.Fields.HScroll2.Value, 1);
+    EXPECT_EQ(Work.Record.Record, 2);
 }
 
-TEST_F(RecordDisplay, StationsAreAskedOnceForEachRecordAndKeptInTheFile) {
-    const std::string path = File.Write(Folder / "line.su");
-    Work.Fields.Check2 = true;
+TEST_F(RecordDisplay, StationsAreAskedOnceForEachRecordByWhatSelectsIt) {
+    Show();
+    Work.Edits.Start(Work.Project, true);
+    Outside.Display.OnDisplayRecord = [this] { Display_Record(Work, Outside.Ports, Work.Project.SuFile); };
+    Work.Record.SeveralSpreads = true;
+    Outside.Display.Display_Record();  // a redraw never asks
     Outside.Prompts.Expect_Input("Enter shot station: ", "7");
     Outside.Prompts.Expect_Input("Enter 1st geophone number: ", "13");
-    Display_Record(Work, Outside.Ports, path);
-    Display_Record(Work, Outside.Ports, path);
-    EXPECT_EQ(Work.Fields.Text13, "7");
-    EXPECT_EQ(Work.Fields.Text18, "13");
-    EXPECT_TRUE(Content_Of(path) == SuBuilder(File).Put32(1, 16, 7).Put32(1, 0, 13).Bytes);
-    // A cancelled box leaves the station of the file.
-    Select_Record(Work, 2);
+    Go_To_Record(Work, Outside.Ports, 1);
+    EXPECT_EQ(Work.Record.ShotStation, 7);
+    EXPECT_EQ(Work.Record.FirstGeophone, 13);
+    const std::string asked = SuBuilder(File).Put32(1, 16, 7).Put32(1, 0, 13).Bytes;
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) == asked);
+    EXPECT_EQ(Work.Edits.Undo_Name(), "Stations of record 1");
+
+    // An enlargement asks nothing and writes nothing; the station of its first trace counts on.
+    Work.Record.FirstTrace = 2;
+    Outside.Display.Display_Record();
+    Go_To_Record(Work, Outside.Ports, 1);
+    Work.Record.FirstTrace = 2;
+    Outside.Display.Display_Record();
+    EXPECT_EQ(Work.Record.FirstGeophone, 14);
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) == asked);
+
+    // What was entered is offered next; a cancelled box leaves the station of the file.
     Outside.Prompts.Expect_Input("Enter shot station: ", "");
     Outside.Prompts.Expect_Input("Enter 1st geophone number: ", "1");
-    Display_Record(Work, Outside.Ports, path);
-    EXPECT_EQ(Work.Fields.Text13, "2");
+    Go_To_Record(Work, Outside.Ports, 2);
+    EXPECT_EQ(Outside.Prompts.InputDefaults, (std::vector<std::string>{"1", "1", "7", "13"}));
+    EXPECT_EQ(Work.Record.ShotStation, 2);
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) == asked);
+
+    // Typed while a part is shown: the record's first trace takes the station that belongs to it.
+    Work.Record.FirstTrace = 4;
+    Work.Record.FirstGeophone = 9;
+    Take_Typed_Stations(Work, Outside.Ports);
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) ==
+                SuBuilder(File).Put32(1, 16, 7).Put32(1, 0, 13).Put32(3, 0, 8).Bytes);
+    EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
+    EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) == File.Bytes);
 }
 
 TEST_F(RecordDisplay, SizeFactorsBelongToRows) {
@@ -250,7 +273,7 @@ TEST_F(RecordDisplay, TravelTimesOfOtherShotsLieOverTheTraces) {
     Redimension_Project(project);
     File = SuBuilder(5, 30);
     File.Records(5);
-    Work.Fields.Text10 = "5";
+    Work.Record.LastTrace = 5;
     Work.Record.ChannelsPerRecord = 5;
     Work.Record.LastSample = 30;
     for (int receiver = 1; receiver <= 5; ++receiver) {
@@ -261,7 +284,7 @@ TEST_F(RecordDisplay, TravelTimesOfOtherShotsLieOverTheTraces) {
     project.ShotDistance(2) = 15;  // between receivers 2 and 3
     project.ShotDistance(3) = 40;
     project.ShotTimes(3, 4) = 0;
-    Work.Fields.Check6 = true;
+    Work.Record.ShowTravelTimes = true;
     Show();
     EXPECT_TRUE(Ecran().Of(Verb::Line, 1001).empty());  // the record's own shot
     const auto second = Ecran().Of(Verb::Line, 1002);
@@ -270,21 +293,10 @@ TEST_F(RecordDisplay, TravelTimesOfOtherShotsLieOverTheTraces) {
     EXPECT_FALSE(Ecran().Has_Line(5001, 6, 7001, 8, 1002));
     // A receiver without a time is passed over.
     EXPECT_TRUE(Ecran().Has_Line(7001, 9, 11001, 13, 1003));
-    Work.Fields.Text21 = "3";
+    Work.Record.CurveOnRecord = 3;
     Show();
     EXPECT_TRUE(Ecran().Of(Verb::Line, 1002).empty());
     EXPECT_EQ(Ecran().Of(Verb::Line, 1003).size(), 3U);
-}
-
-TEST_F(RecordDisplay, TheFirstReceiverComesFromTheStationOrTheChannel) {
-    Work.Project.NbReceivers = 24;
-    Work.Record.ChannelsPerRecord = 24;
-    Work.Record.FirstTrace = 30;
-    const std::pair<const char*, int> cases[] = {{"6", 6}, {"13", 13}, {"30", 6}, {"0", 6}, {"", 6}};
-    for (const auto& [station, receiver] : cases) {
-        Work.Fields.Text18 = station;
-        EXPECT_EQ(First_Receiver_Shown(Work), receiver) << station;
-    }
 }
 
 TEST(TimeScale, TicksStandAtRoundTimesOnce) {
@@ -330,13 +342,13 @@ TEST_F(RecordDisplay, SamplesThatAreNoNumbersHaveNoPlace) {
     File.Sample(1, 4, std::nanf("")).Sample(1, 6, infinite).Sample(2, 3, -infinite);
     for (const bool each : {false, true}) {
         for (int style = VariableArea; style <= AreaOnly + 1; ++style) {
-            Work.Fields.Combo1 = style;
-            Work.Fields.Check3 = each;
+            Work.Record.Style = style;
+            Work.Record.EqualiseTraces = each;
             Show();
         }
     }
-    Work.Fields.Combo1 = WiggleOnly;
-    Work.Fields.Check3 = false;
+    Work.Record.Style = WiggleOnly;
+    Work.Record.EqualiseTraces = false;
     Show();
     EXPECT_EQ(Polyline_Of(0).size(), 9U);
     EXPECT_EQ(Polyline_Of(1).size(), 10U);
@@ -363,19 +375,21 @@ TEST_F(RecordDisplay, PointsBeyondTheListAreLeftOut) {
 }
 
 TEST_F(RecordDisplay, WildRangesAndFilesEndWithoutHarm) {
-    const std::pair<const char*, const char*> ranges[] = {{"1", "2000000000"}, {"-2000000000", "2"},
-                                                          {"2000000000", "1"}, {"3", "2"},
-                                                          {"9e99", "x"},       {"2147483647", "-2147483648"}};
+    constexpr int most = std::numeric_limits<std::int32_t>::max();
+    const std::pair<int, int> ranges[] = {{1, 2'000'000'000}, {-2'000'000'000, 2}, {2'000'000'000, 1}, {3, 2},
+                                          {most, 0},          {most, -most - 1}};
     for (const auto& [first, last] : ranges) {
-        Work.Fields.Text9 = first;
-        Work.Fields.Text10 = last;
+        Work.Record.FirstTrace = first;
+        Work.Record.LastTrace = last;
+        Take_Typed_Range(Work);
         Show();
+        Show_Picks_On_Record(Work, Outside.Ports, first, last);
     }
     for (const int ns : {0, -1, -60, -61, -32768, 32767}) {
         SuBuilder wild(File);
         wild.Put16(1, 114, ns);
-        Work.Fields.Text9 = "1";
-        Work.Fields.Text10 = "4";
+        Work.Record.FirstTrace = 1;
+        Work.Record.LastTrace = 4;
         Display_Record(Work, Outside.Ports, wild.Write(Folder / "wild.su"));
     }
     Outside.Display.Pictures.insert_or_assign(Canvas::Ecran, RecordingPicture(0, 0));

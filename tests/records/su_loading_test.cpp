@@ -56,9 +56,9 @@ TEST_F(SuLoading, TheChannelScanFindsTheSpread) {
         ASSERT_TRUE(Scan_Channels(Work, Write(builder)));
         EXPECT_EQ(Work.Record.ChannelsPerRecord, c.Found) << c.Name;
         EXPECT_EQ(Work.Record.NbRecords, c.Records) << c.Name;
-        EXPECT_EQ(Work.Fields.Text9, "1");
-        EXPECT_EQ(Work.Fields.Text10, std::to_string(c.Found)) << c.Name;
-        EXPECT_EQ(Work.Fields.HScroll2.Max, std::max(1, c.Records)) << c.Name;
+        EXPECT_EQ(Work.Record.FirstTrace, 1);
+        EXPECT_EQ(Work.Record.LastTrace, c.Found) << c.Name;
+        EXPECT_EQ(Work.Record.Record, 1) << c.Name;
     }
 }
 
@@ -90,6 +90,9 @@ TEST_F(SuLoading, NamesAreDerivedWithoutTouchingTheFolder) {
     builder.Write(Folder / "Lines.sub/Hill.su");
     EXPECT_TRUE(Load(builder.Write(Folder / "Lines.sub/Hill_FLT.SU")));
     EXPECT_EQ(Work.Record.TwinSuFile, Folder / "Lines.sub/Hill.su");
+    // Only the ending counts, whatever stands before it.
+    EXPECT_TRUE(Load(Write(builder, "line.summer.su")));
+    EXPECT_EQ(Work.Project.CurrentFile, Folder / "line.summer.TV5");
     // A file of another name keeps its own content when the project is saved.
     const std::string other = Write(builder, "Hill.sgy");
     EXPECT_TRUE(Load(other));
@@ -141,6 +144,10 @@ TEST_F(SuLoading, PathsThatTheToolsDoNotStandAreRefused) {
     EXPECT_EQ(Path_Refusal("/data/a-b_1.su"), "");
     EXPECT_EQ(Path_Refusal("/a b.su"), "/a b.su contains invalid caracter * * ASCII:32");
     EXPECT_EQ(Path_Refusal("/h\xC3\xA9.su"), "/h\xC3\xA9.su contains invalid caracter *\xC3\xA9* ASCII:233");
+    // Letters that become "?" in a project file are refused, and not read as a question mark.
+    EXPECT_EQ(Path_Refusal("/\xE6\x97\xA5\xE6\x9C\xAC.su"),
+              "/\xE6\x97\xA5\xE6\x9C\xAC.su contains invalid caracter *\xE6\x97\xA5* ASCII:63");
+    EXPECT_EQ(Path_Refusal("/what?.su"), "");
     EXPECT_EQ(Path_Refusal(std::string(90, 'x')), "");
     EXPECT_EQ(Path_Refusal(std::string(91, 'x')), std::string(91, 'x') + " path is too long");
 
@@ -177,34 +184,100 @@ TEST_F(SuLoading, ANameWithoutFolderIsFoundBesideTheProjectAndStaysAsItIs) {
     EXPECT_EQ(Work.Record.NbTraces, 12);
 }
 
-TEST_F(SuLoading, PicksGoFromTheGridToTheHeadersAndBack) {
+TEST_F(SuLoading, OnlyTheProjectsFolderCountsForANameWithoutFolder) {
+    // A file of that name in the folder that the program runs in is a stranger's.
+    const std::filesystem::path former = std::filesystem::current_path();
+    std::filesystem::create_directory(Folder / "elsewhere");
+    std::filesystem::create_directory(Folder / "project");
+    SuBuilder(6, 10).Records(3).Write(Folder / "elsewhere/line.su");
+    std::filesystem::current_path(Folder / "elsewhere");
+    Work.Project.SuFile = "line.su";
+    Work.Project.ProjectDir = Folder / "project/";
+    EXPECT_EQ(Su_Path(Work.Project), Folder / "project/line.su");
+    Outside.Prompts.Expect(" Do you want to locate line.su", Answer::No);
+    Offer_SU_File(Work, Outside.Ports);
+    EXPECT_EQ(Work.Record.NbTraces, 0);
+    Write(SuBuilder(12, 10).Records(6), "project/line.su");
+    Offer_SU_File(Work, Outside.Ports);
+    EXPECT_EQ(Work.Record.NbTraces, 12);
+    std::filesystem::current_path(former);
+}
+
+TEST_F(SuLoading, OfTwoFilesOfOneNameTheUserChoosesOnce) {
+    std::filesystem::create_directory(Folder / "stored");
+    const std::string stored = Write(SuBuilder(12, 10).Records(6), "stored/line.su");
+    const std::string beside = Write(SuBuilder(6, 10).Records(3), "line.su");
+    const std::string question = "The project names the field records " + stored +
+                                 ". A file of the same name lies beside the project: " + beside +
+                                 ". Take the one beside the project ?";
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        Work = Workspace();
+        Work.Project.ProjectDir = Folder.Path + "/";
+        Outside.Prompts.Expect(question, answer);
+        for (int opened = 1; opened <= 2; ++opened) {
+            Work.Project.SuFile = stored;
+            Offer_SU_File(Work, Outside.Ports);
+            EXPECT_EQ(Work.Project.SuFile, answer == Answer::Yes ? beside : stored);
+            EXPECT_EQ(Work.Record.NbTraces, answer == Answer::Yes ? 6 : 12);
+            Close_Records(Work, Outside.Ports);
+        }
+    }
+    // The stored file itself beside the project is no question.
+    Work.Project.SuFile = beside;
+    Offer_SU_File(Work, Outside.Ports);
+}
+
+TEST_F(SuLoading, LoadingIsAnEditAndNumbersTheTracesInIt) {
+    const SuBuilder builder(6, 10);
+    const std::string path = Write(builder);
+    Work.Project.SuFile = "former.su";
+    Work.Edits.Start(Work.Project, true);
+    EXPECT_TRUE(Load(path, {"2", "3"}));
+    EXPECT_EQ(Work.Edits.Done(), 1U);
+    EXPECT_EQ(Work.Edits.Undo_Name(), "Load line.su");
+    EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
+    EXPECT_EQ(Work.Project.SuFile, "former.su");
+    EXPECT_TRUE(Content_Of(path) == builder.Bytes);
+}
+
+TEST_F(SuLoading, PicksGoFromTheTableToTheHeadersAndBack) {
     Work.Project.NbShots = 2;
     Work.Project.NbReceivers = 3;
-    TextGrid& grid = Work.Grids.Buildgrid;
-    grid.Resize(6, 6);
-    const char* texts[2][3] = {{"12.34", "", "3276.8"}, {"0.05", "7", "8.5ms"}};
+    Redimension_Project(Work.Project);
+    const float times[2][3] = {{12.34F, 0, 3276.8F}, {0.05F, 7, 8.5F}};
     for (int shot = 1; shot <= 2; ++shot)
         for (int receiver = 1; receiver <= 3; ++receiver)
-            grid.Set_Text(receiver, shot, texts[shot - 1][receiver - 1]);
-    const SuBuilder builder = SuBuilder(6, 4).Put16(2, 222, 55).Put16(3, 222, 66);
+            Work.Project.ShotTimes(shot, receiver) = times[shot - 1][receiver - 1];
+    const SuBuilder builder = SuBuilder(6, 4).Records(3).Put16(2, 222, 55).Put16(3, 222, 66);
     Work.Project.SuFile = Write(builder);
+    Offer_SU_File(Work, Outside.Ports);
+    Work.Edits.Start(Work.Project, true);
     Grid_2_SU(Work, Outside.Ports);
     SuBuilder meant(builder);
     // 12.34 ms is 123 tenths; an empty cell is 0; too late a time leaves the word; 0.05 ms rounds to even.
     meant.Put16(1, 222, 123).Put16(2, 222, 0).Put16(4, 222, 0).Put16(5, 222, 70).Put16(6, 222, 85);
     EXPECT_TRUE(Content_Of(Work.Project.SuFile) == meant.Bytes);
 
-    meant.Bytes.resize(meant.Bytes.size() - 200);  // the last trace is gone
-    meant.Write(Work.Project.SuFile);
+    SuBuilder shorter(meant);
+    shorter.Bytes.resize(shorter.Bytes.size() - 200);  // the last trace is gone
+    shorter.Write(Work.Project.SuFile);
     const std::string question = "FBP values of the grid will be replaced by FBP from SU Header";
     Outside.Prompts.Expect(question, Answer::Cancel);
     Load_FBP_From_SU_Header(Work, Outside.Ports);
-    EXPECT_EQ(grid.Text(1, 1), "12.34");
+    EXPECT_EQ(Work.Project.ShotTimes(1, 1), 12.34F);
     Outside.Prompts.Expect(question, Answer::Ok);
     Load_FBP_From_SU_Header(Work, Outside.Ports);
-    EXPECT_EQ(grid.Text(1, 1), "12.3");
-    EXPECT_EQ(grid.Text(3, 1), "6.6");
-    EXPECT_EQ(grid.Text(3, 2), "8.5ms");
+    EXPECT_EQ(Work.Project.ShotTimes(1, 1), 12.3F);
+    EXPECT_EQ(Work.Project.ShotTimes(1, 3), 6.6F);
+    EXPECT_EQ(Work.Project.ShotTimes(2, 3), 8.5F);
+
+    // Both ways are one edit each.
+    ASSERT_EQ(Work.Edits.Done(), 2U);
+    EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
+    EXPECT_EQ(Work.Project.ShotTimes(1, 1), 12.34F);
+    meant.Write(Work.Project.SuFile);
+    EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
+    EXPECT_TRUE(Content_Of(Work.Project.SuFile) == builder.Bytes);
 }
 
 TEST_F(SuLoading, WildFilesEndWithoutHarm) {

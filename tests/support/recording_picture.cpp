@@ -18,10 +18,15 @@ void RecordingPicture::Scale(double left, double top, double right, double botto
 }
 
 void RecordingPicture::Clear() {
-    List.clear();
+    if (!Clipped) List.clear();
     Background.reset();
     Move_To(0, 0);
     ++Clears;
+}
+
+void RecordingPicture::Set_Clip(double x1, double y1, double x2, double y2) {
+    Clipped = Clip{x1, y1, x2, y2};
+    Clips.push_back(*Clipped);
 }
 
 bool RecordingPicture::Bring_Back(double x1, double y1, double x2, double y2) {

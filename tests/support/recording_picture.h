@@ -28,8 +28,8 @@ struct Drawn {
     DrawMode Mode = DrawMode::Copy;
 };
 
-/// Picture that lists what is drawn on it. Clear empties the list. A printed line of text is `LineHeight`
-/// world units high.
+/// Picture that lists what is drawn on it. Clear empties the list, unless a clip keeps most of the picture. A
+/// printed line of text is `LineHeight` world units high.
 class RecordingPicture : public Picture {
   public:
     explicit RecordingPicture(double width = 960, double height = 500);
@@ -37,6 +37,8 @@ class RecordingPicture : public Picture {
     void Scale(double left, double top, double right, double bottom) override;
     Frame Current_Frame() const override { return InForce; }
     void Clear() override;
+    void Set_Clip(double x1, double y1, double x2, double y2) override;
+    void Clear_Clip() override { Clipped.reset(); }
     void Keep_Background() override { Background = List.size(); }
     /// Takes off the list what was drawn on the background and lies wholly in the rectangle.
     bool Bring_Back(double x1, double y1, double x2, double y2) override;
@@ -70,6 +72,14 @@ class RecordingPicture : public Picture {
     PointerShape Pointer = PointerShape::Arrow;
     bool Buffering = true;
     int Clears = 0;
+    struct Clip {
+        double X1 = 0;
+        double Y1 = 0;
+        double X2 = 0;
+        double Y2 = 0;
+    };
+    std::optional<Clip> Clipped;  ///< in force now
+    std::vector<Clip> Clips;      ///< all that were set
 
   private:
     std::optional<std::size_t> Background;  ///< entries of the list that belong to it

@@ -22,7 +22,10 @@ class RecordingDisplay : public Display {
         Calls.emplace_back("Show_Curves");
         if (OnShowCurves) OnShowCurves();
     }
-    void Display_Record() override { Calls.emplace_back("Display_Record"); }
+    void Display_Record() override {
+        Calls.emplace_back("Display_Record");
+        if (OnDisplayRecord) OnDisplayRecord();
+    }
     void Show_Profile() override {
         Calls.emplace_back("Show_Profile");
         if (OnShowProfile) OnShowProfile();
@@ -67,6 +70,7 @@ class RecordingDisplay : public Display {
     std::vector<Dialog> Open;
     std::vector<Dialog> InFront;
     std::function<void()> OnShowCurves;
+    std::function<void()> OnDisplayRecord;
     std::function<void()> OnShowProfile;
     bool Printable = true;
 };

@@ -29,9 +29,9 @@ struct SpeedTest : testing::Test {
         Form->Load();
     }
     void Compute(const char* shot, const char* from, const char* to) {
-        Form->Combo2 = shot;
-        Form->Combo3 = from;
-        Form->Combo4 = to;
+        Form->Shot = shot;
+        Form->FirstReceiver = from;
+        Form->LastReceiver = to;
         Form->Command5();
     }
     test::RecordingPicture& Dromo() { return World.Display.Pictures[Canvas::Dromo]; }
@@ -52,9 +52,9 @@ struct SpeedTest : testing::Test {
 
 TEST_F(SpeedTest, OpensWithTheWholeLineAndLayerOne) {
     EXPECT_EQ(Work.Mode.Current(), DisplayMode::Vitesse);
-    EXPECT_EQ(Form->Combo3, "1");
-    EXPECT_EQ(Form->Combo4, "24");
-    EXPECT_EQ(Form->Combo1, "1");
+    EXPECT_EQ(Form->FirstReceiver, "1");
+    EXPECT_EQ(Form->LastReceiver, "24");
+    EXPECT_EQ(Form->Layer, "1");
     EXPECT_FALSE(Form->InterceptShown);
     EXPECT_EQ(Form->ReceiverEntries.size(), 24U);
     EXPECT_EQ(Form->ShotEntries.back(), "5");
@@ -64,10 +64,10 @@ TEST_F(SpeedTest, ComputesVelocityInterceptAndCorrelationOfABranch) {
     // 12 sqrt(1 - 1/16) / 500 s = 23.2 ms
     Compute("1", "24", "8");
     EXPECT_NEAR(Work.Velocity.VelocityResult, 2000, 1);
-    EXPECT_EQ(Form->Text4, CStr(Work.Velocity.VelocityResult));
-    EXPECT_EQ(Form->Text5, "23.2");
-    EXPECT_EQ(Form->Text6.substr(0, 2), Work.Velocity.Correlation == 1 ? " 1" : " .");
-    EXPECT_EQ(Form->Combo3, "24") << "the order of the user stays";
+    EXPECT_EQ(Form->Velocity, CStr(Work.Velocity.VelocityResult));
+    EXPECT_EQ(Form->Intercept, "23.2");
+    EXPECT_EQ(Form->Correlation.substr(0, 2), Work.Velocity.Correlation == 1 ? " 1" : " .");
+    EXPECT_EQ(Form->FirstReceiver, "24") << "the order of the user stays";
     EXPECT_EQ(Work.Velocity.ShotSide, 24);
     EXPECT_EQ(World.Display.Pictures[Canvas::SpeedEnd].Texts(), std::vector<std::string>{"24"});
     EXPECT_EQ(World.Display.InFront, std::vector<Dialog>{Dialog::SpeedF});
@@ -78,7 +78,7 @@ TEST_F(SpeedTest, ComputesVelocityInterceptAndCorrelationOfABranch) {
     Compute("3", "1", "12");
     EXPECT_EQ(Work.Velocity.ShotSide, 1);
     EXPECT_EQ(World.Display.Pictures[Canvas::SpeedEnd].Texts(), std::vector<std::string>{"1"});
-    EXPECT_EQ(Form->Text5, "23.2");
+    EXPECT_EQ(Form->Intercept, "23.2");
 }
 
 TEST_F(SpeedTest, AStretchThatHoldsTheShotOrTheEndReceiverTakesTheDirectMethod) {
@@ -88,7 +88,7 @@ TEST_F(SpeedTest, AStretchThatHoldsTheShotOrTheEndReceiverTakesTheDirectMethod) 
         const char* To;
     } cases[] = {{"2", "12", "13"}, {"1", "1", "1"}, {"3", "24", "24"}};
     for (const auto& c : cases) {
-        Form->Combo1 = "3";
+        Form->Layer = "3";
         Work.Velocity.Correlation = 0.77;
         // An end shot stands on its receiver: give it a time as a shot hole has one.
         Work.Project.ShotDepth(1) = Work.Project.ShotDepth(3) = 1;
@@ -97,8 +97,8 @@ TEST_F(SpeedTest, AStretchThatHoldsTheShotOrTheEndReceiverTakesTheDirectMethod) 
         Work.Curves.FrameDrawn = 1;
         Compute(c.Shot, c.From, c.To);
         EXPECT_NEAR(Work.Velocity.VelocityResult, 500, 1) << c.Shot;
-        EXPECT_EQ(Form->Combo1, "1") << c.Shot;
-        EXPECT_EQ(Form->Text5, "0");
+        EXPECT_EQ(Form->Layer, "1") << c.Shot;
+        EXPECT_EQ(Form->Intercept, "0");
         EXPECT_EQ(Work.Velocity.Correlation, 0.77);
         EXPECT_TRUE(Black_Lines().empty()) << "no line is fitted";
     }
@@ -106,8 +106,8 @@ TEST_F(SpeedTest, AStretchThatHoldsTheShotOrTheEndReceiverTakesTheDirectMethod) 
 }
 
 TEST_F(SpeedTest, TheLineFromTheShotPointIsDrawnToTheShot) {
-    Form->Check2 = true;
-    Form->Check2_Clicked();
+    Form->ThroughShot = true;
+    Form->ThroughShot_Clicked();
     Compute("1", "2", "3");
     EXPECT_NEAR(Work.Velocity.VelocityResult, 500, 1);
     EXPECT_NEAR(Work.Velocity.Correlation, 99, 0.1);
@@ -115,9 +115,9 @@ TEST_F(SpeedTest, TheLineFromTheShotPointIsDrawnToTheShot) {
     EXPECT_TRUE(Dromo().Has_Line(0, 0, x2, 10 / Work.Curves.TimeFactor, colours::Black, 1e-3));
     Compute("3", "22", "23");
     EXPECT_TRUE(Dromo().Has_Line(96 - x2, 10 / Work.Curves.TimeFactor, 96, 0, colours::Black, 1e-3));
-    Form->Combo1 = "2";
-    Form->Combo1_Changed();
-    EXPECT_FALSE(Form->Check2) << "only layer 1 starts at the shot";
+    Form->Layer = "2";
+    Form->Layer_Changed();
+    EXPECT_FALSE(Form->ThroughShot) << "only layer 1 starts at the shot";
 }
 
 TEST_F(SpeedTest, EachRefusalHasItsMessageAndChangesNoResult) {
@@ -147,7 +147,7 @@ TEST_F(SpeedTest, EachRefusalHasItsMessageAndChangesNoResult) {
     Work.Velocity.VelocityResult = 1500;
     Work.Velocity.InterceptResult = 8;
     for (const auto& c : cases) {
-        Form->Check2 = c.ThroughShot;
+        Form->ThroughShot = c.ThroughShot;
         World.Prompts.Messages.clear();
         Compute(c.Shot, c.From, c.To);
         ASSERT_EQ(World.Prompts.Messages.size(), 1U) << c.Shot << " " << c.From;
@@ -168,10 +168,10 @@ TEST_F(SpeedTest, NoPickAndOnePickAreToldApart) {
     EXPECT_EQ(World.Prompts.Last_Text(), "Impossible calculation...");
     EXPECT_EQ(World.Prompts.Messages.back().WithIcon, Icon::None);
     EXPECT_EQ(Work.Velocity.Correlation, 0.987) << "already updated";
-    Form->Check2 = true;
+    Form->ThroughShot = true;
     Compute("1", "3", "9");
     EXPECT_EQ(World.Prompts.Last_Text(), "Error, calcul not possible...");
-    Form->Check2 = false;
+    Form->ThroughShot = false;
     Work.Project.ShotTimes(1, 5) = 20;
     Compute("1", "3", "9");
     EXPECT_EQ(World.Prompts.Last_Text(), "Error, calcul not possible...");
@@ -179,9 +179,9 @@ TEST_F(SpeedTest, NoPickAndOnePickAreToldApart) {
 
 TEST_F(SpeedTest, ReceiversOutOfRangeAreShownCorrected) {
     Compute("1", "0", "24");
-    EXPECT_EQ(Form->Combo3, "1");
+    EXPECT_EQ(Form->FirstReceiver, "1");
     Compute("1", "8", "99");
-    EXPECT_EQ(Form->Combo4, "24");
+    EXPECT_EQ(Form->LastReceiver, "24");
     EXPECT_NEAR(Work.Velocity.VelocityResult, 2000, 1);
     Work.Project.LineLength = 0;
     Work.Velocity.VelocityResult = 7;
@@ -195,18 +195,18 @@ TEST_F(SpeedTest, EliminatedReceiversCountOnlyWhileTheBoxIsTicked) {
     Form->Eliminated[2] = "15";
     Compute("1", "8", "24");
     EXPECT_LT(Work.Velocity.Correlation, 0.95);
-    Form->Check1 = true;
+    Form->Eliminate = true;
     Compute("1", "8", "24");
     EXPECT_NEAR(Work.Velocity.VelocityResult, 2000, 1);
 }
 
 TEST_F(SpeedTest, ChoosingAShotRedrawsItAloneUnlessAllStay) {
-    Form->Check3 = true;
-    Form->Combo2 = "2";
-    Form->Combo2_Changed();
+    Form->AllShots = true;
+    Form->Shot = "2";
+    Form->Shot_Changed();
     EXPECT_TRUE(Dromo().List.empty());
-    Form->Check3 = false;
-    Form->Combo2_Changed();
+    Form->AllShots = false;
+    Form->Shot_Changed();
     EXPECT_FALSE(Dromo().Of(Drawn::Verb::Line, colours::Red).empty());
     EXPECT_TRUE(Dromo().Of(Drawn::Verb::Line, colours::Blue).empty());
 }
@@ -227,15 +227,15 @@ TEST_F(SpeedTest, RefreshLoadsAProjectWithoutTimesAnew) {
 TEST_F(SpeedTest, AReleaseOnThePictureFillsTheReceiverBoxEnteredLast) {
     SpeedPointer pointer(Work, World.Ports, *Form);
     pointer.Release({30, 10, true, false});
-    EXPECT_EQ(Form->Combo3, "8");                          // 30 / 4 rounded, half to even
+    EXPECT_EQ(Form->FirstReceiver, "8");                   // 30 / 4 rounded, half to even
     Work.Mode.Take(Dialog::Fcalcul, DisplayMode::Calcul);  // the depth dialog has taken the picture since
     Form->Enter_Receiver(SpeedF::ReceiverBox::To);
     EXPECT_EQ(Work.Mode.Current(), DisplayMode::Vitesse);
     pointer.Release({97, 10, true, false});
-    EXPECT_EQ(Form->Combo4, "24");
+    EXPECT_EQ(Form->LastReceiver, "24");
     pointer.Release({-1, 10, true, false});
-    EXPECT_EQ(Form->Combo4, "1");
-    EXPECT_EQ(Form->Combo3, "8");
+    EXPECT_EQ(Form->LastReceiver, "1");
+    EXPECT_EQ(Form->FirstReceiver, "8");
     EXPECT_EQ(World.Display.InFront.back(), Dialog::SpeedF);
 }
 
@@ -256,8 +256,8 @@ TEST_F(SpeedTest, RecordingSideFollowsTheShotAndBothEndsOfTheStretch) {
 TEST_F(SpeedTest, SavingRecordsOnTheSideOfTheStretchAndWritesTheFileAtOnce) {
     const auto record = [this](const char* shot, const char* from, const char* to, const char* layer) {
         Compute(shot, from, to);
-        Form->Combo1 = layer;
-        Form->Combo1_Changed();
+        Form->Layer = layer;
+        Form->Layer_Changed();
         EXPECT_TRUE(Form->SaveEnabled);
         Form->Command1();
         Confirm confirm(Work, World.Ports, *Form, Files);
@@ -293,31 +293,31 @@ TEST_F(SpeedTest, ConfirmAsksUntilTheLayerIsOneOfFive) {
     Compute("1", "8", "24");
     Confirm confirm(Work, World.Ports, *Form, Files);
     confirm.Load();
-    confirm.Text2 = "";
+    confirm.Layer = "";
     for (const char* typed : {"", "0", "x", "-1", "6", "2"})
         World.Prompts.Expect_Input(question, typed);
     confirm.Command1();
-    EXPECT_EQ(confirm.Text2, "2");
+    EXPECT_EQ(confirm.Layer, "2");
     EXPECT_EQ(World.Prompts.InputDefaults, std::vector<std::string>(6, "2"));
     EXPECT_NEAR(Work.Project.VelocityA(1, 2), 2000, 1);
 }
 
 TEST_F(SpeedTest, WhatDoesNotFitThePlaceIsLeftOutAndTheRestStands) {
     Work.Project.VelocityA(1, 2) = 1800;
-    Form->Combo2 = "1";
+    Form->Shot = "1";
     Confirm confirm(Work, World.Ports, *Form, Files);
     confirm.Load();
-    confirm.Text2 = "2";
-    confirm.Text3 = "9.5";
-    confirm.Text4 = "40000";
+    confirm.Layer = "2";
+    confirm.Intercept = "9.5";
+    confirm.Velocity = "40000";
     confirm.Command1();
     EXPECT_EQ(Work.Project.VelocityA(1, 2), 1800);
     EXPECT_EQ(Work.Project.InterceptA(1, 1), 9.5);
     const Array2<std::int16_t> before = Work.Project.VelocityA;
     for (const char* shot : {"0", "6", "-1", "99999", "no"}) {
         Work.Velocity.CurrentShot = 0;
-        confirm.Text1 = shot;
-        confirm.Text4 = "1000";
+        confirm.Shot = shot;
+        confirm.Velocity = "1000";
         confirm.Command1();
         EXPECT_EQ(Work.Project.VelocityA, before) << shot;
     }

@@ -150,7 +150,7 @@ TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
     EXPECT_EQ(velocity->text(), "");
     QTest::keyClick(form->findChild<QComboBox*>("Combo4")->lineEdit(), Qt::Key_Return);
     EXPECT_EQ(velocity->text(), "500");
-    EXPECT_EQ(velocity->text().toStdString(), Program.Speed.Text4);
+    EXPECT_EQ(velocity->text().toStdString(), Program.Speed.Velocity);
     EXPECT_FALSE(Blank(form->findChild<PictureBox*>("Picture2")));
 
     // By the window's own button.

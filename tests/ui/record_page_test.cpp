@@ -122,6 +122,46 @@ TEST_F(RecordTab, a_click_picks_the_trace_under_it_also_the_second_of_two_quick_
     EXPECT_NEAR(Program.Work.Project.ShotTimes(2, 2), 50, pixel_ms);
 }
 
+TEST_F(RecordTab, a_pick_changes_the_picture_exactly_as_a_whole_drawing_would) {
+    for (const int width : {1100, 400}) {  // strips of their own, and marks that stand close
+        Screen->resize(width, 800);
+        QApplication::processEvents();
+        for (const auto& [trace, ms] : {std::pair(3, 60.0), {4, 62.0}, {1, 1.0}, {12, 200.0}, {3, 90.0}}) {
+            QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(trace, ms));
+            const QImage picked = Ecran->Canvas().Image().copy();
+            Display.Display_Record();
+            EXPECT_EQ(picked, Ecran->Canvas().Image()) << width << ", trace " << trace;
+        }
+        Program.Work.Record.ShowTravelTimes = true;
+        for (int receiver = 1; receiver <= channels; ++receiver)
+            Program.Work.Project.ShotTimes(2, receiver) = static_cast<float>(20 + 9 * receiver);
+        Display.Display_Record();
+        QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(6, 70));
+        const QImage picked = Ecran->Canvas().Image().copy();
+        Display.Display_Record();
+        EXPECT_EQ(picked, Ecran->Canvas().Image()) << width;
+        Program.Work.Record.ShowTravelTimes = false;
+    }
+}
+
+TEST_F(RecordTab, a_button_that_cannot_be_used_tells_why) {
+    auto* previous = Find<QToolButton>("Command24");
+    EXPECT_FALSE(previous->isEnabled());
+    EXPECT_TRUE(previous->toolTip().contains("this is the first shot")) << previous->toolTip().toStdString();
+    EXPECT_TRUE(Find<QToolButton>("Command17")->toolTip().contains("the complete record is shown"));
+    Find<QToolButton>("Command23")->click();
+    EXPECT_TRUE(previous->isEnabled());
+    EXPECT_FALSE(previous->toolTip().contains("first shot"));
+    Program.Work.Project.SuFile.clear();
+    Close_Records(Program.Work, Program.Outside);
+    for (const char* name : {"Command4", "Command5", "Command10", "Command16", "Command21", "Command25"}) {
+        EXPECT_FALSE(Find<QToolButton>(name)->isEnabled()) << name;
+        EXPECT_TRUE(Find<QToolButton>(name)->toolTip().contains("no field records are loaded")) << name;
+    }
+    EXPECT_TRUE(Find<QToolButton>("Command18")->isEnabled());
+    EXPECT_EQ(Find<QLabel>("Text12")->text(), "");
+}
+
 TEST_F(RecordTab, the_right_button_asks_at_its_release_and_a_drag_does_not_ask) {
     QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(5, 40));
     QTest::mousePress(Ecran, Qt::RightButton, {}, Place(5, 40));
@@ -209,6 +249,9 @@ TEST_F(RecordTab, each_option_changes_the_picture_at_once) {
     EXPECT_EQ(Program.Work.Record.FirstTrace, 25) << "not before Return";
     QTest::keyClick(first, Qt::Key_Return);
     EXPECT_EQ(Program.Work.Record.FirstTrace, 30);
+    EXPECT_EQ(Find<QScrollBar>("HScroll2")->value(), 3) << "a part of the record stays that record";
+    Find<QToolButton>("Command17")->click();
+    EXPECT_EQ(first->text(), "25");
 }
 
 TEST_F(RecordTab, typing_into_the_automatic_picking_picks_again_and_the_right_button_marks_its_start) {

@@ -10,11 +10,11 @@ ConfirmForm::ConfirmForm(Session& session, QtDisplay&) : Program(session) {
     Ui::ConfirmForm controls;
     controls.setupUi(this);
     Confirm& logic = session.Record;
-    Fields.Text(controls.Text1, logic.Text1);
-    Fields.Text(controls.Text2, logic.Text2);
-    Fields.Text(controls.Text3, logic.Text3);
-    Fields.Text(controls.Text4, logic.Text4);
-    Fields.Text(controls.Label5, logic.Label5);
+    Fields.Text(controls.Text1, logic.Shot);
+    Fields.Text(controls.Text2, logic.Layer);
+    Fields.Text(controls.Text3, logic.Intercept);
+    Fields.Text(controls.Text4, logic.Velocity);
+    Fields.Text(controls.Label5, logic.ProjectFile);
     Fields.Command(controls.Command1, [&logic] { logic.Command1(); });
     Fields.Command(controls.Command2, [&logic] { logic.Command2(); });
     controls.VelocityUnit->setText(session.Work.Settings.Metric() ? "m/s" : "f/s");

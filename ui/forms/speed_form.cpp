@@ -61,9 +61,9 @@ void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
     Fields.Entries(controls.Combo2, logic.ShotEntries);
     Fields.Entries(controls.Combo3, logic.ReceiverEntries);
     Fields.Entries(controls.Combo4, logic.ReceiverEntries);
-    Fields.Finished_Text(controls.Combo2, logic.Combo2, [&logic] { logic.Combo2_Changed(); });
-    Fields.Text(controls.Combo3, logic.Combo3);
-    Fields.Text(controls.Combo4, logic.Combo4);
+    Fields.Finished_Text(controls.Combo2, logic.Shot, [&logic] { logic.Shot_Changed(); });
+    Fields.Text(controls.Combo3, logic.FirstReceiver);
+    Fields.Text(controls.Combo4, logic.LastReceiver);
     const struct {
         QComboBox* Box;
         QLabel* Mark;
@@ -80,11 +80,11 @@ void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
             return Program.Work.Mode.Held_By(Dialog::SpeedF) && Program.Speed.LastEntered == meaning;
         });
     }
-    Fields.Tick(controls.Check1, logic.Check1, [this] { Fields.Refresh(); });
+    Fields.Tick(controls.Check1, logic.Eliminate, [this] { Fields.Refresh(); });
     QLineEdit* const eliminated[] = {controls.Text8, controls.Text9, controls.Text10, controls.Text11};
     for (std::size_t place = 0; place < logic.Eliminated.size(); ++place) {
         Fields.Text(eliminated[place], logic.Eliminated.at(place));
-        Fields.Shown(eliminated[place], [&logic] { return logic.Check1; });
+        Fields.Shown(eliminated[place], [&logic] { return logic.Eliminate; });
     }
 }
 
@@ -92,16 +92,16 @@ void SpeedForm::Bind_Layer(const Ui::SpeedForm& controls) {
     SpeedF& logic = Program.Speed;
     Fields.Entries(controls.Combo1, logic.LayerEntries);
     // The layer chosen once more counts as well: the same layer of the next shot can be saved.
-    Fields.Finished_Text(controls.Combo1, logic.Combo1, [&logic] { logic.Combo1_Changed(); });
-    Fields.Tick(controls.Check2, logic.Check2, [&logic] { logic.Check2_Clicked(); });
-    Fields.Tick(controls.Check3, logic.Check3);
+    Fields.Finished_Text(controls.Combo1, logic.Layer, [&logic] { logic.Layer_Changed(); });
+    Fields.Tick(controls.Check2, logic.ThroughShot, [&logic] { logic.ThroughShot_Clicked(); });
+    Fields.Tick(controls.Check3, logic.AllShots);
 }
 
 void SpeedForm::Bind_Results(const Ui::SpeedForm& controls) {
     SpeedF& logic = Program.Speed;
-    Fields.Result(controls.Text4, logic.Text4);
-    Fields.Result(controls.Text5, logic.Text5);
-    Fields.Result(controls.Text6, logic.Text6);
+    Fields.Result(controls.Text4, logic.Velocity);
+    Fields.Result(controls.Text5, logic.Intercept);
+    Fields.Result(controls.Text6, logic.Correlation);
     for (QWidget* control : {static_cast<QWidget*>(controls.Text5), static_cast<QWidget*>(controls.Label6),
                              static_cast<QWidget*>(controls.InterceptUnit)}) {
         Keep_Room(control);
@@ -111,13 +111,7 @@ void SpeedForm::Bind_Results(const Ui::SpeedForm& controls) {
     QPalette red = controls.NotRecorded->palette();
     red.setColor(QPalette::WindowText, QColor(0xd0, 0x20, 0x20));
     controls.NotRecorded->setPalette(red);
-    Fields.Shown(controls.NotRecorded, [this, &logic] {
-        const std::string result = logic.Combo2 + '|' + logic.Combo1 + '|' + logic.Text4 + '|' + logic.Text5;
-        // Saving closes the button, and only another choice of the layer opens it again.
-        if (CouldSave && !logic.SaveEnabled) Recorded = result;
-        CouldSave = logic.SaveEnabled;
-        return !logic.Text4.empty() && result != Recorded;
-    });
+    Fields.Shown(controls.NotRecorded, [&logic] { return logic.Not_Recorded(); });
     Fields.Follow([this, unit = controls.VelocityUnit] {
         unit->setText(Program.Work.Settings.Metric() ? "m/s" : "f/s");
     });

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "ui/form.h"
 
 namespace Ui {
@@ -28,8 +26,6 @@ class SpeedForm : public Form {
     Session& Program;
     QWidget* FirstBox = nullptr;
     QWidget* LastBox = nullptr;
-    std::string Recorded;  ///< the result saved last
-    bool CouldSave = true;
 };
 
 }  // namespace tarnvik

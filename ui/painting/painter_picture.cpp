@@ -172,7 +172,7 @@ QPainter* PainterPicture::Ready(Clip clip) {
     QPainter* painter = Active_Painter();
     if (painter == nullptr) return nullptr;
     if (ClipSet != clip) {
-        painter->setClipRect(clip == Clip::Figures ? FigureClip : Outer);
+        painter->setClipRect(Within_Clip(clip == Clip::Figures ? FigureClip : Outer));
         ClipSet = clip;
     }
     if (!ModeSet || PainterMode != Mode) {
@@ -222,8 +222,31 @@ void PainterPicture::Clear() {
     Forget_State();
     painter->setClipping(false);
     if (Raster) painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter->fillRect(Outer, Qt::white);
-    Touched(Outer);
+    painter->fillRect(Within_Clip(Outer), Qt::white);
+    Touch(Outer);
+}
+
+void PainterPicture::Set_Clip(double x1, double y1, double x2, double y2) {
+    if (!Numbers({x1, y1, x2, y2})) return;
+    const QRectF place = QRectF(QPointF(Device_X(x1), Device_Y(y1)), QPointF(Device_X(x2), Device_Y(y2)))
+                             .normalized()
+                             .intersected(Outer);
+    // On whole pixels, so that none is drawn by halves.
+    Kept = Raster ? QRectF(place.toAlignedRect()) : place;
+    ClipSet = Clip::None;
+}
+
+void PainterPicture::Clear_Clip() {
+    Kept.reset();
+    ClipSet = Clip::None;
+}
+
+QRectF PainterPicture::Within_Clip(const QRectF& place) const {
+    return Kept ? place.intersected(*Kept) : place;
+}
+
+void PainterPicture::Touch(const QRectF& place) {
+    Touched(Within_Clip(place));
 }
 
 void PainterPicture::Stroke(QPointF from, QPointF to, Colour colour) {
@@ -246,7 +269,7 @@ void PainterPicture::Stroke(QPointF from, QPointF to, Colour colour) {
     }
     painter->drawLine(from, to);
     const QRectF place = QRectF(from, to).normalized();
-    Touched(place.adjusted(-width - 1, -width - 1, width + 1, width + 1));
+    Touch(place.adjusted(-width - 1, -width - 1, width + 1, width + 1));
 }
 
 void PainterPicture::Line(double x1, double y1, double x2, double y2, Colour colour) {
@@ -280,7 +303,7 @@ void PainterPicture::Box(double x1, double y1, double x2, double y2, Colour colo
                        std::max(1.0, std::floor(place.bottom()) - top));
     }
     painter->fillRect(place, To_QColor(colour));
-    Touched(place.adjusted(-1, -1, 1, 1));
+    Touch(place.adjusted(-1, -1, 1, 1));
 }
 
 const PainterPicture::Stamp& PainterPicture::Circle_Stamp(double radius, Colour colour) {
@@ -323,7 +346,7 @@ void PainterPicture::Circle(double x, double y, double radius, Colour colour) {
     painter->drawImage(QPoint(static_cast<int>(std::lround(centre.x() - stamp.Reach + 0.5)),
                               static_cast<int>(std::lround(centre.y() - stamp.Reach + 0.5))),
                        stamp.Shape);
-    Touched(QRectF(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach));
+    Touch(QRectF(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach));
 }
 
 void PainterPicture::Arc(double x, double y, double radius, Colour colour, double start, double end,
@@ -360,7 +383,7 @@ void PainterPicture::Ellipse_Arc(double x, double y, double radius, Colour colou
         painter->drawArc(round, sixteenths(start), sixteenths(sweep));
     }
     const double width = Device_Width(Width) + 1;
-    Touched(round.adjusted(-width, -width, width, width));
+    Touch(round.adjusted(-width, -width, width, width));
 }
 
 void PainterPicture::Point(double x, double y, Colour colour) {
@@ -375,7 +398,7 @@ void PainterPicture::Point(double x, double y, Colour colour) {
     if (painter == nullptr) return;
     if (Raster) dot.moveTopLeft({std::floor(dot.left() + 0.5), std::floor(dot.top() + 0.5)});
     painter->fillRect(dot, To_QColor(colour));
-    Touched(dot.adjusted(-1, -1, 1, 1));
+    Touch(dot.adjusted(-1, -1, 1, 1));
 }
 
 /// Under a narrow picture all texts of the scale get narrower letters, so that none covers the one before it.
@@ -441,7 +464,7 @@ void PainterPicture::Print(std::string_view text, Colour colour) {
     QPointF base(place.left(), place.top() + metrics.ascent());
     if (Raster) base = QPointF(std::round(base.x()), std::round(base.y()));
     painter->drawText(base, letters);
-    Touched(place.adjusted(-2, -2, 2, 2));
+    Touch(place.adjusted(-2, -2, 2, 2));
 }
 
 QVector<QPointF> PainterPicture::Device_Points(std::span<const PixelPoint> points) const {
@@ -461,14 +484,14 @@ std::optional<PixelPaper> PainterPicture::Direct_Paper() {
     QImage* image = Pixels();
     if (image == nullptr) return std::nullopt;
     return PixelPaper{image, static_cast<int>(Inner.left()), static_cast<int>(Inner.top()),
-                      FigureClip.toAlignedRect()};
+                      Within_Clip(FigureClip).toAlignedRect()};
 }
 
 void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
     if (points.size() < 3) return;
     if (const auto paper = Direct_Paper(); paper && Is_Lobe(points)) {
         Fill_Lobe(*paper, points, To_QColor(fill).rgb());
-        Touched(Inner);
+        Touch(Inner);
         return;
     }
     QPainter* painter = Ready(Clip::Figures);
@@ -478,21 +501,21 @@ void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
     painter->setBrush(To_QColor(fill));
     PenSet = false;
     painter->drawPolygon(device.constData(), static_cast<int>(device.size()), Qt::WindingFill);
-    Touched(Inner);
+    Touch(Inner);
 }
 
 void PainterPicture::Polyline(std::span<const PixelPoint> points, Colour colour) {
     if (points.size() < 2) return;
     if (const auto paper = Direct_Paper(); paper && Device_Width(Width) == 1) {
         Draw_Thin_Line(*paper, points, To_QColor(colour).rgb());
-        Touched(Inner);
+        Touch(Inner);
         return;
     }
     QPainter* painter = Ready_To_Stroke(colour);
     if (painter == nullptr) return;
     const QVector<QPointF> device = Device_Points(points);
     painter->drawPolyline(device.constData(), static_cast<int>(device.size()));
-    Touched(Inner);
+    Touch(Inner);
 }
 
 void PainterPicture::Move_To(double x, double y) {

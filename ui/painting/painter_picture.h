@@ -48,6 +48,8 @@ class PainterPicture : public Picture {
     void Scale(double left, double top, double right, double bottom) override;
     Frame Current_Frame() const override { return InForce; }
     void Clear() override;
+    void Set_Clip(double x1, double y1, double x2, double y2) override;
+    void Clear_Clip() override;
     /// Only a picture in memory has a background; on paper nothing is taken off again.
     void Keep_Background() override {}
     bool Bring_Back(double, double, double, double) override { return false; }
@@ -104,6 +106,8 @@ class PainterPicture : public Picture {
         double FullWidth = 0;  ///< of its letters in their usual width, pixels
     };
 
+    void Touch(const QRectF& place);
+    QRectF Within_Clip(const QRectF& place) const;
     void Place_Window();
     void Make_Room_For(const ScaleText& next);
     double Device_X(double x) const { return Inner.left() + InForce.To_Pixel_X(x); }
@@ -122,6 +126,7 @@ class PainterPicture : public Picture {
     QRectF Outer;
     QRectF Inner;
     QRectF FigureClip;
+    std::optional<QRectF> Kept;  ///< the rectangle of Set_Clip, pixels
     PictureMargins Margins;
     double Density = 1;
     bool Raster = true;
