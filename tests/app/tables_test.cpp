@@ -244,6 +244,14 @@ TEST_F(TablesOfTheDemoLine, the_records_without_a_shot_belong_to_the_project_wit
     }
 }
 
+TEST_F(TablesOfTheDemoLine, an_opened_project_tells_its_times_below_0) {
+    Line.ShotTimes(2, 2) = -3;
+    Line.ShotTimes(3, 2) = -1;
+    Run_Command(Program, "Save");
+    Run_Command(Program, "F1_F");
+    EXPECT_EQ(Work.Fields.Status, "2 times are below 0: they count as no pick, red in the table");
+}
+
 TEST_F(TablesOfTheDemoLine, saving_from_the_tables_rounds_nothing_in_memory) {
     Line.ShotTimes(1, 1) = 12.3456F;
     Line.ReceiverData(ReceiverDistance, 2) = 5.128F;
