@@ -54,6 +54,23 @@ TEST_F(Batch, show_lists_the_line_for_reading) {
     }
 }
 
+TEST_F(Batch, a_project_that_is_cut_is_taken_and_told_and_none_is_refused) {
+    const std::string whole = *Read_File(Demo("demo1.tv5"));
+    const std::string cut = Folder / "cut.tv5";
+    ASSERT_EQ(Replace_File(cut, whole.substr(0, whole.size() / 2)), "");
+    const Outcome shown = Run("show " + cut + " --json");
+    EXPECT_EQ(shown.Status, 0);
+    EXPECT_EQ(shown.Json()["NbShots"], 5);
+    EXPECT_EQ(shown.Json()["ShotTimes"][4][0],
+              Run("show " + (Folder / "demo1.tv5") + " --json").Json()["ShotTimes"][4][0]);
+    EXPECT_NE(shown.Errors.find(cut), std::string::npos) << shown.Errors;
+    const std::string none = Folder / "none.tv5";
+    ASSERT_EQ(Replace_File(none, std::string("\x89PNG\0\x01", 6)), "");
+    const Outcome refused = Run("show " + none + " --json");
+    EXPECT_EQ(refused.Status, 1);
+    EXPECT_NE(refused.Json()["message"].get<std::string>().find("is no project file"), std::string::npos);
+}
+
 TEST_F(Batch, saving_gives_the_file_that_was_read) {
     const std::string demo = Demo("demo1.tv5");
     const Project before = Read(demo);
