@@ -79,8 +79,8 @@ void QtDisplay::Draw_Curves() {
 
 void QtDisplay::Draw_Profile() {
     // The panes and bars first: they decide how large the picture is.
-    Show_Fields();
-    SessionDisplay::Show_Profile();
+    Refresh_Fields();
+    SessionDisplay::Draw_Profile();
 }
 
 void QtDisplay::Refresh_Grids() {
