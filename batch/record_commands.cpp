@@ -207,6 +207,9 @@ ExitStatus Pick_And_Store(BatchRun& run, const CommonOptions& common, const Pick
         work.Project.SuFile = copy->Path();
         work.Record.TwinSuFile.clear();
     }
+    // The file of this run is no edit of the project; as one it would be opened anew and shown from its
+    // start.
+    work.Edits.Start(work.Project, true);
     if (!Pick_Record(run, options, *reference)) return Refused;
     picks = Picks_Of_Record(work);
     if (copy && !common.Out.empty()) {
