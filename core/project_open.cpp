@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "core/files.h"
-#include "core/project_file.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 
@@ -34,17 +33,18 @@ void Look_For_Offset_Shots(Workspace& workspace) {
 
 }  // namespace
 
-void Read_Project(Workspace& workspace, const std::string& path) {
-    if (Is_Untouched_Default(path)) return;
+ReadingReport Read_Project(Workspace& workspace, const std::string& path) {
+    if (Is_Untouched_Default(path)) return {};
     Project& project = workspace.Project;
     project.CurrentFile = path;
-    Parse_Project(Read_File(path).value_or(""), project);
+    ReadingReport report = Parse_Project(Read_File(path).value_or(""), project);
     workspace.Fields.Label16 = project.SuFile;
     workspace.Fields.Text25 = CStr(project.TotalTime);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
     workspace.FileOnDisk = path;
     workspace.Edits.Start(project, true);
+    return report;
 }
 
 void Add_Recent_File(Settings& settings, const std::string& path) {

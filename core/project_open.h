@@ -3,14 +3,16 @@
 #include <string>
 
 #include "core/ports/ports.h"
+#include "core/project_file.h"
 #include "core/workspace.h"
 
 namespace tarnvik {
 
 /// Loads a TV5 file into the workspace: the path becomes CurrentFile, fields and remarks are filled,
 /// NoOffsetShots is cleared by offset shots. The untouched default "*.TV5" (any case) changes nothing. A file
-/// that cannot be read counts as an empty one. Bad content gives no message, see Parse_Project.
-void Read_Project(Workspace& workspace, const std::string& path);
+/// that cannot be read counts as an empty one. Bad content gives no message; the report tells of it, see
+/// Parse_Project.
+ReadingReport Read_Project(Workspace& workspace, const std::string& path);
 
 /// Shifts the recent files by one and puts the path on top. Duplicates stay; this is meant.
 void Add_Recent_File(Settings& settings, const std::string& path);
