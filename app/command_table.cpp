@@ -66,6 +66,10 @@ bool Zero_On_Top(const Session& session) {
 bool Receiver_Intercepts(const Session& session) {
     return session.Work.Curves.ShowReceiverIntercepts;
 }
+
+bool Lead_In_Strokes(const Session& session) {
+    return session.Work.Curves.LeadInStrokes;
+}
 bool Wide_Line(const Session& session) {
     return session.Work.Settings.VelocityLineWidth == 2;
 }
@@ -244,6 +248,7 @@ const std::array command_table = {
     // Display options
     Command{.Name = "ZZ", .Menu = options_menu, .Caption = "Enlargement factors", .Icon = "find", .Shortcut = "F4", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "Intercept_M", .Menu = time_menu, .Caption = "Intercept times at receivers", .Run = Toggle_Receiver_Intercepts, .Checked = Receiver_Intercepts},
+    Command{.Name = "LeadIn_M", .Menu = time_menu, .Caption = "Lead-in strokes", .Run = Toggle_Lead_In_Strokes, .Checked = Lead_In_Strokes},
     Command{.Name = "Vel_line_Col_Mnu", .Menu = line_menu, .Caption = "Line Color", .Run = Choose_Velocity_Line_Colour},
     Command{.Name = "Large_Mnu", .Menu = line_menu, .Caption = "Large", .Run = Wide_Velocity_Line, .Checked = Wide_Line},
     Command{.Name = "Thin_Mnu", .Menu = line_menu, .Caption = "Thin", .Run = Thin_Velocity_Line, .Checked = Thin_Line},

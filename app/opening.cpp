@@ -162,6 +162,11 @@ bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks) {
     if (su_file == project.CurrentFile || !File_Exists(su_file)) return false;
     // A name without a folder means this very file already and stays as short as it is.
     if (project.ProjectDir + project.SuFile == su_file) return true;
+    // Of two files of one name the user has chosen when the project was opened.
+    if (!Folder_Of(project.SuFile).empty() && Name_Of(project.SuFile) == Name_Of(su_file) &&
+        File_Exists(project.SuFile)) {
+        return true;
+    }
     project.SuFile = su_file;
     workspace.Fields.Label16 = su_file;
     Run(hooks.OfferSuFile);

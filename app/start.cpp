@@ -120,6 +120,8 @@ void Show_Opened_Project(Session& session) {
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
     if (session.Hooks.LoadSuFile) session.Hooks.LoadSuFile();
+    Tell_Times_Below_0(session.Work);
+    session.Outside.Show.Show_Fields();
 }
 
 void Read_From_Dialog(Session& session) {

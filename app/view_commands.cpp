@@ -7,6 +7,7 @@
 #include "app/session.h"
 #include "core/files.h"
 #include "core/project_file.h"
+#include "core/project_open.h"
 #include "core/text/letters.h"
 #include "records/su_loading.h"
 #include "traveltime/curves.h"
@@ -72,6 +73,8 @@ void Close_Computing_Dialogs(Session& session) {
 }
 
 void Back_To_Curves(Session& session) {
+    const std::string path = session.Work.Project.CurrentFile;
+    if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
@@ -103,6 +106,12 @@ void Toggle_Multi_Screen(Session& session) {
 
 void Toggle_Receiver_Intercepts(Session& session) {
     session.Work.Curves.ShowReceiverIntercepts = !session.Work.Curves.ShowReceiverIntercepts;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Toggle_Lead_In_Strokes(Session& session) {
+    session.Work.Curves.LeadInStrokes = !session.Work.Curves.LeadInStrokes;
     session.Outside.Show.Show_Fields();
     session.Outside.Show.Show_Curves();
 }

@@ -63,6 +63,11 @@ Picture& QtDisplay::Canvas_Of(Canvas canvas) {
     return Unseen[canvas];
 }
 
+PictureBox* QtDisplay::Box_Of(Canvas canvas) const {
+    const auto box = Boxes.find(canvas);
+    return box == Boxes.end() ? nullptr : box->second.data();
+}
+
 void QtDisplay::Draw_Curves() {
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
     for (const auto& [canvas, box] : Boxes) {

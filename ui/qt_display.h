@@ -39,6 +39,8 @@ class QtDisplay : public SessionDisplay {
     void End_Program() override;
 
     bool Ended() const { return HasEnded; }
+    /// The picture box of a canvas; null while there is none.
+    PictureBox* Box_Of(Canvas canvas) const;
     /// Form of an open dialog; null while it is closed.
     Form* Open_Form(Dialog dialog) const;
 

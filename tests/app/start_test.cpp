@@ -1,6 +1,10 @@
 #include "app/start.h"
 
+#include <filesystem>
+
+#include "app/commands.h"
 #include "app/splash.h"
+#include "core/project_file.h"
 #include "session_fixture.h"
 #include "support/su_builder.h"
 
@@ -33,6 +37,7 @@ TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
     EXPECT_GE(World.Display.Count("Show_Curves"), 1);
+    EXPECT_EQ(World.Display.Count("Display_Record"), 0) << "the project has no records";
 }
 
 TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_scanned) {
@@ -42,6 +47,39 @@ TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_sc
     EXPECT_EQ(Program.Work.Project.SuFile, records);
     EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
     EXPECT_EQ(World.Display.Count("Display_Record"), 1);
+}
+
+TEST_F(StartAndEnd, of_two_records_of_one_name_the_one_that_the_user_chose_is_shown) {
+    std::filesystem::create_directory(Folder / "stored");
+    const std::string stored = SuBuilder(6, 10).Records(3).Write(Folder / "stored/line.su");
+    const std::string beside = SuBuilder(10, 10).Records(5).Write(Folder / "line.su");
+    const std::string path = Project_File("line.tv5");
+    Parse_Project(*Read_File(path), Program.Work.Project);
+    Program.Work.Project.SuFile = stored;
+    ASSERT_EQ(Replace_File(path, Project_Bytes(Program.Work.Project)), "");
+    World.Prompts.Expect("The project names the field records " + stored +
+                             ". A file of the same name lies beside the project: " + beside +
+                             ". Take the one beside the project ?",
+                         Answer::No);
+    Form_Load(Program, "\"" + path + "\"");
+    EXPECT_EQ(Program.Work.Project.SuFile, stored);
+    EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
+}
+
+TEST_F(StartAndEnd, a_project_without_records_after_one_with_records_shows_none) {
+    const std::string empty = Project_File("empty.tv5");
+    const std::string path = Project_File("line.tv5");
+    SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
+    Form_Load(Program, "\"" + path + "\"");
+    ASSERT_EQ(Program.Work.Record.NbTraces, 6);
+    Program.RecordArea.Zoom_To({2000, 1, 6000, 5});
+    World.Display.Pictures[Canvas::Ecran].Line(0, 0, 1, 1, colours::Red);
+    EXPECT_TRUE(Open_File_Named(Program, empty));
+    EXPECT_TRUE(World.Display.Pictures[Canvas::Ecran].List.empty());
+    EXPECT_EQ(Program.Work.Record.NbTraces, 0);
+    EXPECT_FALSE(Program.RecordArea.Enlarged());
+    for (const char* name : {"Command4", "Command17", "Command23", "Command16"})
+        EXPECT_NE(Refusal_Of(*Find_Command(name), Program), "") << name;
 }
 
 TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
