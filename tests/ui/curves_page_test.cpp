@@ -10,7 +10,9 @@
 #include <QToolButton>
 
 #include "app/commands.h"
+#include "app/view_commands.h"
 #include "core/files.h"
+#include "core/project_file.h"
 #include "records/header_words.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
