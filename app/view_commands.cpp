@@ -2,9 +2,12 @@
 
 #include <string>
 
+#include "app/dialog_rows.h"
+#include "app/pages.h"
 #include "app/session.h"
 #include "core/files.h"
 #include "core/project_file.h"
+#include "core/project_open.h"
 #include "core/text/letters.h"
 #include "records/su_loading.h"
 #include "traveltime/curves.h"
@@ -14,17 +17,17 @@ namespace tarnvik {
 
 namespace {
 
-/// The page whose picture stands on the screen.
-Page Page_On_Screen(const Session& session) {
-    return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
-}
-
 void Save_Page_As(Session& session, const std::string& path) {
     const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path);
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
     }
+}
+
+bool May_Replace(Session& session, const std::string& path) {
+    return !File_Exists(path) ||
+           session.Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", session.Work.AppTitle);
 }
 
 void Set_Units(Session& session, const char* units) {
@@ -62,13 +65,16 @@ void Clear_Display(Session& session) {
 }
 
 void Close_Computing_Dialogs(Session& session) {
-    for (const Dialog dialog : {Dialog::confirm, Dialog::SpeedF, Dialog::Fcalcul}) {
-        session.Outside.Show.Close_Dialog(dialog);
-        session.Work.Mode.Release(dialog);
+    for (const DialogRow& row : Dialog_Rows()) {
+        if (!row.ClosesWithProject) continue;
+        session.Outside.Show.Close_Dialog(row.Which);
+        session.Work.Mode.Release(row.Which);
     }
 }
 
 void Back_To_Curves(Session& session) {
+    const std::string path = session.Work.Project.CurrentFile;
+    if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
@@ -100,6 +106,12 @@ void Toggle_Multi_Screen(Session& session) {
 
 void Toggle_Receiver_Intercepts(Session& session) {
     session.Work.Curves.ShowReceiverIntercepts = !session.Work.Curves.ShowReceiverIntercepts;
+    session.Outside.Show.Show_Fields();
+    session.Outside.Show.Show_Curves();
+}
+
+void Toggle_Lead_In_Strokes(Session& session) {
+    session.Work.Curves.LeadInStrokes = !session.Work.Curves.LeadInStrokes;
     session.Outside.Show.Show_Fields();
     session.Outside.Show.Show_Curves();
 }
@@ -152,11 +164,7 @@ void Save_Screen_As_Bmp(Session& session) {
                                   session.Work.Project.ProjectDir + session.Work.Project.ProjectName);
     if (name.empty()) return;
     const std::string path = (Folder_Of(name).empty() ? session.Work.Project.ProjectDir : "") + name + ".bmp";
-    if (File_Exists(path) &&
-        !session.Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", session.Work.AppTitle)) {
-        return;
-    }
-    Save_Page_As(session, path);
+    if (May_Replace(session, path)) Save_Page_As(session, path);
 }
 
 void Export_Picture(Session& session) {
@@ -164,7 +172,11 @@ void Export_Picture(Session& session) {
         {"Save picture", "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|",
          session.Work.Project.ProjectName + ".png", session.Work.Project.ProjectDir});
     if (path.empty()) return;
-    if (Name_Of(path).find('.') == std::string::npos) path += ".png";
+    if (Name_Of(path).find('.') == std::string::npos) {
+        // The dialog asked about another name.
+        path += ".png";
+        if (!May_Replace(session, path)) return;
+    }
     Save_Page_As(session, path);
 }
 

@@ -9,13 +9,15 @@ class Session;
 void Clear_Display(Session& session);
 /// Closes the dialogs that compute on the project in memory, since another one has come or will come.
 void Close_Computing_Dialogs(Session& session);
-/// Back to the plain travel-time curves.
+/// Back to the plain travel-time curves; a project that is named and not in memory yet is loaded.
 void Back_To_Curves(Session& session);
 /// Opens or closes the second travel-time window.
 void Toggle_Second_Window(Session& session);
 void Toggle_Zero_On_Top(Session& session);
 void Toggle_Multi_Screen(Session& session);
 void Toggle_Receiver_Intercepts(Session& session);
+/// Strokes from (0, 0) to the first pick of every curve.
+void Toggle_Lead_In_Strokes(Session& session);
 void Show_Zoom(Session& session);
 void No_Zoom(Session& session);
 void Show_Ruler(Session& session);

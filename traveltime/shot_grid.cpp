@@ -39,6 +39,13 @@ void Toggle_Shot(Workspace& workspace, Ports& ports, int shot) {
     ports.Show.Show_Curves();
 }
 
+void Select_Shot_Row(Workspace& workspace, Ports& ports, int shot) {
+    if (shot < 1 || shot > workspace.Project.NbShots) return;
+    workspace.Grids.Grille_Shot.CurrentRow = shot - 1;
+    workspace.Grids.Grille_Shot.CurrentColumn = 0;
+    if (workspace.Mode.Current() == DisplayMode::Dromo) ports.Show.Display_Record();
+}
+
 void Remove_Shot_Row(Workspace& workspace, int shot) {
     std::set<int> moved;
     for (const int left_out : workspace.Curves.ShotsLeftOut) {

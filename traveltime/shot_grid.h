@@ -13,6 +13,10 @@ void Fill_Shot_Grid(Workspace& workspace);
 /// project does nothing.
 void Toggle_Shot(Workspace& workspace, Ports& ports, int shot);
 
+/// The user selected the row of a shot: while the curves are what the picture serves, the field record is
+/// displayed.
+void Select_Shot_Row(Workspace& workspace, Ports& ports, int shot);
+
 /// The row of a shot that has left the project goes; the marks of the shots behind it move up with them.
 void Remove_Shot_Row(Workspace& workspace, int shot);
 

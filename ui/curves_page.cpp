@@ -221,6 +221,9 @@ QWidget* CurvesPage::Shots_Pane() {
     list->setUniformItemSizes(true);
     Shots = new ShotListModel(Program, list);
     list->setModel(Shots);
+    connect(
+        list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+        [this](const QModelIndex& row) { Select_Shot_Row(Program.Work, Program.Outside, row.row() + 1); });
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(all);

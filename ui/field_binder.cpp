@@ -195,7 +195,8 @@ void FieldBinder::Scroll(QScrollBar* control, ScrollBar& field, Reaction changed
     });
     Follow([control, &field] {
         const QSignalBlocker silent(control);
-        control->setRange(field.Min, field.Max);
+        // A range may run to the negative side, its end below its beginning.
+        control->setRange(std::min(field.Min, field.Max), std::max(field.Min, field.Max));
         control->setValue(field.Value);
     });
 }

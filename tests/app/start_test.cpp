@@ -146,6 +146,84 @@ TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
     EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
 }
 
+TEST_F(StartAndEnd, cancel_and_a_refused_record_keep_the_program_running) {
+    const std::string path = Project_File();
+    ASSERT_TRUE(Open_File_Named(Program, path));
+    World.Prompts.Expect("Record " + path, Answer::Cancel);
+    EXPECT_FALSE(Unload_Form(Program));
+    World.Prompts.Expect("Record " + path, Answer::No);
+    World.Prompts.Expect("Record a Back Up file of " + path, Answer::Cancel);
+    EXPECT_FALSE(Unload_Form(Program));
+    // A file that cannot be written must not take the work of the session with it.
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::Yes);
+    World.Prompts.Expect("Record " + path, Answer::Yes);
+    Quit(Program, false);
+    EXPECT_EQ(World.Display.Count("End_Program"), 0);
+}
+
+TEST_F(StartAndEnd, unsaved_work_is_asked_for_before_another_project_is_read) {
+    const std::string path = Project_File();
+    const std::string other = Project_File("other.tv5");
+    ASSERT_TRUE(Open_File_Named(Program, path));
+    ASSERT_TRUE(Open_File_Named(Program, other)) << "no question while all is saved";
+    const auto change = [this](float time) {
+        const EditScope edit(Program.Work, "Pick");
+        Program.Work.Project.ShotTimes(1, 2) = time;
+    };
+    change(33);
+    const std::string question = other + " has edits that are not saved.";
+    World.Prompts.Expect(question, Answer::Cancel);
+    EXPECT_FALSE(Open_File_Named(Program, path));
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 33);
+    World.Prompts.Expect(question, Answer::Yes);
+    EXPECT_TRUE(Open_File_Named(Program, path));
+    EXPECT_NE(Read_File(other)->find(" 3300 "), std::string::npos);
+    // Save that is refused keeps the project too.
+    change(34);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    World.Prompts.Expect(path + " has edits that are not saved.", Answer::Yes);
+    EXPECT_FALSE(Open_File_Named(Program, other));
+    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
+    // A file that is refused after Discard leaves the work and its history.
+    World.Prompts.Expect(path + " has edits that are not saved.", Answer::No);
+    EXPECT_FALSE(Open_File_Named(Program, Folder / "missing.tv5"));
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 34);
+    EXPECT_TRUE(Program.Work.Edits.Can_Undo());
+}
+
+TEST_F(StartAndEnd, the_consent_about_the_decimal_point_lasts) {
+    const std::string question =
+        " Decimal separator is a comma, TARNVIK can modify the decimal separator\r\n"
+        "a point is required to run correctly all modules! \r\n";
+    World.Launcher.Separator = ",";
+    World.Prompts.Expect(question, Answer::Ok);
+    Form_Load(Program, "");
+    World.Launcher.Separator = ",";
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Separator, ".");
+    EXPECT_EQ(World.Launcher.Registered, 1) << "the settings written meanwhile are no second start";
+}
+
+TEST_F(StartAndEnd, the_last_project_is_the_first_recent_file_also_after_a_start_by_command_line) {
+    const std::string path = Project_File();
+    Form_Load(Program, "\"" + path + "\"");
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::Yes);
+    World.Prompts.Expect("Record " + path, Answer::No);
+    World.Prompts.Expect("Record a Back Up file of " + path, Answer::No);
+    Quit(Program, false);
+    TestPorts world;
+    Session next(world.Ports, Folder / "Tarnvik32.INI");
+    Form_Load(next, "");
+    EXPECT_EQ(next.Work.Settings.RecentFiles[0], path);
+    frmSplash splash(next);
+    splash.Load();
+    EXPECT_EQ(splash.Command5Caption, "Display " + path);
+    world.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Cancel);
+    EXPECT_TRUE(splash.Command5());
+    EXPECT_EQ(next.Work.Project.CurrentFile, path);
+}
+
 class StartDialog : public SessionTest {
   protected:
     frmSplash Splash{Program};

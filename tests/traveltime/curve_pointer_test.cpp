@@ -232,17 +232,50 @@ TEST(VelocityRuler, CrossFollowsThePointer) {
     EXPECT_FALSE(line.Display.Is_Open(Dialog::vELINE));
 }
 
-TEST(MovePick, CatchesTheLastOfSeveralNearPicks) {
+TEST(MovePick, CatchesTheNearestPickInReach) {
     Pointed line;
     Project& project = line.Work.Project;
     project.ShotTimes(1, 13) = 30;
     project.ShotTimes(2, 13) = 32;
-    EXPECT_EQ(Pick_Near(project, 48, 31), (PickPlace{2, 13}));
-    EXPECT_EQ(Pick_Near(project, 48, 28), (PickPlace{1, 13}));
+    EXPECT_EQ(Pick_Near(project, 48, 31), (PickPlace{2, 13})) << "of two as near the last";
+    EXPECT_EQ(Pick_Near(project, 48, 30.9), (PickPlace{1, 13}));
+    EXPECT_EQ(Pick_Near(project, 48, 31.1), (PickPlace{2, 13}));
+    project.ShotTimes(1, 14) = 31;  // 52 m along the line
+    EXPECT_EQ(Pick_Near(project, 49.7, 31), (PickPlace{2, 13}));
+    EXPECT_EQ(Pick_Near(project, 50.1, 31), (PickPlace{1, 14}));
+    project.ShotTimes(1, 14) = 0;
     EXPECT_FALSE(Pick_Near(project, 48, 35));  // strictly within 3 ms
     EXPECT_FALSE(Pick_Near(project, 45, 31));  // strictly within 3 m
     EXPECT_TRUE(Pick_Near(project, 45.01, 31));
+    EXPECT_FALSE(Pick_Near(project, 48, 27));
+    EXPECT_TRUE(Pick_Near(project, 48, 27.01));
     EXPECT_FALSE(Pick_Near(project, 48, 1).has_value()) << "a receiver without a pick is none";
+    project.ShotTimes(2, 20) = -2;
+    EXPECT_FALSE(Pick_Near(project, 76, -1)) << "nor is a time below 0";
+}
+
+TEST(MovePick, TheCaughtPickIsLitUntilItHasItsPlace) {
+    Pointed line;
+    line.Work.Project.ShotTimes(2, 13) = 32;
+    line.Draw();
+    const auto ring = [&line] {
+        std::vector<Drawn> rings;
+        for (const Drawn& circle : line.Dromo().Of(Drawn::Verb::Circle, colours::Red)) {
+            if (circle.Width == 2) rings.push_back(circle);
+        }
+        return rings;
+    };
+    line.Pointer.Double_Click(At(48, 32));
+    ASSERT_EQ(ring().size(), 1U);
+    EXPECT_EQ(ring()[0].X1, 48);
+    EXPECT_EQ(ring()[0].Y1, 32);
+    line.Draw();  // enlarged or scrolled meanwhile
+    EXPECT_EQ(ring().size(), 1U);
+    line.Dromo().List.clear();
+    line.Pointer.Press(At(48, 32));
+    line.Pointer.Release(At(48, 40));
+    EXPECT_TRUE(ring().empty());
+    EXPECT_EQ(line.Work.Edits.Undo_Name(), "Move pick of shot 2, receiver 13");
 }
 
 TEST(MovePick, MovesOrDeletesBetweenPressAndRelease) {
@@ -266,7 +299,7 @@ TEST(MovePick, MovesOrDeletesBetweenPressAndRelease) {
         line.Pointer.Release(At(48, 31.5));
         EXPECT_EQ(line.View().PickMoving, 1);
         EXPECT_EQ(line.Dromo().Pointer, PointerShape::PickMove);
-        if (c.SamePlace) line.Prompts.Expect("Delete geophone 13", c.Reply);
+        if (c.SamePlace) line.Prompts.Expect("Delete geophone 13 of shot 2", c.Reply);
         line.Pointer.Press(At(48, 31.5));
         line.Pointer.Move(At(49, 45));
         line.Pointer.Release(c.SamePlace ? At(48, 31.5) : At(49, 45.25));
@@ -274,7 +307,8 @@ TEST(MovePick, MovesOrDeletesBetweenPressAndRelease) {
         EXPECT_EQ(line.Work.Grids.Buildgrid.Text(13, 2), c.Cell);
         EXPECT_EQ(saved, 1);
         EXPECT_EQ(line.View().PickMoving, 0);
-        EXPECT_EQ(line.Display.Count("Show_Curves"), 1);
+        EXPECT_FALSE(line.Dromo().Clips.empty()) << "redrawn where it changed";
+        EXPECT_FALSE(line.Dromo().Clipped);
         EXPECT_TRUE(line.Xor_Lines().empty()) << "no band while a pick is in hand";
     }
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/files.h"
+#include "core/project_file.h"
+#include "support/small_project.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/line_of_shots.h"
 #include "traveltime/shot_grid.h"
@@ -261,4 +264,117 @@ TEST(Curves, SuperposedProjectSpansTheFrameByItsOwnLength) {
     other.LineLength = 0;
     Superpose(line.Work, line.Ports, other);
     EXPECT_EQ(line.Prompts.Last_Text(), "TV5 File  error");
+}
+
+TEST(Curves, OnlyAShotBeforeTheFirstReceiverHasAStrokeFromTheOrigin) {
+    const struct {
+        double Shot;
+        bool LeadIn;
+        bool Stroke;
+    } cases[] = {{0, false, true},   {4, false, true},    {5, false, true},   {-20, false, false},
+                 {40, false, false}, {-20, true, true},   {12, false, false}, {12, true, true},
+                 {45, false, false}, {-0.1, false, false}};
+    for (const auto& c : cases) {
+        Curves line;
+        // Receivers at 5, 15, 25, 35; the first pick is that of receiver 3.
+        for (int r = 1; r <= 4; ++r)
+            line.Work.Project.ReceiverData(ReceiverDistance, r) = static_cast<float>(10 * r - 5);
+        line.Work.Project.LineLength = 40;
+        line.Work.Project.ShotDistance(1) = c.Shot;
+        line.Work.Curves.LeadInStrokes = c.LeadIn;
+        line.Pick(1, {0, 0, 20, 30});
+        line.Draw();
+        line.Dromo().List.clear();
+        line.Draw_Shot(1, ink);
+        const bool between = c.Shot == 12;  // its curve comes from the shot itself
+        EXPECT_EQ(line.Dromo().Has_Line(0, 0, 60, 20, ink), c.Stroke && !between) << c.Shot;
+        EXPECT_TRUE(line.Dromo().Has_Line(60, 20, 84, 30, ink)) << c.Shot;
+    }
+}
+
+TEST(Curves, ATimeBelowZeroIsNoPick) {
+    for (const bool by_velocity : {false, true}) {
+        Curves line;
+        line.Work.Settings.ColorChoice = by_velocity;
+        line.Pick(2, {60, -5, 40, 20});
+        line.Draw();
+        const auto drawn = line.Dromo().Texts();
+        const auto lines = line.Dromo().Of(Drawn::Verb::Line).size();
+        const auto points = line.Dromo().Of(Drawn::Verb::Circle).size();
+        EXPECT_EQ(points, 3U);
+        line.Work.Project.ShotTimes(2, 2) = 0;
+        line.Draw();
+        EXPECT_EQ(line.Dromo().Texts(), drawn);
+        EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Line).size(), lines);
+        line.Work.Project.ShotTimes(2, 2) = -5;
+        line.Draw_Shot(2, ink, 10);
+        EXPECT_EQ(line.Dromo().Of(Drawn::Verb::Circle).size(), 3U) << "nor with a shift";
+    }
+}
+
+TEST(Curves, ARedrawReadsNoFile) {
+    TemporaryFolder folder;
+    ASSERT_EQ(Replace_File(folder / "line.tv5", Plain_File()), "");
+    LineOfShots line(0, 0);
+    line.Work.Project.CurrentFile = folder / "line.tv5";
+    line.Draw();
+    EXPECT_EQ(line.Work.Project.NbShots, 0);
+}
+
+TEST(Curves, AChangedPickIsRedrawnInItsStrip) {
+    LineOfShots line(3, 24, 10);  // 230 m: 10 m are 4.17 units
+    for (int s = 1; s <= 3; ++s) {
+        for (int r = 1; r <= 24; ++r)
+            line.Work.Project.ShotTimes(s, r) = static_cast<float>(20 + 3 * std::abs(r - 12 * s + 12));
+    }
+    line.Draw();
+    const auto all = line.Dromo().Of(Drawn::Verb::Circle).size();
+    ASSERT_EQ(all, 72U);
+    line.Work.Curves.Band = {true, 1, 2, 90, 80, 0};
+    line.Dromo().List.clear();
+    line.Work.Project.ShotTimes(2, 10) = 33;
+    const PickPlace pick{2, 10};
+    Refresh_Curves(line.Work, line.Ports, std::span(&pick, 1));
+    ASSERT_EQ(line.Dromo().Clips.size(), 1U);
+    const double spacing = 96.0 / 23;
+    EXPECT_LT(line.Dromo().Clips[0].X1, 8 * spacing);
+    EXPECT_GT(line.Dromo().Clips[0].X2, 10 * spacing);
+    EXPECT_LT(line.Dromo().Clips[0].X2, 17 * spacing);
+    EXPECT_LT(line.Dromo().Of(Drawn::Verb::Circle).size(), 40U) << "far picks are left alone";
+    EXPECT_TRUE(line.Dromo().Has_Line(8 * spacing, 29, 9 * spacing, 33, colours::Red));
+    EXPECT_TRUE(line.Dromo().Has_Line(9 * spacing, 33, 10 * spacing, 23, colours::Red));
+    EXPECT_TRUE(line.Work.Curves.Band.Stands) << "taken off and put back over the new strip";
+    EXPECT_FALSE(line.Dromo().Clipped);
+    EXPECT_EQ(line.Display.Count("Show_Curves"), 0);
+
+    // Another time scale, a dialog's drawing or a picture of something else take another road.
+    line.Work.Project.ShotTimes(2, 10) = 140;
+    Refresh_Curves(line.Work, line.Ports, std::span(&pick, 1));
+    EXPECT_EQ(line.Display.Count("Show_Curves"), 1);
+    line.Work.Project.ShotTimes(2, 10) = 33;
+    line.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
+    Refresh_Curves(line.Work, line.Ports, std::span(&pick, 1));
+    EXPECT_EQ(line.Display.Count("Show_Curves"), 2);
+    line.Work.Mode.Release(Dialog::SpeedF);
+    line.Work.Mode.Display(DisplayMode::Profil);
+    Refresh_Curves(line.Work, line.Ports, std::span(&pick, 1));
+    line.Work.Mode.Display(DisplayMode::Dromo);
+    line.Work.Curves.FrameDrawn = 0;
+    Refresh_Curves(line.Work, line.Ports, std::span(&pick, 1));
+    EXPECT_EQ(line.Display.Count("Show_Curves"), 2);
+    EXPECT_EQ(line.Dromo().Clips.size(), 1U);
+}
+
+TEST(ShotGrid, SelectingAShotDisplaysTheRecordWhileTheCurvesServe) {
+    Curves line;
+    line.Draw();
+    Select_Shot_Row(line.Work, line.Ports, 2);
+    EXPECT_EQ(line.Work.Grids.Grille_Shot.CurrentRow, 1);
+    EXPECT_EQ(line.Display.Count("Display_Record"), 1);
+    line.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
+    Select_Shot_Row(line.Work, line.Ports, 1);
+    line.Work.Mode.Release(Dialog::SpeedF);
+    for (const int outside : {0, 3})
+        Select_Shot_Row(line.Work, line.Ports, outside);
+    EXPECT_EQ(line.Display.Count("Display_Record"), 1);
 }

@@ -78,6 +78,12 @@ TEST_F(DragTest, OneReceiverIsAStretchOnlyBesideTheShot) {
     }
     EXPECT_FALSE(Run(2, 3, 3));
     EXPECT_EQ(Work.Velocity.QuickStatus, "Impossible: Wrong receivers 3,3");
+    EXPECT_EQ(Work.Fields.Status, "Impossible: Wrong receivers 3,3");
+    EXPECT_TRUE(Run(2, 13, 20));
+    EXPECT_EQ(Work.Fields.Status, "") << "gone with the next drag";
+    Work.Fields.Status = "told by somebody else";
+    EXPECT_TRUE(Run(2, 13, 20));
+    EXPECT_EQ(Work.Fields.Status, "told by somebody else");
     EXPECT_TRUE(World.Prompts.Messages.empty());
 }
 

@@ -1,5 +1,8 @@
 #include "ui/forms/ruler_form.h"
 
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "app/session.h"
@@ -8,21 +11,44 @@
 
 namespace tarnvik {
 
-RulerForm::RulerForm(Session& session, QtDisplay& display) : Program(session) {
+RulerForm::RulerForm(Session& session, QtDisplay& display)
+    : Program(session), Curves(display.Box_Of(Canvas::Dromo)), Record(display.Box_Of(Canvas::Ecran)) {
     regle = new PictureBox;
     regle->setObjectName("regle");
-    regle->setToolTip(tr("Time scale of the curves: float the window to lay it against a curve"));
+    regle->setToolTip(tr("Time scale: float the window to lay it against a curve or a trace"));
     regle->setMinimumWidth(static_cast<int>(Curves_Layout().StripY * logicalDpiX() / 72));
     regle->Set_Size_Hint({80, 480});
+    auto* choice = new QButtonGroup(this);
+    auto* buttons = new QHBoxLayout;
+    const auto add = [&](const char* name, const QString& text, RulerF::Kind kind) {
+        auto* button = new QToolButton;
+        button->setObjectName(name);
+        button->setText(text);
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        choice->addButton(button, kind);
+        buttons->addWidget(button);
+    };
+    add("ruler_dromo", tr("Curves"), RulerF::OfCurves);
+    add("ruler_record", tr("Record"), RulerF::OfRecord);
+    Fields.Choice(choice, session.Ruler.Against, [this] { Refresh(); });
+    // The strip comes first: it begins where the picture beside it does.
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(regle);
+    layout->setSpacing(0);
+    layout->addWidget(regle, 1);
+    layout->addLayout(buttons);
     display.Register(Canvas::Regle, regle);
-    connect(regle, &PictureBox::Resized, this, [this] { Refresh(); });
+    for (PictureBox* box : {regle, Curves.data(), Record.data()}) {
+        if (box != nullptr) connect(box, &PictureBox::Resized, this, [this] { Refresh(); });
+    }
 }
 
 void RulerForm::Refresh() {
-    Program.Ruler.ruler_dromo();
+    Fields.Refresh();
+    const QPointer<PictureBox>& beside = Program.Ruler.Against == RulerF::OfRecord ? Record : Curves;
+    regle->Canvas().Follow_Rows_Of(beside ? &beside->Canvas() : nullptr);
+    Program.Ruler.Draw();
 }
 
 }  // namespace tarnvik
