@@ -13,6 +13,7 @@
 #include "core/project_file.h"
 #include "demo/demo_line.h"
 #include "demo/demo_records.h"
+#include "records/record_choice.h"
 #include "records/record_display.h"
 #include "support/test_ports.h"
 
@@ -151,7 +152,7 @@ class Hand {
                 break;
             case 12:
                 Program.AutomaticPicking.Pick_auto();
-                if (Any(Dice, 3) == 1) Program.AutomaticPicking.Command2();
+                if (Any(Dice, 3) == 1) Program.AutomaticPicking.Reset();
                 break;
             default:
                 Walk();
