@@ -3,7 +3,9 @@
 #include "app/commands.h"
 #include "app/dialog_commands.h"
 #include "app/documents.h"
+#include "app/edit_commands.h"
 #include "app/file_commands.h"
+#include "app/pages.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/tool_launches.h"
@@ -29,6 +31,18 @@ template <char letter>
 void Choose_Language(Session& session) {
     Set_Language(session.Work.Settings, letter);
     session.Outside.Show.Show_Fields();
+}
+
+std::string Without_Project(const Session& session) {
+    return session.Work.Project.ShotTimes.Last_Row() > 0 ? "" : "There is no project in memory";
+}
+
+std::string Without_Records(const Session& session) {
+    return session.Work.Project.SuFile.empty() ? "No field records are loaded" : "";
+}
+
+std::string Without_Picture(const Session& session) {
+    return Page_Can_Be_Drawn(session, Page_On_Screen(session)) ? "" : "Nothing is drawn yet";
 }
 
 void Quit_From_Menu(Session& session) {
@@ -82,6 +96,7 @@ bool Language(const Session& session) {
 constexpr std::string_view file_menu = "&File";
 constexpr std::string_view conversion_menu = "&File/Conversion";
 constexpr std::string_view export_menu = "&File/Export";
+constexpr std::string_view edit_menu = "&Edit";
 constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
 constexpr std::string_view screen_menu = "&Screen Display";
@@ -106,7 +121,7 @@ const std::array command_table = {
     // Toolbar, in the order of the buttons.
     Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
-    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum},
+    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Records},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4", .Run = Start_New_Profile},
     Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
@@ -115,29 +130,29 @@ const std::array command_table = {
     Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler"},
     Command{.Name = "tosu", .Tooltip = "Seismograph File conversion", .Icon = "tosu", .Run = Launch_Conversion},
     Command{.Name = "open", .Tooltip = "Open existing TV5 File", .Icon = "open", .Run = Open_From_Toolbar},
-    Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data},
+    Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data, .Refusal = Without_Project},
     Command{.Name = "dromo", .Tooltip = "Display travel time", .Icon = "dromo", .Run = Back_To_Curves},
     Command{.Name = "prop", .Tooltip = "New profile from field records", .Icon = "prop", .Run = Start_New_Profile},
     Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom"},
-    Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1", .Run = Show_Velocity_Dialog},
+    Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2"},
     Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3"},
-    Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog},
+    Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
-    Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile},
+    Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
     Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap"},
     Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
-    Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom},
+    Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
-    Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom},
+    Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom, .Refusal = Without_Project},
     Command{.Name = "abc", .Tooltip = "Record abc result", .Icon = "abc"},
 
     // File
     Command{.Name = "NewDromoName", .Menu = file_menu, .Caption = "&Open travel time...", .Icon = "open", .Shortcut = "Ctrl+O", .Run = Open_Travel_Time},
     Command{.Name = "T_Assembly", .Menu = file_menu, .Caption = "New travel time", .Icon = "tv4", .Shortcut = "Ctrl+N", .Run = Start_New_Profile},
     Separator(file_menu),
-    Command{.Name = "SaveName", .Menu = file_menu, .Caption = "Save Data ", .Icon = "save", .Shortcut = "Ctrl+S", .Run = Save_Data},
+    Command{.Name = "SaveName", .Menu = file_menu, .Caption = "Save Data ", .Icon = "save", .Shortcut = "Ctrl+S", .Run = Save_Data, .Refusal = Without_Project},
     Command{.Name = "Save_As", .Menu = file_menu, .Caption = "Save data As", .Shortcut = "Ctrl+Shift+S", .Run = Save_Data_As},
     Command{.Name = "Deletename", .Menu = file_menu, .Caption = "Delete File", .Run = Delete_File},
     Separator(file_menu),
@@ -158,8 +173,13 @@ const std::array command_table = {
     Command{.Name = "Fin_Mnu", .Menu = file_menu, .Caption = "End", .Icon = "stop", .Shortcut = "Ctrl+Q", .Run = Quit_From_Menu},
     Command{.Name = "Exit_M", .Menu = file_menu, .Caption = "Exit without saving", .Run = Exit_At_Once},
 
+    // Edit
+    Command{.Name = "Undo_M", .Menu = edit_menu, .Caption = "&Undo", .Shortcut = "Ctrl+Z", .Run = Undo_Edit, .Text = Undo_Caption, .Refusal = Undo_Refusal},
+    Command{.Name = "Redo_M", .Menu = edit_menu, .Caption = "&Redo", .Shortcut = "Ctrl+Shift+Z", .Run = Redo_Edit, .Text = Redo_Caption, .Refusal = Redo_Refusal},
+    Command{.Name = "History_M", .Menu = edit_menu, .Caption = "&History...", .Run = Show_History},
+
     // Processing
-    Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog},
+    Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2"},
     Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3"},
     Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler"},
@@ -167,7 +187,7 @@ const std::array command_table = {
     Separator(processing_menu),
     Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom"},
     Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick"},
-    Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog},
+    Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Separator(processing_menu),
     Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap"},
     Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation"},
@@ -180,13 +200,13 @@ const std::array command_table = {
     // Screen Display
     Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},
     Command{.Name = "TT_IT_MN", .Menu = screen_menu, .Caption = "Travel time and Delay"},
-    Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3", .Run = Show_Intercept_Profile},
-    Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC", .Run = Show_Abc_Profile},
-    Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM", .Run = Show_Grm_Profile},
-    Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM", .Run = Show_Full_Profile},
-    Command{.Name = "BI_M", .Menu = screen_menu, .Caption = "Travel time and profile", .Run = Show_Curves_And_Profile},
+    Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
+    Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC", .Run = Show_Abc_Profile, .Refusal = Without_Project},
+    Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM", .Run = Show_Grm_Profile, .Refusal = Without_Project},
+    Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM", .Run = Show_Full_Profile, .Refusal = Without_Project},
+    Command{.Name = "BI_M", .Menu = screen_menu, .Caption = "Travel time and profile", .Run = Show_Curves_And_Profile, .Refusal = Without_Project},
     Separator(screen_menu),
-    Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File},
+    Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File, .Refusal = Without_Project},
     Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve"},
     Separator(screen_menu),
     Command{.Name = "Zerop", .Menu = screen_menu, .Caption = "Zero time on top", .Shortcut = "Ctrl+T", .Run = Toggle_Zero_On_Top, .Checked = Zero_On_Top},
@@ -195,7 +215,7 @@ const std::array command_table = {
 
     // Printer
     Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
-    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture},
+    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Picture},
     Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
     Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
     Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation"},
@@ -206,7 +226,7 @@ const std::array command_table = {
     Command{.Name = "Font_Mnu", .Menu = utility_menu, .Caption = "Font selection", .Run = Choose_Font},
     Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift", .Run = Scale_Or_Shift_Picks},
     Separator(utility_menu),
-    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum},
+    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Records},
     Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
     Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
     Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},
@@ -221,12 +241,12 @@ const std::array command_table = {
     Command{.Name = "Z_shot", .Menu = ascii_menu, .Caption = "Depth at shot point"},
     Command{.Name = "Zfile", .Menu = ascii_menu, .Caption = "Delay Depth computations"},
     Separator(utility_menu),
-    Command{.Name = "Copy_M", .Menu = utility_menu, .Caption = "Save screen as BMP", .Run = Save_Screen_As_Bmp},
+    Command{.Name = "Copy_M", .Menu = utility_menu, .Caption = "Save screen as BMP", .Run = Save_Screen_As_Bmp, .Refusal = Without_Picture},
     Command{.Name = "Clear_M", .Menu = utility_menu, .Caption = "Clear Screen", .Run = Clear_Screen},
     Command{.Name = "Register_M", .Menu = utility_menu, .Caption = "Open TV5 files with Tarnvik", .Run = Register_File_Type},
 
     // Display options
-    Command{.Name = "ZZ", .Menu = options_menu, .Caption = "Enlargement factors", .Icon = "find", .Shortcut = "F4", .Run = Show_Zoom},
+    Command{.Name = "ZZ", .Menu = options_menu, .Caption = "Enlargement factors", .Icon = "find", .Shortcut = "F4", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "Intercept_M", .Menu = time_menu, .Caption = "Intercept times at receivers", .Run = Toggle_Receiver_Intercepts, .Checked = Receiver_Intercepts},
     Command{.Name = "LeadIn_M", .Menu = time_menu, .Caption = "Lead-in strokes", .Run = Toggle_Lead_In_Strokes, .Checked = Lead_In_Strokes},
     Command{.Name = "Vel_line_Col_Mnu", .Menu = line_menu, .Caption = "Line Color", .Run = Choose_Velocity_Line_Colour},

@@ -71,6 +71,7 @@ void Show_Curves_And_Profile(Session& session) {
 }
 
 void Start_New_Profile(Session& session) {
+    if (!May_Leave_Project(session)) return;
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
     Close_Computing_Dialogs(session);
     session.Outside.Show.Select_Tab(Tab::Record);

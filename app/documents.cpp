@@ -1,7 +1,9 @@
 #include "app/documents.h"
 
+#include <filesystem>
 #include <initializer_list>
 #include <string>
+#include <system_error>
 
 #include "app/session.h"
 #include "core/files.h"
@@ -89,7 +91,13 @@ void Open_Video(Session& session) {
 }
 
 void Edit_Notes(Session& session) {
-    Edit_Text_File(session, Derived_File(session.Work.Project.CurrentFile, ".tv5", ".rtf"));
+    const std::string& project = session.Work.Project.CurrentFile;
+    const std::string path = Derived_File(project, ".tv5", ".rtf");
+    // An editor opens no file that is not there yet; where it cannot be begun, the editor's failure is told.
+    std::error_code failed;
+    if (path != project && !File_Exists(path) && std::filesystem::is_directory(Folder_Of(path), failed))
+        Replace_File(path, "");
+    Edit_Text_File(session, path);
 }
 
 void Edit_Data_File(Session& session) {

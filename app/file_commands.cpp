@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/dialog_commands.h"
+#include "app/recovery.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
@@ -16,8 +17,10 @@
 namespace tarnvik {
 
 void Open_Travel_Time(Session& session) {
+    if (!May_Leave_Project(session)) return;
     if (!Select_Project(session.Work, session.Outside, session.Hooks)) return;
     Show_Opened_Project(session);
+    Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
     const Project& project = session.Work.Project;
     // The opening has asked for missing records once already; this command asks again, which is meant.
     if (!project.SuFile.empty() && !File_Exists(Su_Path(project)) &&
@@ -50,7 +53,10 @@ void Ask_For_Backup(Session& session) {
 }
 
 void Convert_Bak_To_Tv5(Session& session) {
-    Backup_To_Project(session.Work, session.Outside, session.Hooks);
+    if (!May_Leave_Project(session)) return;
+    if (!Backup_To_Project(session.Work, session.Outside, session.Hooks)) return;
+    Close_Computing_Dialogs(session);
+    Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
 }
 
 void Convert_Tv4_To_Tv5(Session& session) {

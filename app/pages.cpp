@@ -16,6 +16,10 @@ ShotColour Curve_Colours(const Project& project) {
     };
 }
 
+Page Page_On_Screen(const Session& session) {
+    return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
+}
+
 bool Page_Can_Be_Drawn(const Session& session, Page page) {
     const Project& project = session.Work.Project;
     switch (page) {

@@ -20,6 +20,9 @@ struct PagePictures {
 /// answer.
 ShotColour Curve_Colours(const Project& project);
 
+/// The page whose picture stands on the screen.
+Page Page_On_Screen(const Session& session);
+
 /// True when the page has something to show.
 bool Page_Can_Be_Drawn(const Session& session, Page page);
 

@@ -32,10 +32,14 @@ class Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    /// From now on each edit is written to a journal beside the settings, for the next start after a kill.
+    void Keep_Journals();
+
     Workspace Work;
     Ports Outside;
     std::string SettingsFile;
-    OpeningHooks Hooks;  ///< what opening a project asks of the floors above core/
+    std::string JournalFolder;  ///< empty while none are kept
+    OpeningHooks Hooks;         ///< what opening a project asks of the floors above core/
 
     // Travel-time curves.
     CurvePointer Pointer;  ///< mouse and keys on the Dromo picture

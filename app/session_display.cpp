@@ -1,7 +1,11 @@
 #include "app/session_display.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "app/pages.h"
 #include "app/session.h"
+#include "core/ports/silent_picture.h"
 #include "output/profile_painting.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -9,20 +13,134 @@
 
 namespace tarnvik {
 
-void SessionDisplay::Show_Curves() {
+namespace {
+// More cells than these are shown by one comparison of the whole table.
+constexpr std::size_t most_single_cells = 50;
+// A drawing that asks for itself must not turn for ever.
+constexpr int most_rounds = 3;
+}  // namespace
+
+bool SessionDisplay::Has(const std::vector<Request>& requests, Request request) {
+    return std::find(requests.begin(), requests.end(), request) != requests.end();
+}
+
+bool SessionDisplay::Waiting() const {
+    return Held > 0 || Owner->Work.Edits.Is_Open();
+}
+
+void SessionDisplay::Ask(Request request) {
+    if (!Waiting()) {
+        Do(request);
+        return;
+    }
+    std::erase(Wanted, request);
+    Wanted.push_back(request);
+}
+
+void SessionDisplay::Show_Cell(int row, int column) {
+    if (Waiting()) {
+        WantedCells.insert({row, column});
+    } else {
+        Refresh_Cell(row, column);
+    }
+}
+
+void SessionDisplay::Repaint_Page(Page page) {
+    Ask(page == Page::Curves   ? Request::PaintCurves
+        : page == Page::Record ? Request::Record
+                               : Request::Profile);
+}
+
+void SessionDisplay::Release_Redraws() {
+    struct Releasing {
+        int& Held;
+        ~Releasing() { --Held; }
+    };
+    {
+        const Releasing releasing{Held};
+        if (Held > 1 || Owner->Work.Edits.Is_Open()) return;
+        // What a drawing asks for in its turn (the grids, the fields) joins what is still to be done.
+        for (int round = 0; round < most_rounds && Do_Drawings(); ++round) {
+        }
+    }
+    const std::vector<Request> wanted = std::exchange(Wanted, {});
+    const auto cells = std::exchange(WantedCells, {});
+    if (Has(wanted, Request::Grids) || cells.size() > most_single_cells) {
+        Do(Request::Grids);
+    } else {
+        for (const auto& [row, column] : cells)
+            Refresh_Cell(row, column);
+    }
+    if (Has(wanted, Request::Fields)) Do(Request::Fields);
+}
+
+bool SessionDisplay::Do_Drawings() {
+    std::vector<Request> drawings;
+    for (const Request request : Wanted) {
+        if (request != Request::Grids && request != Request::Fields) drawings.push_back(request);
+    }
+    // A drawing makes the painting of the same picture needless.
+    if (Has(drawings, Request::Curves)) std::erase(drawings, Request::PaintCurves);
+    std::erase_if(Wanted,
+                  [](Request request) { return request != Request::Grids && request != Request::Fields; });
+    for (const Request request : drawings)
+        Do(request);
+    return !drawings.empty();
+}
+
+void SessionDisplay::Do(Request request) {
+    switch (request) {
+        case Request::Curves:
+            Draw_Curves();
+            break;
+        case Request::Record:
+            Draw_Record();
+            break;
+        case Request::Profile:
+            Draw_Profile();
+            break;
+        case Request::PaintCurves:
+            Paint_Curves();
+            break;
+        case Request::Grids:
+            Refresh_Grids();
+            break;
+        case Request::Fields:
+            Refresh_Fields();
+            break;
+    }
+}
+
+void SessionDisplay::Draw_Curves() {
     // The table follows the model with every redraw of the curves; the drawing ends by showing the grids.
     Fill_Grid(Owner->Work);
     tarnvik::Show_Curves(Owner->Work, Owner->Outside);
 }
 
-void SessionDisplay::Display_Record() {
+void SessionDisplay::Draw_Record() {
     const Project& project = Owner->Work.Project;
     tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(project));
 }
 
-void SessionDisplay::Show_Profile() {
+void SessionDisplay::Draw_Profile() {
     if (!Page_Can_Be_Drawn(*Owner, Page::Profile)) return;
     Paint_Profile(Owner->Work, Canvas_Of(Canvas::Dromo1), Canvas_Of(Canvas::EchelleY1));
+}
+
+void SessionDisplay::Paint_Curves() {
+    if (!Page_Can_Be_Drawn(*Owner, Page::Curves)) return;
+    // The band and the cross go with the old picture.
+    Owner->Work.Curves.Band = {};
+    Owner->Work.Curves.Cross = {};
+    SilentPicture none;
+    Draw_Page(*Owner, Page::Curves,
+              {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY)});
+    if (Owner->Work.Curves.DoubleView == 1)
+        Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none});
+}
+
+void SessionDisplay::Refresh_Cell(int, int) {
+    Refresh_Grids();
 }
 
 }  // namespace tarnvik

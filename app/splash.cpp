@@ -11,7 +11,7 @@ void frmSplash::Load() {
     const std::string& title = Owner.Work.AppTitle;
     lblProductName = title;
     lblVersion = "Version 16.5.0";
-    Command5Caption = "Display " + Owner.Work.Project.CurrentFile;
+    Command5Caption = "Display " + Owner.Work.Settings.RecentFiles[0];
     Command6Caption = "END " + title;
 }
 
@@ -44,7 +44,7 @@ bool frmSplash::Command5() {
 bool frmSplash::Command6() {
     const std::string& title = Owner.Work.AppTitle;
     if (!Owner.Outside.Ask.Ask_Yes("Do you stop " + title + "?", title)) return false;
-    Owner.Outside.Show.End_Program();
+    End_Session(Owner);
     return true;
 }
 

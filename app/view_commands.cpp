@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "app/dialog_rows.h"
+#include "app/pages.h"
 #include "app/session.h"
 #include "core/files.h"
 #include "core/project_file.h"
@@ -15,17 +17,17 @@ namespace tarnvik {
 
 namespace {
 
-/// The page whose picture stands on the screen.
-Page Page_On_Screen(const Session& session) {
-    return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
-}
-
 void Save_Page_As(Session& session, const std::string& path) {
     const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path);
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
     }
+}
+
+bool May_Replace(Session& session, const std::string& path) {
+    return !File_Exists(path) ||
+           session.Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", session.Work.AppTitle);
 }
 
 void Set_Units(Session& session, const char* units) {
@@ -63,9 +65,10 @@ void Clear_Display(Session& session) {
 }
 
 void Close_Computing_Dialogs(Session& session) {
-    for (const Dialog dialog : {Dialog::confirm, Dialog::SpeedF, Dialog::Fcalcul}) {
-        session.Outside.Show.Close_Dialog(dialog);
-        session.Work.Mode.Release(dialog);
+    for (const DialogRow& row : Dialog_Rows()) {
+        if (!row.ClosesWithProject) continue;
+        session.Outside.Show.Close_Dialog(row.Which);
+        session.Work.Mode.Release(row.Which);
     }
 }
 
@@ -161,11 +164,7 @@ void Save_Screen_As_Bmp(Session& session) {
                                   session.Work.Project.ProjectDir + session.Work.Project.ProjectName);
     if (name.empty()) return;
     const std::string path = (Folder_Of(name).empty() ? session.Work.Project.ProjectDir : "") + name + ".bmp";
-    if (File_Exists(path) &&
-        !session.Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", session.Work.AppTitle)) {
-        return;
-    }
-    Save_Page_As(session, path);
+    if (May_Replace(session, path)) Save_Page_As(session, path);
 }
 
 void Export_Picture(Session& session) {
@@ -173,7 +172,11 @@ void Export_Picture(Session& session) {
         {"Save picture", "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|",
          session.Work.Project.ProjectName + ".png", session.Work.Project.ProjectDir});
     if (path.empty()) return;
-    if (Name_Of(path).find('.') == std::string::npos) path += ".png";
+    if (Name_Of(path).find('.') == std::string::npos) {
+        // The dialog asked about another name.
+        path += ".png";
+        if (!May_Replace(session, path)) return;
+    }
     Save_Page_As(session, path);
 }
 

@@ -4,15 +4,20 @@
 #include <utility>
 
 #include "core/ports/launcher.h"
+#include "ui/running/tool_run.h"
 
 namespace tarnvik {
 
-/// Launcher of a run without a screen: nothing is started and nothing is found.
+/// Launcher of a run without a screen: tools run to their end, nothing is left running and nothing is found.
 class ConsoleLauncher : public Launcher {
   public:
     explicit ConsoleLauncher(std::string program_folder) : Folder(std::move(program_folder)) {}
 
     int Start(const std::string&, const std::string&, const std::string&) override { return 0; }
+    ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,
+                            const ToolProgress& progress) override {
+        return Run_Tools(commands, folder, QString::fromStdString(Folder), progress);
+    }
     int Open_Document(const std::string&) override { return 0; }
     int Edit_Text(const std::string&) override { return 0; }
     std::string Find_Program(const std::string&) override { return {}; }

@@ -20,7 +20,7 @@ Answer ConsolePrompts::Message(const std::string& text, const std::string& title
     Shown += text;
     if (icon == Icon::Critical) ErrorShown = true;
     if (buttons == Buttons::Ok) return Answer::Ok;
-    const bool has_yes = buttons != Buttons::OkCancel;
+    const bool has_yes = buttons != Buttons::OkCancel && buttons != Buttons::OpenCancel;
     if (has_yes && AlwaysYes) return Answer::Yes;
     const auto typed = Next_Answer();
     if (!typed) return has_yes ? Answer::No : Answer::Ok;

@@ -12,8 +12,6 @@ namespace tarnvik {
 class HeadlessDisplay : public SessionDisplay {
   public:
     Picture& Canvas_Of(Canvas) override { return Nowhere; }
-    void Show_Grids() override {}
-    void Show_Fields() override {}
     void Select_Tab(Tab) override {}
     void Open_Dialog(Dialog, bool) override {}
     void Close_Dialog(Dialog) override {}

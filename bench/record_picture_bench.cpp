@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
+#include <functional>
 
+#include "records/picking.h"
 #include "records/record_choice.h"
 #include "records/record_display.h"
 #include "records/su_file.h"
@@ -25,7 +27,11 @@ constexpr int samples = 4000;
 class ImageDisplay : public test::RecordingDisplay {
   public:
     Picture& Canvas_Of(Canvas canvas) override { return canvas == Canvas::Ecran ? Screen : Strip; }
-    void Display_Record() override {}
+    void Display_Record() override {
+        Calls.emplace_back("Display_Record");
+        if (Draw) Draw();
+    }
+    std::function<void()> Draw;
     ImagePicture Screen{{1920, 1080}, 96.0 / 72.0};
     ImagePicture Strip{{60, 1080}, 96.0 / 72.0};
 };
@@ -77,5 +83,36 @@ BENCHMARK(Painted_Record)
     ->ArgNames({"style", "noise"})
     ->ArgsProduct({{VariableArea, WiggleOnly, TwoColours}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
+
+/// From the click to the redrawn record: the pick into file and project, its mark on the picture. With the
+/// travel times of the other shots over the record, all marks and curves are drawn anew.
+void Picked_On_Painted_Record(benchmark::State& state) {
+    test::TemporaryFolder folder;
+    Workspace workspace;
+    workspace.Project.SuFile = Line(folder, true);
+    workspace.Project.NbShots = 2;
+    workspace.Project.NbReceivers = traces;
+    Redimension_Project(workspace.Project);
+    workspace.Grids.Buildgrid.Resize(traces + 3, 2 + 4);
+    test::ScriptedPrompts prompts;
+    ImageDisplay display;
+    test::RecordingLauncher launcher;
+    Ports ports{prompts, display, launcher};
+    display.Draw = [&] { Display_Record(workspace, ports, workspace.Project.SuFile); };
+    Open_Records(workspace, ports);
+    workspace.Edits.Start(workspace.Project, true);
+    AutoPik automatic(workspace, ports);
+    RecordZoom zoom(workspace, ports);
+    RecordPointer pointer(workspace, ports, automatic, zoom);
+    double sample = 100;
+    for (auto _ : state) {
+        sample = sample > 3000 ? 100 : sample + 10;
+        pointer.Press({60 * trace_width + 1000, sample, 1});
+        pointer.Release({60 * trace_width + 1000, sample, 1});
+        benchmark::DoNotOptimize(display.Screen.Image().constBits());
+    }
+    state.counters["whole drawings"] = display.Count("Display_Record");
+}
+BENCHMARK(Picked_On_Painted_Record)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <functional>
 #include <limits>
 
 #include "core/fault.h"
@@ -59,38 +58,52 @@ void For_Each_Item(const ItemReader& items, bool allocated, int rows, int column
     }
 }
 
-void Read_Times_And_Receivers(ItemReader& items, WholeNumbers& numbers, Project& project) {
-    const int receivers = project.NbReceivers;
-    const bool allocated = project.ShotTimes.Has(0, 0);
-    const auto read_into = [&](Array2<float>& array, int rows) {
-        For_Each_Item(items, allocated, rows, receivers, [&](int row, int receiver) {
-            const double value = numbers.Next() / static_cast<double>(file_time_scale);
-            if (allocated) array(row, receiver) = static_cast<float>(value);
-        });
-    };
-    read_into(project.ShotTimes, project.NbShots);
-    read_into(project.ReceiverData, Project::FiledReceiverRows);
+bool Allocated(const Project& project) {
+    return project.ShotTimes.Has(0, 0);
 }
 
-void Read_Shots(ItemReader& items, WholeNumbers& numbers, Project& project) {
-    const int shots = project.NbShots;
-    const bool allocated = project.ShotTimes.Has(0, 0);
+void Read_Rows(ItemReader& items, WholeNumbers& numbers, const Project& project, Array2<float>& array,
+               int rows) {
+    const bool allocated = Allocated(project);
+    For_Each_Item(items, allocated, rows, project.NbReceivers, [&](int row, int receiver) {
+        const double value = numbers.Next() / static_cast<double>(file_time_scale);
+        if (allocated) array(row, receiver) = static_cast<float>(value);
+    });
+}
+
+void Read_Times(ItemReader& items, WholeNumbers& numbers, Project& project) {
+    Read_Rows(items, numbers, project, project.ShotTimes, project.NbShots);
+}
+
+void Read_Receivers(ItemReader& items, WholeNumbers& numbers, Project& project) {
+    Read_Rows(items, numbers, project, project.ReceiverData, Project::FiledReceiverRows);
+}
+
+void Read_Places(ItemReader& items, WholeNumbers& numbers, Project& project) {
+    const bool allocated = Allocated(project);
     const std::array<Array1<double>*, 3> columns = {&project.ShotElevation, &project.ShotDistance,
                                                     &project.ShotDepth};
-    For_Each_Item(items, allocated, shots, static_cast<int>(columns.size()), [&](int shot, int column) {
-        const double value = numbers.Next() / static_cast<double>(file_time_scale);
-        if (allocated) (*columns[static_cast<std::size_t>(column) - 1])(shot) = value;
-    });
+    For_Each_Item(items, allocated, project.NbShots, static_cast<int>(columns.size()),
+                  [&](int shot, int column) {
+                      const double value = numbers.Next() / static_cast<double>(file_time_scale);
+                      if (allocated) (*columns[static_cast<std::size_t>(column) - 1])(shot) = value;
+                  });
+}
 
-    For_Each_Item(items, allocated, shots, Project::MaxLayers, [&](int shot, int layer) {
+void Read_Velocities(ItemReader& items, Project& project) {
+    const bool allocated = Allocated(project);
+    For_Each_Item(items, allocated, project.NbShots, Project::MaxLayers, [&](int shot, int layer) {
         for (Array2<std::int16_t>* side : {&project.VelocityA, &project.VelocityB}) {
             std::int16_t velocity = 0;
             Read_Number(items, velocity);
             if (allocated) (*side)(shot, layer) = velocity;
         }
     });
+}
 
-    For_Each_Item(items, allocated, shots, Project::MaxRefractors, [&](int shot, int refractor) {
+void Read_Refractors(ItemReader& items, WholeNumbers& numbers, Project& project) {
+    const bool allocated = Allocated(project);
+    For_Each_Item(items, allocated, project.NbShots, Project::MaxRefractors, [&](int shot, int refractor) {
         for (Array2<double>* values :
              {&project.InterceptA, &project.InterceptB, &project.CritDistA, &project.CritDistB}) {
             const double value = numbers.Next() / file_refractor_scale;
@@ -152,21 +165,114 @@ void Append_Shot_Rows(const Project& project, std::string& bytes) {
 
 }  // namespace
 
-void Parse_Project(std::string_view bytes, Project& project) {
+namespace {
+
+// Lines up to this size are read however much of their file is missing; larger counts must have a file that
+// can hold their times, two bytes each.
+constexpr int most_shots_of_cut_file = Project::MaxShots;
+constexpr int most_receivers_of_cut_file = 1000;
+
+constexpr std::array<const char*, 10> block_names = {
+    "the counts", "the picks",   "the receivers", "the shots",      "the velocities",
+    "the depths", "the SU file", "the remarks",   "the total time", "the distance shift"};
+
+bool Has_Bytes_Of_No_Text(std::string_view bytes) {
+    return std::any_of(bytes.begin(), bytes.end(), [](char letter) {
+        const auto code = static_cast<unsigned char>(letter);
+        return code < 32 && letter != '\t' && letter != '\r' && letter != '\n';
+    });
+}
+
+/// Watches how far the file goes, block by block.
+class BlockWatch {
+  public:
+    explicit BlockWatch(const ItemReader& items) : Items(items) {}
+
+    void Block_Is_Read() {
+        ++Block;
+        if (FirstCut == 0 && !Items.All_There()) FirstCut = Block;
+        if (FirstWord == 0 && !Items.No_Words()) FirstWord = Block;
+    }
+    std::string Missing() const {
+        std::string text;
+        if (FirstCut == 1) text = "The file ends within block 1 of 10 (the counts).";
+        if (FirstCut > 1) {
+            text = "The file ends after block " + CStr(FirstCut - 1) + " of 10 (" + Name(FirstCut - 1) +
+                   "): missing in whole or in part are " + Name(FirstCut) +
+                   (FirstCut < 10 ? " and what follows." : ".");
+        }
+        if (FirstWord > 0) {
+            if (!text.empty()) text += "\r\n";
+            text += "There are words where numbers should stand, first in block " + CStr(FirstWord) + " (" +
+                    Name(FirstWord) + ").";
+        }
+        return text;
+    }
+
+  private:
+    static std::string Name(int block) { return block_names[static_cast<std::size_t>(block) - 1]; }
+    const ItemReader& Items;
+    int Block = 0;
+    int FirstCut = 0;
+    int FirstWord = 0;
+};
+
+/// Why the counts are none; empty when they are.
+std::string Refusal_Of_Counts(const Project& project, bool number_read, std::size_t bytes) {
+    if (!number_read) return "it does not begin with the number of shots";
+    if (project.NbShots < 0 || project.NbReceivers < 0) return "its number of shots or receivers is below 0";
+    const std::int64_t picks = std::int64_t{project.NbShots} * project.NbReceivers;
+    const bool large =
+        project.NbShots > most_shots_of_cut_file || project.NbReceivers > most_receivers_of_cut_file;
+    if (picks > max_picks || (large && 2 * picks > static_cast<std::int64_t>(bytes))) {
+        return "it tells of " + CStr(int{project.NbShots}) + " shots and " + CStr(int{project.NbReceivers}) +
+               " receivers, more than a file of its length can hold";
+    }
+    return {};
+}
+
+}  // namespace
+
+ReadingReport Parse_Project(std::string_view bytes, Project& project) {
+    ReadingReport report;
+    if (Has_Bytes_Of_No_Text(bytes)) report.Refusal = "it holds bytes that stand in no text";
     ItemReader items(bytes);
+    BlockWatch watch(items);
     WholeNumbers numbers(items);
     Read_Number(items, project.NbShots);
+    const bool begins_with_number = items.All_There() && items.No_Words();
     Read_Number(items, project.LineLength);
     Read_Number(items, project.NbReceivers);
+    watch.Block_Is_Read();
+    const std::string refusal = Refusal_Of_Counts(project, begins_with_number, bytes.size());
+    if (report.Refusal.empty()) report.Refusal = refusal;
+    if (begins_with_number && !refusal.empty()) {
+        project.NbShots = 0;
+        project.NbReceivers = 0;
+    }
     Redimension_Project(project);
-    Read_Times_And_Receivers(items, numbers, project);
-    Read_Shots(items, numbers, project);
+    Read_Times(items, numbers, project);
+    watch.Block_Is_Read();
+    Read_Receivers(items, numbers, project);
+    watch.Block_Is_Read();
+    Read_Places(items, numbers, project);
+    watch.Block_Is_Read();
+    Read_Velocities(items, project);
+    watch.Block_Is_Read();
+    Read_Refractors(items, numbers, project);
+    watch.Block_Is_Read();
     std::string su_file;
     if (items.Line(su_file)) project.SuFile = From_Windows_1252(su_file);
+    watch.Block_Is_Read();
     Read_Remarks(items, project.remark_grid);
+    watch.Block_Is_Read();
     Read_Number(items, project.TotalTime);
     project.TotalTime -= 1;
+    watch.Block_Is_Read();
     Read_Number(items, project.DistanceShift);
+    watch.Block_Is_Read();
+    report.Missing = watch.Missing();
+    return report;
 }
 
 std::optional<OversizedValue> Find_Oversized_Value(const Project& project) {
@@ -195,10 +301,7 @@ std::optional<OversizedValue> Find_Oversized_Value(const Project& project) {
     return std::nullopt;
 }
 
-namespace {
-
-/// Blocks 1 to 8: everything in front of the total time.
-std::string Bytes_Before_Total_Time(const Project& project) {
+std::string Project_Bytes(const Project& project) {
     if (!project.ShotTimes.Has(0, 0)) throw Fault("the project is not allocated");
     std::string bytes = PrintLine()
                             .Item(project.NbShots)
@@ -232,19 +335,8 @@ std::string Bytes_Before_Total_Time(const Project& project) {
         }
         bytes += line.Raw(Filed_Text(project.remark_grid.Text(row, remark_text_column))).End();
     }
-    return bytes;
-}
-
-}  // namespace
-
-std::string Project_Bytes(const Project& project) {
-    return Bytes_Before_Total_Time(project) + PrintLine().Item(project.TotalTime + 1).End() +
+    return bytes + PrintLine().Item(project.TotalTime + 1).End() +
            PrintLine().Item(project.DistanceShift).End();
-}
-
-std::size_t Project_Fingerprint(const Project& project) {
-    if (!project.ShotTimes.Has(0, 0) || Find_Oversized_Value(project)) return 0;
-    return std::hash<std::string>()(Bytes_Before_Total_Time(project) + Print_Number(project.DistanceShift));
 }
 
 void Split_Project_Path(Project& project, const std::string& path) {

@@ -68,6 +68,19 @@ std::string Refusal_Of(const std::string& path) {
     return {};
 }
 
+/// Told, and agreed to where something is missing, before the project in memory is thrown away.
+bool May_Be_Opened(const Workspace& workspace, Ports& ports, const std::string& path,
+                   const ReadingReport& report) {
+    if (!report.Refusal.empty()) {
+        ports.Ask.Say(path + " is no project file: " + report.Refusal + ".", workspace.AppTitle,
+                      Icon::Critical);
+        return false;
+    }
+    if (report.Missing.empty()) return true;
+    return ports.Ask.Message(path + "\r\n" + report.Missing + "\r\nOpen anyway ?", workspace.AppTitle,
+                             Icon::Warning, Buttons::OpenCancel) == Answer::Ok;
+}
+
 void Reset_Views(Workspace& workspace) {
     CurveView& curves = workspace.Curves;
     curves.ZoomX = 1;
@@ -89,10 +102,11 @@ void Read_Project(Workspace& workspace, const std::string& path) {
     workspace.Fields.Text25 = CStr(project.TotalTime);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
-    workspace.SavedFingerprint = Project_Fingerprint(project);
+    workspace.FileOnDisk = path;
+    workspace.Edits.Start(project, true);
 }
 
-bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks) {
+bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks, bool just_opened) {
     workspace.Fields.Text1.clear();
     // A copy, since the hooks may set another CurrentFile.
     const std::string path = workspace.Project.CurrentFile;
@@ -101,6 +115,9 @@ bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks)
         ports.Ask.Say(refusal, workspace.AppTitle, Icon::Critical);
         return false;
     }
+    Project read = workspace.Project;
+    const ReadingReport report = Parse_Project(Read_File(path).value_or(""), read);
+    if (!just_opened && !May_Be_Opened(workspace, ports, path, report)) return false;
     workspace.Fields.Caption = Last_Letters(path, caption_letters) + "  [" + workspace.AppTitle + "]";
     Erase_Project(workspace.Project);
     Check_Project_Name(workspace, ports, path);
@@ -109,7 +126,9 @@ bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks)
     Scale_Time_Grid(workspace);
     Reset_Views(workspace);
     Run(hooks.OfferSuFile);
-    const std::string reason = Backup_Project(path);
+    // A backup copy of what is left of a file would cost the whole one that may still stand there.
+    const std::string reason =
+        report.Missing.empty() ? Backup_Project(path) : Name_Of(path) + " is not whole";
     if (!reason.empty()) workspace.Fields.Status = "No backup copy: " + reason;
     Run(hooks.ReadGrmFile);
     ports.Show.Show_Grids();
@@ -203,6 +222,11 @@ bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks) {
     if (su_file == project.CurrentFile || !File_Exists(su_file)) return false;
     // A name without a folder means this very file already and stays as short as it is.
     if (project.ProjectDir + project.SuFile == su_file) return true;
+    // Of two files of one name the user has chosen when the project was opened.
+    if (!Folder_Of(project.SuFile).empty() && Name_Of(project.SuFile) == Name_Of(su_file) &&
+        File_Exists(project.SuFile)) {
+        return true;
+    }
     project.SuFile = su_file;
     workspace.Fields.Label16 = su_file;
     Run(hooks.OfferSuFile);

@@ -23,8 +23,9 @@ void Read_Project(Workspace& workspace, const std::string& path);
 
 /// Opens CurrentFile: checks, reading, scaling, backup copy, companion files. Answers false after a refusal,
 /// which leaves the previous project in memory; CurrentFile then still names the refused file, see
-/// Open_Named_Project.
-bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks);
+/// Open_Named_Project. A file from which something is missing is opened when the user agrees, which he has
+/// done for one that he has `just_opened`.
+bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks, bool just_opened = false);
 
 /// Makes `path` the CurrentFile and opens it. After a refusal CurrentFile, ProjectDir and ProjectName are
 /// those of the previous project again, so that a save cannot put it into a file of another name.

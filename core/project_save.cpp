@@ -57,7 +57,8 @@ void Say_Not_Recorded(const Workspace& workspace, Ports& ports, const std::strin
 void After_Save(Workspace& workspace, Ports& ports, SaveNotice notice = SaveNotice::None) {
     // Stands 1 higher from now on, only the next load takes it off again.
     workspace.Project.TotalTime += 1;
-    workspace.SavedFingerprint = Project_Fingerprint(workspace.Project);
+    workspace.Edits.Saved(workspace.Project);
+    workspace.FileOnDisk = workspace.Project.CurrentFile;
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
     if (notice == SaveNotice::Told) {
         ports.Ask.Say("File: " + workspace.Project.CurrentFile + " has been recorded", workspace.AppTitle,
@@ -105,11 +106,6 @@ void Rescue_Project(Workspace& workspace, Ports& ports, const std::string& reaso
 
 }  // namespace
 
-bool Project_Is_Saved(const Workspace& workspace) {
-    const Project& project = workspace.Project;
-    return !project.ShotTimes.Has(0, 0) || Project_Fingerprint(project) == workspace.SavedFingerprint;
-}
-
 bool Write_Project(Workspace& workspace, Ports& ports, SaveNotice notice) {
     const std::string& path = workspace.Project.CurrentFile;
     if (path.empty()) {
@@ -119,6 +115,10 @@ bool Write_Project(Workspace& workspace, Ports& ports, SaveNotice notice) {
     const Content content = Content_Of(workspace.Project);
     if (!content.Refusal.empty()) {
         Say_Not_Recorded(workspace, ports, content.Refusal);
+        return false;
+    }
+    if (path != workspace.FileOnDisk && File_Exists(path) &&
+        !ports.Ask.Ask_Yes(path + " already exists, overwrite ?", workspace.AppTitle, Icon::Warning)) {
         return false;
     }
     const std::string reason = Record(path, content.Bytes);
@@ -152,7 +152,15 @@ bool Save_Project_As(Workspace& workspace, Ports& ports) {
         Rescue_Project(workspace, ports, "No file name was given", content.Bytes, former_file);
         return false;
     }
-    if (Name_Of(answer).find('.') == std::string::npos) answer += ".TV5";
+    if (Name_Of(answer).find('.') == std::string::npos) {
+        // The dialog asked about another name.
+        answer += ".TV5";
+        if (File_Exists(answer) &&
+            !ports.Ask.Ask_Yes(answer + " already exists, overwrite ?", workspace.AppTitle, Icon::Warning)) {
+            current = former_file;
+            return false;
+        }
+    }
     const std::string reason = Record(answer, content.Bytes);
     if (!reason.empty()) {
         Rescue_Project(workspace, ports, answer + ": " + reason, content.Bytes, former_file);

@@ -13,12 +13,9 @@ enum class SaveNotice { None, Told };
 ///
 /// A value beyond the file's 16 bits, arrays without content, or a disk that refuses is told to the user;
 /// then nothing is written, the old file stays whole, nothing in memory changes, and the answer is false.
+/// A file that the project was neither read from nor written to is replaced only after a question.
 /// Without a file name nothing is saved and no message comes.
 bool Write_Project(Workspace& workspace, Ports& ports, SaveNotice notice = SaveNotice::None);
-
-/// False while the project in memory differs from its file, as far as the program has read or written it.
-/// TotalTime does not count. Without a project there is nothing to save.
-bool Project_Is_Saved(const Workspace& workspace);
 
 /// Asks for a new name and saves the project there. When the dialog is cancelled or the file cannot be
 /// written, the project goes to ERROR.TV5 in the program's folder (or, where that cannot be written, in the

@@ -210,6 +210,12 @@ std::string Write_Setting(const std::string& path, const std::string& section, c
     return Replace_Settings(path, file);
 }
 
+std::string Read_Setting(const std::string& path, const std::string& section, const std::string& key) {
+    const auto content = Read_File(path);
+    if (!content) return {};
+    return From_Windows_1252(ProfileText(*content).Value(section, key).value_or(""));
+}
+
 void Ask_For_Backup_Copies(Workspace& workspace, Ports& ports) {
     const bool wanted =
         ports.Ask.Ask_Yes("Would you make a backup copy of your TV5 files ?", workspace.AppTitle);

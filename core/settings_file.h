@@ -23,6 +23,9 @@ bool Write_Settings(const Workspace& workspace, Ports& ports, const std::string&
 std::string Write_Setting(const std::string& path, const std::string& section, const std::string& key,
                           const std::string& value);
 
+/// One key; empty when it is not there.
+std::string Read_Setting(const std::string& path, const std::string& section, const std::string& key);
+
 /// Menu `backup`: asks whether backup copies are wanted.
 void Ask_For_Backup_Copies(Workspace& workspace, Ports& ports);
 

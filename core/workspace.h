@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -228,9 +227,11 @@ struct Workspace {
     tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
     std::string AppTitle = "Tarnvik 16.5";
-    PictureMode Mode;                  ///< what the Dromo picture shows and what a press on it means
-    bool NoOffsetShots = true;         ///< set to false by a file with offset shots; never set back
-    std::size_t SavedFingerprint = 0;  ///< of the project as it was last read or written
+    PictureMode Mode;  ///< what the Dromo picture shows and what a press on it means
+    /// The file that the project in memory was read from or written to, or whose replacement the user agreed
+    /// to; CurrentFile may name another one.
+    std::string FileOnDisk;
+    bool NoOffsetShots = true;  ///< set to false by a file with offset shots; never set back
     std::string
         BackedUpBeforeRemoval;  ///< project file copied to its backup before its first shot was removed
     CurveView Curves;

@@ -108,6 +108,7 @@ void Take_Over(Workspace& workspace, Workspace&& aside, Ports& ports) {
     Build_Grid(workspace);
     workspace.Mode.Display(DisplayMode::Dromo);
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
+    workspace.FileOnDisk = workspace.Project.CurrentFile;  // its replacement has been agreed to
     workspace.Edits.Start(workspace.Project, false);
     ports.Show.Select_Tab(Tab::Tables);
 }

@@ -1,9 +1,13 @@
 #include "ui/command_bars.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProxyStyle>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <set>
@@ -56,6 +60,7 @@ CommandBars::CommandBars(Session& session, QMainWindow& window)
         toolbar->addAction(Action_For(command));
     }
     StyleOfMenus->setParent(&window);  // as its last child it outlives the menus
+    qApp->installEventFilter(this);
     Refresh();
 }
 
@@ -85,7 +90,9 @@ QAction* CommandBars::Action_For(const Command& command) {
         action->setToolTip(action->statusTip());
     }
     if (command.Checked != nullptr) action->setCheckable(true);
-    if (command.Checked != nullptr || command.Text != nullptr) Changing.emplace_back(action, &command);
+    if (command.Available()) Actions.emplace_back(action, &command);
+    // Taking back works from every window of the program.
+    if (command.Menu == "&Edit") action->setShortcutContext(Qt::ApplicationShortcut);
     connect(action, &QAction::triggered, this, [this, &command] {
         Run_Command(Program, command.Name);
         Refresh();
@@ -94,13 +101,49 @@ QAction* CommandBars::Action_For(const Command& command) {
 }
 
 void CommandBars::Refresh() {
-    for (const auto& [action, command] : Changing) {
+    for (const auto& [action, command] : Actions) {
         if (command->Checked != nullptr) action->setChecked(command->Checked(Program));
-        if (command->Text == nullptr) continue;
-        QString text = QString::fromStdString(command->Text(Program));
-        action->setVisible(!text.isEmpty());
-        action->setText(text.replace("&", "&&"));
+        if (command->Text != nullptr) {
+            QString text = QString::fromStdString(command->Text(Program));
+            action->setVisible(!text.isEmpty());
+            // A name of a file is no place for a mnemonic; a caption of the program may have one.
+            if (command->Caption.empty()) text.replace("&", "&&");
+            action->setText(text);
+        }
+        if (command->Refusal == nullptr) continue;
+        const QString refusal = QString::fromStdString(command->Refusal(Program));
+        action->setEnabled(refusal.isEmpty());
+        const QString tip = From(command->Tooltip.empty() ? command->Caption : command->Tooltip).remove('&');
+        action->setToolTip(refusal.isEmpty() ? tip : refusal);
+        action->setStatusTip(refusal.isEmpty() ? From(command->Tooltip) : refusal);
     }
+}
+
+bool CommandBars::eventFilter(QObject* watched, QEvent* event) {
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    if (field == nullptr) return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+        case QEvent::ShortcutOverride: {
+            // A field takes the keys of undo and redo for itself; here only while it is being typed into.
+            const auto* key = static_cast<QKeyEvent*>(event);
+            const bool typing = field->isModified();
+            if ((key->matches(QKeySequence::Undo) && !(typing && field->isUndoAvailable())) ||
+                (key->matches(QKeySequence::Redo) && !(typing && field->isRedoAvailable()))) {
+                event->ignore();
+                return true;
+            }
+            break;
+        }
+        case QEvent::FocusOut:
+            // After the field's own handling, which tells whether something was typed.
+            QTimer::singleShot(0, field, [field] {
+                if (!field->hasFocus()) field->setModified(false);
+            });
+            break;
+        default:
+            break;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 }  // namespace tarnvik

@@ -20,8 +20,11 @@ class CommandBars : public QObject {
   public:
     CommandBars(Session& session, QMainWindow& window);
 
-    /// Marks and captions that change.
+    /// Marks and captions that change, and what can be run now.
     void Refresh();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QAction* Action_For(const Command& command);
@@ -31,7 +34,7 @@ class CommandBars : public QObject {
     QMainWindow& Window;
     QStyle* StyleOfMenus;
     std::map<QString, QMenu*> Menus;
-    std::vector<std::pair<QAction*, const Command*>> Changing;
+    std::vector<std::pair<QAction*, const Command*>> Actions;  ///< of commands that can be run
 };
 
 }  // namespace tarnvik

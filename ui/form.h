@@ -35,22 +35,8 @@ class Form : public QWidget {
     FieldBinder Fields;
 };
 
-/// Where a form stands while it is open.
-enum class FormPlace {
-    Dock,    ///< tool window at the right side of the pictures, or floating
-    Window,  ///< window of its own beside the main window
-    Box,     ///< dialog box in the middle of the main window
-};
-
-struct FormKind {
-    const char* Title = "";
-    FormPlace Place = FormPlace::Dock;
-    std::unique_ptr<Form> (*Make)(Session&, QtDisplay&) = nullptr;
-};
-
-/// How a dialog is shown; null for one that has no form.
-const FormKind* Form_Of(Dialog dialog);
-/// All dialogs that have a form.
-std::vector<Dialog> Dialogs_With_Form();
+/// Makes the form of a dialog; null for one that has none.
+using MakeForm = std::unique_ptr<Form> (*)(Session&, QtDisplay&);
+MakeForm Form_Of(Dialog dialog);
 
 }  // namespace tarnvik

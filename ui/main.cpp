@@ -61,6 +61,8 @@ int main(int argc, char** argv) {
 
     tarnvik::MainWindow window(session, display, folder + "/Windows.ini");
     prompts.Set_Parent(&window);
+    launcher.Set_Parent(&window);
+    session.Keep_Journals();
     window.show();
     const std::string command_line = Command_Line(QApplication::arguments());
     // The window stands before the first question comes.

@@ -6,11 +6,11 @@
 #include <QLabel>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTableView>
 
 #include "app/pages.h"
 #include "app/session.h"
 #include "app/start.h"
-#include "core/project_save.h"
 #include "traveltime/zoom.h"
 #include "ui/command_bars.h"
 #include "ui/curves_page.h"
@@ -26,11 +26,17 @@ namespace {
 
 // A user who drags the window's edge sees the pictures follow at once; what belongs to the change as a whole
 // comes when the edge has been let go.
-constexpr int unsaved_check_ms = 500;
 constexpr int resize_pause_ms = 150;
 
 QString From(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+void Set_Family(QWidget& control, const QString& family) {
+    if (family.isEmpty() || control.font().family() == family) return;
+    QFont font = control.font();
+    font.setFamily(family);
+    control.setFont(font);
 }
 
 }  // namespace
@@ -103,11 +109,7 @@ void MainWindow::Build_Status_Bar() {
     Unsaved->setToolTip(tr("The project differs from its file (Ctrl+S saves it)"));
     for (QLabel* label : {ZoomRange, Unsaved, ProjectName, Units})
         statusBar()->addPermanentWidget(label);
-    // Any event may change the project; comparing it twice a second costs less than a thousandth of the time.
-    connect(&UnsavedCheck, &QTimer::timeout, this,
-            [this] { Unsaved->setVisible(!Project_Is_Saved(Program.Work)); });
-    UnsavedCheck.start(unsaved_check_ms);
-    Unsaved->hide();
+    Fields.Shown(Unsaved, [this] { return !Program.Work.Edits.Is_Saved(); });
 
     Fields.Text(read_out, fields.Text1);
     Fields.Text(record_read_out, fields.RecordReadout);
@@ -121,6 +123,9 @@ void MainWindow::Build_Status_Bar() {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
         SSTab1->setTabToolTip(0, From(work.Fields.FirstTabCaption));
+        const QString family = From(work.Settings.FontName);
+        for (QTableView* grid : findChildren<QTableView*>())
+            Set_Family(*grid, family);
         QStringList range;
         for (const std::string& text : {Distance_Range_Text(work), Time_Range_Text(work)}) {
             if (!text.empty()) range << From(text);
@@ -146,6 +151,10 @@ void MainWindow::Refresh_Grids() {
     Tables->Refresh();
     Records->Refresh();
     Curves->Refresh_Shots();
+}
+
+void MainWindow::Refresh_Cell(int row, int column) {
+    Tables->Refresh_Cell(row, column);
 }
 
 void MainWindow::Select_Tab(Tab tab) {
@@ -203,8 +212,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     Places.setValue("Window/Geometry", saveGeometry());
     if (!Screen.Ended()) {
         // Both questions come every time, as users know them.
-        Unload_Form(Program);
-        Screen.End_Program();
+        if (!Unload_Form(Program)) {
+            event->ignore();
+            return;
+        }
+        End_Session(Program);
     }
     event->accept();
 }

@@ -31,6 +31,8 @@ class MainWindow : public QMainWindow {
 
     void Refresh_Fields();
     void Refresh_Grids();
+    /// One cell of Buildgrid.
+    void Refresh_Cell(int row, int column);
     void Select_Tab(Tab tab);
 
     /// Puts a tool window where it stood last, at first at the right side.
@@ -62,7 +64,6 @@ class MainWindow : public QMainWindow {
     QLabel* Units = nullptr;
     FieldBinder Fields;
     QTimer ResizeDone;
-    QTimer UnsavedCheck;
 };
 
 }  // namespace tarnvik

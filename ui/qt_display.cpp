@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "app/dialog_rows.h"
 #include "app/pages.h"
 #include "app/session.h"
 #include "ui/main_window.h"
@@ -67,31 +68,35 @@ PictureBox* QtDisplay::Box_Of(Canvas canvas) const {
     return box == Boxes.end() ? nullptr : box->second.data();
 }
 
-void QtDisplay::Show_Curves() {
+void QtDisplay::Draw_Curves() {
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
     for (const auto& [canvas, box] : Boxes) {
         if (box) box->Canvas().Set_Font_Family(family);
     }
-    SessionDisplay::Show_Curves();
+    SessionDisplay::Draw_Curves();
     Show_Fields();
 }
 
-void QtDisplay::Show_Profile() {
+void QtDisplay::Draw_Profile() {
     // The panes and bars first: they decide how large the picture is.
     Show_Fields();
     SessionDisplay::Show_Profile();
 }
 
-void QtDisplay::Show_Grids() {
+void QtDisplay::Refresh_Grids() {
     if (Window != nullptr) Window->Refresh_Grids();
     for (const auto& [dialog, open] : Open)
         open.Content->Refresh();
 }
 
-void QtDisplay::Show_Fields() {
+void QtDisplay::Refresh_Fields() {
     if (Window != nullptr) Window->Refresh_Fields();
     for (const auto& [dialog, open] : Open)
         open.Content->Refresh();
+}
+
+void QtDisplay::Refresh_Cell(int row, int column) {
+    if (Window != nullptr) Window->Refresh_Cell(row, column);
 }
 
 void QtDisplay::Select_Tab(Tab tab) {
@@ -115,18 +120,19 @@ void QtDisplay::Forget(Dialog dialog) {
 }
 
 void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
-    const FormKind* kind = Form_Of(dialog);
-    if (kind == nullptr || Window == nullptr || HasEnded) return;
+    const DialogRow* row = Row_Of(dialog);
+    const MakeForm make = Form_Of(dialog);
+    if (row == nullptr || make == nullptr || Window == nullptr || HasEnded) return;
     if (Is_Open(dialog)) {
         Bring_To_Front(dialog);
         return;
     }
-    std::unique_ptr<Form> made = kind->Make(*Owner, *this);
+    std::unique_ptr<Form> made = make(*Owner, *this);
     Form* form = made.get();
-    const QString title = QString::fromUtf8(kind->Title);
+    const QString title = QString::fromUtf8(row->Title);
     form->Close_Me = [this, dialog] { Close_Dialog(dialog); };
 
-    if (modal || kind->Place == FormPlace::Box) {
+    if (modal || row->Place == DialogPlace::Box) {
         auto* box = new QDialog(Window);
         box->setWindowTitle(title);
         auto* layout = new QVBoxLayout(box);
@@ -145,7 +151,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
         }
         return;
     }
-    if (kind->Place == FormPlace::Window) {
+    if (row->Place == DialogPlace::Window) {
         made->setParent(Window, Qt::Window);
         made->setWindowTitle(title);
         made->setObjectName("Window" + QString::number(static_cast<int>(dialog)));
@@ -202,26 +208,6 @@ DrawPage QtDisplay::Page_Drawing(Page page) {
     return [this, page](Picture& main, Picture& below, Picture& beside) {
         Draw_Page(*Owner, page, PagePictures{main, below, beside});
     };
-}
-
-void QtDisplay::Repaint_Page(Page page) {
-    if (!Page_Can_Be_Drawn(*Owner, page)) return;
-    switch (page) {
-        case Page::Curves:
-            Draw_Page(*Owner, page,
-                      PagePictures{Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX),
-                                   Canvas_Of(Canvas::EchelleY)});
-            break;
-        case Page::Profile: {
-            SilentPicture none;
-            Draw_Page(*Owner, page,
-                      PagePictures{Canvas_Of(Canvas::Dromo1), none, Canvas_Of(Canvas::EchelleY1)});
-            break;
-        }
-        case Page::Record:
-            Display_Record();
-            break;
-    }
 }
 
 QPrinter& QtDisplay::Printer() {

@@ -28,10 +28,6 @@ class QtDisplay : public SessionDisplay {
     void Register(Canvas canvas, PictureBox* box);
 
     Picture& Canvas_Of(Canvas canvas) override;
-    void Show_Curves() override;
-    void Show_Profile() override;
-    void Show_Grids() override;
-    void Show_Fields() override;
     void Select_Tab(Tab tab) override;
     void Open_Dialog(Dialog dialog, bool modal) override;
     void Close_Dialog(Dialog dialog) override;
@@ -47,8 +43,13 @@ class QtDisplay : public SessionDisplay {
     PictureBox* Box_Of(Canvas canvas) const;
     /// Form of an open dialog; null while it is closed.
     Form* Open_Form(Dialog dialog) const;
-    /// Draws a page again on its canvases without changing anything of the project or the mode.
-    void Repaint_Page(Page page);
+
+  protected:
+    void Draw_Curves() override;
+    void Draw_Profile() override;
+    void Refresh_Grids() override;
+    void Refresh_Fields() override;
+    void Refresh_Cell(int row, int column) override;
 
   private:
     struct OpenDialog {

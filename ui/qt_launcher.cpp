@@ -7,23 +7,21 @@
 #include <QLocale>
 #include <QMimeDatabase>
 #include <QProcess>
+#include <QProgressDialog>
 #include <QStandardPaths>
 #include <QUrl>
 
 #include "core/files.h"
+#include "ui/running/tool_run.h"
 
 namespace tarnvik {
 
 namespace {
 
 constexpr int launched = 33;
+constexpr int dialog_delay_ms = 500;  ///< a tool that is quicker shows no dialog
 constexpr int file_not_found = 2;
 constexpr int no_program_for_type = 31;
-
-bool Can_Run(const QString& path) {
-    const QFileInfo file(path);
-    return file.isFile() && file.isExecutable();
-}
 
 /// Answer of a program that is run for its first line of output.
 QString Asked(const QString& program, const QStringList& arguments) {
@@ -41,29 +39,6 @@ void Write_Below(const QString& folder, const QString& name, const QByteArray& c
 
 }  // namespace
 
-QString QtLauncher::Find_Tool(const QString& program, const QString& program_folder) {
-    QString given = program;
-    given.replace('\\', '/');
-    QStringList names{given};
-    if (given.endsWith(".exe", Qt::CaseInsensitive)) names << given.chopped(4);
-    for (const QString& name : QStringList(names)) {
-        const QFileInfo file(name);
-        names << (file.path() == "." ? QString() : file.path() + '/') + file.fileName().toLower();
-    }
-    for (const QString& name : names) {
-        if (name.contains('/') && Can_Run(name)) return QFileInfo(name).absoluteFilePath();
-    }
-    for (const QString& name : names) {
-        const QString beside = program_folder + '/' + QFileInfo(name).fileName();
-        if (Can_Run(beside)) return QFileInfo(beside).absoluteFilePath();
-    }
-    for (const QString& name : names) {
-        const QString found = QStandardPaths::findExecutable(QFileInfo(name).fileName());
-        if (!found.isEmpty()) return found;
-    }
-    return {};
-}
-
 int QtLauncher::Start(const std::string& program, const std::string& arguments, const std::string& folder) {
     const QString tool = Find_Tool(QString::fromStdString(program), QString::fromStdString(Program_Folder()));
     if (tool.isEmpty()) return file_not_found;
@@ -74,6 +49,29 @@ int QtLauncher::Start(const std::string& program, const std::string& arguments, 
     const QString where = QString::fromStdString(folder);
     return QProcess::startDetached(tool, list, QFileInfo(where).isDir() ? where : QString()) ? launched
                                                                                              : file_not_found;
+}
+
+ToolResult QtLauncher::Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,
+                                    const ToolProgress& progress) {
+    QProgressDialog dialog(Parent);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(dialog_delay_ms);
+    dialog.setRange(0, static_cast<int>(commands.size()));
+    dialog.setAutoClose(false);
+    dialog.setAutoReset(false);
+    const auto alive = [&dialog, &progress](std::size_t place, const ToolCommand& command) {
+        const QString name = QFileInfo(QString::fromStdString(command.Program)).fileName();
+        QStringList words{name};
+        for (const std::string& argument : command.Arguments)
+            words << QString::fromStdString(argument);
+        const QString line = words.join(' ');
+        if (dialog.labelText() != line) dialog.setLabelText(line);
+        dialog.setValue(static_cast<int>(place));
+        QCoreApplication::processEvents();
+        const bool wanted = !progress || progress(place, command);
+        return wanted && !dialog.wasCanceled();
+    };
+    return Run_Tools(commands, folder, QString::fromStdString(Program_Folder()), alive);
 }
 
 int QtLauncher::Open_Document(const std::string& path) {

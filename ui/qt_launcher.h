@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include <QPointer>
+#include <QWidget>
 
 #include "core/ports/launcher.h"
 
@@ -9,7 +10,12 @@ namespace tarnvik {
 /// Programs and documents by the means of the desktop.
 class QtLauncher : public Launcher {
   public:
+    /// Window that the progress of a run stands over.
+    void Set_Parent(QWidget* parent) { Parent = parent; }
+
     int Start(const std::string& program, const std::string& arguments, const std::string& folder) override;
+    ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,
+                            const ToolProgress& progress) override;
     int Open_Document(const std::string& path) override;
     int Edit_Text(const std::string& path) override;
     std::string Find_Program(const std::string& extension) override;
@@ -18,11 +24,8 @@ class QtLauncher : public Launcher {
     void Set_Decimal_Point() override;
     void Register_File_Type() override;
 
-    /// Full path of a tool: as given, without its ".exe", in lower case, in the program's folder or on the
-    /// search path; empty when it is nowhere.
-    static QString Find_Tool(const QString& program, const QString& program_folder);
-
   private:
+    QPointer<QWidget> Parent;
     bool PointSet = false;
 };
 

@@ -8,6 +8,7 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "ui/painting/painter_picture.h"
 
@@ -87,16 +88,31 @@ Answer QtPrompts::Message(const std::string& text, const std::string& title, Ico
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             box.setDefaultButton(QMessageBox::Yes);
             break;
+        case Buttons::SaveDiscardCancel:
+            box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+            box.setDefaultButton(QMessageBox::Save);
+            break;
+        case Buttons::OpenCancel:
+            box.setStandardButtons(QMessageBox::Open | QMessageBox::Cancel);
+            box.button(QMessageBox::Open)->setText(QObject::tr("Open anyway"));
+            box.setDefaultButton(QMessageBox::Cancel);
+            break;
     }
+    if (QAbstractButton* cancel = box.button(QMessageBox::Cancel)) box.setEscapeButton(cancel);
     switch (box.exec()) {
         case QMessageBox::Ok:
+        case QMessageBox::Open:
             return Answer::Ok;
         case QMessageBox::Yes:
+        case QMessageBox::Save:
             return Answer::Yes;
         case QMessageBox::No:
+        case QMessageBox::Discard:
             return Answer::No;
         default:
-            return buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+            return buttons == Buttons::Ok      ? Answer::Ok
+                   : buttons == Buttons::YesNo ? Answer::No
+                                               : Answer::Cancel;
     }
 }
 
@@ -124,18 +140,20 @@ std::string QtPrompts::Save_File(const FileRequest& request) {
     dialog.setNameFilters(File_Filters(request.Filter));
     const QString name = QString::fromStdString(request.DefaultName);
     if (!name.contains('*')) dialog.selectFile(name);
+    // A name typed without an ending takes that of the filter chosen, before the dialog asks whether a file
+    // of that name may go.
+    const QStringList parts = QString::fromStdString(request.Filter).split('|');
+    const auto follow_filter = [&dialog, &parts](const QString& filter) {
+        const auto chosen = dialog.nameFilters().indexOf(filter);
+        const qsizetype at = parts.size() == 1 ? 0 : 2 * chosen + 1;
+        if (chosen < 0 || at >= parts.size()) return;
+        const QString pattern = parts[at].section(' ', -1).section(';', 0, 0).trimmed();
+        if (pattern.startsWith("*.") && pattern != "*.*") dialog.setDefaultSuffix(pattern.mid(2));
+    };
+    follow_filter(dialog.nameFilters().value(0));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow_filter);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    QString path = dialog.selectedFiles().constFirst();
-    // A name typed without an ending takes that of the filter chosen.
-    if (QFileInfo(path).suffix().isEmpty()) {
-        const auto chosen = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
-        const QStringList parts = QString::fromStdString(request.Filter).split('|');
-        if (chosen >= 0 && 2 * chosen + 1 < parts.size()) {
-            const QString pattern = parts[2 * chosen + 1].section(';', 0, 0).trimmed();
-            if (pattern.startsWith("*.") && pattern != "*.*") path += pattern.mid(1).toLower();
-        }
-    }
-    return path.toStdString();
+    return dialog.selectedFiles().constFirst().toStdString();
 }
 
 std::optional<Colour> QtPrompts::Choose_Colour(Colour initial) {

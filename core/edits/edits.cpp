@@ -38,11 +38,19 @@ void Edits::Start(const Project& project, bool saved) {
     SavedBlock = saved ? LastBlock : std::string();
     SavedState = saved;
     ProjectFile = project.CurrentFile;
-    Log.reset();
+    Drop_Journal();
 }
 
 void Edits::Saved(const Project& project) {
     std::string block = Project_Block(project);
+    ProjectFile = project.CurrentFile;
+    if (Is_Open()) {
+        // The edit on hand ends later; what it has changed so far stays its own.
+        SavedBlock = std::move(block);
+        SavedState = true;
+        Drop_Journal();
+        return;
+    }
     if (Position > 0 && !LastBlock.empty()) {
         Edit& last = History[Position - 1];
         last.Block.Append(ByteChanges::Between(LastBlock, block));
@@ -51,7 +59,6 @@ void Edits::Saved(const Project& project) {
     LastBlock = std::move(block);
     SavedBlock = LastBlock;
     SavedState = true;
-    ProjectFile = project.CurrentFile;
     Drop_Journal();
 }
 

@@ -33,7 +33,8 @@ class Edits : public FileRecorder {
     Edits(Edits&&) noexcept;
     Edits& operator=(Edits&&) noexcept;
 
-    /// Another project is in memory: the history begins anew. `saved` tells that the file holds it.
+    /// Another project is in memory: the history begins anew, and the journal of the former one goes, since
+    /// the user has decided about its work. `saved` tells that the file holds it.
     void Start(const Project& project, bool saved);
     /// The project has just been written to its file. What the save itself changed (TotalTime) belongs to the
     /// last edit, so that undoing to the start gives back the start.
@@ -66,6 +67,8 @@ class Edits : public FileRecorder {
     void Keep_Journals_In(const std::string& folder);
     /// The user has saved the project or given his changes up: its journal goes.
     void Drop_Journal();
+    /// True while the edits since the last save stand in a journal.
+    bool Has_Journal() const { return Log != nullptr; }
     /// Takes over what a journal holds as edits of this history, and puts their last state into the project,
     /// which has been read from its file or is still empty. The SU files are not touched: they were written
     /// as the edits were made. False for a journal that does not fit together; nothing has changed then.

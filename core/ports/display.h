@@ -34,6 +34,7 @@ enum class Dialog {
     RulerF,
     Travel_Time_2,
     AutoPik,
+    History,  ///< list of the edits, to walk along
 };
 
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
@@ -42,8 +43,8 @@ enum class Page { Curves, Profile, Record };
 /// The tabs of the main form (SSTab1).
 enum class Tab { Record = 0, Tables = 1, Curves = 2 };
 
-/// What logic may ask of the screen. Each redraw is done at once; without a screen it is done on pictures in
-/// memory or not at all.
+/// What logic may ask of the screen. A redraw is done at once, but inside an edit at its end, and then only
+/// once however often it was asked for; without a screen it is done on pictures in memory or not at all.
 class Display {
   public:
     virtual ~Display() = default;
@@ -54,7 +55,15 @@ class Display {
     virtual void Display_Record() = 0;  ///< field record, full redraw
     virtual void Show_Profile() = 0;    ///< seismic profile that stands; asks and corrects nothing
     virtual void Show_Grids() = 0;      ///< Buildgrid, Grille_Shot, remark_grid, size_grid changed
-    virtual void Show_Fields() = 0;     ///< texts and ticks of the main form or of an open dialog changed
+    /// One cell of Buildgrid changed, row and column counted from 0 with the headings.
+    virtual void Show_Cell(int row, int column) = 0;
+    virtual void Show_Fields() = 0;  ///< texts and ticks of the main form or of an open dialog changed
+
+    /// Paints what stands on a page once more: nothing is measured, asked or corrected.
+    virtual void Repaint_Page(Page page) = 0;
+    /// Until Release, requests are only remembered; then each of them is done once.
+    virtual void Hold_Redraws() = 0;
+    virtual void Release_Redraws() = 0;
 
     virtual void Select_Tab(Tab tab) = 0;
     /// Opens a dialog; a modal one returns when it is closed.

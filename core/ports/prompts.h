@@ -8,7 +8,9 @@
 namespace tarnvik {
 
 enum class Icon { None, Critical, Question, Warning, Information };
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+/// SaveDiscardCancel answers Yes, No or Cancel; OpenCancel ("Open anyway") answers Ok or Cancel. A box that
+/// is closed answers Cancel where it has it, otherwise No or Ok.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, SaveDiscardCancel, OpenCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 
 /// A file dialog. Filters stand as in "Seismic Unix (SU)|*.SU|All files|*.*|".

@@ -11,12 +11,25 @@ constexpr std::string_view blanks = " \t";
 constexpr std::string_view line_ends = "\r\n";
 constexpr std::string_view separators = " \t,\r\n";
 constexpr std::string_view text_ends = ",\r\n";
+
+/// Digits with an optional sign and point in front, or the mark of a hexadecimal number.
+bool Begins_A_Number(std::string_view item) {
+    if (item.starts_with('+') || item.starts_with('-')) item.remove_prefix(1);
+    if (item.starts_with('.')) item.remove_prefix(1);
+    return !item.empty() &&
+           ((item.front() >= '0' && item.front() <= '9') || item.starts_with("&H") || item.starts_with("&h"));
+}
 }  // namespace
 
 bool ItemReader::Number(double& target) {
     Skip(separators);
-    if (At_End()) return false;
-    const auto number = Number_In(Take_Until(separators));
+    if (At_End()) {
+        RanOut = true;
+        return false;
+    }
+    const std::string_view item = Take_Until(separators);
+    MetWord = MetWord || !Begins_A_Number(item);
+    const auto number = Number_In(item);
     Skip(blanks);
     if (!At_End() && Left.front() == ',') Left.remove_prefix(1);
     if (number) target = *number;
@@ -25,7 +38,10 @@ bool ItemReader::Number(double& target) {
 
 bool ItemReader::Line(std::string& target) {
     Pass_Line_End();
-    if (At_End()) return false;
+    if (At_End()) {
+        RanOut = true;
+        return false;
+    }
     target = Take_Until(line_ends);
     Pass_Line_End();
     return true;

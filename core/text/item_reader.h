@@ -20,6 +20,10 @@ class ItemReader {
     /// The rest of the line up to a comma, without leading blanks; the comma or the line end is taken too.
     bool Text(std::string& target);
 
+    /// True when each number asked for so far was there, and when none of them was a word.
+    bool All_There() const { return !RanOut; }
+    bool No_Words() const { return !MetWord; }
+
     bool At_End() const { return Left.empty(); }
 
   private:
@@ -28,6 +32,8 @@ class ItemReader {
     void Pass_Line_End();
 
     std::string_view Left;
+    bool RanOut = false;
+    bool MetWord = false;
 };
 
 }  // namespace tarnvik

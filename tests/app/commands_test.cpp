@@ -3,38 +3,13 @@
 #include <set>
 
 #include "app/dialog_commands.h"
+#include "app/start.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
 #include "setup/build_grid.h"
 #include "support/su_builder.h"
 
 namespace tarnvik::test {
-
-TEST(CommandTable, every_key_of_the_toolbar_stands_in_its_order) {
-    const std::vector<std::string_view> keys = {
-        "erase",  "frequency", "herz",     "help", "tv4",    "Double",  "quick",  "edit",    "ruler", "tosu",
-        "open",   "save",      "dromo",    "prop", "fantom", "vitess1", "velo2",  "vitess3", "sum",   "print",
-        "ruler2", "drawing",   "smallcap", "GRM",  "find",   "stop",    "nozoom", "abc"};
-    std::vector<std::string_view> found;
-    for (const Command& command : Command_Table()) {
-        if (command.Menu.empty()) found.push_back(command.Name);
-    }
-    EXPECT_EQ(found, keys);
-}
-
-TEST(CommandTable, names_and_shortcuts_are_given_once) {
-    std::set<std::string_view> names;
-    std::set<std::string_view> shortcuts;
-    for (const Command& command : Command_Table()) {
-        if (command.Caption == "-") continue;
-        EXPECT_TRUE(names.insert(command.Name).second) << command.Name;
-        if (!command.Shortcut.empty()) {
-            EXPECT_TRUE(shortcuts.insert(command.Shortcut).second) << command.Shortcut;
-        }
-        EXPECT_FALSE(command.Caption.empty() && command.Tooltip.empty() && command.Text == nullptr)
-            << command.Name;
-    }
-}
 
 class Commands : public SessionTest {};
 
@@ -86,6 +61,7 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
 }
 
 TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
+    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
     Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
@@ -102,6 +78,7 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
 }
 
 TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
+    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
     Run_Command(Program, "vitess1");
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
     Run_Command(Program, "sum");

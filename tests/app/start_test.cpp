@@ -1,6 +1,10 @@
 #include "app/start.h"
 
+#include <filesystem>
+
+#include "app/commands.h"
 #include "app/splash.h"
+#include "core/project_file.h"
 #include "session_fixture.h"
 #include "support/su_builder.h"
 
@@ -33,7 +37,7 @@ TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
     EXPECT_GE(World.Display.Count("Show_Curves"), 1);
-    EXPECT_GE(World.Display.Count("Display_Record"), 1);
+    EXPECT_EQ(World.Display.Count("Display_Record"), 0) << "the project has no records";
 }
 
 TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_scanned) {
@@ -42,7 +46,40 @@ TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_sc
     Form_Load(Program, "\"" + path + "\"");
     EXPECT_EQ(Program.Work.Project.SuFile, records);
     EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
-    EXPECT_EQ(World.Display.Count("Display_Record"), 2);
+    EXPECT_EQ(World.Display.Count("Display_Record"), 1);
+}
+
+TEST_F(StartAndEnd, of_two_records_of_one_name_the_one_that_the_user_chose_is_shown) {
+    std::filesystem::create_directory(Folder / "stored");
+    const std::string stored = SuBuilder(6, 10).Records(3).Write(Folder / "stored/line.su");
+    const std::string beside = SuBuilder(10, 10).Records(5).Write(Folder / "line.su");
+    const std::string path = Project_File("line.tv5");
+    Parse_Project(*Read_File(path), Program.Work.Project);
+    Program.Work.Project.SuFile = stored;
+    ASSERT_EQ(Replace_File(path, Project_Bytes(Program.Work.Project)), "");
+    World.Prompts.Expect("The project names the field records " + stored +
+                             ". A file of the same name lies beside the project: " + beside +
+                             ". Take the one beside the project ?",
+                         Answer::No);
+    Form_Load(Program, "\"" + path + "\"");
+    EXPECT_EQ(Program.Work.Project.SuFile, stored);
+    EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
+}
+
+TEST_F(StartAndEnd, a_project_without_records_after_one_with_records_shows_none) {
+    const std::string empty = Project_File("empty.tv5");
+    const std::string path = Project_File("line.tv5");
+    SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
+    Form_Load(Program, "\"" + path + "\"");
+    ASSERT_EQ(Program.Work.Record.NbTraces, 6);
+    Program.RecordArea.Zoom_To({2000, 1, 6000, 5});
+    World.Display.Pictures[Canvas::Ecran].Line(0, 0, 1, 1, colours::Red);
+    EXPECT_TRUE(Open_File_Named(Program, empty));
+    EXPECT_TRUE(World.Display.Pictures[Canvas::Ecran].List.empty());
+    EXPECT_EQ(Program.Work.Record.NbTraces, 0);
+    EXPECT_FALSE(Program.RecordArea.Enlarged());
+    for (const char* name : {"Command4", "Command17", "Command23", "Command16"})
+        EXPECT_NE(Refusal_Of(*Find_Command(name), Program), "") << name;
 }
 
 TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
@@ -107,6 +144,84 @@ TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
     Program.Work.Mode.Display(DisplayMode::QuickOver);  // an unknown word draws nothing
     Resize_Form(Program);
     EXPECT_EQ(World.Display.Count("Show_Curves"), 1);
+}
+
+TEST_F(StartAndEnd, cancel_and_a_refused_record_keep_the_program_running) {
+    const std::string path = Project_File();
+    ASSERT_TRUE(Open_File_Named(Program, path));
+    World.Prompts.Expect("Record " + path, Answer::Cancel);
+    EXPECT_FALSE(Unload_Form(Program));
+    World.Prompts.Expect("Record " + path, Answer::No);
+    World.Prompts.Expect("Record a Back Up file of " + path, Answer::Cancel);
+    EXPECT_FALSE(Unload_Form(Program));
+    // A file that cannot be written must not take the work of the session with it.
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::Yes);
+    World.Prompts.Expect("Record " + path, Answer::Yes);
+    Quit(Program, false);
+    EXPECT_EQ(World.Display.Count("End_Program"), 0);
+}
+
+TEST_F(StartAndEnd, unsaved_work_is_asked_for_before_another_project_is_read) {
+    const std::string path = Project_File();
+    const std::string other = Project_File("other.tv5");
+    ASSERT_TRUE(Open_File_Named(Program, path));
+    ASSERT_TRUE(Open_File_Named(Program, other)) << "no question while all is saved";
+    const auto change = [this](float time) {
+        const EditScope edit(Program.Work, "Pick");
+        Program.Work.Project.ShotTimes(1, 2) = time;
+    };
+    change(33);
+    const std::string question = other + " has edits that are not saved.";
+    World.Prompts.Expect(question, Answer::Cancel);
+    EXPECT_FALSE(Open_File_Named(Program, path));
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 33);
+    World.Prompts.Expect(question, Answer::Yes);
+    EXPECT_TRUE(Open_File_Named(Program, path));
+    EXPECT_NE(Read_File(other)->find(" 3300 "), std::string::npos);
+    // Save that is refused keeps the project too.
+    change(34);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    World.Prompts.Expect(path + " has edits that are not saved.", Answer::Yes);
+    EXPECT_FALSE(Open_File_Named(Program, other));
+    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
+    // A file that is refused after Discard leaves the work and its history.
+    World.Prompts.Expect(path + " has edits that are not saved.", Answer::No);
+    EXPECT_FALSE(Open_File_Named(Program, Folder / "missing.tv5"));
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 34);
+    EXPECT_TRUE(Program.Work.Edits.Can_Undo());
+}
+
+TEST_F(StartAndEnd, the_consent_about_the_decimal_point_lasts) {
+    const std::string question =
+        " Decimal separator is a comma, TARNVIK can modify the decimal separator\r\n"
+        "a point is required to run correctly all modules! \r\n";
+    World.Launcher.Separator = ",";
+    World.Prompts.Expect(question, Answer::Ok);
+    Form_Load(Program, "");
+    World.Launcher.Separator = ",";
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Separator, ".");
+    EXPECT_EQ(World.Launcher.Registered, 1) << "the settings written meanwhile are no second start";
+}
+
+TEST_F(StartAndEnd, the_last_project_is_the_first_recent_file_also_after_a_start_by_command_line) {
+    const std::string path = Project_File();
+    Form_Load(Program, "\"" + path + "\"");
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::Yes);
+    World.Prompts.Expect("Record " + path, Answer::No);
+    World.Prompts.Expect("Record a Back Up file of " + path, Answer::No);
+    Quit(Program, false);
+    TestPorts world;
+    Session next(world.Ports, Folder / "Tarnvik32.INI");
+    Form_Load(next, "");
+    EXPECT_EQ(next.Work.Settings.RecentFiles[0], path);
+    frmSplash splash(next);
+    splash.Load();
+    EXPECT_EQ(splash.Command5Caption, "Display " + path);
+    world.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Cancel);
+    EXPECT_TRUE(splash.Command5());
+    EXPECT_EQ(next.Work.Project.CurrentFile, path);
 }
 
 class StartDialog : public SessionTest {

@@ -99,6 +99,64 @@ TEST_F(ProjectOpen, ARefusedFileLeavesTheProjectAndItsNames) {
     EXPECT_EQ(Read_File(Folder / "line.bak"), "bak");
 }
 
+TEST_F(ProjectOpen, WhatIsMissingIsToldAndCancelKeepsTheFormerProject) {
+    ASSERT_TRUE(Open_Named_Project(Work, Outside.Ports, Hooks, Path));
+    const std::string whole = *Read_File(Path);
+    const std::string cut = Folder / "cut.tv5";
+    // Behind the places of the shots, in front of the velocities.
+    const std::string places = " 1100  1051  75.25 \r\n";
+    ASSERT_EQ(Replace_File(cut, whole.substr(0, whole.find(places) + places.size())), "");
+    ASSERT_EQ(Replace_File(Folder / "cut.bak", "the whole file of yesterday"), "");
+    const std::string question =
+        cut +
+        "\r\nThe file ends after block 4 of 10 (the shots): missing in whole or in part are the velocities"
+        " and what follows.\r\nOpen anyway ?";
+    Outside.Prompts.Expect(question, Answer::Cancel);
+    Work.Project.ShotTimes(1, 2) = 77;
+    EXPECT_FALSE(Open_Named_Project(Work, Outside.Ports, Hooks, cut));
+    EXPECT_EQ(Work.Project.ShotTimes(1, 2), 77);
+    EXPECT_EQ(Work.Project.CurrentFile, Path);
+    Outside.Prompts.Expect(question, Answer::Ok);
+    EXPECT_TRUE(Open_Named_Project(Work, Outside.Ports, Hooks, cut));
+    EXPECT_EQ(Work.Project.ShotDistance(2), 10.51);
+    EXPECT_EQ(*Read_File(Folder / "cut.bak"), "the whole file of yesterday");
+
+    std::string words = whole;
+    words.replace(words.find("1234"), 4, "pick");
+    ASSERT_EQ(Replace_File(cut, words), "");
+    Outside.Prompts.Expect(cut +
+                               "\r\nThere are words where numbers should stand, first in block 2 (the picks)."
+                               "\r\nOpen anyway ?",
+                           Answer::Ok);
+    EXPECT_TRUE(Open_Named_Project(Work, Outside.Ports, Hooks, cut));
+}
+
+TEST_F(ProjectOpen, AFileThatIsNoProjectIsRefused) {
+    ASSERT_TRUE(Open_Named_Project(Work, Outside.Ports, Hooks, Path));
+    const std::string file = Folder / "none.tv5";
+    const struct {
+        std::string Bytes;
+        const char* Reason;
+    } cases[] = {
+        {"Dear reader, ", "it does not begin with the number of shots"},
+        {"", "it does not begin with the number of shots"},
+        {std::string("\x89PNG\r\n\x1a\n", 8), "it holds bytes that stand in no text"},
+        {*Read_File(Path) + '\0', "it holds bytes that stand in no text"},
+        {" -2 10 3 \r\n", "its number of shots or receivers is below 0"},
+        {" 2000 500 50 \r\n 1 ",
+         "it tells of 2000 shots and 50 receivers, more than a file of its length can hold"},
+        {" 12 50 32000 \r\n",
+         "it tells of 12 shots and 32000 receivers, more than a file of its length can hold"},
+    };
+    for (const auto& each : cases) {
+        ASSERT_EQ(Replace_File(file, each.Bytes), "");
+        EXPECT_FALSE(Open_Named_Project(Work, Outside.Ports, Hooks, file));
+        EXPECT_EQ(Outside.Prompts.Last_Text(), file + " is no project file: " + each.Reason + ".");
+        EXPECT_EQ(Work.Project.CurrentFile, Path);
+        EXPECT_EQ(Work.Project.NbShots, 2);
+    }
+}
+
 TEST_F(ProjectOpen, OffsetShotsAreFoundAndNeverForgotten) {
     const struct {
         double First;

@@ -90,6 +90,7 @@ TEST(ProjectSave, ValuesBeyondSixteenBitsAreNamedAndNothingIsWritten) {
         EXPECT_EQ(workspace.Mode.Current(), DisplayMode::Calcul);
         (workspace.Project.*c.Values)(2, 3) = c.Largest;
         workspace.Project.CurrentFile = folder / "fits.tv5";
+        workspace.FileOnDisk = workspace.Project.CurrentFile;
         EXPECT_TRUE(Write_Project(workspace, outside.Ports));
     }
 }
@@ -258,20 +259,46 @@ TEST(Saved_mark, follows_everything_that_is_filed_but_the_total_time) {
     TemporaryFolder folder;
     TestPorts world;
     Workspace workspace = Small_Workspace(folder / "line.tv5");
+    const auto edit = [&workspace](auto change) {
+        const EditScope scope(workspace, "Change");
+        change(workspace.Project);
+    };
     ASSERT_TRUE(Write_Project(workspace, world.Ports));
-    EXPECT_TRUE(Project_Is_Saved(workspace));
-    workspace.Project.TotalTime += 5;
-    EXPECT_TRUE(Project_Is_Saved(workspace));
-    workspace.Project.ShotTimes(1, 2) += 1;
-    EXPECT_FALSE(Project_Is_Saved(workspace));
-    workspace.Project.ShotTimes(1, 2) -= 1;
-    EXPECT_TRUE(Project_Is_Saved(workspace));
-    workspace.Project.remark_grid.Set_Text(3, 3, "borehole 7");
-    EXPECT_FALSE(Project_Is_Saved(workspace));
+    EXPECT_TRUE(workspace.Edits.Is_Saved());
+    edit([](Project& line) { line.TotalTime += 5; });
+    EXPECT_TRUE(workspace.Edits.Is_Saved());
+    edit([](Project& line) { line.ShotTimes(1, 2) += 1; });
+    EXPECT_FALSE(workspace.Edits.Is_Saved());
+    EXPECT_EQ(workspace.Edits.Undo(workspace.Project), "");
+    EXPECT_TRUE(workspace.Edits.Is_Saved());
+    {
+        // Saved while an edit is in work: what it changed before is filed, and stays one edit.
+        const EditScope scope(workspace, "Remark");
+        workspace.Project.remark_grid.Set_Text(3, 3, "borehole 7");
+        ASSERT_TRUE(Write_Project(workspace, world.Ports));
+    }
+    EXPECT_TRUE(workspace.Edits.Is_Saved());
+    EXPECT_EQ(workspace.Edits.Undo_Name(), "Remark");
+    EXPECT_EQ(workspace.Edits.Undo(workspace.Project), "");
+    EXPECT_EQ(workspace.Project.remark_grid.Text(3, 3), "row4");
+    EXPECT_FALSE(workspace.Edits.Is_Saved());
+}
+
+TEST(ProjectSave, a_file_of_another_line_is_replaced_only_after_a_question) {
+    TemporaryFolder folder;
+    TestPorts world;
+    Workspace workspace = Small_Workspace(folder / "line.tv5");
     ASSERT_TRUE(Write_Project(workspace, world.Ports));
-    EXPECT_TRUE(Project_Is_Saved(workspace));
-    workspace.Project.ShotThickness(1, 1) = 400;  // does not fit the file: certainly not saved
-    EXPECT_FALSE(Project_Is_Saved(workspace));
+    ASSERT_EQ(Replace_File(folder / "other.tv5", "another line"), "");
+    // As when another SU file is loaded: its name gives the project's.
+    workspace.Project.CurrentFile = folder / "other.tv5";
+    const std::string question = workspace.Project.CurrentFile + " already exists, overwrite ?";
+    world.Prompts.Expect(question, Answer::No);
+    EXPECT_FALSE(Write_Project(workspace, world.Ports));
+    EXPECT_EQ(*Read_File(folder / "other.tv5"), "another line");
+    world.Prompts.Expect(question, Answer::Yes);
+    EXPECT_TRUE(Write_Project(workspace, world.Ports));
+    EXPECT_TRUE(Write_Project(workspace, world.Ports)) << "asked once";
 }
 
 }  // namespace tarnvik

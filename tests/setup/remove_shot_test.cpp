@@ -161,7 +161,7 @@ TEST_F(Removal, OfSeveralSpreadsTakesAllRecordsOfTheShotAndCountsTheOthersAnew) 
                 file.Set_Word(3 * record + trace, words::ep, trace == 1 ? stations[record] : trace);
         }
     }
-    workspace.Fields.Check2 = true;
+    workspace.Record.SeveralSpreads = true;
     workspace.Record.ChannelsPerRecord = 3;
     prompts.Expect("Do you want to remove shot 2", Answer::Yes);
     RemoveShot(workspace, ports, 2);

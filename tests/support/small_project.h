@@ -43,6 +43,7 @@ inline Workspace Small_Workspace(const std::string& path) {
     Workspace workspace;
     Parse_Project(Plain_File(), workspace.Project);
     workspace.Project.CurrentFile = path;
+    workspace.FileOnDisk = path;
     return workspace;
 }
 

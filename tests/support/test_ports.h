@@ -32,6 +32,14 @@ class RecordingDisplay : public Display {
     }
     void Show_Grids() override { Calls.emplace_back("Show_Grids"); }
     void Show_Fields() override { Calls.emplace_back("Show_Fields"); }
+    void Show_Cell(int row, int column) override {
+        Calls.push_back("Show_Cell " + std::to_string(row) + " " + std::to_string(column));
+    }
+    void Repaint_Page(Page page) override {
+        Calls.push_back("Repaint_Page " + std::to_string(static_cast<int>(page)));
+    }
+    void Hold_Redraws() override {}
+    void Release_Redraws() override {}
     void Select_Tab(Tab tab) override {
         Calls.push_back("Select_Tab " + std::to_string(static_cast<int>(tab)));
     }
@@ -82,6 +90,19 @@ class RecordingLauncher : public Launcher {
         Started.push_back(program + "|" + arguments + "|" + folder);
         return Result;
     }
+    ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string&,
+                            const ToolProgress& progress) override {
+        ToolResult result;
+        for (const ToolCommand& command : commands) {
+            result.Cancelled = progress && !progress(result.Done, command);
+            if (result.Cancelled) return result;
+            Ran.push_back(command);
+            if (OnRun) result.Failure = OnRun(command);
+            if (!result.Failure.empty()) return result;
+            ++result.Done;
+        }
+        return result;
+    }
     int Open_Document(const std::string& path) override {
         Started.push_back(path);
         return Result;
@@ -97,6 +118,8 @@ class RecordingLauncher : public Launcher {
     void Register_File_Type() override { ++Registered; }
 
     std::vector<std::string> Started;
+    std::vector<ToolCommand> Ran;
+    std::function<std::string(const ToolCommand&)> OnRun;  ///< answers the failure of the tool
     int Result = 33;
     std::string Program = "viewer";
     std::string Folder = ".";

@@ -11,6 +11,7 @@
 #include "ui/painting/painter_picture.h"
 #include "ui/qt_launcher.h"
 #include "ui/qt_prompts.h"
+#include "ui/running/tool_run.h"
 #include "ui/text_grid_model.h"
 
 namespace tarnvik {
@@ -131,10 +132,10 @@ TEST(Qt_launcher, a_tool_is_found_without_its_ending_in_small_letters_and_in_the
     make("suprint2");
     make("reverse.exe");
     const QString here = QString::fromStdString(folder.Path);
-    EXPECT_EQ(QtLauncher::Find_Tool("C:\\tarnvik\\SUPRINT2.EXE", here), here + "/suprint2");
-    EXPECT_EQ(QtLauncher::Find_Tool(here + "\\suprint2.exe", "/"), here + "/suprint2");
-    EXPECT_EQ(QtLauncher::Find_Tool("reverse.exe", here), here + "/reverse.exe");
-    EXPECT_EQ(QtLauncher::Find_Tool("nowhere-to-be-found.exe", here), "");
+    EXPECT_EQ(Find_Tool("C:\\tarnvik\\SUPRINT2.EXE", here), here + "/suprint2");
+    EXPECT_EQ(Find_Tool(here + "\\suprint2.exe", "/"), here + "/suprint2");
+    EXPECT_EQ(Find_Tool("reverse.exe", here), here + "/reverse.exe");
+    EXPECT_EQ(Find_Tool("nowhere-to-be-found.exe", here), "");
     EXPECT_LT(QtLauncher().Start("nowhere-to-be-found.exe", "", ""), launch_failure_below);
     EXPECT_LT(QtLauncher().Open_Document(folder / "missing.pdf"), launch_failure_below);
 }

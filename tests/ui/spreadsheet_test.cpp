@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QBrush>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -9,6 +11,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include "app/commands.h"
 #include "app/session.h"
 #include "setup/build_grid.h"
 #include "support/test_ports.h"
@@ -114,7 +117,8 @@ TEST_F(Tables, headings_stay_in_sight_and_only_free_cells_can_be_edited) {
     EXPECT_EQ(Line.ReceiverData(ReceiverIntercept, 1), 0);
 }
 
-TEST_F(Tables, a_block_pasted_over_the_edge_takes_what_fits_and_is_one_step_of_undo) {
+TEST_F(Tables, a_block_pasted_over_the_edge_takes_what_fits_and_is_one_edit) {
+    Program.Work.Edits.Start(Line, true);
     QApplication::clipboard()->setText("1,5\t2\r\n3\t4\r\nShot\t6\r\n7\t8\r\n");
     Go_To(Picks, 4, 3);
     Key(Qt::Key_V, Qt::ControlModifier);
@@ -126,14 +130,16 @@ TEST_F(Tables, a_block_pasted_over_the_edge_takes_what_fits_and_is_one_step_of_u
     EXPECT_EQ(Picks->model()->index(4, 3).data(), "1.50");
     EXPECT_NE(Program.Work.Fields.Status.find("6 cells pasted, 2 left out"), std::string::npos);
 
-    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Program.Work.Edits.Undo_Name(), "Paste 6 cells");
+    EXPECT_EQ(Program.Work.Edits.Undo(Line), "");
     EXPECT_EQ(Times(3), Column({31, 32, 33, 34, 35, 36}));
     EXPECT_EQ(Line.ReceiverData(ReceiverDistance, 4), 15);
     EXPECT_EQ(Line.ShotDistance(3), 25);
-    EXPECT_EQ(Program.Work.Fields.Status, "") << "the message goes with the paste";
-    Key(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(Line.ShotDistance(3), 7);
-    EXPECT_FALSE(Picks->RedoEdit->isEnabled());
+    Display.Show_Curves();
+    EXPECT_EQ(Picks->model()->index(4, 3).data(), "34.00");
+    Keys("8");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Program.Work.Fields.Status, "") << "the message goes with the next edit";
 }
 
 TEST_F(Tables, blocks_are_copied_cleared_and_filled) {
@@ -195,18 +201,71 @@ TEST_F(Tables, a_double_click_on_a_shots_heading_asks_to_remove_that_shot) {
     EXPECT_EQ(Prompts.Messages.size(), 1u);
 }
 
-TEST_F(Tables, commands_work_on_what_was_typed_and_end_the_undo_of_earlier_edits) {
+TEST_F(Tables, a_time_below_0_is_red_and_keeps_no_key_of_undo_from_the_window) {
+    Go_To(Picks, 2, 2);
+    Keys("-4");
+    Key(Qt::Key_Return);
+    const QVariant letters = Picks->model()->index(2, 2).data(Qt::ForegroundRole);
+    EXPECT_EQ(letters.value<QBrush>().color(), QColor(Qt::red));
+    EXPECT_FALSE(Picks->model()->index(3, 2).data(Qt::ForegroundRole).isValid());
+    for (const QAction* action : Picks->actions()) {
+        for (const QKeySequence& key : action->shortcuts())
+            EXPECT_NE(key, QKeySequence(Qt::CTRL | Qt::Key_Z)) << action->text().toStdString();
+    }
+}
+
+TEST_F(Tables, one_cell_is_shown_anew_without_the_others) {
+    const QSignalSpy changes(Picks->model(), &QAbstractItemModel::dataChanged);
+    Line.ShotTimes(2, 4) = 3.5F;
+    Fill_Grid_Cell(Program.Work, PickPlace{2, 4});
+    Picks->Refresh_Cell(4, 2);
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes.at(0).at(0).toModelIndex(), Picks->model()->index(4, 2));
+    EXPECT_EQ(changes.at(0).at(1).toModelIndex(), Picks->model()->index(4, 2));
+    EXPECT_EQ(Picks->model()->index(4, 2).data(), "3.50");
+    Picks->Refresh();
+    EXPECT_EQ(changes.count(), 1) << "and is not shown a second time";
+}
+
+TEST_F(Tables, buttons_tell_why_they_are_disabled) {
+    auto* take_out = Screen->findChild<QAbstractButton*>("TakeOutShot");
+    auto* load = Screen->findChild<QAbstractButton*>("Command20");
+    auto* correct = Screen->findChild<QAbstractButton*>("Command6");
+    EXPECT_FALSE(load->isEnabled());
+    EXPECT_EQ(load->toolTip(), "The project has no field records");
+    Go_To(Picks, 1, 4);
+    EXPECT_FALSE(take_out->isEnabled());
+    EXPECT_EQ(take_out->toolTip(), "Select a cell of the shot first");
+    Go_To(Picks, 1, 2);
+    EXPECT_TRUE(take_out->isEnabled());
+    EXPECT_TRUE(take_out->toolTip().startsWith("Takes the shot"));
+    EXPECT_TRUE(correct->isEnabled());
+    for (const Command& command : Tables_Page_Commands()) {
+        const auto name = QString::fromUtf8(command.Name.data(), qsizetype(command.Name.size()));
+        if (!command.Caption.empty()) {
+            EXPECT_NE(Screen->findChild<QAbstractButton*>(name), nullptr) << name.toStdString();
+        }
+    }
+    Line.NbShots = 0;
+    Display.Show_Fields();
+    EXPECT_FALSE(correct->isEnabled());
+    EXPECT_EQ(correct->toolTip(), "There is no project in memory");
+    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text6")->text(), "");
+    Line.NbShots = 3;
+}
+
+TEST_F(Tables, commands_work_on_what_was_typed) {
+    Program.Work.Edits.Start(Line, true);
     Go_To(Picks, 7, 1);
     Keys("-2");
     Key(Qt::Key_Return);
-    ASSERT_TRUE(Picks->UndoEdit->isEnabled());
     Prompts.Expect_Input("Enter the End Shot 1 number", "1");
     Prompts.Expect_Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)", "2");
     Screen->findChild<QPushButton*>("Command6")->click();
     EXPECT_EQ(Line.ShotDistance(1), 0);
     EXPECT_EQ(Picks->model()->index(7, 3).data(), "27.00");
     EXPECT_EQ(Screen->findChild<QLineEdit*>("Text16")->text(), "2");
-    EXPECT_FALSE(Picks->UndoEdit->isEnabled());
+    EXPECT_EQ(Program.Work.Edits.All().size(), 2U);
 
     auto* interpolate = Screen->findChild<QPushButton*>("Command3");
     EXPECT_EQ(interpolate->text(), "Interpol  Shot Z from Z geo");
@@ -219,17 +278,29 @@ TEST_F(Tables, commands_work_on_what_was_typed_and_end_the_undo_of_earlier_edits
     Prompts.Expect_Input("Enter line length (From end shot 1 to End Shot 3", "27");
     QTest::mouseDClick(Screen->findChild<QLineEdit*>("Text6"), Qt::LeftButton);
     EXPECT_EQ(Line.LineLength, 27);
+    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text6")->text(), "27");
+
+    Go_To(Picks, 1, 2);
+    Prompts.Expect("Take shot 2 out of the project in memory ?", Answer::Yes);
+    Screen->findChild<QPushButton*>("TakeOutShot")->click();
+    EXPECT_EQ(Picks->model()->columnCount(), 6);
+    EXPECT_EQ(Picks->model()->headerData(3, Qt::Horizontal), "Distance");
+    EXPECT_EQ(Program.Work.Edits.Undo(Line), "");
+    Display.Show_Curves();
+    EXPECT_EQ(Picks->model()->columnCount(), 7);
+    EXPECT_EQ(Picks->model()->headerData(3, Qt::Horizontal), "Shot3");
+    EXPECT_EQ(Times(2), Column({21, 22, 23, 24, 25, 26}));
 }
 
 /// The geometry dialog over a spread without an SU file.
 class New_profile_form : public Tables {
   protected:
     New_profile_form() {
-        Logic.Text1 = "5";
-        Logic.Text2 = "2";
-        Logic.Text3 = "12";
-        Logic.Text4 = "5";
-        Logic.FocusControl = "Text2";
+        Logic.Spacing = "5";
+        Logic.FirstDistance = "2";
+        Logic.Geophones = "12";
+        Logic.Shots = "5";
+        Logic.Focus = rechinfo::Field::FirstDistance;
         Logic.Offset_or_Not();
         Display.Open_Dialog(Dialog::rechinfo, false);
         Dialog_Form = Display.Open_Form(Dialog::rechinfo);
@@ -260,14 +331,17 @@ TEST_F(New_profile_form, length_shots_and_caption_follow_the_fields) {
     QTest::keyClicks(Field("Text6"), "30");
     Field("Text1")->setFocus();
     EXPECT_EQ(shots->model()->index(1, 1).data(), "-15");
-    EXPECT_EQ(Logic.Text6, "30");
+    EXPECT_EQ(Logic.LineLength, "30");
 
     // Elevations come as a block from another program.
     QApplication::clipboard()->setText("100\n101\n102\n103\n104\n105");
     shots->setCurrentIndex(shots->model()->index(1, 2));
     shots->PasteCells->trigger();
     EXPECT_EQ(Logic.Read_Spread().ShotElevations, (std::vector<double>{100, 101, 102, 103, 104}));
-    shots->UndoEdit->trigger();
+    shots->setCurrentIndex(shots->model()->index(1, 2));
+    shots->selectionModel()->select(QItemSelection(shots->model()->index(1, 2), shots->model()->index(5, 2)),
+                                    QItemSelectionModel::ClearAndSelect);
+    shots->ClearCells->trigger();
     EXPECT_EQ(Logic.Read_Spread().ShotElevations, std::vector<double>(5, 0.0));
 }
 

@@ -3,7 +3,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
+#include <QLineEdit>
 #include <QListView>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -13,6 +15,7 @@
 #include <QTest>
 
 #include "app/commands.h"
+#include "app/dialog_rows.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "support/test_ports.h"
@@ -33,7 +36,8 @@ TEST_F(Window, has_an_icon_and_a_button_for_each_toolbar_key_and_an_entry_for_ea
             QString::fromUtf8(command.Name.data(), static_cast<qsizetype>(command.Name.size()));
         auto* action = Find<QAction>(name.toUtf8().constData());
         ASSERT_NE(action, nullptr) << command.Name;
-        EXPECT_EQ(action->isEnabled(), command.Available() && action->isVisible()) << command.Name;
+        EXPECT_EQ(action->isEnabled(), Refusal_Of(command, Program).empty() && action->isVisible())
+            << command.Name;
         EXPECT_FALSE(command.Menu.empty() && Family_Icon(name).isNull()) << command.Name;
         EXPECT_FALSE(!command.Available() && action->statusTip().isEmpty()) << command.Name;
     }
@@ -49,7 +53,8 @@ TEST_F(Window, has_an_icon_and_a_button_for_each_toolbar_key_and_an_entry_for_ea
 }
 
 TEST_F(Window, every_dialog_with_a_form_opens_refreshes_and_closes) {
-    for (const Dialog dialog : Dialogs_With_Form()) {
+    for (const DialogRow& row : Dialog_Rows()) {
+        const Dialog dialog = row.Which;
         Display.Open_Dialog(dialog, false);
         QApplication::processEvents();
         ASSERT_TRUE(Display.Is_Open(dialog)) << static_cast<int>(dialog);
@@ -148,6 +153,70 @@ TEST_F(Window, a_shot_is_left_out_by_its_tick) {
     EXPECT_FALSE(Find<QCheckBox>("Check11")->isChecked()) << "not all are shown any more";
     EXPECT_TRUE(shots->setData(shots->index(1, 0), Qt::Checked, Qt::CheckStateRole));
     EXPECT_TRUE(Shot_Displayed(Program.Work, 2));
+}
+
+TEST_F(Window, undo_takes_back_in_a_field_only_while_it_is_typed_into) {
+    Display.Open_Dialog(Dialog::Fcalcul, false);
+    Screen->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Screen.get()));
+    QLineEdit field(Screen.get());
+    field.show();
+    field.setFocus();
+    const float before = Program.Work.Project.ShotTimes(1, 3);
+    {
+        const EditScope edit(Program.Work, "Pick");
+        Program.Work.Project.ShotTimes(1, 3) = 55;
+    }
+    EXPECT_TRUE(Find<QLabel>("Unsaved")->isVisible());
+    EXPECT_EQ(Find<QAction>("Undo_M")->text(), "&Undo: Pick");
+    QTest::keyClicks(&field, "12");
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(field.text(), "") << "the field's own letters first";
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 3), 55);
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 3), before);
+    EXPECT_FALSE(Find<QAction>("Undo_M")->isEnabled());
+    EXPECT_FALSE(Find<QAction>("Undo_M")->statusTip().isEmpty());
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 3), 55);
+}
+
+TEST_F(Window, the_history_is_walked_by_click_and_by_key) {
+    for (int i = 1; i <= 3; ++i) {
+        const EditScope edit(Program.Work, "Pick " + std::to_string(i));
+        Program.Work.Project.ShotTimes(1, i) = 60.0F + static_cast<float>(i);
+    }
+    Run_Command(Program, "History_M");
+    QApplication::processEvents();
+    auto* list = Display.Open_Form(Dialog::History)->findChild<QListWidget*>("Edits");
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->count(), 4);
+    EXPECT_EQ(list->currentRow(), 3);
+    const QBrush plain = list->item(1)->foreground();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(Program.Work.Edits.Done(), 1U);
+    EXPECT_NE(Program.Work.Project.ShotTimes(1, 2), 62);
+    EXPECT_EQ(list->item(1)->foreground(), plain);
+    EXPECT_NE(list->item(2)->foreground(), plain) << "taken back, so grey";
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(Program.Work.Edits.Done(), 2U);
+    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 62);
+}
+
+TEST_F(Window, the_tables_have_the_font_that_was_chosen) {
+    Program.Work.Settings.FontName = "Courier";
+    Display.Show_Fields();
+    EXPECT_EQ(Find<QTableView>("Buildgrid")->font().family(), "Courier");
+    EXPECT_EQ(Find<QTableView>("remark_grid")->font().family(), "Courier");
+}
+
+TEST_F(Window, cancel_keeps_the_window) {
+    Prompts.Expect("Record ", Answer::Cancel);
+    EXPECT_FALSE(Screen->close());
+    EXPECT_FALSE(Display.Ended());
+    EXPECT_TRUE(Screen->isVisible());
 }
 
 TEST_F(Window, closing_the_window_asks_both_questions_every_time) {

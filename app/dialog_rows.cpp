@@ -1,0 +1,36 @@
+#include "app/dialog_rows.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnvik {
+
+namespace {
+
+// In the order in which they close: a dialog before the one that it was opened from.
+constexpr std::array dialog_rows = {
+    DialogRow{Dialog::frmSplash, "Tarnvik", DialogPlace::Box, false},
+    DialogRow{Dialog::rechinfo, "New profile", DialogPlace::Box, false},
+    DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, false},
+    DialogRow{Dialog::confirm, "Record data", DialogPlace::Box, true},
+    DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, true},
+    DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, true},
+    DialogRow{Dialog::History, "History", DialogPlace::Dock, false},
+    DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, false},
+    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, false},
+    DialogRow{Dialog::Travel_Time_2, "Travel times", DialogPlace::Window, false},
+};
+
+}  // namespace
+
+std::span<const DialogRow> Dialog_Rows() {
+    return dialog_rows;
+}
+
+const DialogRow* Row_Of(Dialog dialog) {
+    const auto found = std::find_if(dialog_rows.begin(), dialog_rows.end(),
+                                    [dialog](const DialogRow& row) { return row.Which == dialog; });
+    return found == dialog_rows.end() ? nullptr : &*found;
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+
+#include "core/ports/display.h"
+
+namespace tarnvik {
+
+/// Where a dialog stands while it is open.
+enum class DialogPlace {
+    Dock,    ///< tool window at the right side of the pictures, or floating
+    Window,  ///< window of its own beside the main window
+    Box,     ///< dialog box in the middle of the main window
+};
+
+/// What is the same for all dialogs, one row for each: the form adds its controls and nothing else.
+struct DialogRow {
+    Dialog Which;
+    const char* Title = "";
+    DialogPlace Place = DialogPlace::Dock;
+    /// Computes on the project in memory, so that it closes when another one comes.
+    bool ClosesWithProject = false;
+};
+
+std::span<const DialogRow> Dialog_Rows();
+/// Null for a dialog that has no row.
+const DialogRow* Row_Of(Dialog dialog);
+
+}  // namespace tarnvik

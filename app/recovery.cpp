@@ -1,0 +1,148 @@
+#include "app/recovery.h"
+
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+#include "app/session.h"
+#include "app/start.h"
+#include "core/files.h"
+#include "core/project_file.h"
+#include "core/text/number.h"
+
+namespace tarnvik {
+
+namespace {
+
+bool Same_File(const std::string& one, const std::string& other) {
+    std::error_code failed;
+    return one == other || std::filesystem::equivalent(one, other, failed);
+}
+
+std::string Date_And_Time(std::chrono::system_clock::time_point time) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &seconds);
+#else
+    localtime_r(&seconds, &local);
+#endif
+    char text[32];
+    return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local)};
+}
+
+/// Project block as a project file on the disk has it; empty when there is none that can be read.
+std::string Filed_Block(const std::string& path) {
+    const auto bytes = Read_File(path);
+    if (!bytes) return {};
+    Project filed;
+    Parse_Project(*bytes, filed);
+    return Project_Block(filed);
+}
+
+/// Project block after the last record; empty for a journal that does not fit together.
+std::string Last_Block(const JournalContent& journal) {
+    std::string block = journal.Base;
+    for (const JournalContent::Record& record : journal.Records) {
+        if (!record.Content.Block.Apply(block, ByteChanges::Direction::Forth)) return {};
+    }
+    return block;
+}
+
+/// False for a journal whose edits were all taken back again, or whose project was saved all the same.
+bool Tells_Something_New(const JournalContent& journal) {
+    const std::string last = Last_Block(journal);
+    if (last.empty()) return false;
+    const std::string filed = Filed_Block(journal.ProjectFile);
+    return filed.empty() || !Same_Filed_Content(filed, last);
+}
+
+/// The project of the journal into memory, from its file or, for a line that was never saved, as the journal
+/// has it. False when the user was told why not.
+bool Open_Project_Of(Session& session, const JournalContent& journal) {
+    Project& project = session.Work.Project;
+    if (Same_File(journal.ProjectFile, project.CurrentFile) && project.ShotTimes.Has(0, 0)) return true;
+    if (File_Exists(journal.ProjectFile)) return Load_And_Show(session, journal.ProjectFile);
+    project.CurrentFile = journal.ProjectFile;
+    Split_Project_Path(project, journal.ProjectFile);
+    session.Work.Fields.Caption = journal.ProjectFile + " [" + session.Work.AppTitle + "]";
+    session.Work.Fields.FirstTabCaption = journal.ProjectFile;
+    return true;
+}
+
+bool Bring_Back(Session& session, const JournalContent& journal) {
+    Workspace& work = session.Work;
+    if (!Open_Project_Of(session, journal)) return false;
+    if (!work.Edits.Restore(work.Project, journal)) {
+        session.Outside.Ask.Say(journal.File + " does not fit together; it is left as it is.", work.AppTitle,
+                                Icon::Critical);
+        return false;
+    }
+    // The former journal goes only when the new one holds its work.
+    if (work.Edits.Has_Journal()) Remove_Journal(journal);
+    Scale_Time_Grid(work);
+    Show_Opened_Project(session);
+    return true;
+}
+
+bool Offer(Session& session, const JournalContent& journal) {
+    switch (session.Outside.Ask.Message(Lost_Work_Question(journal), session.Work.AppTitle, Icon::Question,
+                                        Buttons::YesNoCancel)) {
+        case Answer::Yes:
+            return Bring_Back(session, journal);
+        case Answer::No:
+            Remove_Journal(journal);
+            return false;
+        default:
+            return false;
+    }
+}
+
+template <class Wanted>
+bool Offer_Journals(Session& session, Wanted wanted) {
+    if (session.JournalFolder.empty()) return false;
+    for (const JournalContent& journal : Journals_Left_Behind(session.JournalFolder)) {
+        if (!wanted(journal)) continue;
+        if (!Tells_Something_New(journal)) {
+            Remove_Journal(journal);
+            continue;
+        }
+        if (Offer(session, journal)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string Journal_Folder(const std::string& settings_file) {
+    return Folder_Of(settings_file) + "journal";
+}
+
+std::string Lost_Work_Question(const JournalContent& journal) {
+    const std::string file = journal.ProjectFile.empty() ? "A new profile" : journal.ProjectFile;
+    const std::size_t edits = journal.Edits_Of_Project();
+    std::string name;
+    for (const JournalContent::Record& record : journal.Records) {
+        if (!record.Content.Block.Empty()) name = record.Content.Name;
+    }
+    std::string text = file + " : the program ended at " + Date_And_Time(journal.Last_Time()) + "; " +
+                       CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
+                       " not in the project file (last: " + name + "). Bring " +
+                       (edits == 1 ? "it" : "them") + " back ?";
+    const std::string filed = Filed_Block(journal.ProjectFile);
+    if (!filed.empty() && !Same_Filed_Content(filed, journal.Base))
+        text += "\r\nThe project file has been changed since.";
+    return text;
+}
+
+bool Offer_Lost_Work(Session& session) {
+    return Offer_Journals(session, [](const JournalContent&) { return true; });
+}
+
+bool Offer_Lost_Work_Of(Session& session, const std::string& project_file) {
+    return Offer_Journals(session, [&project_file](const JournalContent& journal) {
+        return Same_File(journal.ProjectFile, project_file);
+    });
+}
+
+}  // namespace tarnvik

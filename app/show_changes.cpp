@@ -1,0 +1,109 @@
+#include "app/show_changes.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string>
+
+#include "app/pages.h"
+#include "app/session.h"
+#include "core/text/number.h"
+#include "records/record_display.h"
+#include "setup/build_grid.h"
+
+namespace tarnvik {
+
+namespace {
+
+/// Redraws wait until the whole notice has been gone through.
+class HeldRedraws {
+  public:
+    explicit HeldRedraws(Display& display) : Screen(display) { Screen.Hold_Redraws(); }
+    ~HeldRedraws() { Screen.Release_Redraws(); }
+    HeldRedraws(const HeldRedraws&) = delete;
+    HeldRedraws& operator=(const HeldRedraws&) = delete;
+
+  private:
+    Display& Screen;
+};
+
+bool Has_Any(const ProjectParts& parts, std::initializer_list<ProjectPart> any) {
+    return std::any_of(any.begin(), any.end(), [&parts](ProjectPart part) { return parts.Has(part); });
+}
+
+/// Fields of the main form that show values of the project.
+void Follow_Project(Workspace& work) {
+    const Project& project = work.Project;
+    work.Fields.Text25 = CStr(project.TotalTime);
+    work.Fields.Label16 = project.SuFile;
+}
+
+void Show_Table(Session& session, const ChangeNotice& notice) {
+    Workspace& work = session.Work;
+    const bool picks_alone =
+        !notice.Picks.empty() && !Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers,
+                                                         ProjectPart::Shots, ProjectPart::Line});
+    if (picks_alone) {
+        for (const PickPlace& pick : notice.Picks) {
+            Fill_Grid_Cell(work, pick);
+            session.Outside.Show.Show_Cell(pick.Receiver, pick.Shot);
+        }
+    } else if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times, ProjectPart::Receivers,
+                                      ProjectPart::Shots, ProjectPart::Line})) {
+        Fill_Grid(work);
+        session.Outside.Show.Show_Grids();
+    }
+    if (notice.Parts.Has(ProjectPart::Remarks)) session.Outside.Show.Show_Grids();
+}
+
+void Show_Pictures(Session& session, const ChangeNotice& notice) {
+    Workspace& work = session.Work;
+    Display& show = session.Outside.Show;
+    const bool curves =
+        Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times, ProjectPart::Receivers,
+                               ProjectPart::Shots, ProjectPart::Line});
+    if (work.Curves.FrameDrawn == 2) {
+        // Curves beside the profile are painted: a drawing would take the profile away.
+        if (curves) show.Repaint_Page(Page::Curves);
+        if (!notice.Parts.Empty()) show.Repaint_Page(Page::Profile);
+    } else if (work.Curves.FrameDrawn == 1 && notice.Parts.Has(ProjectPart::Counts)) {
+        show.Show_Curves();
+    } else if (work.Curves.FrameDrawn == 1 && curves) {
+        show.Repaint_Page(Page::Curves);
+    }
+}
+
+/// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
+void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
+    if (notice.Happened == ChangeNotice::Kind::Made) return;
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Line, ProjectPart::Shots,
+                               ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses}) &&
+        session.Outside.Show.Is_Open(Dialog::Fcalcul)) {
+        session.Depths.Display_Shot(session.Depths.HScroll1.Value);
+    }
+}
+
+}  // namespace
+
+void Show_Changes(Session& session, const ChangeNotice& notice) {
+    const HeldRedraws held(session.Outside.Show);
+    if (notice.Nothing()) return;
+    Workspace& work = session.Work;
+    const bool walked = notice.Happened != ChangeNotice::Kind::Made;
+    if (notice.Parts.Has(ProjectPart::Counts)) {
+        const int shots = std::max<int>(1, work.Project.NbShots);
+        work.Velocity.CurrentShot =
+            static_cast<std::int16_t>(std::clamp<int>(work.Velocity.CurrentShot, 1, shots));
+    }
+    // The routines that made the edit have done this themselves, where it belongs to it.
+    if (walked && Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times})) Scale_Time_Grid(work);
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::TotalTime, ProjectPart::FieldRecords})) {
+        Follow_Project(work);
+    }
+    Show_Table(session, notice);
+    Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work.Project));
+    Show_Pictures(session, notice);
+    Show_In_Dialogs(session, notice);
+    session.Outside.Show.Show_Fields();
+}
+
+}  // namespace tarnvik

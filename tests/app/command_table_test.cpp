@@ -1,0 +1,303 @@
+#include <functional>
+#include <set>
+
+#include "app/commands.h"
+#include "app/start.h"
+#include "core/tv4_file.h"
+#include "live_session.h"
+#include "records/set_pick.h"
+
+namespace tarnvik::test {
+
+namespace {
+
+/// The demo line with one pick changed, opened in the curves.
+struct OpenLine : LiveWorld {
+    OpenLine() {
+        Program.Work.Settings.Units = "meters";
+        EXPECT_TRUE(Open_File_Named(Program, Path));
+        Set_Pick(Program.Work, {1, 1}, 30.25);
+        Display.Forget();
+        Display.Opened.clear();
+        Prompts.Messages.clear();
+    }
+    bool Said(const std::string& part) const {
+        for (const auto& shown : Prompts.Messages) {
+            if (shown.Text.find(part) != std::string::npos) return true;
+        }
+        return false;
+    }
+    bool Started(const std::string& part) const {
+        return !Launcher.Started.empty() && Launcher.Started.back().find(part) != std::string::npos;
+    }
+    bool Shows(Dialog dialog) const { return Display.Open.contains(dialog); }
+    bool Mode_Is(DisplayMode mode) const { return Program.Work.Mode.Current() == mode; }
+    /// The project file holds the changed pick.
+    bool Filed() const { return Read_File(Path)->find(" 3025 ") != std::string::npos; }
+    void Discard() { Prompts.Expect(Path + " has edits that are not saved.", Answer::No); }
+};
+
+/// What is answered before a command runs, and what must be true behind it.
+struct Row {
+    const char* Name;
+    std::function<void(OpenLine&)> Before;
+    std::function<bool(OpenLine&)> Check;
+};
+
+using W = OpenLine;
+constexpr auto nothing = [](W&) {};
+
+auto Starts(const char* tool) {
+    return [tool](W& w) { return w.Started(tool); };
+}
+auto Opens(Dialog dialog) {
+    return [dialog](W& w) { return w.Shows(dialog); };
+}
+auto Profile_In(DisplayMode mode) {
+    return [mode](W& w) { return w.Mode_Is(mode) && w.Program.Work.Curves.FrameDrawn == 2; };
+}
+
+const std::vector<Row>& Rows() {
+    const auto cancel_new = [](W& w) {
+        w.Discard();
+        w.Prompts.Expect("Did you already convert your field data to SU format", Answer::Cancel);
+    };
+    const auto still_there = [](W& w) { return w.Line.CurrentFile == w.Path && w.Line.NbShots == 5; };
+    const auto choose_again = [](W& w) {
+        w.Discard();
+        w.Prompts.Expect_File("Tarnvik File selection", w.Path);
+    };
+    const auto read_again = [](W& w) {
+        return w.Line.ShotTimes(1, 1) != 30.25F && w.Program.Work.Settings.RecentFiles[0] == w.Path;
+    };
+    const auto recent = [](int place) {
+        return [place](W& w) {
+            w.Discard();
+            w.Program.Work.Settings.RecentFiles[static_cast<std::size_t>(place) - 1] = w.Path;
+        };
+    };
+    const auto reread = [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && w.Line.NbShots == 5; };
+    const auto end = [](Answer first) {
+        return [first](W& w) {
+            w.Prompts.Expect("This will end your Tarnvik session", first);
+            w.Prompts.Expect("Record " + w.Path, Answer::Yes);
+            w.Prompts.Expect("Record a Back Up file of " + w.Path, Answer::No);
+        };
+    };
+    const auto ended = [](W& w) {
+        return w.Display.Ended == 1 && w.Filed() && File_Exists(w.Folder / "Tarnvik32.INI");
+    };
+    const auto spectrum = [](W& w) { return w.Program.Work.Record.SpectrumRequest == 1; };
+    const auto language = [](std::int16_t Settings::*flag) {
+        return [flag](W& w) { return w.Program.Work.Settings.*flag != 0; };
+    };
+    static const std::vector<Row> rows = {
+        {"frequency", nothing, Starts("reverse.exe|")},
+        {"herz", nothing, spectrum},
+        {"help", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
+        {"tv4", cancel_new, still_there},
+        {"Double", nothing,
+         [](W& w) { return w.Shows(Dialog::Travel_Time_2) && w.Program.Work.Curves.DoubleView == 1; }},
+        {"edit", nothing,
+         [](W& w) {
+             return w.Started("editor|" + w.Folder / "demo1.rtf") && File_Exists(w.Folder / "demo1.rtf");
+         }},
+        {"tosu", nothing, Starts("conversion.EXE|356|")},
+        {"open", choose_again, read_again},
+        {"save", nothing, [](W& w) { return w.Filed() && w.Program.Work.Edits.Is_Saved(); }},
+        {"dromo", [](W& w) { w.Display.Selected = Tab::Record; },
+         [](W& w) { return w.Display.Selected == Tab::Curves && w.Display.Count("curves") == 1; }},
+        {"prop", cancel_new, still_there},
+        {"vitess1", nothing, Opens(Dialog::SpeedF)},
+        {"sum", nothing, Opens(Dialog::Fcalcul)},
+        {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"ruler2", nothing, Opens(Dialog::RulerF)},
+        {"drawing", nothing, Profile_In(DisplayMode::Profil)},
+        {"find", nothing, Opens(Dialog::Zoom)},
+        {"stop", end(Answer::Ok), ended},
+        {"nozoom", [](W& w) { w.Program.Work.Curves.ZoomX = 4; },
+         [](W& w) { return w.Program.Work.Curves.ZoomX == 1 && w.Display.Count("curves") == 1; }},
+
+        {"NewDromoName", choose_again,
+         [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && w.Shows(Dialog::Fcalcul); }},
+        {"T_Assembly", cancel_new, still_there},
+        {"SaveName", nothing, [](W& w) { return w.Filed(); }},
+        {"Save_As", [](W& w) { w.Prompts.Expect_File("Select a Tarnvik File ", w.Folder / "other.tv5"); },
+         [](W& w) {
+             return File_Exists(w.Folder / "other.tv5") && w.Line.ProjectName == "other" && !w.Filed();
+         }},
+        {"Deletename", [](W& w) { w.Prompts.Expect("Do you want to delete " + w.Path + " ?", Answer::Yes); },
+         [](W& w) { return !File_Exists(w.Path); }},
+        {"SEG22SU", nothing, Starts("SEG2su.exe|412|")},
+        {"conver", nothing, Starts("conversion.EXE|356|")},
+        {"backup",
+         [](W& w) { w.Prompts.Expect("Would you make a backup copy of your TV5 files ?", Answer::Yes); },
+         [](W& w) { return w.Program.Work.Settings.BackupEnabled == -1; }},
+        {"NBak",
+         [](W& w) {
+             w.Discard();
+             w.Display.Open.insert(Dialog::Fcalcul);
+             w.Prompts.Expect_File("Tarnvik BAK TV5 selection", w.Folder / "demo1.bak");
+         },
+         [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && !w.Shows(Dialog::Fcalcul); }},
+        {"TV57", [](W& w) { w.Prompts.Expect_File("Old Tarnvik file", ""); },
+         [](W& w) { return !w.Said("has been recorded"); }},
+        {"F1_F", recent(1), reread},
+        {"F2_F", recent(2), reread},
+        {"F3_F", recent(3), reread},
+        {"F4_F", recent(4), reread},
+        {"F5_F", recent(5), reread},
+        {"Fin_Mnu", end(Answer::Yes), ended},
+        {"Exit_M", [](W& w) { w.Prompts.Expect("Do you want really to exit Tarnvik 16.5", Answer::Yes); },
+         [](W& w) { return w.Display.Ended == 1 && !w.Filed() && !File_Exists(w.Folder / "Tarnvik32.INI"); }},
+
+        {"Undo_M", nothing,
+         [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && w.Program.Work.Edits.Can_Redo(); }},
+        {"Redo_M", [](W& w) { w.Program.Work.Edits.Undo(w.Line); },
+         [](W& w) { return w.Line.ShotTimes(1, 1) == 30.25F; }},
+        {"History_M", nothing, Opens(Dialog::History)},
+
+        {"VelCalcul", nothing, Opens(Dialog::SpeedF)},
+        {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
+
+        {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},
+        {"S2", nothing, Profile_In(DisplayMode::Profil)},
+        {"S3", nothing, Profile_In(DisplayMode::Profil2)},
+        {"S4", nothing, Profile_In(DisplayMode::Profil4)},
+        {"S5", nothing, Profile_In(DisplayMode::Profil3)},
+        {"BI_M", nothing, Profile_In(DisplayMode::Both)},
+        {"Superpose",
+         [](W& w) {
+             w.Prompts.Expect_File("Tarnvik File selection", w.Path);
+             w.Display.Pictures[Canvas::Dromo].List.clear();
+         },
+         [](W& w) {
+             return !w.Display.Pictures[Canvas::Dromo].List.empty() && w.Line.ShotTimes(1, 1) == 30.25F;
+         }},
+        {"Zerop", nothing,
+         [](W& w) { return w.Program.Work.Curves.ZeroOnTop && w.Display.Count("curves") == 1; }},
+        {"MultiScreen", nothing, [](W& w) { return w.Program.Work.Settings.MultiScreen; }},
+
+        {"winprint", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"Export_M", [](W& w) { w.Prompts.Expect_File("Save picture", w.Folder / "picture"); },
+         [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "picture.png"}; }},
+        {"Print_rec", nothing, Starts("suprint2.exe|")},
+        {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
+
+        {"Edit_Mnu", nothing, [](W& w) { return w.Started("editor|" + w.Path); }},
+        {"Font_Mnu", [](W& w) { w.Prompts.Expect_File("font", "Courier"); },
+         [](W& w) { return w.Program.Work.Settings.FontName == "Courier"; }},
+        {"shiftFBP",
+         [](W& w) {
+             w.Prompts.Expect_Input(
+                 "Type 1 to scale all FBP time of a travel time, 2 to add/substract a value to all FBP, 0= "
+                 "Exit",
+                 "2");
+             w.Prompts.Expect_File("Tarnvik File selection", w.Path);
+             w.Prompts.Expect_Input(" Enter the time (ms) to add or substract (negative value) to all FBP",
+                                    "1");
+         },
+         [](W& w) { return w.Line.ShotTimes(1, 1) == 31.25F && w.Program.Work.Edits.All().size() == 2; }},
+        {"FS", nothing, spectrum},
+        {"filtr", nothing, Starts("reverse.exe|")},
+        {"Rev_Trace", nothing, Starts("reverse.exe||")},
+        {"addcsv", nothing, Starts("add_csv.exe|")},
+        {"dp", nothing, Starts("TVProfile.exe|")},
+        {"MF", nothing, Starts("merge_file.exe|")},
+        {"Copy_M", [](W& w) { w.Prompts.Expect_Input("File name without extension", w.Folder / "screen"); },
+         [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "screen.bmp"}; }},
+        {"Clear_M", nothing, [](W& w) { return w.Program.Work.Curves.FrameDrawn == 0; }},
+        {"Register_M", nothing, [](W& w) { return w.Launcher.Registered == 1; }},
+
+        {"ZZ", nothing, Opens(Dialog::Zoom)},
+        {"Intercept_M", nothing,
+         [](W& w) { return w.Program.Work.Curves.ShowReceiverIntercepts && w.Display.Count("curves") == 1; }},
+        {"Vel_line_Col_Mnu", [](W& w) { w.Prompts.Expect_File("colour", "77"); },
+         [](W& w) { return w.Program.Work.Settings.VelocityLineColor == 77; }},
+        {"Large_Mnu", nothing, [](W& w) { return w.Program.Work.Settings.VelocityLineWidth == 2; }},
+        {"Thin_Mnu", [](W& w) { w.Program.Work.Settings.VelocityLineWidth = 2; },
+         [](W& w) { return w.Program.Work.Settings.VelocityLineWidth == 1; }},
+        {"color_1", [](W& w) { w.Program.Work.Settings.ColorChoice = true; },
+         [](W& w) { return !w.Program.Work.Settings.ColorChoice && w.Display.Count("curves") == 1; }},
+        {"color_2", nothing,
+         [](W& w) { return w.Program.Work.Settings.ColorChoice && w.Display.Count("curves") == 1; }},
+        {"Meters_M", [](W& w) { w.Program.Work.Settings.Units = "feet"; },
+         [](W& w) { return w.Program.Work.Settings.Metric(); }},
+        {"Feet_M", nothing, [](W& w) { return !w.Program.Work.Settings.Metric(); }},
+
+        {"English_M", nothing, language(&Settings::LangEnglish)},
+        {"French_M", nothing, language(&Settings::LangFrench)},
+        {"Spanish_M", nothing, language(&Settings::LangSpanish)},
+        {"German_M", nothing, language(&Settings::LangGerman)},
+        {"Italian_M", nothing, language(&Settings::LangItalian)},
+
+        {"Mnu_Info", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
+        {"WSH", nothing, [](W& w) { return w.Said("You must install Tarnvik_History.pdf"); }},
+        {"video", [](W& w) { w.Prompts.Expect_File("Tarnvik Video selection", w.Folder / "a.avi"); },
+         Starts("a.avi")},
+        {"REDPATH", nothing, [](W& w) { return w.Said("redpath.pdf"); }},
+        {"pps", nothing, [](W& w) { return w.Said("You must install a POWER POINT viewer"); }},
+        {"Version_N", nothing, Opens(Dialog::frmSplash)},
+        {"TShift", [](W& w) { w.Prompts.Expect_Input("Time shift in ms for picking FBP Minus=Up", "7"); },
+         [](W& w) { return w.Program.Work.Record.PickTimeShift == 7; }},
+    };
+    return rows;
+}
+
+}  // namespace
+
+TEST(CommandTable, each_entry_does_what_it_says_on_the_demo_line) {
+    std::set<std::string_view> tested;
+    for (const Row& row : Rows()) {
+        SCOPED_TRACE(row.Name);
+        const Command* command = Find_Command(row.Name);
+        ASSERT_NE(command, nullptr);
+        EXPECT_TRUE(tested.insert(row.Name).second);
+        OpenLine world;
+        row.Before(world);
+        EXPECT_EQ(Refusal_Of(*command, world.Program), "");
+        const bool marked = command->Checked != nullptr && command->Checked(world.Program);
+        Run_Command(world.Program, row.Name);
+        EXPECT_TRUE(row.Check(world));
+        if (command->Checked != nullptr) {
+            EXPECT_TRUE(command->Checked(world.Program) || marked);
+        }
+    }
+    for (const Command& command : Command_Table()) {
+        EXPECT_EQ(tested.contains(command.Name), command.Available()) << command.Name;
+    }
+}
+
+TEST(CommandTable, an_entry_that_needs_a_project_is_refused_without_one_and_says_why) {
+    LiveWorld world;
+    Form_Load(world.Program, "");
+    for (const char* name : {"save", "SaveName", "sum", "IT_Compute", "vitess1", "VelCalcul", "drawing", "S2",
+                             "S5", "BI_M", "Superpose", "find", "ZZ", "nozoom"}) {
+        EXPECT_EQ(Refusal_Of(*Find_Command(name), world.Program), "There is no project in memory") << name;
+    }
+    for (const char* name : {"herz", "FS"})
+        EXPECT_EQ(Refusal_Of(*Find_Command(name), world.Program), "No field records are loaded") << name;
+    for (const char* name : {"Export_M", "Copy_M"})
+        EXPECT_EQ(Refusal_Of(*Find_Command(name), world.Program), "Nothing is drawn yet") << name;
+    EXPECT_EQ(Refusal_Of(*Find_Command("Undo_M"), world.Program), "There is nothing to take back");
+    world.Display.Opened.clear();
+    Run_Command(world.Program, "sum");
+    EXPECT_TRUE(world.Display.Opened.empty());
+    EXPECT_EQ(world.Program.Work.Fields.Status, "There is no project in memory");
+}
+
+TEST(CommandTable, names_and_shortcuts_are_given_once_and_each_entry_has_words) {
+    std::set<std::string_view> names;
+    std::set<std::string_view> shortcuts;
+    for (const Command& command : Command_Table()) {
+        if (command.Caption == "-") continue;
+        EXPECT_TRUE(names.insert(command.Name).second) << command.Name;
+        if (!command.Shortcut.empty()) {
+            EXPECT_TRUE(shortcuts.insert(command.Shortcut).second) << command.Shortcut;
+        }
+        EXPECT_FALSE(command.Caption.empty() && command.Tooltip.empty() && command.Text == nullptr)
+            << command.Name;
+    }
+}
+
+}  // namespace tarnvik::test
