@@ -133,7 +133,7 @@ TEST_F(DepthStore, EachFieldHasItsOwnPlaceBothWays) {
 }
 
 TEST_F(DepthStore, LookingChangesNothing) {
-    const std::size_t before = Project_Fingerprint(Work.Project);
+    const std::string before = Project_Bytes(Work.Project);
     Open_At(1);
     for (const int shot : {2, 3, 4, 1, 2})
         Scroll_To(shot);
@@ -141,7 +141,7 @@ TEST_F(DepthStore, LookingChangesNothing) {
     Form->Field_Changed();
     Form->Command2();
     Form->Close();
-    EXPECT_EQ(Project_Fingerprint(Work.Project), before);
+    EXPECT_EQ(Project_Bytes(Work.Project), before);
     EXPECT_EQ(Work.Edits.Done(), 0U);
     EXPECT_TRUE(Work.Edits.Is_Saved());
     EXPECT_EQ(Saves, 0);
