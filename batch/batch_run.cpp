@@ -43,7 +43,10 @@ bool BatchRun::Load() {
     const std::string& path = Options.ProjectFile;
     if (LCase(Right(path, 4)) != ".tv5") return Refuse("No TV5 file selected ");
     if (!Read_File(path)) return Refuse("This file does not exist !");
-    Read_Project(work, path);
+    const ReadingReport report = Read_Project(work, path);
+    if (!report.Refusal.empty()) return Refuse(path + " is no project file: " + report.Refusal + ".");
+    // Opened all the same, as the window does when the user agrees.
+    if (!report.Missing.empty()) Prompts.Say(report.Missing, work.AppTitle, Icon::Warning);
     Scale_Time_Grid(work);
     if (Program.Hooks.ReadGrmFile) Program.Hooks.ReadGrmFile();
     Fill_Grid(work);

@@ -80,7 +80,7 @@ void QtDisplay::Draw_Curves() {
 void QtDisplay::Draw_Profile() {
     // The panes and bars first: they decide how large the picture is.
     Show_Fields();
-    SessionDisplay::Show_Profile();
+    SessionDisplay::Draw_Profile();
 }
 
 void QtDisplay::Refresh_Grids() {
