@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/dialog_rows.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
@@ -26,8 +27,8 @@ namespace {
 
 /// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
 /// profile that shares the picture goes away.
-void Open_Over_Curves(Session& session, DisplayMode mode, Dialog dialog) {
-    session.Work.Mode.Take(dialog, mode);
+void Open_Over_Curves(Session& session, Dialog dialog) {
+    session.Work.Mode.Take(dialog, Row_Of(dialog)->Mode);
     if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
@@ -42,11 +43,11 @@ void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
 }  // namespace
 
 void Show_Velocity_Dialog(Session& session) {
-    Open_Over_Curves(session, DisplayMode::Vitesse, Dialog::SpeedF);
+    Open_Over_Curves(session, Dialog::SpeedF);
 }
 
 void Show_Depth_Dialog(Session& session) {
-    Open_Over_Curves(session, DisplayMode::Calcul, Dialog::Fcalcul);
+    Open_Over_Curves(session, Dialog::Fcalcul);
 }
 
 void Show_Intercept_Profile(Session& session) {

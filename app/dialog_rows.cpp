@@ -9,16 +9,16 @@ namespace {
 
 // In the order in which they close: a dialog before the one that it was opened from.
 constexpr std::array dialog_rows = {
-    DialogRow{Dialog::frmSplash, "Tarnvik", DialogPlace::Box, false},
-    DialogRow{Dialog::rechinfo, "New profile", DialogPlace::Box, false},
-    DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, false},
-    DialogRow{Dialog::confirm, "Record data", DialogPlace::Box, true},
-    DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, true},
-    DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, true},
-    DialogRow{Dialog::History, "History", DialogPlace::Dock, false},
-    DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, false},
-    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, false},
-    DialogRow{Dialog::Travel_Time_2, "Travel times", DialogPlace::Window, false},
+    DialogRow{Dialog::frmSplash, "Tarnvik", DialogPlace::Box, DisplayMode::None, false},
+    DialogRow{Dialog::rechinfo, "New profile", DialogPlace::Box, DisplayMode::None, false},
+    DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::confirm, "Record data", DialogPlace::Box, DisplayMode::None, true},
+    DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, DisplayMode::Vitesse, true},
+    DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true},
+    DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::Travel_Time_2, "Travel times", DialogPlace::Window, DisplayMode::None, false},
 };
 
 }  // namespace

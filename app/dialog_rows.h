@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/display_mode.h"
 #include "core/ports/display.h"
 
 namespace tarnvik {
@@ -18,6 +19,8 @@ struct DialogRow {
     Dialog Which;
     const char* Title = "";
     DialogPlace Place = DialogPlace::Dock;
+    /// What a press on the curves means while the dialog has the picture; None for one that never takes it.
+    DisplayMode Mode = DisplayMode::None;
     /// Computes on the project in memory, so that it closes when another one comes.
     bool ClosesWithProject = false;
 };

@@ -36,8 +36,7 @@ std::string Filed_Block(const std::string& path) {
     const auto bytes = Read_File(path);
     if (!bytes) return {};
     Project filed;
-    Parse_Project(*bytes, filed);
-    return Project_Block(filed);
+    return Parse_Project(*bytes, filed).Refusal.empty() ? Project_Block(filed) : std::string();
 }
 
 /// Project block after the last record; empty for a journal that does not fit together.

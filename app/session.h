@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "app/opening.h"
 #include "core/ports/ports.h"
-#include "core/project_open.h"
 #include "core/workspace.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"

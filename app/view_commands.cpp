@@ -144,7 +144,12 @@ void Superpose_File(Session& session) {
         return;
     }
     Project other;
-    Parse_Project(*content, other);
+    const ReadingReport report = Parse_Project(*content, other);
+    if (!report.Refusal.empty()) {
+        session.Outside.Ask.Say(path + " is no project file: " + report.Refusal + ".", session.Work.AppTitle,
+                                Icon::Critical);
+        return;
+    }
     Superpose(session.Work, session.Outside, other);
 }
 

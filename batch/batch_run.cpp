@@ -43,14 +43,11 @@ bool BatchRun::Load() {
     Workspace& work = Program.Work;
     const std::string& path = Options.ProjectFile;
     if (LCase(Right(path, 4)) != ".tv5") return Refuse("No TV5 file selected ");
-    const auto bytes = Read_File(path);
-    if (!bytes) return Refuse("This file does not exist !");
-    Project read = work.Project;
-    const ReadingReport report = Parse_Project(*bytes, read);
+    if (!Read_File(path)) return Refuse("This file does not exist !");
+    const ReadingReport report = Read_Project(work, path);
     if (!report.Refusal.empty()) return Refuse(path + " is no project file: " + report.Refusal + ".");
-    // There is nobody to ask: what is left of the file is taken, and told.
+    // Opened all the same, as the window does when the user agrees.
     if (!report.Missing.empty()) Prompts.Say(path + ": " + report.Missing, work.AppTitle, Icon::Warning);
-    Read_Project(work, path);
     Scale_Time_Grid(work);
     if (Program.Hooks.ReadGrmFile) Program.Hooks.ReadGrmFile();
     Fill_Grid(work);

@@ -32,8 +32,8 @@ std::string Folder_Of(std::string_view path);
 std::string Name_Of(std::string_view path);
 
 /// Name derived from a path: `ending` (any case) at the end of the file's name becomes `replacement`; its
-/// folder and all other letters stay, and all of them where the name ends otherwise. When no such file exists, a file of the same folder
-/// whose name differs only by case is taken instead.
+/// folder and all other letters stay, and all of them where the name ends otherwise. When no such file
+/// exists, a file of the same folder whose name differs only by case is taken instead.
 std::string Derived_File(const std::string& path, std::string_view ending, std::string_view replacement);
 
 }  // namespace tarnvik

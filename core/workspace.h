@@ -47,9 +47,10 @@ struct DrawnCross {
 
 /// State of the travel-time picture, shared with the dialogs that work on it.
 struct CurveView {
-    double TimeFactor = 1;  ///< ms per unit of the picture's height
-    double MaxTime = 0;     ///< latest pick, ms
-    double PickFactor = 1;  ///< ms per unit as the pointer reads them
+    double TimeFactor = 1;       ///< ms per unit of the picture's height
+    double DrawnTimeFactor = 0;  ///< of the frame that was drawn last
+    double MaxTime = 0;          ///< latest pick, ms
+    double PickFactor = 1;       ///< ms per unit as the pointer reads them
     double ZoomX = 1;
     double ZoomY = 1;
     ScrollBar HScroll1;

@@ -44,8 +44,8 @@ void Fcalcul::VitesseVraie() {
     Work.Depth.TrueV[1] = apparent.V1;
     const int wrong = Layer_Out_Of_Order(static_cast<int>(layers), apparent);
     if (wrong != 0) {
-        // A wrong layer 2 is told but ends nothing: the caller goes on with the angles of before. This is
-        // meant.
+        // A wrong layer 2 is told but ends nothing: the caller goes on with the angles of before, so that a
+        // shot with one doubtful velocity still gets its depth.
         if (wrong > 2) Work.Depth.VelocityFault = true;
         Say(Layer_Order_Message(wrong), Icon::Critical);
         return;

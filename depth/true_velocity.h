@@ -19,10 +19,10 @@ struct ApparentVelocities {
 };
 
 /// The first layer (2 to 5) whose velocity is below that of the layer above it, 0 when the order is right.
-/// Layer 2 of side B is not looked at; this is meant, a wrong one has no critical angle.
+/// Layer 2 of side B is not looked at: a wrong one has no critical angle and ends the computation by itself.
 int Layer_Out_Of_Order(int layers, const ApparentVelocities& apparent);
 
-/// What the user is told about a layer out of order; the double blank is meant.
+/// What the user is told about a layer out of order; the double blank is part of the text that users know.
 std::string Layer_Order_Message(int layer);
 
 /// True velocities of layers 1 to `layers` (2 to 5) and the critical angles, each the mean of the two

@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -48,6 +51,14 @@ Layout Lay_Out(const RecordView& view, const Frame& frame, int available) {
     return layout;
 }
 
+/// Nearest pixel, halves to even, as CLng gives it; nothing for what is no number or far too large. Goes over
+/// every sample of a record: adding this number leaves the whole part in the low bits.
+std::optional<int> Nearest_Pixel(double place) {
+    constexpr double beyond_fractions = 6755399441055744.0;  // 1.5 * 2^52
+    if (!(std::abs(place) < 2147483647.0)) return std::nullopt;
+    return static_cast<int>(std::bit_cast<std::int64_t>(place + beyond_fractions));
+}
+
 void Draw_One(const std::vector<float>& samples, const Layout& layout, double axis, double gain, bool clip,
               bool dead, TracePainter& painter) {
     const auto axis_pixel = CLng(axis / layout.UnitsPerPixelX);
@@ -57,7 +68,7 @@ void Draw_One(const std::vector<float>& samples, const Layout& layout, double ax
         double value = samples[static_cast<std::size_t>(layout.Samples[i] - 1)] * gain;
         if (clip) value = std::clamp(value, -amplitude_reference, amplitude_reference);
         // A sample that is no number, or far too large, has no place on the picture.
-        if (const auto x = CLng((axis + value) / layout.UnitsPerPixelX)) {
+        if (const auto x = Nearest_Pixel((axis + value) / layout.UnitsPerPixelX)) {
             painter.Sample(value, *x, layout.Rows[i]);
         }
     }

@@ -273,6 +273,7 @@ void Draw_Frame_On(Workspace& workspace, const CurvePictures& pictures) {
     if (Has_Receivers(project)) Draw_Receiver_Lines(project, pictures);
 
     Scale_Time_Grid(workspace);
+    workspace.Curves.DrawnTimeFactor = view.TimeFactor;
     const double time_factor = view.TimeFactor;
     const TimeGrid grid = Time_Grid(time_factor);
     for (int t = grid.Step; t <= grid.Last; t += grid.Step) {

@@ -35,11 +35,11 @@ class CurvePointerHandler {
 enum class PointerMoment { Press, Move, Release };
 
 /// ms per unit of the picture as the pointer reads them, from the latest pick. Exactly 50 ms gives 0.5 here,
-/// where the time grid keeps 1; this is meant.
+/// where the time grid keeps 1; kept, so that times read off such a line stay what they were.
 double Pick_Factor(double max_time);
 
 /// Number of the receiver nearest to a place on the picture. While moving it is one more than at a press;
-/// this is meant. At a release it is kept within 1..`receivers`, which is at least 1.
+/// kept, as users know the read-out. At a release it is kept within 1..`receivers`, which is at least 1.
 double Receiver_At(double x, int receivers, PointerMoment moment);
 
 /// The mouse and the keys on the travel-time picture: keeps the read-out, moves picks, and hands each event

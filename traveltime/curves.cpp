@@ -145,7 +145,7 @@ void Refresh_Curves(Workspace& workspace, Ports& ports, std::span<const PickPlac
     if (view.FrameDrawn == 0 || picks.empty() || Is_Profile(workspace.Mode.On_Display())) return;
     const DisplayMode mode = workspace.Mode.Current();
     const bool plain = mode == DisplayMode::Dromo || mode == DisplayMode::Both;
-    if (!plain || project.LineLength == 0 || Time_Factor(Latest_Pick(project)) != view.TimeFactor) {
+    if (!plain || project.LineLength == 0 || Time_Factor(Latest_Pick(project)) != view.DrawnTimeFactor) {
         ports.Show.Show_Curves();
         return;
     }

@@ -21,7 +21,8 @@ double Picture_X(const CurveStretch& stretch, double distance) {
 }
 
 /// Velocity of the fitted line. The floor is taken before the absolute value, so that a falling line rounds
-/// up and a rising one down; this is meant.
+/// up and a rising one down. Kept, so that a stretch gives the velocity that earlier interpretations
+/// recorded.
 double Fitted_Velocity(const CurveStretch& stretch, const StretchVelocity& line) {
     const auto length = static_cast<float>(
         (static_cast<double>(stretch.Last.Distance) - stretch.First.Distance) * ms_per_second);
@@ -29,7 +30,7 @@ double Fitted_Velocity(const CurveStretch& stretch, const StretchVelocity& line)
 }
 
 /// Abscissa at which the intercept is read. An offset shot is read at the near end of the line and not at its
-/// own place; this is meant.
+/// own place. Kept, since recorded intercepts of offset shots were read there.
 double Intercept_Abscissa(const CurveStretch& stretch) {
     const double shot = stretch.ShotDistance;
     if (shot <= 0) return left_edge;

@@ -57,7 +57,8 @@ bool Change_Ruler(CurveView& view, int key) {
     }
 }
 
-/// The figure takes the time in ms without turning it into seconds; this is meant.
+/// The figure takes the time in ms without turning it into seconds: kept as the figure that users of the
+/// ruler know.
 double Ruler_Velocity(const Workspace& workspace) {
     const CurveView& view = workspace.Curves;
     const double distance =

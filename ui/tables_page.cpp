@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "app/commands.h"
 #include "app/session.h"
@@ -150,11 +151,21 @@ void TablesPage::Run(std::string_view command) {
 
 QLayout* TablesPage::Undo_Row() {
     auto* row = new QHBoxLayout;
-    for (const char* name : {"Undo", "Redo"}) {
+    for (const auto& [name, caption] : {std::pair("Undo_M", tr("Undo")), std::pair("Redo_M", tr("Redo"))}) {
         const Command* command = Find_Command(name);
         if (command == nullptr) continue;
-        QAbstractButton* button = Button(*command);
-        button->setObjectName(QString(name) + "InTable");
+        auto* button = new QPushButton(caption);
+        button->setObjectName(caption);
+        // The table keeps the keys.
+        button->setFocusPolicy(Qt::NoFocus);
+        Fields.Command(button, [this, command] { Run(command->Name); });
+        // The edit on hand stands in the tooltip: as a caption it would widen the column.
+        Fields.Follow([this, button, command] {
+            const std::string refusal = Refusal_Of(*command, Program);
+            button->setEnabled(refusal.empty());
+            const std::string edit = command->Text == nullptr ? "" : command->Text(Program);
+            button->setToolTip(QString::fromStdString(refusal.empty() ? edit : refusal).remove('&'));
+        });
         row->addWidget(button);
     }
     return row;

@@ -117,10 +117,10 @@ TEST_F(Changes, a_profile_that_stands_is_painted_and_stays) {
 
 TEST_F(Changes, a_depth_dialog_that_is_open_shows_the_project_of_the_undo) {
     Run_Command(Program, "sum");
-    Program.Depths.Load();
+    ASSERT_TRUE(Program.Depths.Display_Shot(3));
     const std::string shown = Program.Depths.VelocityB[1];
-    Edit("Velocity", [this] { Line.VelocityB(1, 1) = 777; });
-    Program.Depths.Display_Shot(1);
+    Edit("Velocity", [this] { Line.VelocityB(3, 1) = 777; });
+    Program.Depths.Display_Shot(3);
     EXPECT_EQ(Program.Depths.VelocityB[1], "777");
     Undo_Edit(Program);
     EXPECT_EQ(Program.Depths.VelocityB[1], shown);

@@ -13,7 +13,7 @@
 #include "core/project_file.h"
 #include "demo/demo_line.h"
 #include "demo/demo_records.h"
-#include "records/record_display.h"
+#include "records/record_choice.h"
 #include "support/test_ports.h"
 
 namespace tarnvik {
@@ -151,7 +151,7 @@ class Hand {
                 break;
             case 12:
                 Program.AutomaticPicking.Pick_auto();
-                if (Any(Dice, 3) == 1) Program.AutomaticPicking.Command2();
+                if (Any(Dice, 3) == 1) Program.AutomaticPicking.Reset();
                 break;
             default:
                 Walk();
@@ -195,8 +195,7 @@ class Hand {
         }
         Program.RecordMouse.Release({x, y + 50, button});
         if (Any(Dice, 5) == 1) {
-            Select_Record(Program.Work, Any(Dice, 5));
-            Program.Outside.Show.Display_Record();
+            Go_To_Record(Program.Work, Program.Outside, Any(Dice, 5));
         }
     }
 

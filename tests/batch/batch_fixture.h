@@ -47,12 +47,6 @@ class Batch : public ::testing::Test {
         Parse_Project(Read_File(path).value_or(""), project);
         return project;
     }
-    /// What a project file tells, TotalTime aside, which each save raises.
-    std::string Content(const std::string& path) {
-        Project project = Read(path);
-        project.TotalTime = 0;
-        return Project_Bytes(project);
-    }
     /// The demo line changed by hand, as a project of its own.
     template <class Change>
     std::string Changed_Demo(const std::string& name, Change change) {

@@ -77,7 +77,7 @@ TEST_F(Batch, saving_gives_the_file_that_was_read) {
     ASSERT_EQ(Run("save " + demo + " --out " + (Folder / "saved.tv5")).Status, 0);
     Project after = Read(Folder / "saved.tv5");
     after.TotalTime = before.TotalTime;
-    EXPECT_EQ(Project_Bytes(after), Project_Bytes(before));
+    EXPECT_TRUE(Same_Filed_Content(Project_Block(after), Project_Block(before)));
     EXPECT_EQ(*Read_File(demo), *Read_File(std::string(DEMO_FOLDER) + "/demo1.tv5"));
 }
 
@@ -175,10 +175,10 @@ TEST_F(Batch, depths_that_are_not_to_be_recorded_leave_no_trace) {
         project.ShotThickness(3, 1) = 5.5;
         project.ShotThickness(3, 2) = 8.5;
     });
-    const std::string before = Content(line);
+    const std::string before = Project_Block(Read(line));
     for (const char* method : {"intercept", "critical"}) {
         const Outcome computed = Run("depth " + line + " --save --json --layers 2 --method " + method);
-        EXPECT_EQ(Content(line), before) << method << computed.Errors;
+        EXPECT_TRUE(Same_Filed_Content(Project_Block(Read(line)), before)) << method << computed.Errors;
     }
     const Outcome recorded = Run("depth " + line + " --record --save --json --method intercept --shot 3");
     ASSERT_EQ(recorded.Status, 0) << recorded.Errors;

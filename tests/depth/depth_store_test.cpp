@@ -133,7 +133,7 @@ TEST_F(DepthStore, EachFieldHasItsOwnPlaceBothWays) {
 }
 
 TEST_F(DepthStore, LookingChangesNothing) {
-    const std::size_t before = Project_Fingerprint(Work.Project);
+    const std::string before = Project_Bytes(Work.Project);
     Open_At(1);
     for (const int shot : {2, 3, 4, 1, 2})
         Scroll_To(shot);
@@ -141,7 +141,7 @@ TEST_F(DepthStore, LookingChangesNothing) {
     Form->Field_Changed();
     Form->Command2();
     Form->Close();
-    EXPECT_EQ(Project_Fingerprint(Work.Project), before);
+    EXPECT_EQ(Project_Bytes(Work.Project), before);
     EXPECT_EQ(Work.Edits.Done(), 0U);
     EXPECT_TRUE(Work.Edits.Is_Saved());
     EXPECT_EQ(Saves, 0);
@@ -186,20 +186,22 @@ TEST_F(DepthStore, ComputingIsOneEditThatStoresTheFieldsAndTheResultsOfBefore) {
 
 TEST_F(DepthStore, DepthsByCriticalDistanceStayWhereTheyWereStored) {
     Two_Layers(1, 0, 30);  // no intercepts at all
+    Work.Project.ShotDepth(2) = 3;
+    const auto expected = [](int shot) { return by_distance + (shot == 2 ? 1.5 : 0); };
     Begin();
     for (const int shot : {1, 2}) {
         Open_At(shot);
         Form->Command3();
         EXPECT_EQ(Last_Edit(), shot == 2 ? "Critical distance depth of shot 2" : "");
         Form->Command4();
-        EXPECT_EQ(Thickness(shot), by_distance);
+        EXPECT_EQ(Thickness(shot), expected(shot));
     }
     const auto stored = Work.Project.ShotThickness;
     Form->Close();
     for (const int shot : {1, 2}) {
         Open_At(shot);
-        EXPECT_EQ(Form->Thick[1], CStr(by_distance)) << shot;
-        EXPECT_EQ(Form->Depth[1], CStr(by_distance));
+        EXPECT_EQ(Form->Thick[1], CStr(expected(shot))) << shot;
+        EXPECT_EQ(Form->Depth[1], CStr(expected(shot)));
         Form->Command4();
     }
     EXPECT_EQ(Work.Project.ShotThickness, stored) << "opened and saved";
@@ -212,15 +214,15 @@ TEST_F(DepthStore, DepthsByCriticalDistanceStayWhereTheyWereStored) {
     Scroll_To(2);
     Form->Command1();
     Form->Command4();
-    EXPECT_NEAR(Thickness(2), by_intercept, 0.006);
+    EXPECT_NEAR(Thickness(2), by_intercept + 1.5, 0.006);
     Scroll_To(1);
     Scroll_To(2);
-    EXPECT_NEAR(Val(Form->Thick[1]), by_intercept, 0.006);
+    EXPECT_NEAR(Val(Form->Thick[1]), by_intercept + 1.5, 0.006);
     EXPECT_EQ(Form->Caption, "Intercept Time method");
     // Other values than those of the depth: it is no result of the critical distance any more.
     Work.Project.ShotThickness(2, 1) = 7;
     Scroll_To(2);
-    EXPECT_NEAR(Val(Form->Thick[1]), by_intercept, 0.006);
+    EXPECT_NEAR(Val(Form->Thick[1]), by_intercept + 1.5, 0.006);
 }
 
 TEST_F(DepthStore, AFailedComputationWipesNoStoredDepth) {
@@ -261,6 +263,20 @@ TEST_F(DepthStore, AfterAThicknessTooLargeToBeShownBothMethodsComputeAgain) {
         EXPECT_EQ(Form->Thick[1], CStr(by_distance));
         EXPECT_TRUE(World.Prompts.Messages.empty());
     }
+}
+
+TEST_F(DepthStore, ATooLargeThicknessOfALayerThatIsGoneDoesNotStay) {
+    Project& project = Work.Project;
+    project.VelocityA(2, 3) = project.VelocityB(2, 3) = 4000;
+    project.InterceptA(2, 2) = project.InterceptB(2, 2) = 900;  // 690 below layer 1
+    Open_At(2);
+    Form->Command1();
+    EXPECT_EQ(World.Prompts.Last_Text(), "Calculation impossible...");
+    World.Prompts.Messages.clear();
+    Form->VelocityA[3] = Form->VelocityB[3] = "";
+    Form->Command1();
+    EXPECT_TRUE(World.Prompts.Messages.empty());
+    EXPECT_NEAR(Val(Form->Thick[1]), by_intercept, 0.006);
 }
 
 TEST_F(DepthStore, AnAnsweredQuestionIsAnEditAlsoWhileScrolling) {

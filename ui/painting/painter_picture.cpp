@@ -71,6 +71,10 @@ QColor Inverting_Colour(Colour colour) {
     return Brightness(ink) < Brightness(opposite) ? opposite : ink;
 }
 
+QRgb To_Rgb(Colour colour) {
+    return qRgb(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+}
+
 }  // namespace
 
 QColor To_QColor(Colour colour) {
@@ -145,6 +149,7 @@ void PainterPicture::Place_Window() {
     InForce.Height = Inner.height();
     const double room = std::ceil(2 * Density);
     FigureClip = Inner.adjusted(-room, -room, room, room).intersected(Outer);
+    FigurePixels = FigureClip.toAlignedRect();
     ClipSet = Clip::None;
 }
 
@@ -484,13 +489,13 @@ std::optional<PixelPaper> PainterPicture::Direct_Paper() {
     QImage* image = Pixels();
     if (image == nullptr) return std::nullopt;
     return PixelPaper{image, static_cast<int>(Inner.left()), static_cast<int>(Inner.top()),
-                      Within_Clip(FigureClip).toAlignedRect()};
+                      Kept ? Within_Clip(FigureClip).toAlignedRect() : FigurePixels};
 }
 
 void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
     if (points.size() < 3) return;
     if (const auto paper = Direct_Paper(); paper && Is_Lobe(points)) {
-        Fill_Lobe(*paper, points, To_QColor(fill).rgb());
+        Fill_Lobe(*paper, points, To_Rgb(fill));
         Touch(Inner);
         return;
     }
@@ -507,7 +512,7 @@ void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
 void PainterPicture::Polyline(std::span<const PixelPoint> points, Colour colour) {
     if (points.size() < 2) return;
     if (const auto paper = Direct_Paper(); paper && Device_Width(Width) == 1) {
-        Draw_Thin_Line(*paper, points, To_QColor(colour).rgb());
+        Draw_Thin_Line(*paper, points, To_Rgb(colour));
         Touch(Inner);
         return;
     }

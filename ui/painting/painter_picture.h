@@ -126,6 +126,7 @@ class PainterPicture : public Picture {
     QRectF Outer;
     QRectF Inner;
     QRectF FigureClip;
+    QRect FigurePixels;
     std::optional<QRectF> Kept;  ///< the rectangle of Set_Clip, pixels
     PictureMargins Margins;
     double Density = 1;

@@ -1,10 +1,11 @@
-#include "core/project_open.h"
+#include "app/opening.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "core/files.h"
+#include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/tv4_file.h"
 #include "support/small_project.h"
