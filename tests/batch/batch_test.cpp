@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "batch/batch_fixture.h"
+#include "core/edits/project_block.h"
 #include "core/text/letters.h"
 
 namespace tarnvik::test {
