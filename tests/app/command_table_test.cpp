@@ -212,6 +212,8 @@ const std::vector<Row>& Rows() {
         {"ZZ", nothing, Opens(Dialog::Zoom)},
         {"Intercept_M", nothing,
          [](W& w) { return w.Program.Work.Curves.ShowReceiverIntercepts && w.Display.Count("curves") == 1; }},
+        {"LeadIn_M", nothing,
+         [](W& w) { return w.Program.Work.Curves.LeadInStrokes && w.Display.Count("curves") == 1; }},
         {"Vel_line_Col_Mnu", [](W& w) { w.Prompts.Expect_File("colour", "77"); },
          [](W& w) { return w.Program.Work.Settings.VelocityLineColor == 77; }},
         {"Large_Mnu", nothing, [](W& w) { return w.Program.Work.Settings.VelocityLineWidth == 2; }},
