@@ -6,6 +6,7 @@
 
 #include "app/session.h"
 #include "app/start.h"
+#include "core/fault.h"
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/number.h"
@@ -48,12 +49,25 @@ std::string Last_Block(const JournalContent& journal) {
     return block;
 }
 
+/// The block as it comes back from a project file, which keeps hundredths. A block that no file has room for
+/// is left as it is.
+std::string As_Filed(const std::string& block) {
+    Project project;
+    if (!Take_Project_Block(block, project)) return block;
+    try {
+        Project filed;
+        return Parse_Project(Project_Bytes(project), filed).Refusal.empty() ? Project_Block(filed) : block;
+    } catch (const Fault&) {
+        return block;
+    }
+}
+
 /// False for a journal whose edits were all taken back again, or whose project was saved all the same.
 bool Tells_Something_New(const JournalContent& journal) {
     const std::string last = Last_Block(journal);
     if (last.empty()) return false;
     const std::string filed = Filed_Block(journal.ProjectFile);
-    return filed.empty() || !Same_Filed_Content(filed, last);
+    return filed.empty() || !Same_Filed_Content(filed, As_Filed(last));
 }
 
 /// The project of the journal into memory, from its file or, for a line that was never saved, as the journal
@@ -129,7 +143,7 @@ std::string Lost_Work_Question(const JournalContent& journal) {
                        " not in the project file (last: " + name + "). Bring " +
                        (edits == 1 ? "it" : "them") + " back ?";
     const std::string filed = Filed_Block(journal.ProjectFile);
-    if (!filed.empty() && !Same_Filed_Content(filed, journal.Base))
+    if (!filed.empty() && !Same_Filed_Content(filed, As_Filed(journal.Base)))
         text += "\r\nThe project file has been changed since.";
     return text;
 }

@@ -164,4 +164,14 @@ TEST_F(Recovery, a_project_file_written_by_another_program_meanwhile_is_told) {
     EXPECT_NE(Question().find("The project file has been changed since."), std::string::npos);
 }
 
+TEST_F(Recovery, a_save_that_cuts_a_pick_to_hundredths_is_no_change_from_elsewhere) {
+    Work_Until_Killed([this](Session& program) {
+        Open_File_Named(program, Path);
+        Set_Pick(program.Work, {1, 3}, 41.50391, PickDigits::All);
+        Write_Project(program.Work, program.Outside);
+        Set_Pick(program.Work, {1, 4}, 42.5);
+    });
+    EXPECT_EQ(Question().find("has been changed since"), std::string::npos) << Question();
+}
+
 }  // namespace tarnvik::test

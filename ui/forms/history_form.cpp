@@ -22,6 +22,9 @@ HistoryForm::HistoryForm(Session& session, QtDisplay&) : Logic(session) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(List);
+    // Room for the usual names of edits beside their time.
+    List->setMinimumWidth(fontMetrics().horizontalAdvance("00:00:00   Move pick of shot 100, receiver 100") +
+                          2 * List->frameWidth() + 24);
     const auto walk = [this](const QListWidgetItem* item) {
         const int row = List->row(item);
         if (row >= 0) Logic.Go_To(static_cast<std::size_t>(row));
