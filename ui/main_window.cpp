@@ -67,6 +67,10 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
 
     resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
     restoreGeometry(Places.value("Window/Geometry").toByteArray());
+    // With its title bar the window would reach below a small screen, and the status bar with it.
+    const int title_bar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    if (height() + title_bar > screen()->availableSize().height())
+        setWindowState(windowState() | Qt::WindowMaximized);
     ResizeDone.setSingleShot(true);
     ResizeDone.setInterval(resize_pause_ms);
     connect(&ResizeDone, &QTimer::timeout, this, &MainWindow::Layout_Changed);
