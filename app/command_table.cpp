@@ -304,11 +304,14 @@ void Run_Command(Session& session, std::string_view name) {
     const Command* command = Find_Command(name);
     if (command == nullptr || !command->Available()) return;
     const std::string refusal = Refusal_Of(*command, session);
+    // What was told of an earlier command holds no longer.
+    const bool told = !session.Work.Fields.Status.empty();
+    session.Work.Fields.Status = refusal;
     if (refusal.empty()) {
         command->Run(session);
+        if (told) session.Outside.Show.Show_Fields();
         return;
     }
-    session.Work.Fields.Status = refusal;
     session.Outside.Show.Show_Fields();
 }
 

@@ -148,8 +148,11 @@ std::string Lost_Work_Question(const JournalContent& journal) {
     return text;
 }
 
-bool Offer_Lost_Work(Session& session) {
-    return Offer_Journals(session, [](const JournalContent&) { return true; });
+bool Offer_Lost_Work(Session& session, const std::string& opened_next) {
+    const bool asks_itself = !opened_next.empty() && File_Exists(opened_next);
+    return Offer_Journals(session, [&](const JournalContent& journal) {
+        return !asks_itself || !Same_File(journal.ProjectFile, opened_next);
+    });
 }
 
 bool Offer_Lost_Work_Of(Session& session, const std::string& project_file) {

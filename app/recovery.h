@@ -11,8 +11,9 @@ class Session;
 /// Offers the work that killed programs left in their journals, newest first: at the start all of it, and
 /// after the opening of `project_file` that of this project alone. Yes opens the project and brings its edits
 /// back as edits that can be undone, No puts the journal away for good, and a box that is closed leaves it
-/// for the next time. True when a project was brought back.
-bool Offer_Lost_Work(Session& session);
+/// for the next time. True when a project was brought back. The start leaves out `opened_next`, whose opening
+/// asks by itself.
+bool Offer_Lost_Work(Session& session, const std::string& opened_next = {});
 bool Offer_Lost_Work_Of(Session& session, const std::string& project_file);
 
 /// "<file> : the program ended at ...", the question above.

@@ -74,8 +74,8 @@ void Form_Load(Session& session, const std::string& command_line) {
     work.Fields.Text25 = CStr(work.Project.TotalTime);
     session.Outside.Show.Show_Fields();
 
-    if (Offer_Lost_Work(session)) return;
     const std::string path = Project_Of(command_line);
+    if (Offer_Lost_Work(session, path)) return;
     if (path.empty()) {
         session.Outside.Show.Open_Dialog(Dialog::frmSplash, true);
     } else {

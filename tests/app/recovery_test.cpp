@@ -124,6 +124,9 @@ TEST_F(Recovery, no_puts_it_away_a_closed_box_keeps_it_and_opening_the_project_a
     Prompts.Expect(question, Answer::Cancel);
     Form_Load(Program, "");
     EXPECT_EQ(Left().size(), 1U);
+    Prompts.Expect(question, Answer::Cancel);
+    Form_Load(Program, "\"" + Path + "\"");
+    EXPECT_EQ(Left().size(), 1U) << "asked once, not at the start and again at the opening";
     Prompts.Expect(question, Answer::No);
     EXPECT_TRUE(Open_File_Named(Program, Path));
     EXPECT_TRUE(Left().empty());
