@@ -53,16 +53,18 @@ std::string Distance_Label(const Project& project, int receiver, double x) {
     return CStr(Int(10 * distance) / 10);
 }
 
-void Draw_Receiver_Lines(const Project& project, const CurvePictures& pictures) {
+void Draw_Receiver_Lines(const Project& project, const CurveWindow& window, const CurvePictures& pictures) {
     const int receivers = project.NbReceivers;
     const int step = receivers < 25 ? 1 : receivers < 49 ? 2 : 4;
     // Beyond 48 receivers the stepped ones are thinned once more.
     const int thinning = receivers < 49 ? 1 : static_cast<int>(Rounded(receivers / 24.0));
+    constexpr double rounding = 0.5;
     bool first = true;
     for (int i = 1; i <= receivers; i += step * thinning) {
         const double x = Position_Ecran(project, i);
         pictures.Dromo.Line(x, 0, x, curve_picture_height, colours::LightGrey);
-        if (pictures.EchelleX != nullptr) {
+        // A label of a receiver out of sight would be pushed back over those at the edge.
+        if (pictures.EchelleX != nullptr && window.X1 - rounding <= x && x <= window.X2 + rounding) {
             pictures.EchelleX->Print_At(x - 1, 1, (first ? "g=" : "") + CStr(i), colours::ScaleBlue);
             pictures.EchelleX->Print_At(x - 1, 5, (first ? "m=" : "") + Distance_Label(project, i, x),
                                         colours::ScaleBlue);
@@ -270,7 +272,7 @@ void Draw_Frame_On(Workspace& workspace, const CurvePictures& pictures) {
     dromo.Set_Draw_Width(1);
     dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::White, true);
     dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::Black, false);
-    if (Has_Receivers(project)) Draw_Receiver_Lines(project, pictures);
+    if (Has_Receivers(project)) Draw_Receiver_Lines(project, window, pictures);
 
     Scale_Time_Grid(workspace);
     workspace.Curves.DrawnTimeFactor = view.TimeFactor;

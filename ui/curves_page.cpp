@@ -251,6 +251,8 @@ void CurvesPage::Wire_Pointer() {
 void CurvesPage::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
     CurveView& view = Program.Work.Curves;
     if (modifiers.testFlag(Qt::ControlModifier)) {
+        // Above the profile the curves stand whole; drawn enlarged they would take its place.
+        if (view.FrameDrawn == 2) return;
         const bool in_time = modifiers.testFlag(Qt::ShiftModifier);
         const double factor = std::pow(wheel_zoom, steps);
         const auto enlarged = [factor](double zoom) {
