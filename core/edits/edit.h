@@ -21,6 +21,10 @@ struct Edit {
     std::chrono::system_clock::time_point Time;
     ByteChanges Block;  ///< in the project block
     std::vector<FileChange> Files;
+    /// CurrentFile of the project when the edit gave it another name; both empty otherwise. The journal needs
+    /// no such names.
+    std::string ProjectFileBefore;
+    std::string ProjectFileAfter;
 
     std::size_t Footprint() const;
     void Write(ByteWriter& writer) const;

@@ -37,13 +37,11 @@ void Edits::Start(const Project& project, bool saved) {
     LastBlock = Project_Block(project);
     SavedBlock = saved ? LastBlock : std::string();
     SavedState = saved;
-    ProjectFile = project.CurrentFile;
     Drop_Journal();
 }
 
 void Edits::Saved(const Project& project) {
     std::string block = Project_Block(project);
-    ProjectFile = project.CurrentFile;
     if (Is_Open()) {
         // The edit on hand ends later; what it has changed so far stays its own.
         SavedBlock = std::move(block);
@@ -75,6 +73,7 @@ void Edits::Begin(const Project& project, const std::string& name, const std::st
     Take_In_Stray_Changes(project);
     Current = {};
     Current.Name = name;
+    Current.ProjectFileBefore = project.CurrentFile;
     CurrentSeries = series;
 }
 
@@ -83,7 +82,6 @@ void Edits::Take_In_Stray_Changes(const Project& project) {
     std::string block = Project_Block(project);
     if (LastBlock.empty()) {
         LastBlock = std::move(block);
-        ProjectFile = project.CurrentFile;
         return;
     }
     if (block == LastBlock) return;
@@ -112,6 +110,11 @@ void Edits::Note_File_Change(const std::string& path, std::int64_t position, std
 bool Edits::End(const Project& project) {
     if (Depth == 0 || --Depth > 0) return false;
     Edit edit = std::exchange(Current, {});
+    edit.ProjectFileAfter = project.CurrentFile;
+    if (edit.ProjectFileAfter == edit.ProjectFileBefore) {
+        edit.ProjectFileBefore.clear();
+        edit.ProjectFileAfter.clear();
+    }
     const std::string block = Project_Block(project);
     if (block != LastBlock) edit.Block = ByteChanges::Between(LastBlock, block);
     std::erase_if(edit.Files, [](const FileChange& file) { return file.Bytes.Empty(); });
@@ -183,9 +186,27 @@ void Edits::Give_Up(Project& project) {
     Tell(nothing);
 }
 
+namespace {
+
+/// The project goes by the name that it had before or after the edit, unless it has been given another one
+/// since.
+void Name_Project_File(Edit& edit, Project& project, bool back) {
+    const std::string& from = back ? edit.ProjectFileAfter : edit.ProjectFileBefore;
+    const std::string& to = back ? edit.ProjectFileBefore : edit.ProjectFileAfter;
+    if (from == to) return;
+    if (project.CurrentFile == from) {
+        project.CurrentFile = to;
+    } else {
+        edit.ProjectFileBefore.clear();
+        edit.ProjectFileAfter.clear();
+    }
+}
+
+}  // namespace
+
 std::string Edits::Step(Project& project, Direction direction, ChangeNotice& notice) {
     const bool back = direction == Direction::Back;
-    const Edit& edit = History[back ? Position - 1 : Position];
+    Edit& edit = History[back ? Position - 1 : Position];
     std::string block = Project_Block(project);
     if (!edit.Block.Apply(block, direction)) return "the project has another size than the history knows";
     const std::string reason = Apply_To_Files(edit.Files, direction);
@@ -201,6 +222,7 @@ std::string Edits::Step(Project& project, Direction direction, ChangeNotice& not
         notice.Files.push_back(&file);
     notice.Name = edit.Name;
     Position = back ? Position - 1 : Position + 1;
+    Name_Project_File(edit, project, back);
     LastBlock = std::move(block);
     if (!JournalFolder.empty()) {
         // A journal that began behind this edit has no such step; the way back is then an edit of its own.

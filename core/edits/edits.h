@@ -95,7 +95,6 @@ class Edits : public FileRecorder {
     int Depth = 0;
     Edit Current;  ///< in work
     std::string CurrentSeries;
-    std::string ProjectFile;
     std::unique_ptr<Journal> Log;
     std::string JournalFolder;
 };

@@ -48,6 +48,28 @@ TEST_F(Changes, one_pick_shows_one_cell_and_repaints_the_curves_once) {
     EXPECT_EQ(Cell(5, 2), "33.25");
 }
 
+TEST_F(Changes, undoing_the_loading_of_other_records_gives_the_project_its_file_back) {
+    const std::string other = Folder / "other.su";
+    ASSERT_EQ(Copy_File(Folder / "demo1.su", other), "");
+    const auto load = [&] {
+        Prompts.Expect_File("Load ", other);
+        Run_Command(Program, "Command18");
+    };
+    load();
+    EXPECT_EQ(Line.CurrentFile, Folder / "other.tv5");
+    Undo_Edit(Program);
+    EXPECT_EQ(Line.SuFile, "demo1.su");
+    EXPECT_EQ(Line.CurrentFile, Path);
+    Redo_Edit(Program);
+    EXPECT_EQ(Line.SuFile, other);
+    EXPECT_EQ(Line.CurrentFile, Folder / "other.tv5");
+    // A name given since stays, in both directions.
+    Line.CurrentFile = Folder / "named.tv5";
+    Undo_Edit(Program);
+    Redo_Edit(Program);
+    EXPECT_EQ(Line.CurrentFile, Folder / "named.tv5");
+}
+
 TEST_F(Changes, what_is_asked_for_inside_an_edit_is_done_once_at_its_end) {
     Edit("Line length", [this] {
         for (int i = 0; i < 3; ++i) {
