@@ -152,7 +152,10 @@ bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& h
     const bool opened = Open_Named_Project(workspace, ports, hooks, path);
     workspace.Mode.Display(DisplayMode::Dromo);
     ports.Show.Show_Curves();
-    if (opened && Take_Records_Beside(workspace, hooks)) Run(hooks.LoadSuFile);
+    if (opened) {
+        Take_Records_Beside(workspace, hooks);
+        Run(hooks.LoadSuFile);
+    }
     return opened;
 }
 
