@@ -42,6 +42,12 @@ void Fcalcul::Load() {
     Work.Depth.VelocityFault = false;
     Label17 = "1 - ";
     Label18 = " Rec. " + CStr(Work.Project.NbReceivers);
+    // An offset shot fills no field: what stood there before may be of another line.
+    for (std::string* field : {&ShotLabel, &Altitude, &ShotDepth, &Layers, &Caption})
+        field->clear();
+    Empty_Rows();
+    VisibleLayers = 2;
+    Unsaved = Unsaved && !Work.Edits.Is_Saved();
     HScroll1.Value = Work.Velocity.CurrentShot;
     HScroll1_Changed();
 }

@@ -158,6 +158,15 @@ TEST_F(FcalculTest, AnOffsetShotIsRefusedAndLeavesEverythingAsItWas) {
     EXPECT_EQ(Form->OffsetText, "");
 }
 
+TEST_F(FcalculTest, AnOffsetShotAtTheOpeningShowsNothingOfAFormerLine) {
+    Open_At(2);
+    Form->Unsaved = true;
+    Open_At(4);
+    EXPECT_NE(Form->OffsetText, "");
+    EXPECT_EQ(Form->Shot(), 0);
+    EXPECT_EQ(Form->Altitude + Form->Layers + Form->VelocityA[1] + Form->InterceptA[1] + Form->Thick[1], "");
+}
+
 TEST_F(FcalculTest, AWrongLayerTwoGoesOnWithTheAnglesOfTheShotBefore) {
     Open_At(2);
     const double angle = Work.Depth.AngleCritique[2][1];
