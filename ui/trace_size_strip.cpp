@@ -38,6 +38,9 @@ void TraceSizeStrip::Refresh() {
     QStringList texts;
     for (int row = 0; row < sizes.Rows(); ++row)
         texts << QString::fromStdString(sizes.Text(row, 0));
+    // Without a record the rows stand empty.
+    if (std::all_of(texts.cbegin(), texts.cend(), [](const QString& text) { return text.isEmpty(); }))
+        texts.clear();
     int widest = 0;
     for (const QString& text : std::as_const(texts))
         widest = std::max(widest, fontMetrics().horizontalAdvance(text));
