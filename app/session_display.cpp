@@ -9,6 +9,7 @@
 #include "output/profile_painting.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
+#include "traveltime/curve_drawing.h"
 #include "traveltime/curves.h"
 
 namespace tarnvik {
@@ -135,6 +136,8 @@ void SessionDisplay::Paint_Curves() {
     SilentPicture none;
     Draw_Page(*Owner, Page::Curves,
               {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY)});
+    // On the screen alone: a print has no pick on the pointer.
+    Draw_Caught_Pick(Canvas_Of(Canvas::Dromo), Owner->Work);
     if (Owner->Work.Curves.DoubleView == 1)
         Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none});
 }

@@ -354,7 +354,6 @@ bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
             all_drawn = false;
         }
     }
-    Draw_Caught_Pick(pictures.Dromo, workspace);
     return all_drawn;
 }
 

@@ -58,14 +58,23 @@ void MovePick::Release(const PointerEvent& release) {
     CurveView& view = Work.Curves;
     const bool same_place = release.X == Pressed->X && release.Y == Pressed->Y;
     Pressed.reset();
-    const bool deleted = same_place && Outside.Ask.Ask_Yes("Delete geophone " + CStr(view.PickReceiver) +
-                                                               " of shot " + CStr(view.PickShot),
-                                                           Work.AppTitle);
-    // Answered with no, the pick takes the pointer's time like any other move.
-    const double y = deleted ? 0 : std::max(0.0, release.Y);
+    Answer answer = Answer::No;
+    if (same_place) {
+        answer = Outside.Ask.Message(
+            "Delete geophone " + CStr(view.PickReceiver) + " of shot " + CStr(view.PickShot), Work.AppTitle,
+            Icon::Question, Buttons::YesNoCancel);
+    }
     view.PickMoving = 0;
     Outside.Show.Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
-    Store(view.PickFactor * y);
+    if (answer != Answer::Yes && answer != Answer::No) {
+        // A closed box lets the pick go where it was, without its ring.
+        const PickPlace place{view.PickShot, view.PickReceiver};
+        if (Work.Project.ShotTimes.Has(place.Shot, place.Receiver))
+            Refresh_Curves(Work, Outside, std::span(&place, 1));
+        return;
+    }
+    // Answered with no, the pick takes the pointer's time like any other move.
+    Store(answer == Answer::Yes ? 0 : view.PickFactor * std::max(0.0, release.Y));
 }
 
 void MovePick::Store(double time_ms) {

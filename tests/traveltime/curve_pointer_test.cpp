@@ -286,7 +286,7 @@ TEST(MovePick, MovesOrDeletesBetweenPressAndRelease) {
         const char* Cell;
     };
     for (const Case& c : {Case{false, Answer::No, 45.25F, "45.25"}, Case{true, Answer::Yes, 0, "0.00"},
-                          Case{true, Answer::No, 31.5F, "31.50"}}) {
+                          Case{true, Answer::No, 31.5F, "31.50"}, Case{true, Answer::Cancel, 32, ""}}) {
         Pointed line;
         int saved = 0;
         line.Pointer.Pick_In_Hand().Save = [&saved] { ++saved; };
@@ -305,7 +305,7 @@ TEST(MovePick, MovesOrDeletesBetweenPressAndRelease) {
         line.Pointer.Release(c.SamePlace ? At(48, 31.5) : At(49, 45.25));
         EXPECT_EQ(line.Work.Project.ShotTimes(2, 13), c.Time);
         EXPECT_EQ(line.Work.Grids.Buildgrid.Text(13, 2), c.Cell);
-        EXPECT_EQ(saved, 1);
+        EXPECT_EQ(saved, c.Reply == Answer::Cancel ? 0 : 1);
         EXPECT_EQ(line.View().PickMoving, 0);
         EXPECT_FALSE(line.Dromo().Clips.empty()) << "redrawn where it changed";
         EXPECT_FALSE(line.Dromo().Clipped);
