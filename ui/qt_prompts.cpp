@@ -148,7 +148,7 @@ std::string QtPrompts::Save_File(const FileRequest& request) {
         const qsizetype at = parts.size() == 1 ? 0 : 2 * chosen + 1;
         if (chosen < 0 || at >= parts.size()) return;
         const QString pattern = parts[at].section(' ', -1).section(';', 0, 0).trimmed();
-        if (pattern.startsWith("*.") && pattern != "*.*") dialog.setDefaultSuffix(pattern.mid(2));
+        if (pattern.startsWith("*.") && pattern != "*.*") dialog.setDefaultSuffix(pattern.mid(2).toLower());
     };
     follow_filter(dialog.nameFilters().value(0));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow_filter);
