@@ -172,6 +172,7 @@ namespace {
 constexpr int most_shots_of_cut_file = Project::MaxShots;
 constexpr int most_receivers_of_cut_file = 1000;
 
+constexpr int remarks_block = 8;
 constexpr std::array<const char*, 10> block_names = {
     "the counts", "the picks",   "the receivers", "the shots",      "the velocities",
     "the depths", "the SU file", "the remarks",   "the total time", "the distance shift"};
@@ -205,6 +206,7 @@ class BlockWatch {
             if (!text.empty()) text += "\r\n";
             text += "There are words where numbers should stand, first in block " + CStr(FirstWord) + " (" +
                     Name(FirstWord) + ").";
+            if (FirstWord == remarks_block) text += " A comma in a remark ends it and shifts what follows.";
         }
         return text;
     }
