@@ -91,7 +91,11 @@ void Choose_Of_Two(Workspace& workspace, Ports& ports) {
                               workspace.AppTitle);
         chosen = take ? beside : project.SuFile;
     }
+    if (project.SuFile == chosen) return;
     project.SuFile = chosen;
+    // What the opening settles is no unsaved work and no step of the history.
+    const Edits& edits = workspace.Edits;
+    if (edits.All().empty() && !edits.Is_Open()) workspace.Edits.Start(project, edits.Is_Saved());
 }
 
 /// Counts, twin and first record of the project's file.

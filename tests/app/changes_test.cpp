@@ -56,13 +56,13 @@ TEST_F(Changes, undoing_the_loading_of_other_records_gives_the_project_its_file_
         Run_Command(Program, "Command18");
     };
     load();
-    EXPECT_EQ(Line.CurrentFile, Folder / "other.tv5");
+    EXPECT_EQ(Line.CurrentFile, Folder / "other.TV5");
     Undo_Edit(Program);
     EXPECT_EQ(Line.SuFile, "demo1.su");
     EXPECT_EQ(Line.CurrentFile, Path);
     Redo_Edit(Program);
     EXPECT_EQ(Line.SuFile, other);
-    EXPECT_EQ(Line.CurrentFile, Folder / "other.tv5");
+    EXPECT_EQ(Line.CurrentFile, Folder / "other.TV5");
     // A name given since stays, in both directions.
     Line.CurrentFile = Folder / "named.tv5";
     Undo_Edit(Program);

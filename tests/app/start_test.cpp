@@ -50,20 +50,31 @@ TEST_F(StartAndEnd, records_of_the_same_name_beside_the_project_are_taken_and_sc
 }
 
 TEST_F(StartAndEnd, of_two_records_of_one_name_the_one_that_the_user_chose_is_shown) {
-    std::filesystem::create_directory(Folder / "stored");
-    const std::string stored = SuBuilder(6, 10).Records(3).Write(Folder / "stored/line.su");
-    const std::string beside = SuBuilder(10, 10).Records(5).Write(Folder / "line.su");
-    const std::string path = Project_File("line.tv5");
-    Parse_Project(*Read_File(path), Program.Work.Project);
-    Program.Work.Project.SuFile = stored;
-    ASSERT_EQ(Replace_File(path, Project_Bytes(Program.Work.Project)), "");
-    World.Prompts.Expect("The project names the field records " + stored +
-                             ". A file of the same name lies beside the project: " + beside +
-                             ". Take the one beside the project ?",
-                         Answer::No);
-    Form_Load(Program, "\"" + path + "\"");
-    EXPECT_EQ(Program.Work.Project.SuFile, stored);
-    EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, 3);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        const std::string folder = answer == Answer::No ? "no" : "yes";
+        std::filesystem::create_directories((Folder / folder) + "/stored");
+        const std::string stored = SuBuilder(6, 10).Records(3).Write(Folder / (folder + "/stored/line.su"));
+        const std::string beside = SuBuilder(10, 10).Records(5).Write(Folder / (folder + "/line.su"));
+        const std::string path = Project_File(folder + "/line.tv5");
+        Parse_Project(*Read_File(path), Program.Work.Project);
+        Program.Work.Project.SuFile = stored;
+        ASSERT_EQ(Replace_File(path, Project_Bytes(Program.Work.Project)), "");
+        World.Prompts.Expect("The project names the field records " + stored +
+                                 ". A file of the same name lies beside the project: " + beside +
+                                 ". Take the one beside the project ?",
+                             answer);
+        Form_Load(Program, "\"" + path + "\"");
+        EXPECT_EQ(Program.Work.Project.SuFile, answer == Answer::No ? stored : beside);
+        EXPECT_EQ(Program.Work.Record.ChannelsPerRecord, answer == Answer::No ? 3 : 5);
+        // The choice belongs to the opening: it is no work and no step of the history.
+        {
+            const EditScope edit(Program.Work, "Line length");
+            Program.Work.Project.LineLength += 1;
+        }
+        EXPECT_EQ(Program.Work.Edits.All().size(), 1U);
+        Program.Work.Edits.Undo(Program.Work.Project);
+        EXPECT_TRUE(Program.Work.Edits.Is_Saved());
+    }
 }
 
 TEST_F(StartAndEnd, a_project_without_records_after_one_with_records_shows_none) {
