@@ -9,6 +9,7 @@
 #include "core/text/number.h"
 #include "records/record_display.h"
 #include "setup/build_grid.h"
+#include "traveltime/curves.h"
 
 namespace tarnvik {
 
@@ -37,12 +38,15 @@ void Follow_Project(Workspace& work) {
     work.Fields.Label16 = project.SuFile;
 }
 
+/// Nothing that stands in the table or on the curves changed but these picks.
+bool Picks_Alone(const ChangeNotice& notice) {
+    return !notice.Picks.empty() && !Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers,
+                                                            ProjectPart::Shots, ProjectPart::Line});
+}
+
 void Show_Table(Session& session, const ChangeNotice& notice) {
     Workspace& work = session.Work;
-    const bool picks_alone =
-        !notice.Picks.empty() && !Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers,
-                                                         ProjectPart::Shots, ProjectPart::Line});
-    if (picks_alone) {
+    if (Picks_Alone(notice)) {
         for (const PickPlace& pick : notice.Picks) {
             Fill_Grid_Cell(work, pick);
             session.Outside.Show.Show_Cell(pick.Receiver, pick.Shot);
@@ -67,6 +71,8 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
         if (!notice.Parts.Empty()) show.Repaint_Page(Page::Profile);
     } else if (work.Curves.FrameDrawn == 1 && notice.Parts.Has(ProjectPart::Counts)) {
         show.Show_Curves();
+    } else if (work.Curves.FrameDrawn == 1 && Picks_Alone(notice)) {
+        Refresh_Curves(work, session.Outside, notice.Picks);
     } else if (work.Curves.FrameDrawn == 1 && curves) {
         show.Repaint_Page(Page::Curves);
     }
