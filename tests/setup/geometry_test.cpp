@@ -111,7 +111,7 @@ TEST(TrueDistances, AreTheOtherSideOfTheTriangle) {
     ASSERT_TRUE(steep) << "a step as high as the spacing is a wall, but possible";
     EXPECT_EQ((*steep)[1], 0);
     EXPECT_FALSE(Places_From_Elevations(std::vector<double>{0, 5.01}, 0, 0, 5));
-    // The first distance is taken without its sign under the root; this is meant.
+    // The first distance is taken without its sign under the root: a rise and a fall shorten alike.
     EXPECT_EQ(Places_From_Elevations(std::vector<double>{5}, 4, 0, 5)->front(), 3);
 }
 
