@@ -121,8 +121,6 @@ void AutoPik::Reset() {
     if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
     files.Tell_Faults("Reset");
     edit.End();
-    Outside.Show.Show_Curves();
-    Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 
@@ -219,8 +217,6 @@ void AutoPik::Pick_auto() {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }
     edit.End();
-    Outside.Show.Show_Curves();
-    Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 
