@@ -1,6 +1,5 @@
 #include "app/edit_commands.h"
 
-
 #include "app/local_time.h"
 #include "app/session.h"
 

@@ -112,10 +112,10 @@ std::string Lost_Work_Question(const JournalContent& journal) {
     for (const JournalContent::Record& record : journal.Records) {
         if (!record.Content.Block.Empty()) name = record.Content.Name;
     }
-    std::string text = file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
-                       CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
-                       " not in the project file (last: " + name + "). Bring " +
-                       (edits == 1 ? "it" : "them") + " back ?";
+    std::string text =
+        file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
+        CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
+        " not in the project file (last: " + name + "). Bring " + (edits == 1 ? "it" : "them") + " back ?";
     const std::string filed = Filed_Block(journal.ProjectFile);
     if (!filed.empty() && !Same_Filed_Content(filed, journal.Base))
         text += "\r\nThe project file has been changed since.";

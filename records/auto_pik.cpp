@@ -133,7 +133,8 @@ AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
     AutomaticPickingParameters with;
     // The half cycle is shown first and read back, so that a value typed into HalfCycle does not survive.
     Show_Half_Cycle();
-    // The sensitivity is checked and shown only: the search has no step for it, and users' eyes know the field.
+    // The sensitivity is checked and shown only: the search has no step for it, and users' eyes know the
+    // field.
     if (Val(Sensitivity) == 0) Sensitivity = "0.0001";
     if (Val(Sensitivity) > 1) Sensitivity = "1";
     const double sample_ms = Sample_Ms(record);

@@ -151,7 +151,7 @@ void RecordPointer::Drag(const RecordEvent& event) {
     Dragged = true;
     PickSetter picks(Work);
     const EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks.Layout(), *trace),
-                   "drag on record " + CStr(Drags));
+                         "drag on record " + CStr(Drags));
     picks.Set_Trace(*trace, Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100);
     picks.Tell_Faults("Pick");
 }
