@@ -4,7 +4,6 @@
 #include <cmath>
 #include <optional>
 
-#include "core/fault.h"
 #include "core/text/number.h"
 #include "records/polarity_reversal.h"
 #include "records/record_files.h"
