@@ -119,10 +119,17 @@ class Controls : public testing::Test {
             EXPECT_EQ(Text(control).toDouble(), shown);
             effect.Before();
             Type(control, QString::number(typed));
+            Display.Show_Fields();
+            EXPECT_EQ(Text(control).toDouble(), typed) << "what is being typed stays";
             EXPECT_EQ(field, shown) << "not before Return";
             QTest::keyClick(control, Qt::Key_Return);
             EXPECT_EQ(field, typed);
             EXPECT_TRUE(effect.Done());
+            field = shown;
+            Display.Show_Fields();
+            EXPECT_EQ(Text(control).toDouble(), shown) << "nothing is being typed any more";
+            field = typed;
+            Display.Show_Fields();
         };
     }
     /// What the logic shows and nobody can type.

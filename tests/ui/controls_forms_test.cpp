@@ -100,6 +100,12 @@ TEST_F(FormControls, of_the_velocity_calculation_do_their_work) {
              QTest::keyClick(control, Qt::Key_Down);
              EXPECT_EQ(logic.Shot, "3");
              EXPECT_TRUE(alone.Done());
+             // Left without Return it counts as well.
+             Type(control, "4.2");
+             alone.Before();
+             form()->findChild<QWidget*>("Check3")->setFocus();
+             EXPECT_EQ(logic.Shot, "4.2");
+             EXPECT_TRUE(alone.Done());
              Shows(control, logic.Shot);
          }},
         {"Combo3", receiver_box(logic.FirstReceiver, SpeedF::ReceiverBox::From, "From")},
@@ -136,7 +142,11 @@ TEST_F(FormControls, of_the_velocity_calculation_do_their_work) {
         {"Text4", Shown(logic.Velocity)},
         {"Text5", Shown(logic.Intercept)},
         {"Text6", Shown(logic.Correlation)},
-        {"Command5", Clicked({stretch, [&] { return logic.Velocity.starts_with("36"); }})},
+        {"Command5", Clicked({stretch,
+                              [&] {
+                                  return logic.Velocity.starts_with("36") &&
+                                         form()->focusWidget() == form()->findChild<QWidget*>("Combo4");
+                              }})},
         {"Command2", Clicked(Redraws("Dromo"))},
         {"Command1",
          [&](QWidget* control) {
@@ -420,15 +430,16 @@ TEST_F(FormControls, of_the_start_dialog_do_their_work) {
 
 TEST_F(FormControls, of_a_new_profile_do_their_work) {
     rechinfo& logic = Program.NewProfile;
-    Workspace& aside = Work;
     const auto form = [&]() -> QWidget* {
         if (Display.Is_Open(Dialog::rechinfo)) return Display.Open_Form(Dialog::rechinfo);
-        QWidget* opened = Open(Dialog::rechinfo);
-        logic.Affichage(aside);
-        return opened;
+        logic.Affichage(Work);
+        return Open(Dialog::rechinfo);
     };
     form();
     EXPECT_EQ(logic.Geophones, "24");
+    auto* first = qobject_cast<QLineEdit*>(form()->focusWidget());
+    ASSERT_NE(first, nullptr);
+    EXPECT_TRUE(first->hasSelectedText()) << "typing begins anew";
     EXPECT_EQ(logic.Shots, "5");
     const Effect sketched = Redraws("Profile2");
     // A change of these spreads the shots anew.

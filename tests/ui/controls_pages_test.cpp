@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QListView>
 #include <QTableView>
+#include <QWheelEvent>
 
 #include "control_table.h"
 #include "records/header_words.h"
@@ -208,6 +209,25 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
             const Frame after = frame("Dromo");
             EXPECT_EQ(after.Left - before.Left, orientation == Qt::Horizontal ? 1 : 0);
             EXPECT_EQ(after.Top - before.Top, orientation == Qt::Horizontal ? 0 : 1);
+            // The bar and the wheel go up with the picture: to later times, or to earlier ones.
+            for (const bool zero_on_top : {false, true}) {
+                view.ZeroOnTop = zero_on_top;
+                Display.Show_Curves();
+                if (orientation == Qt::Vertical) {
+                    EXPECT_NE(bar->invertedAppearance(), zero_on_top);
+                }
+                field.Value = 30;
+                Display.Show_Fields();
+                const Qt::KeyboardModifiers keys =
+                    orientation == Qt::Horizontal ? Qt::ShiftModifier : Qt::NoModifier;
+                const QPointF place(100, 100);
+                QWheelEvent up(place, Box("Dromo")->mapToGlobal(place), {}, {0, 120}, {}, keys,
+                               Qt::NoScrollPhase, false);
+                QApplication::sendEvent(Box("Dromo"), &up);
+                EXPECT_NE(field.Value, 30);
+                EXPECT_EQ(field.Value > 30, orientation == Qt::Vertical && !zero_on_top);
+            }
+            view.ZeroOnTop = false;
             Set_Zoom(view, 1, 1);
             Display.Show_Curves();
         };

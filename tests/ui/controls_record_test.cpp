@@ -84,7 +84,10 @@ TEST_F(RecordPageControls, each_does_its_work) {
         {"Text10",
          Finished<std::int32_t>(
              View.LastTrace, 24, 20,
-             {Draws().Before,
+             {[&] {
+                  View.WholeFirst = View.WholeLast = 0;
+                  Draws().Before();
+              },
               [&] { return !Blank(Box("Ecran")) && View.WholeFirst == 1 && View.WholeLast == 24; }})},
         {"Text13", Finished(View.ShotStation, 1.0, 3.0,
                             {[&] {
@@ -130,6 +133,22 @@ TEST_F(RecordPageControls, each_does_its_work) {
         {"Check7", Ticked(View.Overdraw, Draws())},
     };
     Check_All([&] { return Page; }, rows);
+
+    // The buttons that stay down follow what they stand for, however it came about.
+    const auto marks = [&] {
+        std::string down;
+        for (const char* name : {"Command25", "Command5", "Pick_Time_Shift", "Spectre_Frequency"})
+            down += Page->findChild<QAbstractButton*>(name)->isChecked() ? '1' : '0';
+        return down;
+    };
+    EXPECT_EQ(marks(), "1011");
+    View.DisplayPolarity = 1;
+    View.PickTimeShift = 0;
+    View.SpectrumRequest = 0;
+    Open(Dialog::AutoPik);
+    Display.Show_Fields();
+    EXPECT_EQ(marks(), "0100");
+    Display.Close_Dialog(Dialog::AutoPik);
 
     // Without records nothing is left to be used but their loading.
     Line.SuFile.clear();
