@@ -508,8 +508,17 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
              EXPECT_TRUE(sketched.Done());
          }},
         {"Command2", Clicked(only_sketched)},
-        {"Command3", Clicked({[&] { Prompts.Expect_File("Load ", ""); },
-                              [&] { return Prompts.FileRequests.size() == 1; }})},
+        {"Command3", Clicked({[&] {
+                                  form()->findChild<QLineEdit*>("Text5")->setFocus();
+                                  for (QLineEdit* edit : form()->findChildren<QLineEdit*>())
+                                      edit->deselect();
+                                  Prompts.Expect_File("Load ", "");
+                              },
+                              [&] {
+                                  const auto* edit = qobject_cast<QLineEdit*>(form()->focusWidget());
+                                  return Prompts.FileRequests.size() == 1 && edit != nullptr &&
+                                         edit->hasSelectedText();
+                              }})},
         {"Command1",
          [&](QWidget* control) {
              logic.Spacing = "0";
