@@ -147,12 +147,8 @@ void Take_Out_Current_Shot(Session& session) {
         return;
     }
     Close_Computing_Dialogs(session);
-    EditScope edit(work, "Take out shot " + CStr(shot));
+    const EditScope edit(work, "Take out shot " + CStr(shot));
     Remove_Colonne(work, session.Outside, shot);
-    edit.End();
-    Scale_Time_Grid(work);
-    session.Outside.Show.Show_Curves();
-    session.Outside.Show.Show_Fields();
 }
 
 }  // namespace tarnvik

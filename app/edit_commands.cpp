@@ -1,8 +1,6 @@
 #include "app/edit_commands.h"
 
-#include <chrono>
-#include <ctime>
-
+#include "app/local_time.h"
 #include "app/session.h"
 
 namespace tarnvik {
@@ -12,18 +10,6 @@ namespace {
 void Tell_Failure(Session& session, const std::string& subject, const std::string& reason) {
     if (reason.empty()) return;
     session.Outside.Ask.Say(subject + ": " + reason, session.Work.AppTitle, Icon::Critical);
-}
-
-std::string Time_Of_Day(std::chrono::system_clock::time_point time) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &seconds);
-#else
-    localtime_r(&seconds, &local);
-#endif
-    char text[16];
-    return {text, std::strftime(text, sizeof text, "%H:%M:%S", &local)};
 }
 
 }  // namespace
@@ -66,7 +52,7 @@ std::vector<HistoryList::Row> HistoryList::Rows() const {
     const Edits& edits = Owner.Work.Edits;
     std::vector<Row> rows = {{"Beginning", {}, true}};
     for (const Edit& edit : edits.All())
-        rows.push_back({edit.Name, Time_Of_Day(edit.Time), rows.size() <= edits.Done()});
+        rows.push_back({edit.Name, Local_Time_Text(edit.Time, "%H:%M:%S"), rows.size() <= edits.Done()});
     return rows;
 }
 

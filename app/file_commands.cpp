@@ -22,7 +22,7 @@ void Open_Travel_Time(Session& session) {
     Show_Opened_Project(session);
     Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
     const Project& project = session.Work.Project;
-    // The opening has asked for missing records once already; this command asks again, which is meant.
+    // The opening asks for missing records by itself; whoever declined there gets a second chance here.
     if (!project.SuFile.empty() && !File_Exists(Su_Path(project)) &&
         session.Outside.Ask.Ask_Yes("Do you want to locate the SU File", session.Work.AppTitle)) {
         Load_SU_File_Of_Project(session.Work, session.Outside);

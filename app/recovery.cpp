@@ -1,9 +1,9 @@
 #include "app/recovery.h"
 
-#include <ctime>
 #include <filesystem>
 #include <system_error>
 
+#include "app/local_time.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "core/files.h"
@@ -17,18 +17,6 @@ namespace {
 bool Same_File(const std::string& one, const std::string& other) {
     std::error_code failed;
     return one == other || std::filesystem::equivalent(one, other, failed);
-}
-
-std::string Date_And_Time(std::chrono::system_clock::time_point time) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    std::tm local{};
-#ifdef _WIN32
-    localtime_s(&local, &seconds);
-#else
-    localtime_r(&seconds, &local);
-#endif
-    char text[32];
-    return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local)};
 }
 
 /// Project block as a project file on the disk has it; empty when there is none that can be read.
@@ -124,10 +112,10 @@ std::string Lost_Work_Question(const JournalContent& journal) {
     for (const JournalContent::Record& record : journal.Records) {
         if (!record.Content.Block.Empty()) name = record.Content.Name;
     }
-    std::string text = file + " : the program ended at " + Date_And_Time(journal.Last_Time()) + "; " +
-                       CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
-                       " not in the project file (last: " + name + "). Bring " +
-                       (edits == 1 ? "it" : "them") + " back ?";
+    std::string text =
+        file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
+        CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
+        " not in the project file (last: " + name + "). Bring " + (edits == 1 ? "it" : "them") + " back ?";
     const std::string filed = Filed_Block(journal.ProjectFile);
     if (!filed.empty() && !Same_Filed_Content(filed, journal.Base))
         text += "\r\nThe project file has been changed since.";

@@ -9,6 +9,7 @@
 #include "core/text/number.h"
 #include "records/record_display.h"
 #include "setup/build_grid.h"
+#include "traveltime/curves.h"
 
 namespace tarnvik {
 
@@ -30,6 +31,11 @@ bool Has_Any(const ProjectParts& parts, std::initializer_list<ProjectPart> any) 
     return std::any_of(any.begin(), any.end(), [&parts](ProjectPart part) { return parts.Has(part); });
 }
 
+bool Picks_Alone(const ChangeNotice& notice) {
+    return !notice.Picks.empty() && !Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers,
+                                                            ProjectPart::Shots, ProjectPart::Line});
+}
+
 /// Fields of the main form that show values of the project.
 void Follow_Project(Workspace& work) {
     const Project& project = work.Project;
@@ -39,10 +45,7 @@ void Follow_Project(Workspace& work) {
 
 void Show_Table(Session& session, const ChangeNotice& notice) {
     Workspace& work = session.Work;
-    const bool picks_alone =
-        !notice.Picks.empty() && !Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers,
-                                                         ProjectPart::Shots, ProjectPart::Line});
-    if (picks_alone) {
+    if (Picks_Alone(notice)) {
         for (const PickPlace& pick : notice.Picks) {
             Fill_Grid_Cell(work, pick);
             session.Outside.Show.Show_Cell(pick.Receiver, pick.Shot);
@@ -65,9 +68,13 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
         // Curves beside the profile are painted: a drawing would take the profile away.
         if (curves) show.Repaint_Page(Page::Curves);
         if (!notice.Parts.Empty()) show.Repaint_Page(Page::Profile);
-    } else if (work.Curves.FrameDrawn == 1 && notice.Parts.Has(ProjectPart::Counts)) {
+    } else if (!curves) {
+        return;
+    } else if (work.Curves.FrameDrawn == 0 || notice.Parts.Has(ProjectPart::Counts)) {
         show.Show_Curves();
-    } else if (work.Curves.FrameDrawn == 1 && curves) {
+    } else if (Picks_Alone(notice)) {
+        Refresh_Curves(work, session.Outside, notice.Picks);
+    } else {
         show.Repaint_Page(Page::Curves);
     }
 }
@@ -88,14 +95,12 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     const HeldRedraws held(session.Outside.Show);
     if (notice.Nothing()) return;
     Workspace& work = session.Work;
-    const bool walked = notice.Happened != ChangeNotice::Kind::Made;
     if (notice.Parts.Has(ProjectPart::Counts)) {
         const int shots = std::max<int>(1, work.Project.NbShots);
         work.Velocity.CurrentShot =
             static_cast<std::int16_t>(std::clamp<int>(work.Velocity.CurrentShot, 1, shots));
     }
-    // The routines that made the edit have done this themselves, where it belongs to it.
-    if (walked && Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times})) Scale_Time_Grid(work);
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times})) Scale_Time_Grid(work);
     if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::TotalTime, ProjectPart::FieldRecords})) {
         Follow_Project(work);
     }

@@ -128,7 +128,7 @@ void Read_From_Dialog(Session& session) {
     if (!May_Leave_Project(session)) return;
     session.Outside.Show.Select_Tab(Tab::Curves);
     if (Select_Project(session.Work, session.Outside, session.Hooks)) {
-        // Read and backed up a second time; this order is meant.
+        // Read a second time, so that the opening with its questions is the same on every road.
         Open_Project(session.Work, session.Outside, session.Hooks, true);
         Show_Opened_Project(session);
         Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);

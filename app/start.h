@@ -13,7 +13,7 @@ class Session;
 void Form_Load(Session& session, const std::string& command_line);
 
 /// Road of the start dialog and of the toolbar key "open": file dialog, then the project. The file is read
-/// twice and backed up twice; this order is meant.
+/// and backed up by the choice and again by the opening, which is the same on every road.
 void Read_From_Dialog(Session& session);
 /// Road of the button "Display ...": the newest recent file.
 void Display_Last_File(Session& session);

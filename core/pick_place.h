@@ -1,5 +1,7 @@
 #pragma once
 
+#include <compare>
+
 namespace tarnvik {
 
 /// Where a first break stands in the project: shot and receiver, from 1.

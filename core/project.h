@@ -81,7 +81,8 @@ void Redimension_Project(Project& project);
 void Erase_Project(Project& project);
 
 /// Time step of the travel-time grid for the latest pick `max_time` (ms): 0.5, 1, 1.5, 2, 3, 5 or 10 ms per
-/// unit of the picture, 100 units high. Exactly 50 and exactly 500 keep 1; this is meant.
+/// unit of the picture, 100 units high. Exactly 50 and exactly 500 keep 1: printed sheets
+/// of such lines have that scale.
 double Time_Factor(double max_time);
 
 /// Latest pick of all shots, ms; 0 without any.

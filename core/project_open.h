@@ -14,11 +14,11 @@ namespace tarnvik {
 /// Parse_Project.
 ReadingReport Read_Project(Workspace& workspace, const std::string& path);
 
-/// Shifts the recent files by one and puts the path on top. Duplicates stay; this is meant.
+/// Shifts the recent files by one and puts the path on top. Duplicates stay: the list is the order of use.
 void Add_Recent_File(Settings& settings, const std::string& path);
 
 /// Offers to take the first blank out of the name on disk, and makes a read-only file writable. The path held
-/// by the program does not follow the new name; this is meant.
+/// by the program does not follow the new name, so that a save writes under the name that the user chose.
 void Check_Project_Name(Workspace& workspace, Ports& ports, const std::string& path);
 
 /// Copies a project file over the ".bak" of its name. Answers the reason of a failure.

@@ -75,7 +75,7 @@ void Read_All(const SettingsReader& file, Workspace& workspace) {
     settings.ColorScaleFile = file.Text("tarnvik", "ColorScale", "C:\\Tarnvik\\default.lvl");
     workspace.Fields.Text19 = settings.ColorScaleFile;
     Add_Language(settings, file.Text("tarnvik", "Langue", "E"));
-    // The default is a word and counts as 0: a first start offers no backups. This is meant.
+    // The default is a word and counts as 0: backups begin when the user ticks them, not at a first start.
     settings.BackupEnabled = file.Whole("tarnvik", "Backup", "True");
     settings.FbpDataFile = file.Text("FBP", "Data", "C:\\Tarnvik6\\data\\demo.evd");
     settings.Units = file.Text("tarnvik", "Units", "meters");

@@ -20,8 +20,8 @@ double Value_Or_0(const Array1<double>& values, int index) {
 }
 
 /// Gives the shots between two receivers their horizontal place. `before` is the place of the first receiver
-/// as corrected, `after` the place of the second one as it was: the share of the stretch is therefore the
-/// shot's own distance, which is meant.
+/// as corrected, `after` the place of the second one as it was: the share of the stretch comes to the shot's
+/// own distance. Kept, since profiles drawn so far have their shots there.
 void Place_Shots_Between(Project& project, int first, int last, double before, double after) {
     for (int shot = first + 1; shot <= last - 1 && project.ShotDistance.Has(shot); ++shot) {
         const double distance = project.ShotDistance(shot);
@@ -48,7 +48,7 @@ void Horizontal_Distances(Workspace& workspace, Ports& ports) {
 
     for (int receiver = 2; receiver <= receivers; ++receiver) {
         // The receiver before already stands at its new place: the correction of one pair moves into the
-        // next, and this is meant.
+        // next. Corrected lines in users' files were computed so.
         const double before = data(ReceiverDistance, receiver - 1);
         as_measured = data(ReceiverDistance, receiver);
         const double dx = as_measured - before;

@@ -78,7 +78,8 @@ class Painting {
     }
 
     /// The labels multiply by the vertical factor where the places do so too, instead of dividing: with a
-    /// factor of 2 labels and drawing differ by 4, and this is meant.
+    /// factor of 2 labels and drawing differ by 4. Kept, so that a sheet printed anew has the scale of the
+    /// sheets in users' reports.
     void Elevation_Scale() {
         for (int y = 90; y >= 10; y -= 10) {
             const double elevation = Divide(
@@ -105,7 +106,7 @@ class Painting {
             y = next_y;
             Receiver_Mark(Profile, x, y);
             if (WithReceiverArcs) Receiver_Arcs(receiver, x, y);
-            // The last two receivers take no shot between them; this is meant.
+            // No shot between the last two receivers: the end shot is drawn behind the line by its own rule.
             if (receiver < Line.NbReceivers - 1) Shots_Behind(receiver, x, y);
         }
         Profile.Line(x, y, Shot_X(LastShot), Shot_Y(LastShot), colours::Lime);

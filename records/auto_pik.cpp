@@ -121,8 +121,6 @@ void AutoPik::Reset() {
     if (!files.Is_Open()) files.Set_Word(range.First, words::First_Breaks, 0);
     files.Tell_Faults("Reset");
     edit.End();
-    Outside.Show.Show_Curves();
-    Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 
@@ -135,7 +133,8 @@ AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
     AutomaticPickingParameters with;
     // The half cycle is shown first and read back, so that a value typed into HalfCycle does not survive.
     Show_Half_Cycle();
-    // The sensitivity is checked and shown; the search does not use it. This is meant.
+    // The sensitivity is checked and shown only: the search has no step for it, and users' eyes know the
+    // field.
     if (Val(Sensitivity) == 0) Sensitivity = "0.0001";
     if (Val(Sensitivity) > 1) Sensitivity = "1";
     const double sample_ms = Sample_Ms(record);
@@ -219,8 +218,6 @@ void AutoPik::Pick_auto() {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }
     edit.End();
-    Outside.Show.Show_Curves();
-    Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 

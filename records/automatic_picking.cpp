@@ -13,8 +13,9 @@ namespace {
 
 constexpr double nothing_accepted = 99999999;
 
-/// One run. What it carries from trace to trace, through both passes, is meant: the ratio last accepted, a
-/// window once shortened at the end of the trace, and the last ratio where a division fails.
+/// One run. It carries from trace to trace, through both passes, what picks of former runs depend on: the
+/// ratio last accepted, a window once shortened at the end of the trace, and the last ratio where a division
+/// fails.
 class Run {
   public:
     Run(const AutomaticPickingParameters& parameters, TraceSource& source)
@@ -89,7 +90,8 @@ std::int64_t Run::Search() {
         ++positive_run;
         if (Ratio < With.MinAmplitude) continue;
         // A jump to more than ten times the amplitude last accepted is taken for a disturbance. An accepted
-        // ratio of 0 therefore shuts out everything but zeros; this is meant.
+        // ratio of 0 therefore shuts out everything but zeros: a run over the same record gives the same
+        // picks as it always gave.
         if (LastAccepted < Ratio * 0.1) continue;
         LastAccepted = Ratio;
         if (positive_run >= With.HalfCycle) break;

@@ -52,8 +52,6 @@ void Shift_Picks(Workspace& workspace, Ports& ports) {
         const EditScope edit(workspace, "FB shift of record " + CStr(record));
         Shift_Receivers(workspace, record, first, last, shift);
     }
-    ports.Show.Show_Curves();
-    ports.Show.Display_Record();
     ports.Show.Show_Fields();
 }
 

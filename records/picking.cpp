@@ -4,10 +4,8 @@
 #include <cmath>
 #include <optional>
 
-#include "core/fault.h"
 #include "core/text/number.h"
 #include "records/polarity_reversal.h"
-#include "records/record_display.h"
 #include "records/record_files.h"
 #include "records/set_pick.h"
 #include "records/spectrum_area.h"
@@ -31,12 +29,6 @@ std::optional<int> Shown_Trace_At(const RecordView& record, double x) {
 }
 
 }  // namespace
-
-void RecordPointer::Redraw(int trace) {
-    Outside.Show.Show_Curves();
-    Show_Picks_On_Record(Work, Outside, trace, trace);
-    Outside.Show.Show_Fields();
-}
 
 void RecordPointer::Press(const RecordEvent& event) {
     if (event.Button == 2 && Work.Record.AutoPickMode == -1) {
@@ -83,7 +75,6 @@ void RecordPointer::Release(const RecordEvent& event) {
     if (!RightHeld) return;
     RightHeld = false;
     if (Dragged) {
-        Outside.Show.Show_Curves();
         Outside.Show.Show_Fields();
     } else {
         Click(Pressed.X, Pressed.Y, 2);
@@ -120,7 +111,7 @@ void RecordPointer::Kill(int trace) {
     picks.Set_Trace(trace, 0);
     picks.Tell_Faults("Kill");
     edit.End();
-    Redraw(trace);
+    Outside.Show.Show_Fields();
 }
 
 void RecordPointer::Pick(int trace, double y) {
@@ -131,7 +122,7 @@ void RecordPointer::Pick(int trace, double y) {
     picks.Set_Trace(trace, y * Work.Record.SampleInterval / 1000);
     picks.Tell_Faults("Pick");
     edit.End();
-    Redraw(trace);
+    Outside.Show.Show_Fields();
 }
 
 void RecordPointer::Read_Out(const RecordEvent& event) {
@@ -158,12 +149,10 @@ void RecordPointer::Drag(const RecordEvent& event) {
     if (!Dragged) ++Drags;
     Dragged = true;
     PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks.Layout(), *trace),
-                   "drag on record " + CStr(Drags));
+    const EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks.Layout(), *trace),
+                         "drag on record " + CStr(Drags));
     picks.Set_Trace(*trace, Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100);
     picks.Tell_Faults("Pick");
-    edit.End();
-    Show_Picks_On_Record(Work, Outside, *trace, *trace);
 }
 
 }  // namespace tarnvik

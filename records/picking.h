@@ -38,7 +38,6 @@ class RecordPointer {
     void Pick(int trace, double y);
     void Read_Out(const RecordEvent& event);
     void Drag(const RecordEvent& event);
-    void Redraw(int trace);
 
     Workspace& Work;
     Ports& Outside;

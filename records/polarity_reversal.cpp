@@ -42,7 +42,6 @@ void Reverse_Polarity(Workspace& workspace, Ports& ports, int trace) {
     if (!files.Is_Open()) files.Set_Samples(trace, samples);
     files.Tell_Faults("Polarity");
     edit.End();
-    ports.Show.Display_Record();
     ports.Show.Show_Fields();
 }
 

@@ -11,7 +11,8 @@ namespace tarnvik {
 
 /// Channels of a record by the channel words of traces 1 to `traces`: the largest number met before they
 /// start again. 0 when the fifth trace has the number of the first, which is read as "the channel word does
-/// not run"; records of four channels fall under this too, which is meant.
+/// not run"; records of four channels fall under this too, since
+/// nothing in the file tells the two apart.
 std::int16_t Channels_Per_Record(SuTraces& file, std::int32_t traces);
 
 /// Reads counts and channels of an SU file into the view and puts the record display at its first record.

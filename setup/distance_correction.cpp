@@ -54,7 +54,6 @@ void Distance_Correction(Workspace& workspace, Ports& ports) {
     if (shift != 0) Add_To_All_Distances(project, shift);
     edit.End();
     if (shift == 0) return;
-    Show_Geometry(workspace, ports);
     ports.Ask.Say("Remember to check the line length !", workspace.AppTitle, Icon::Information);
 }
 
@@ -72,7 +71,6 @@ void Enter_Line_Length(Workspace& workspace, Ports& ports) {
     EditScope edit(workspace, "Line length");
     project.LineLength = Val(length);
     edit.End();
-    Show_Geometry(workspace, ports);
 }
 
 }  // namespace tarnvik

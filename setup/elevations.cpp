@@ -89,7 +89,6 @@ void CalculAltiShot(Workspace& workspace, Ports& ports, ElevationUpdate update) 
         Update_Receivers(workspace.Project);
     }
     edit.End();
-    Show_Geometry(workspace, ports);
 }
 
 }  // namespace tarnvik

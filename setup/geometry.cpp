@@ -4,7 +4,6 @@
 
 #include "core/project_save.h"
 #include "core/text/number.h"
-#include "setup/build_grid.h"
 
 namespace tarnvik {
 
@@ -62,13 +61,6 @@ void Store_Receiver_Places(Project& project, std::span<const double> places) {
 
 void Store_Receiver_Elevations(Project& project, std::span<const double> elevations) {
     Store_Row(project, ReceiverElevation, elevations);
-}
-
-void Show_Geometry(Workspace& workspace, Ports& ports) {
-    Fill_Grid(workspace);
-    ports.Show.Show_Grids();
-    ports.Show.Show_Fields();
-    ports.Show.Show_Curves();
 }
 
 bool Save_Geometry(Workspace& workspace, Ports& ports) {

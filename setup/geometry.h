@@ -24,9 +24,6 @@ std::vector<double> Shot_Elevations(const Project& project);
 void Store_Receiver_Places(Project& project, std::span<const double> places);
 void Store_Receiver_Elevations(Project& project, std::span<const double> elevations);
 
-/// After a change of geometry: the table, the grids on screen and the curves follow.
-void Show_Geometry(Workspace& workspace, Ports& ports);
-
 /// Writes the project after a correction of its geometry, which is confirmed to the user. False when it could
 /// not be written; the user was told.
 bool Save_Geometry(Workspace& workspace, Ports& ports);

@@ -202,9 +202,7 @@ void GridEditor::Commit(const std::string& name, std::vector<NewText> cells) {
     }
     if (picks) picks->Tell_Faults("Pick");
     edit.End();
-    Outside.Show.Show_Grids();
     Outside.Show.Show_Fields();
-    if (Which == Grid::Buildgrid) Outside.Show.Show_Curves();
 }
 
 bool GridEditor::Type(int row, int column, const std::string& text) {

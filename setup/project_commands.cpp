@@ -58,9 +58,7 @@ void shiftFBP(Workspace& workspace, Ports& ports, const std::function<bool(const
     EditScope edit(workspace, "Scale or shift of all picks");
     Change_All_Picks(workspace.Project, change);
     edit.End();
-    Scale_Time_Grid(workspace);
     Tell_Times_Below_0(workspace);
-    Show_Geometry(workspace, ports);
     Save_Geometry(workspace, ports);
 }
 

@@ -101,7 +101,6 @@ void Compute_Distances_According_To_Z(Workspace& workspace, Ports& ports) {
     EditScope edit(workspace, "Distances according to Z");
     workspace.Project = std::move(changed);
     edit.End();
-    Show_Geometry(workspace, ports);
     if (ports.Ask.Ask_Yes("Do you want to save your modifications", title)) Save_Geometry(workspace, ports);
 }
 

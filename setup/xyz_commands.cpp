@@ -115,7 +115,6 @@ void Enter_XYZ_Files(Workspace& workspace, Ports& ports) {
     }
     if (line.LineLength > 0) project.LineLength = Filed_Place(line.LineLength);
     edit.End();
-    Show_Geometry(workspace, ports);
     Save_Geometry(workspace, ports);
 }
 

@@ -78,8 +78,6 @@ void MovePick::Store(double time_ms) {
     if (Save) Save();
     // The ring around the pick goes, also where its time stays.
     Refresh_Curves(Work, Outside, std::span(&place, 1));
-    Outside.Show.Show_Grids();
-    if (!Work.Project.SuFile.empty()) Outside.Show.Display_Record();
     Outside.Show.Show_Fields();
 }
 

@@ -85,10 +85,6 @@ void SpeedF::Command2() {
     Outside.Show.Show_Curves();
 }
 
-void SpeedF::Command3() {
-    Close();
-}
-
 void SpeedF::Command5() {
     try {
         if (Compute()) {

@@ -41,7 +41,7 @@ class SpeedF {
     std::vector<std::string> LayerEntries{"0", "1", "2", "3", "4", "5"};
 
     void Load();   ///< the form opens
-    void Close();  ///< the form closes, by Command3 or otherwise
+    void Close();  ///< the form closes
     /// A receiver box got the focus: the picture serves this dialog again, whatever served itself of it
     /// meanwhile.
     void Enter_Receiver(ReceiverBox box);
@@ -50,7 +50,6 @@ class SpeedF {
     void ThroughShot_Clicked();  ///< ticked or unticked
     void Command1();             ///< "&Save ": opens `confirm`
     void Command2();             ///< "Refresh"
-    void Command3();             ///< "&Quit"
     void Command5();             ///< "&Compute"
 
     /// `confirm` has written the result into the project file.

@@ -85,26 +85,8 @@ void FieldBinder::Text(QLabel* control, const std::string& field) {
     });
 }
 
-void FieldBinder::Caption(QAbstractButton* control, const std::string& field) {
-    Follow([control, &field] {
-        const QString text = QString::fromStdString(field);
-        if (control->text() != text) control->setText(text);
-    });
-}
-
 void FieldBinder::Tick(QAbstractButton* control, bool& field, Reaction changed) {
     QObject::connect(control, &QAbstractButton::toggled, control, [&field, changed](bool on) {
-        field = on;
-        React(changed);
-    });
-    Follow([control, &field] {
-        const QSignalBlocker silent(control);
-        control->setChecked(field);
-    });
-}
-
-void FieldBinder::Tick(QGroupBox* control, bool& field, Reaction changed) {
-    QObject::connect(control, &QGroupBox::toggled, control, [&field, changed](bool on) {
         field = on;
         React(changed);
     });
@@ -199,17 +181,6 @@ void FieldBinder::Choice(QButtonGroup* group, int& field, Reaction changed) {
         QAbstractButton* button = group->button(field);
         const QSignalBlocker silent(group);
         if (button != nullptr && !button->isChecked()) button->setChecked(true);
-    });
-}
-
-void FieldBinder::Number(QSpinBox* control, int& field, Reaction changed) {
-    QObject::connect(control, &QSpinBox::valueChanged, control, [&field, changed](int value) {
-        field = value;
-        React(changed);
-    });
-    Follow([control, &field] {
-        const QSignalBlocker silent(control);
-        if (control->value() != field) control->setValue(field);
     });
 }
 

@@ -4,11 +4,9 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QSpinBox>
 #include <QTableView>
 #include <cstdint>
 #include <functional>
@@ -35,9 +33,7 @@ class FieldBinder {
     /// The reaction runs when Return is pressed or the control is left after a change.
     void Finished_Text(QLineEdit* control, std::string& field, Reaction finished);
     void Text(QLabel* control, const std::string& field);
-    void Caption(QAbstractButton* control, const std::string& field);
     void Tick(QAbstractButton* control, bool& field, Reaction changed = {});
-    void Tick(QGroupBox* control, bool& field, Reaction changed = {});
     /// Position in a list, from 0.
     void Choice(QComboBox* control, int& field, Reaction changed = {});
     /// Text of a list that can be typed over.
@@ -50,7 +46,6 @@ class FieldBinder {
     void Result(QLineEdit* control, const std::string& field);
     /// One of several option buttons; the button's id in the group is the value.
     void Choice(QButtonGroup* group, int& field, Reaction changed = {});
-    void Number(QSpinBox* control, int& field, Reaction changed = {});
     void Scroll(QScrollBar* control, ScrollBar& field, Reaction changed = {});
     /// A number from 1 to a limit that may change.
     void Scroll(QScrollBar* control, std::int32_t& field, std::function<int()> last, Reaction changed);

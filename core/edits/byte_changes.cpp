@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <ranges>
 
 namespace tarnvik {
 
@@ -78,8 +77,8 @@ bool ByteChanges::Apply(std::string& bytes, Direction direction) const {
         for (const Run& run : Runs)
             if (!put(run, run.Before, run.After)) return false;
     } else {
-        for (const Run& run : std::views::reverse(Runs))
-            if (!put(run, run.After, run.Before)) return false;
+        for (auto run = Runs.rbegin(); run != Runs.rend(); ++run)
+            if (!put(*run, run->After, run->Before)) return false;
     }
     bytes = std::move(changed);
     return true;
@@ -87,8 +86,8 @@ bool ByteChanges::Apply(std::string& bytes, Direction direction) const {
 
 ByteChanges ByteChanges::Reversed() const {
     ByteChanges reversed;
-    for (const Run& run : std::views::reverse(Runs))
-        reversed.Runs.push_back({run.Position, run.After, run.Before});
+    for (auto run = Runs.rbegin(); run != Runs.rend(); ++run)
+        reversed.Runs.push_back({run->Position, run->After, run->Before});
     return reversed;
 }
 

@@ -60,6 +60,8 @@ class ByteReader {
         if (!found.empty()) std::memcpy(target, found.data(), found.size());
     }
 
+    /// What was read makes no sense: as if the bytes had ended.
+    void Fail() { View(Left.size() + 1); }
     bool Failed() const { return HasFailed; }
     bool At_End() const { return Left.empty(); }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 namespace tarnvik {
 
@@ -61,6 +62,16 @@ struct BlockWriter {
     }
 };
 
+/// Elements of an array, counted without overflow; more than any project has are a damaged block.
+std::optional<std::size_t> Elements(std::int64_t last_row, std::int64_t last_column) {
+    constexpr std::int64_t most = 16 * max_picks;
+    if (last_row < -1 || last_column < -1) return std::nullopt;
+    const std::int64_t rows = last_row + 1;
+    const std::int64_t columns = last_column + 1;
+    if (columns > 0 && rows > most / columns) return std::nullopt;
+    return static_cast<std::size_t>(rows * columns);
+}
+
 struct BlockReader {
     ByteReader& Bytes;
 
@@ -70,7 +81,9 @@ struct BlockReader {
     template <class T>
     void operator()(ProjectPart, Array1<T>& array) const {
         const auto last = Bytes.Value<std::int32_t>();
-        const std::string_view values = Bytes.View((static_cast<std::size_t>(last) + 1) * sizeof(T));
+        const auto elements = Elements(last, 0);
+        if (!elements) Bytes.Fail();
+        const std::string_view values = Bytes.View(elements.value_or(0) * sizeof(T));
         if (Bytes.Failed()) return;
         array = Array1<T>(last);
         if (!values.empty()) std::memcpy(array.Values().data(), values.data(), values.size());
@@ -79,8 +92,9 @@ struct BlockReader {
     void operator()(ProjectPart, Array2<T>& array) const {
         const auto rows = Bytes.Value<std::int32_t>();
         const auto columns = Bytes.Value<std::int32_t>();
-        const std::string_view values = Bytes.View((static_cast<std::size_t>(rows) + 1) *
-                                                   (static_cast<std::size_t>(columns) + 1) * sizeof(T));
+        const auto elements = Elements(rows, columns);
+        if (!elements) Bytes.Fail();
+        const std::string_view values = Bytes.View(elements.value_or(0) * sizeof(T));
         if (Bytes.Failed()) return;
         if (array.Last_Row() != rows || array.Last_Column() != columns) array = Array2<T>(rows, columns);
         if (!values.empty()) std::memcpy(array.Values().data(), values.data(), values.size());

@@ -29,13 +29,13 @@ TEST_F(Changes, opening_and_drawing_are_no_edits) {
     EXPECT_FALSE(Program.Work.Edits.Can_Undo());
 }
 
-TEST_F(Changes, one_pick_shows_one_cell_and_repaints_the_curves_once) {
+TEST_F(Changes, one_pick_shows_one_cell_and_draws_no_picture_anew) {
     const std::string before = Cell(5, 2);
     Set_Pick(Program.Work, {2, 5}, 33.25);
     EXPECT_EQ(Cell(5, 2), "33.25");
     EXPECT_EQ(Display.Cells, (std::set<std::pair<int, int>>{{5, 2}}));
     EXPECT_EQ(Display.Count("grids"), 0);
-    EXPECT_EQ(Display.Count("curves"), 0) << "painted, not drawn";
+    EXPECT_EQ(Display.Count("curves"), 0);
     EXPECT_FALSE(Display.Pictures[Canvas::Dromo].List.empty());
     EXPECT_FALSE(Program.Work.Edits.Is_Saved());
 
@@ -46,6 +46,31 @@ TEST_F(Changes, one_pick_shows_one_cell_and_repaints_the_curves_once) {
     EXPECT_TRUE(Program.Work.Edits.Is_Saved());
     Redo_Edit(Program);
     EXPECT_EQ(Cell(5, 2), "33.25");
+}
+
+TEST_F(Changes, a_pick_on_the_record_shows_in_table_and_curves_by_its_notice_alone) {
+    ASSERT_EQ(Program.Work.Curves.FrameDrawn, 1);
+    RecordingPicture& dromo = Display.Pictures[Canvas::Dromo];
+    const auto click = [this](int trace, double ms) {
+        const double y = ms * 1000 / Program.Work.Record.SampleInterval;
+        Program.RecordMouse.Press({(trace + 0.5) * 2000, y, 1});
+    };
+    const std::size_t strips = dromo.Clips.size();
+    click(7, 41);
+    EXPECT_EQ(Cell(7, 1), "41.00");
+    EXPECT_EQ(Display.Cells, (std::set<std::pair<int, int>>{{7, 1}}));
+    EXPECT_EQ(Display.Count("curves") + Display.Count("grids") + Display.Count("record"), 0);
+    EXPECT_EQ(dromo.Clips.size(), strips + 1) << "the strip of the one curve";
+    // A time that needs another scale draws the curves anew.
+    const double factor = Program.Work.Curves.TimeFactor;
+    Set_Pick(Program.Work, {1, 7}, 900);
+    EXPECT_EQ(Display.Count("curves"), 1);
+    EXPECT_NE(Program.Work.Curves.TimeFactor, factor);
+    // Where no curves have been drawn yet, the first pick draws them.
+    Program.Work.Curves.FrameDrawn = 0;
+    click(7, 42);
+    EXPECT_EQ(Display.Count("curves"), 2);
+    EXPECT_EQ(Program.Work.Curves.FrameDrawn, 1);
 }
 
 TEST_F(Changes, what_is_asked_for_inside_an_edit_is_done_once_at_its_end) {

@@ -6,8 +6,6 @@
 #include "app/start.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
-#include "setup/build_grid.h"
-#include "support/su_builder.h"
 
 namespace tarnvik::test {
 
@@ -86,28 +84,6 @@ TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
     EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
 }
 
-TEST_F(Commands, each_profile_entry_has_its_mode) {
-    Project& project = Program.Work.Project;
-    project.NbShots = 2;
-    project.NbReceivers = 3;
-    project.LineLength = 20;
-    Redimension_Project(project);
-    for (int shot = 1; shot <= 2; ++shot)
-        project.ShotElevation(shot) = 100;
-    for (int receiver = 1; receiver <= 3; ++receiver)
-        project.ReceiverData(ReceiverElevation, receiver) = 100;
-    const std::pair<const char*, DisplayMode> modes[] = {{"S2", DisplayMode::Profil},
-                                                         {"S3", DisplayMode::Profil2},
-                                                         {"S4", DisplayMode::Profil4},
-                                                         {"S5", DisplayMode::Profil3},
-                                                         {"drawing", DisplayMode::Profil}};
-    for (const auto& [name, mode] : modes) {
-        Run_Command(Program, name);
-        EXPECT_EQ(Program.Work.Mode.On_Display(), mode) << name;
-    }
-    EXPECT_EQ(World.Display.Count("Show_Profile"), 5);
-}
-
 TEST_F(Commands, saving_without_a_name_does_nothing_and_opening_takes_a_recent_file) {
     Run_Command(Program, "save");
     EXPECT_TRUE(World.Prompts.Messages.empty());
@@ -131,55 +107,6 @@ TEST_F(Commands, opening_from_the_menu_asks_for_missing_records_and_leads_to_the
     EXPECT_EQ(World.Prompts.Last_Text(), " You must (re)compute all thickness to load data in memroy");
     EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
-}
-
-TEST_F(Commands, a_shot_is_taken_out_of_memory_after_a_question_and_with_a_backup) {
-    const std::string path = Project_File();
-    Program.Work.Settings.RecentFiles[0] = path;
-    Run_Command(Program, "F1_F");
-    Fill_Grid(Program.Work);
-    const std::string before = *Read_File(path);
-    Program.Work.Grids.Buildgrid.CurrentColumn = 1;
-    World.Prompts.Expect("Take shot 1 out of the project in memory ?", Answer::No);
-    Take_Out_Current_Shot(Program);
-    EXPECT_EQ(Program.Work.Project.NbShots, 2);
-    std::filesystem::remove(Folder / "line.bak");
-    World.Prompts.Expect("Take shot 1 out of the project in memory ?", Answer::Yes);
-    Take_Out_Current_Shot(Program);
-    EXPECT_EQ(Program.Work.Project.NbShots, 1);
-    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 1), 26);
-    EXPECT_EQ(*Read_File(path), before);
-    EXPECT_EQ(*Read_File(Folder / "line.bak"), before);
-}
-
-TEST_F(Commands, a_pick_moved_on_the_curves_lands_in_the_header_of_its_trace_alone) {
-    ASSERT_TRUE(Program.Work.Settings.Metric());
-    Run_Command(Program, "dromo");
-    Parse_Project(Plain_File(), Program.Work.Project);
-    SuBuilder records(6, 20);
-    records.Records(3);
-    const std::string su_file = records.Write(Folder / "line.su");
-    Project& project = Program.Work.Project;
-    project.SuFile = su_file;
-    project.CurrentFile = Folder / "line.tv5";
-    Program.Work.Record.ChannelsPerRecord = 3;
-    Scale_Time_Grid(Program.Work);
-    Program.Work.Mode.Display(DisplayMode::Dromo);
-
-    // Shot 2, receiver 2 lies at 13 ms; the picture has 0.5 ms a unit.
-    const double x = Position_Ecran(project, 2);
-    const double y = project.ShotTimes(2, 2) / Program.Work.Curves.TimeFactor;
-    const std::string before = Content_Of(su_file);
-    Program.Pointer.Double_Click({x, y, true, false});
-    ASSERT_EQ(Program.Work.Curves.PickMoving, 1);
-    Program.Pointer.Press({x, y + 1, true, false});
-    Program.Pointer.Release({x, y + 4, true, false});
-    const std::vector<std::int64_t> changed = Changed_Bytes(before, Content_Of(su_file));
-    ASSERT_FALSE(changed.empty());
-    const std::int64_t word = (5 - 1) * (240 + 20 * 4) + 222;
-    EXPECT_GE(changed.front(), word);
-    EXPECT_LE(changed.back(), word + 1);
-    EXPECT_TRUE(File_Exists(project.CurrentFile));
 }
 
 }  // namespace tarnvik::test

@@ -241,20 +241,6 @@ TEST_F(StartDialog, the_last_file_is_displayed_with_the_reminder_of_the_thicknes
     EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
 }
 
-TEST_F(StartDialog, the_file_is_read_and_backed_up_twice_on_the_road_of_the_dialog) {
-    // Meant. Each opening asks about the blank in the name, so the question tells how many there were.
-    const std::string path = Project_File("my line.tv5");
-    const std::string question =
-        path + " file name contains a space, correct it ? (FOR DIRECTORY DO NOT CORRECT HERE ! ) ";
-    World.Prompts.Expect_File("Tarnvik File selection", path);
-    World.Prompts.Expect(question, Answer::No);
-    World.Prompts.Expect(question, Answer::No);
-    EXPECT_TRUE(Splash.Command2());
-    EXPECT_EQ(Program.Work.Settings.RecentFiles[0], path);
-    EXPECT_EQ(*Read_File(Folder / "my line.bak"), *Read_File(path));
-    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
-}
-
 TEST_F(StartDialog, its_end_asks_once_and_writes_no_settings) {
     Splash.Load();
     EXPECT_EQ(Splash.Command6Caption, "END Tarnvik 16.5");

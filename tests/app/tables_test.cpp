@@ -210,18 +210,6 @@ TEST_F(TablesOfTheDemoLine, every_command_is_one_named_edit_and_a_cancelled_one_
     EXPECT_EQ(Cell(0, last + 1), "Distance");
 }
 
-TEST_F(TablesOfTheDemoLine, picks_of_the_table_go_into_the_headers_and_back) {
-    Line.ShotTimes(4, 5) = 33.33F;
-    Fill_Grid(Work);
-    Work.Edits.Start(Line, true);
-    Run_Command(Program, "Grid_2_SU");
-    for (const std::string& file : {Su, Twin})
-        EXPECT_EQ(SuTraces(file).Pick_Ms(3 * Line.NbReceivers + 5), 33.3);
-    EXPECT_EQ(Work.Edits.Undo(Line), "");
-    EXPECT_EQ(Now().Su, Opened.Su);
-    EXPECT_EQ(Now().Twin, Opened.Twin);
-}
-
 TEST_F(TablesOfTheDemoLine, the_records_without_a_shot_belong_to_the_project_without_it) {
     Run_Command(Program, "Grid_2_SU");
     const State stored = Now();

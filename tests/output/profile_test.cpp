@@ -139,14 +139,6 @@ TEST_F(ProfileTest, LabelsTheArcsWithTheVelocityBelowAndFromLayer2OnTheSurfaceVe
     EXPECT_NE(Strip().Printed("100.0f"), nullptr);
 }
 
-TEST_F(ProfileTest, LeavesOutALabelWithoutAVelocity) {
-    Give_Layers(2, {4, 0, 0, 0});
-    Work.Project.VelocityA(2, 2) = 0;
-    Work.Project.VelocityB(2, 2) = 0;
-    Draw();
-    EXPECT_EQ(Drawing().Texts().size(), 3U);
-}
-
 TEST_F(ProfileTest, DrawsNoMarksFrom20ShotsOnButTheArcs) {
     for (const int shots : {19, 20}) {
         Workspace many = Flat_Line();
@@ -197,12 +189,6 @@ TEST_F(ProfileTest, ShowsReceiverAndGrmDepthsByMode) {
     EXPECT_EQ(arc.Start, 3.73065);
     EXPECT_EQ(arc.End, 5.69415);
     EXPECT_EQ(arc.Aspect, 1);
-}
-
-TEST_F(ProfileTest, LeadsTheGroundFromTheReceiverToAShotBehindItsArcs) {
-    Work.Project.ReceiverData(ReceiverRockDepth, 2) = 12;
-    Draw(DisplayMode::Profil2);
-    EXPECT_TRUE(Drawing().Has_Line(70, 90, 85, 90, colours::Lime));
 }
 
 TEST_F(ProfileTest, ScalesRadiiTwiceAndGrmArcsOnce) {
@@ -300,26 +286,6 @@ TEST_F(ProfileTest, OffersTheElevationsOfBeforeAndDrawsThoseThatAreTypedAtOnce) 
     EXPECT_TRUE(Drawing().List.empty()) << "no profile stands";
 }
 
-TEST_F(ProfileTest, TakesTheElevationsOfTheCallerWithoutAQuestion) {
-    Draw_Seismic_Profile(Work, Test.Ports, {{}, 95});
-    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 110);
-    EXPECT_EQ(Work.Profile.ProfileMinElevation, 95);
-    Work.Project.ShotElevation(2) = 0;
-    Draw_Seismic_Profile(Work, Test.Ports, {129, 50});
-    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 130);
-    EXPECT_EQ(Work.Profile.ProfileMinElevation, 50);
-}
-
-TEST_F(ProfileTest, TakesAnAnswerThatIsNoNumberAs0) {
-    for (int shot = 1; shot <= 3; ++shot)
-        Work.Project.ShotElevation(shot) = 0;
-    Test.Prompts.Expect_Input("Maximum profile elevation", "high");
-    Test.Prompts.Expect_Input("Minimum profile elevation", "");
-    Draw();
-    EXPECT_EQ(Work.Profile.ProfileMaxElevation, 10);
-    EXPECT_TRUE(Test.Prompts.Messages.empty());
-}
-
 TEST_F(ProfileTest, WarnsOfAnElevationSpanAbove90AndDraws) {
     Work.Project.ShotElevation(3) = 190;
     Draw();
@@ -356,14 +322,6 @@ TEST_F(ProfileTest, RefusesALineOfLength0AndLeavesTheProject) {
     EXPECT_EQ(project.ReceiverData, before);
     EXPECT_EQ(project.ShotDistanceZ, places);
     EXPECT_EQ(Drawing().List.size(), drawn) << "the picture of before stands";
-}
-
-TEST_F(ProfileTest, AnswersAProjectWithoutShotsWithItsMessage) {
-    Workspace empty;
-    empty.Mode.Display(DisplayMode::Profil3);
-    Draw_Seismic_Profile(empty, Test.Ports);
-    ASSERT_EQ(Test.Prompts.Messages.size(), 1U);
-    EXPECT_EQ(Test.Prompts.Messages[0].Title, "Seismic profile Error");
 }
 
 TEST_F(ProfileTest, CorrectsTheDistancesAsAnEditWhenTheUserStartsItAndNeverWhenItIsShownAgain) {

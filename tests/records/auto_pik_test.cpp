@@ -148,7 +148,6 @@ TEST_F(AutoPikDialog, ResetAsksAndErasesThePicksOfTheTracesShownEverywhere) {
     EXPECT_EQ(Times(2)[1], 7);
     EXPECT_EQ(Work.Grids.Buildgrid.Text(2, 1), "0.00");
     EXPECT_EQ(Mark(3), 0);
-    EXPECT_GE(Ports.Display.Count("Show_Curves"), 1);
 
     Work.Record.LastTrace = 2000000000;
     Ports.Prompts.Expect(question, Answer::Ok);

@@ -41,7 +41,7 @@ class NothingCanBeWritten {
 };
 
 /// A line of two records of five channels, 20 samples at 1 ms, loaded and shown as the program does it: the
-/// display draws on ecran, redrawing the curves fills Buildgrid from ShotTimes.
+/// display draws on ecran, and an edit shows on it and in Buildgrid.
 class RecordOnScreen : public ::testing::Test {
   protected:
     static constexpr int channels = 5;
@@ -62,7 +62,10 @@ class RecordOnScreen : public ::testing::Test {
         Work.Project.NbReceivers = channels;
         Redimension_Project(Work.Project);
         Work.Grids.Buildgrid.Resize(channels + 3, 2 + 4);
-        Ports.Display.OnShowCurves = [this] { Fill_Grid(); };
+        Work.Edits.On_Change = [this](const ChangeNotice& notice) {
+            Fill_Grid();
+            Show_Change_On_Record(Work, Ports.Ports, notice, {});
+        };
         Ports.Display.OnDisplayRecord = [this] { Display_Record(Work, Ports.Ports, Su_Path(Work.Project)); };
     }
 

@@ -28,7 +28,6 @@ TEST_F(Picking, ClickGoesToFileTwinTimesTableAndPicture) {
     EXPECT_EQ(Work.Grids.Buildgrid.Text(3, 1), "12.35");
     EXPECT_EQ(Work.Grids.Buildgrid.Text(3, 2), "0.00");
     EXPECT_EQ(Mark(3), 12);
-    EXPECT_EQ(Ports.Display.Count("Show_Curves"), 1);
     EXPECT_EQ(Ports.Display.Count("Display_Record"), 1) << "the trace lives again and is drawn in its colour";
     EXPECT_EQ(Work.Fields.Status, "");
 }
@@ -161,7 +160,6 @@ TEST_F(Picking, DragMovesThePickWithoutAskingAsOneEdit) {
         EXPECT_EQ(File_Words()[1], 110);
         EXPECT_EQ(Mark(2), 11);
         Pointer.Move({Middle(2), 13.4567, 2});
-        EXPECT_EQ(Ports.Display.Count("Show_Curves"), 0);
         EXPECT_EQ(Ports.Display.Count("Display_Record"), 0);
         Pointer.Move({Middle(6), 15, 2});  // beyond the picture, where the next record would be
         Pointer.Release({Middle(2), 13.4567, 2});
@@ -170,7 +168,6 @@ TEST_F(Picking, DragMovesThePickWithoutAskingAsOneEdit) {
     Expect_Only(SuBuilder(File).Put16(2, pick_offset, 134), Work.Project.SuFile);  // 13.45 ms
     Expect_Only(SuBuilder(File).Put16(2, pick_offset, 134), Work.Record.TwinSuFile);
     EXPECT_EQ(Work.Project.ShotTimes(1, 2), 13.45F);
-    EXPECT_EQ(Ports.Display.Count("Show_Curves"), 1);
     EXPECT_EQ(Work.Fields.RecordReadout, "3ms   Trace:2");
     // The next drag of the same trace is an edit of its own.
     Expect_Edit("Drag pick of shot 1, receiver 2", [this] {

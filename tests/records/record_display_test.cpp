@@ -354,26 +354,6 @@ TEST_F(RecordDisplay, SamplesThatAreNoNumbersHaveNoPlace) {
     EXPECT_EQ(Polyline_Of(1).size(), 10U);
 }
 
-TEST_F(RecordDisplay, PointsBeyondTheListAreLeftOut) {
-    const std::pair<int, std::size_t> cases[] = {{WiggleOnly, 10000}, {VariableArea, 10001}};
-    for (const auto& [style, most] : cases) {
-        RecordingPicture picture;
-        TracePainter painter(style, picture);
-        painter.Begin(0, false);
-        for (int i = 0; i < 12000; ++i)
-            painter.Sample(-1, 5, i);
-        painter.End();
-        EXPECT_EQ(picture.Of(Verb::Polyline).at(0).Points.size(), most);
-    }
-    RecordingPicture picture;
-    TracePainter painter(TwoColours, picture);
-    painter.Begin(0, false);
-    for (int i = 0; i < 6000; ++i)
-        painter.Sample(1, 5, i);
-    painter.End();
-    EXPECT_EQ(picture.Of(Verb::Polygon).at(0).Points.size(), 5001U);
-}
-
 TEST_F(RecordDisplay, WildRangesAndFilesEndWithoutHarm) {
     constexpr int most = std::numeric_limits<std::int32_t>::max();
     const std::pair<int, int> ranges[] = {{1, 2'000'000'000}, {-2'000'000'000, 2}, {2'000'000'000, 1}, {3, 2},

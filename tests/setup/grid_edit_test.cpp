@@ -69,10 +69,9 @@ TEST_F(BuildgridEditing, CaptionsInterceptsAndTheCornerAreFixed) {
     }
     EXPECT_FALSE(editor.Editable(-1, 1));
     EXPECT_FALSE(editor.Type(1, 5, "3"));
-    EXPECT_EQ(ports.Display.Count("Show_Curves"), 0);
 }
 
-TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndOnTheCurves) {
+TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndTheCell) {
     project.ShotTimes(1, 2) = 12.3456F;
     project.ReceiverData(ReceiverDistance, 2) = 5.126F;
     Fill_Grid(workspace);
@@ -91,9 +90,9 @@ TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndOnTheCurves) {
     EXPECT_EQ(project.ShotElevation(1), 3.13);
     EXPECT_TRUE(editor.Type(1, 1, "none"));
     EXPECT_EQ(project.ShotTimes(1, 1), 0);
-    EXPECT_EQ(ports.Display.Count("Show_Curves"), 3);
+    EXPECT_EQ(workspace.Edits.All().size(), 3U);
     EXPECT_TRUE(editor.Type(1, 1, "0.001"));
-    EXPECT_EQ(ports.Display.Count("Show_Curves"), 3) << "no change, no redraw";
+    EXPECT_EQ(workspace.Edits.All().size(), 3U) << "no change, no edit";
 }
 
 TEST_F(BuildgridEditing, ABlockBeyondTheEdgeIsCutAndTold) {
@@ -108,7 +107,7 @@ TEST_F(BuildgridEditing, ABlockBeyondTheEdgeIsCutAndTold) {
     EXPECT_EQ(project.ShotElevation(2), 71);
     EXPECT_EQ(workspace.Fields.Status,
               "5 cells pasted, 4 left out: fixed cell, outside the table, or no number");
-    EXPECT_EQ(ports.Display.Count("Show_Curves"), 1) << "one redraw for the whole block";
+    EXPECT_EQ(workspace.Edits.All().size(), 1U) << "one edit for the whole block";
 }
 
 TEST_F(BuildgridEditing, HeadingsOfABlockDoNotErasePicks) {
@@ -223,7 +222,6 @@ TEST(RemarkEditing, TextsStayOnOneLineAndHeadingsAreFixed) {
     const TextGrid& grid = workspace.Project.remark_grid;
     EXPECT_EQ(grid.Text(9, 0), "12.5");
     EXPECT_EQ(grid.Text(9, 3), "a fault, steep");
-    EXPECT_EQ(ports.Display.Count("Show_Curves"), 0);
     EXPECT_TRUE(editor.Type(3, 3, "Fault"));
     EXPECT_EQ(workspace.Edits.Undo_Name(), "Remark 2");
     workspace.Edits.Undo(workspace.Project);

@@ -127,37 +127,6 @@ TEST(CurvePointer, NothingReactsWithoutAProject) {
     }
 }
 
-TEST(RubberBand, IsErasedByDrawingItAgain) {
-    Pointed line;
-    line.Work.Settings.VelocityLineColor = 0xFF0000;
-    line.Work.Settings.VelocityLineWidth = 3;
-    line.Pointer.Press(At(10, 20));
-    line.Pointer.Move(At(30.4, 25));
-    line.Pointer.Move(At(50.6, 40.2));
-    line.Pointer.Release(At(50.6, 40.2));
-    const auto lines = line.Xor_Lines();
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].X2, 30.4);
-    EXPECT_EQ(lines[1].X2, 30.4);
-    EXPECT_EQ(lines[0].Width, 3);
-    ASSERT_EQ(line.Standing().size(), 1U);
-    EXPECT_EQ(line.Standing()[0].X2, 50.6);
-    EXPECT_TRUE(line.Dromo().Buffering);
-    EXPECT_EQ(line.View().DragStartX, 10);
-    EXPECT_EQ(line.View().DragEndX, 51);
-    EXPECT_EQ(line.View().DragEndY, 40);
-    EXPECT_EQ(line.Display.Count("Show_Curves"), 0) << "a band costs no redraw";
-    // 40.6 m in 20 ms; a pointer without the button leaves the band alone.
-    line.Pointer.Press(At(10, 20));
-    line.Pointer.Move(At(50.6, 40.2));
-    EXPECT_EQ(line.Text(), "Velocity= 2030 m/s");
-    line.Pointer.Move({80, 80, false, false});
-    EXPECT_EQ(line.View().DragEndX, 51);
-    line.Work.Settings.Units = "feet";
-    line.Pointer.Move(At(50.6, 20.2));  // no time difference: no velocity
-    EXPECT_EQ(line.Text(), "20ms Coord= 50.6f Geo=14");
-}
-
 TEST(RubberBand, FixedBandStandsForGood) {
     Pointed line;
     RubberBand band(line.Work, line.Ports);

@@ -364,17 +364,3 @@ TEST(Curves, AChangedPickIsRedrawnInItsStrip) {
     EXPECT_EQ(line.Display.Count("Show_Curves"), 2);
     EXPECT_EQ(line.Dromo().Clips.size(), 1U);
 }
-
-TEST(ShotGrid, SelectingAShotDisplaysTheRecordWhileTheCurvesServe) {
-    Curves line;
-    line.Draw();
-    Select_Shot_Row(line.Work, line.Ports, 2);
-    EXPECT_EQ(line.Work.Grids.Grille_Shot.CurrentRow, 1);
-    EXPECT_EQ(line.Display.Count("Display_Record"), 1);
-    line.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
-    Select_Shot_Row(line.Work, line.Ports, 1);
-    line.Work.Mode.Release(Dialog::SpeedF);
-    for (const int outside : {0, 3})
-        Select_Shot_Row(line.Work, line.Ports, outside);
-    EXPECT_EQ(line.Display.Count("Display_Record"), 1);
-}

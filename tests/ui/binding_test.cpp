@@ -4,15 +4,12 @@
 #include <QDir>
 #include <QFile>
 #include <QRadioButton>
-#include <QTableView>
 
 #include "support/test_ports.h"
 #include "ui/field_binder.h"
-#include "ui/painting/painter_picture.h"
 #include "ui/qt_launcher.h"
 #include "ui/qt_prompts.h"
 #include "ui/running/tool_run.h"
-#include "ui/text_grid_model.h"
 
 namespace tarnvik {
 namespace {
@@ -77,40 +74,6 @@ TEST(Field_binder, each_kind_of_control_carries_its_field_there_and_back) {
     edit.setCursorPosition(1);
     binder.Refresh();
     EXPECT_EQ(edit.cursorPosition(), 1);
-}
-
-TEST(Text_grid_model, shows_texts_and_colours_and_lets_only_free_cells_be_edited) {
-    TextGrid grid(3, 3);
-    grid.Set_Text(0, 1, "Shot 1");
-    grid.Set_Text(1, 1, "12.50");
-    grid.At(1, 1).BackColour = colours::Red;
-    grid.At(1, 1).Align = TextGrid::Alignment::Right;
-    QTableView view;
-    FieldBinder binder;
-    int edited = 0;
-    TextGridModel* model = binder.Grid(&view, grid, [&edited] { ++edited; });
-    const QModelIndex cell = model->index(1, 1);
-    EXPECT_EQ(model->data(cell), "12.50");
-    EXPECT_EQ(model->data(cell, Qt::BackgroundRole).value<QBrush>().color(), QColor(255, 0, 0));
-    EXPECT_TRUE(model->data(cell, Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
-
-    EXPECT_FALSE(model->setData(model->index(0, 1), "x"));
-    EXPECT_FALSE(model->setData(model->index(1, 0), "x"));
-    EXPECT_TRUE(model->setData(cell, QString::fromUtf8("é 3")));
-    EXPECT_EQ(grid.Text(0, 1), "Shot 1");
-    EXPECT_EQ(grid.Text(1, 1), "é 3");
-    EXPECT_EQ(grid.CurrentRow, 1);
-    EXPECT_EQ(edited, 1);
-
-    // The logic may change the shape between two refreshes: no cell outside is touched.
-    grid.Resize(1, 1);
-    EXPECT_EQ(model->data(cell), "");
-    EXPECT_FALSE(model->setData(cell, "9"));
-    binder.Refresh();
-    EXPECT_EQ(model->rowCount(), 1);
-    grid.Resize(80, 120);
-    binder.Refresh();
-    EXPECT_EQ(model->columnCount(), 120);
 }
 
 TEST(Qt_prompts, file_filters_hold_in_both_cases) {

@@ -140,42 +140,5 @@ TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {
     EXPECT_EQ(answered, 2);
 }
 
-TEST_F(Forms, profile_is_drawn_on_command_and_only_painted_when_its_size_changes) {
-    Project& line = Program.Work.Project;
-    for (int shot = 1; shot <= 3; ++shot)
-        line.ShotElevation(shot) = 100;
-    for (int receiver = 1; receiver <= 12; ++receiver)
-        line.ReceiverData(ReceiverElevation, receiver) = static_cast<float>(100 + receiver % 2);
-    auto* curves = Find<PictureBox>("Dromo");
-    auto* profile = Find<PictureBox>("Dromo1");
-    Run_Command(Program, "drawing");
-    QApplication::processEvents();
-    EXPECT_TRUE(profile->isVisible());
-    EXPECT_FALSE(curves->isVisible());
-    EXPECT_FALSE(Blank(profile));
-    EXPECT_FALSE(Blank(Find<PictureBox>("Sketch")));
-    const float corrected = line.ReceiverData(ReceiverDistance, 12);
-    EXPECT_LT(corrected, 55);
-    profile->parentWidget()->resize(600, 300);
-    QTest::qWait(1);
-    QWheelEvent enlarge({100, 100}, profile->mapToGlobal(QPointF(100, 100)), {}, {0, 120}, {},
-                        Qt::ControlModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(profile, &enlarge);
-    EXPECT_EQ(profile->Canvas().Current_Frame().Right - profile->Canvas().Current_Frame().Left, 160);
-    EXPECT_EQ(line.ReceiverData(ReceiverDistance, 12), corrected);
-    EXPECT_EQ(Program.Work.Curves.ZoomX, 1) << "the curves keep their own window";
-
-    Run_Command(Program, "BI_M");
-    QApplication::processEvents();
-    EXPECT_TRUE(curves->isVisible() && profile->isVisible());
-    QTest::mouseMove(profile, Pixel(profile, 100, 50));
-    QApplication::processEvents();
-    EXPECT_EQ(Find<QLabel>("ProfileReadout")->text().toStdString(), Program.Work.Fields.ProfileReadout);
-    EXPECT_EQ(Program.Work.Fields.ProfileReadout.rfind("X=2", 0), 0U);
-    Display.Show_Curves();
-    EXPECT_FALSE(profile->isVisible());
-    EXPECT_TRUE(curves->isVisible());
-}
-
 }  // namespace
 }  // namespace tarnvik

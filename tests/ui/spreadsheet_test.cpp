@@ -258,43 +258,6 @@ TEST_F(Tables, buttons_tell_why_they_are_disabled) {
     Line.NbShots = 3;
 }
 
-TEST_F(Tables, commands_work_on_what_was_typed) {
-    Program.Work.Edits.Start(Line, true);
-    Go_To(Picks, 7, 1);
-    Keys("-2");
-    Key(Qt::Key_Return);
-    Prompts.Expect_Input("Enter the End Shot 1 number", "1");
-    Prompts.Expect_Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)", "2");
-    Screen->findChild<QPushButton*>("Command6")->click();
-    EXPECT_EQ(Line.ShotDistance(1), 0);
-    EXPECT_EQ(Picks->model()->index(7, 3).data(), "27.00");
-    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text16")->text(), "2");
-    EXPECT_EQ(Program.Work.Edits.All().size(), 2U);
-
-    auto* interpolate = Screen->findChild<QPushButton*>("Command3");
-    EXPECT_EQ(interpolate->text(), "Interpol  Shot Z from Z geo");
-    Screen->findChild<QAbstractButton*>("GeophonesFromShots")->click();
-    EXPECT_EQ(interpolate->text(), "Compute  Geo Z from Z Shot");
-    Prompts.Expect("Receivers elevation update according shot elevation ?", Answer::No);
-    interpolate->click();
-
-    Prompts.Expect_Input(" Enter the End Shot number ", "3");
-    Prompts.Expect_Input("Enter line length (From end shot 1 to End Shot 3", "27");
-    QTest::mouseDClick(Screen->findChild<QLineEdit*>("Text6"), Qt::LeftButton);
-    EXPECT_EQ(Line.LineLength, 27);
-    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text6")->text(), "27");
-
-    Go_To(Picks, 1, 2);
-    Prompts.Expect("Take shot 2 out of the project in memory ?", Answer::Yes);
-    Screen->findChild<QPushButton*>("TakeOutShot")->click();
-    EXPECT_EQ(Picks->model()->columnCount(), 6);
-    EXPECT_EQ(Picks->model()->headerData(3, Qt::Horizontal), "Distance");
-    Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Picks->model()->columnCount(), 7);
-    EXPECT_EQ(Picks->model()->headerData(3, Qt::Horizontal), "Shot3");
-    EXPECT_EQ(Times(2), Column({21, 22, 23, 24, 25, 26}));
-}
-
 /// The geometry dialog over a spread without an SU file.
 class New_profile_form : public Tables {
   protected:
