@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <optional>
@@ -32,6 +33,27 @@ class FocusWatcher : public QObject {
 
   private:
     FieldBinder::Reaction Entered;
+};
+
+/// The arrow keys of a level bar go where they point: Qt turns them round together with those of upright
+/// bars.
+class ArrowKeys : public QObject {
+  public:
+    explicit ArrowKeys(QScrollBar* bar) : QObject(bar), Bar(bar) { bar->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress && Bar->orientation() == Qt::Horizontal) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Left || key == Qt::Key_Right) {
+                Bar->triggerAction(key == Qt::Key_Left ? QAbstractSlider::SliderSingleStepSub
+                                                       : QAbstractSlider::SliderSingleStepAdd);
+                return true;
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    QScrollBar* Bar;
 };
 
 }  // namespace
@@ -95,10 +117,13 @@ void FieldBinder::Text(QComboBox* control, std::string& field, Reaction changed)
         const QString text = QString::fromStdString(field);
         if (control->currentText() == text) return;
         const QSignalBlocker silent(control);
-        if (control->isEditable()) {
+        // The keys go on from the entry that is shown.
+        const int entry = control->findText(text);
+        if (control->isEditable() && entry < 0) {
             control->setEditText(text);
         } else {
-            control->setCurrentIndex(control->findText(text));
+            control->setCurrentIndex(entry);
+            if (control->isEditable()) control->setEditText(text);
         }
     });
 }
@@ -160,6 +185,7 @@ void FieldBinder::Choice(QButtonGroup* group, int& field, Reaction changed) {
 }
 
 void FieldBinder::Scroll(QScrollBar* control, ScrollBar& field, Reaction changed) {
+    new ArrowKeys(control);
     QObject::connect(control, &QScrollBar::valueChanged, control, [&field, changed](int value) {
         field.Value = value;
         React(changed);
@@ -174,6 +200,7 @@ void FieldBinder::Scroll(QScrollBar* control, ScrollBar& field, Reaction changed
 
 void FieldBinder::Scroll(QScrollBar* control, std::int32_t& field, std::function<int()> last,
                          Reaction changed) {
+    new ArrowKeys(control);
     QObject::connect(control, &QScrollBar::valueChanged, control, [&field, changed](int value) {
         field = value;
         React(changed);

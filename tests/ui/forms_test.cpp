@@ -32,51 +32,7 @@ class Forms : public Window {
         auto* dromo = Find<PictureBox>("Dromo");
         QTest::mouseClick(dromo, Qt::LeftButton, {}, Pixel(dromo, x, y));
     }
-    static void Enter(QWidget* control) {
-        QFocusEvent event(QEvent::FocusIn);
-        QApplication::sendEvent(control, &event);
-    }
 };
-
-TEST_F(Forms, depth_fields_stand_in_their_controls_and_are_known_to_the_picture) {
-    constexpr std::pair<const char*, const char*> fields[] = {
-        {"Text2", "V1A"},   {"Text7", "V1B"},   {"Text3", "V2A"},   {"Text8", "V2B"},   {"Text4", "V3A"},
-        {"Text9", "V3B"},   {"Text5", "V4A"},   {"Text10", "V4B"},  {"Text6", "V5A"},   {"Text11", "V5B"},
-        {"Text31", "IT1A"}, {"Text36", "IT1B"}, {"Text37", "IT2A"}, {"Text38", "IT2B"}, {"Text39", "IT3A"},
-        {"Text40", "IT3B"}, {"Text41", "IT4A"}, {"Text42", "IT4B"}, {"Text44", "CD1A"}, {"Text45", "CD1B"},
-        {"Text46", "CD2A"}, {"Text47", "CD2B"}, {"Text48", "CD3A"}, {"Text49", "CD3B"}, {"Text50", "CD4A"},
-        {"Text51", "CD4B"}};
-    Fcalcul& logic = Program.Depths;
-    Form* form = Open(Dialog::Fcalcul);
-    for (const auto& [control, name] : fields) {
-        auto* edit = form->findChild<QLineEdit*>(control);
-        ASSERT_NE(edit, nullptr) << control;
-        *logic.Field_Of(test::Field(name)) = name;
-        form->Refresh();
-        EXPECT_EQ(edit->text(), name);
-        edit->setText("12.5");
-        Program.Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
-        emit edit->textEdited("12.5");
-        EXPECT_EQ(*logic.Field_Of(test::Field(name)), "12.5") << control;
-        EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
-        Enter(edit);
-        EXPECT_EQ(Program.Work.Velocity.Awaited, test::Field(name));
-    }
-    struct Row {
-        std::string* Field;
-        const char* Control;
-    };
-    const Row results[] = {{&logic.TrueV[5], "Text16"},         {&logic.Thick[4], "Text30"},
-                           {&logic.Depth[2], "Text33"},         {&logic.MeanIntercept[3], "Text19"},
-                           {&logic.MeanCritDist[1], "Text22"},  {&logic.Altitude, "Text1"},
-                           {&logic.MeanIntercept[1], "Text17"}, {&logic.ShotDepth, "Text26"}};
-    for (const auto& [field, control] : results) {
-        *field = "7";
-        form->Refresh();
-        EXPECT_EQ(form->findChild<QLineEdit*>(control)->text(), "7") << control;
-        *field = "";
-    }
-}
 
 TEST_F(Forms, depth_rows_follow_the_count_of_layers_when_it_is_typed_to_its_end) {
     Form* form = Open(Dialog::Fcalcul);

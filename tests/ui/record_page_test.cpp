@@ -220,27 +220,7 @@ TEST_F(RecordTab, a_factor_stands_above_its_trace_and_a_click_there_doubles_or_h
     EXPECT_EQ(Program.Work.Grids.size_grid.Text(6, 0), "1");
 }
 
-TEST_F(RecordTab, each_option_changes_the_picture_at_once) {
-    QImage before = Ecran->Canvas().Image().copy();
-    const auto changed = [&] {
-        const QImage now = Ecran->Canvas().Image().copy();
-        const bool different = now != before;
-        before = now;
-        return different;
-    };
-    for (const int style : {1, 2}) {
-        Find<QComboBox>("Combo1")->setCurrentIndex(style);
-        EXPECT_TRUE(changed()) << style;
-    }
-    Find<QToolButton>("Command15")->click();
-    EXPECT_TRUE(changed());
-    EXPECT_EQ(Find<QLineEdit>("Text11")->text(), "2");
-    for (const char* tick : {"clip", "Check3"}) {
-        Find<QCheckBox>(tick)->click();
-        EXPECT_TRUE(changed()) << tick;
-    }
-    Find<QToolButton>("Command25")->click();
-    EXPECT_TRUE(changed());
+TEST_F(RecordTab, a_typed_part_of_a_record_is_shown_and_the_record_stays) {
     Find<QScrollBar>("HScroll2")->setValue(3);
     EXPECT_EQ(Find<QLabel>("Text12")->text(), "3/ FLDR 3");
     auto* first = Find<QLineEdit>("Text9");
