@@ -123,8 +123,8 @@ std::string Lost_Work_Question(const JournalContent& journal) {
     const std::string file = journal.ProjectFile.empty() ? "A new profile" : journal.ProjectFile;
     const std::size_t edits = journal.Edits_Of_Project();
     std::string name;
-    for (const JournalContent::Record& record : journal.Records) {
-        if (!record.Content.Block.Empty()) name = record.Content.Name;
+    for (const Edit* edit : journal.Standing()) {
+        if (!edit->Block.Empty()) name = edit->Name;
     }
     std::string text =
         file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +

@@ -213,9 +213,28 @@ void Journal::Remove() {
     fs::remove(Path, failed);
 }
 
+std::vector<const Edit*> JournalContent::Standing() const {
+    std::vector<const tarnvik::Edit*> edits;
+    std::size_t done = 0;
+    for (const Record& record : Records) {
+        if (record.What == Kind::Undo && done > 0) {
+            --done;
+        } else if (record.What == Kind::Redo && done < edits.size()) {
+            ++done;
+        } else {
+            edits.resize(done);
+            edits.push_back(&record.Content);
+            done = edits.size();
+        }
+    }
+    edits.resize(done);
+    return edits;
+}
+
 std::size_t JournalContent::Edits_Of_Project() const {
+    const auto standing = Standing();
     return static_cast<std::size_t>(std::count_if(
-        Records.begin(), Records.end(), [](const Record& record) { return !record.Content.Block.Empty(); }));
+        standing.begin(), standing.end(), [](const tarnvik::Edit* edit) { return !edit->Block.Empty(); }));
 }
 
 std::chrono::system_clock::time_point JournalContent::Last_Time() const {
@@ -258,7 +277,12 @@ std::vector<JournalContent> Journals_Left_Behind(const std::string& folder) {
         const std::string path = entry->path().string();
         if (!path.ends_with(ending) || Held_By_Another(path)) continue;
         JournalContent content = Read_Journal(path);
-        if (!content.File.empty() && content.Edits_Of_Project() > 0) found.push_back(std::move(content));
+        if (content.File.empty()) continue;
+        if (content.Edits_Of_Project() > 0) {
+            found.push_back(std::move(content));
+        } else {
+            Remove_Journal(content);  // it would only fill the folder
+        }
     }
     std::sort(found.begin(), found.end(), [](const JournalContent& one, const JournalContent& other) {
         return one.Last_Time() > other.Last_Time();

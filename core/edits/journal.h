@@ -24,7 +24,10 @@ struct JournalContent {
     std::string Base;         ///< project block before the first record
     std::vector<Record> Records;
 
-    /// Number of records that change what a project file keeps, and the time of the last one.
+    /// The edits that stood when the journal ended, in their order: what was taken back again is not among
+    /// them. Undoing an edit from before the journal began is itself one.
+    std::vector<const tarnvik::Edit*> Standing() const;
+    /// Those of them that change the project, and the time of the last record.
     std::size_t Edits_Of_Project() const;
     std::chrono::system_clock::time_point Last_Time() const;
 };
@@ -62,7 +65,7 @@ class Journal {
 };
 
 /// The journals of a folder that no running program holds and that tell of changes a project file may lack,
-/// newest first. A record cut short at the end is left out.
+/// newest first. A record cut short at the end is left out. One that tells of no such change is removed.
 std::vector<JournalContent> Journals_Left_Behind(const std::string& folder);
 
 /// Content of one journal; its File is empty when it is none.

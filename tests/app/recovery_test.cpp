@@ -60,7 +60,9 @@ TEST_F(Recovery, edits_of_a_killed_program_come_back_as_edits_that_can_be_undone
     ASSERT_EQ(Left().size(), 1U);
     const std::string question = Question();
     EXPECT_NE(question.find(Path + " : the program ended at "), std::string::npos) << question;
-    EXPECT_NE(question.find("3 edits are not in the project file"), std::string::npos) << question;
+    EXPECT_NE(question.find("1 edit is not in the project file (last: Pick shot 1, receiver 3)"),
+              std::string::npos)
+        << question;
     EXPECT_EQ(question.find("has been changed since"), std::string::npos) << question;
 
     Prompts.Expect(question, Answer::Yes);
