@@ -28,15 +28,6 @@ std::string Filed_Block(const std::string& path) {
     return Parse_Project(*bytes, filed).Refusal.empty() ? Project_Block(filed) : std::string();
 }
 
-/// Project block after the last record; empty for a journal that does not fit together.
-std::string Last_Block(const JournalContent& journal) {
-    std::string block = journal.Base;
-    for (const JournalContent::Record& record : journal.Records) {
-        if (!record.Content.Block.Apply(block, ByteChanges::Direction::Forth)) return {};
-    }
-    return block;
-}
-
 /// The block as it comes back from a project file, which keeps hundredths. A block that no file has room for
 /// is left as it is.
 std::string As_Filed(const std::string& block) {
@@ -52,7 +43,7 @@ std::string As_Filed(const std::string& block) {
 
 /// False for a journal whose edits were all taken back again, or whose project was saved all the same.
 bool Tells_Something_New(const JournalContent& journal) {
-    const std::string last = Last_Block(journal);
+    const std::string last = journal.Last_Block();
     if (last.empty()) return false;
     const std::string filed = Filed_Block(journal.ProjectFile);
     return filed.empty() || !Same_Filed_Content(filed, As_Filed(last));
@@ -122,14 +113,10 @@ std::string Journal_Folder(const std::string& settings_file) {
 std::string Lost_Work_Question(const JournalContent& journal) {
     const std::string file = journal.ProjectFile.empty() ? "A new profile" : journal.ProjectFile;
     const std::size_t edits = journal.Edits_Of_Project();
-    std::string name;
-    for (const Edit* edit : journal.Standing()) {
-        if (!edit->Block.Empty()) name = edit->Name;
-    }
     std::string text =
         file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
         CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
-        " not in the project file (last: " + name + "). Bring " + (edits == 1 ? "it" : "them") + " back ?";
+        " not in the project file (last: " + journal.Last_Name() + "). Bring " + (edits == 1 ? "it" : "them") + " back ?";
     const std::string filed = Filed_Block(journal.ProjectFile);
     if (!filed.empty() && !Same_Filed_Content(filed, As_Filed(journal.Base)))
         text += "\r\nThe project file has been changed since.";

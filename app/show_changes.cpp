@@ -108,6 +108,10 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work.Project));
     Show_Pictures(session, notice);
     Show_In_Dialogs(session, notice);
+    if (work.Edits.Journal_Fails()) {
+        work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
+                             session.JournalFolder + ". Save the project.";
+    }
     session.Outside.Show.Show_Fields();
 }
 

@@ -1,6 +1,25 @@
 #include "core/edits/edit.h"
 
+#include <algorithm>
+
 namespace tarnvik {
+
+void Edit::Add_File_Change(const std::string& path, std::int64_t position, std::string_view before,
+                           std::string_view after) {
+    auto found =
+        std::find_if(Files.begin(), Files.end(), [&](const FileChange& file) { return file.Path == path; });
+    if (found == Files.end()) found = Files.insert(Files.end(), {path, {}});
+    found->Bytes.Add(position, before, after);
+}
+
+void Edit::Join(const Edit& later) {
+    Time = later.Time;
+    Block.Append(later.Block);
+    for (const FileChange& file : later.Files) {
+        for (const ByteChanges::Run& run : file.Bytes.All())
+            Add_File_Change(file.Path, run.Position, run.Before, run.After);
+    }
+}
 
 std::size_t Edit::Footprint() const {
     std::size_t size = sizeof(Edit) + Name.size() + Block.Footprint();

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/edits/byte_changes.h"
@@ -25,6 +27,12 @@ struct Edit {
     /// no such names.
     std::string ProjectFileBefore;
     std::string ProjectFileAfter;
+
+    /// Notes bytes that were changed in a file.
+    void Add_File_Change(const std::string& path, std::int64_t position, std::string_view before,
+                         std::string_view after);
+    /// Takes in the one that follows, as along a drag: both are one step from then on.
+    void Join(const Edit& later);
 
     std::size_t Footprint() const;
     void Write(ByteWriter& writer) const;

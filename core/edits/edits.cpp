@@ -15,14 +15,6 @@ constexpr std::size_t most_memory = 512U << 20U;  ///< bytes of history; the old
 
 using Direction = ByteChanges::Direction;
 
-void Add_File_Change(std::vector<FileChange>& files, const std::string& path, std::int64_t position,
-                     std::string_view before, std::string_view after) {
-    auto found =
-        std::find_if(files.begin(), files.end(), [&](const FileChange& file) { return file.Path == path; });
-    if (found == files.end()) found = files.insert(files.end(), {path, {}});
-    found->Bytes.Add(position, before, after);
-}
-
 }  // namespace
 
 Edits::Edits() = default;
@@ -44,6 +36,7 @@ void Edits::Saved(const Project& project) {
     std::string block = Project_Block(project);
     if (Is_Open()) {
         // The edit on hand ends later; what it has changed so far stays its own.
+        Series.clear();
         SavedBlock = std::move(block);
         SavedState = true;
         Drop_Journal();
@@ -84,27 +77,17 @@ void Edits::Take_In_Stray_Changes(const Project& project) {
         LastBlock = std::move(block);
         return;
     }
-    if (block == LastBlock) return;
-    Edit stray;
+    if (block == LastBlock && Stray.Files.empty()) return;
+    Edit stray = std::exchange(Stray, {});
     stray.Name = "Change";
-    stray.Block = ByteChanges::Between(LastBlock, block);
+    if (block != LastBlock) stray.Block = ByteChanges::Between(LastBlock, block);
     Add(std::move(stray), project, {});
 }
 
 void Edits::Note_File_Change(const std::string& path, std::int64_t position, std::string_view before,
                              std::string_view after) {
     if (before == after) return;
-    if (Is_Open()) {
-        Add_File_Change(Current.Files, path, position, before, after);
-        return;
-    }
-    // A write outside any scope is an edit of its own.
-    Edit edit;
-    edit.Name = "Field records";
-    Add_File_Change(edit.Files, path, position, before, after);
-    History.resize(Position);
-    History.push_back(std::move(edit));
-    Position = History.size();
+    (Is_Open() ? Current : Stray).Add_File_Change(path, position, before, after);
 }
 
 bool Edits::End(const Project& project) {
@@ -138,23 +121,14 @@ void Edits::Add(Edit edit, const Project& project, const std::string& series) {
     for (const FileChange& file : files)
         notice.Files.push_back(&file);
 
-    if (!JournalFolder.empty()) {
-        if (!Log) Log = Journal::Begin(JournalFolder, project.CurrentFile, LastBlock);
-        if (Log) Log->Write_Edit(edit);
-    }
+    const bool joins = !series.empty() && series == Series && Position == History.size() && Position > 0;
+    if (Open_Journal(project)) Log->Write_Edit(edit, joins);
     LastBlock = Project_Block(project);
     SavedState = !SavedBlock.empty() && Same_Filed_Content(SavedBlock, LastBlock);
 
-    const bool joins = !series.empty() && series == Series && Position == History.size() && Position > 0;
     History.resize(Position);
     if (joins) {
-        Edit& last = History.back();
-        last.Block.Append(edit.Block);
-        last.Time = edit.Time;
-        for (const FileChange& file : edit.Files) {
-            for (const ByteChanges::Run& run : file.Bytes.All())
-                Add_File_Change(last.Files, file.Path, run.Position, run.Before, run.After);
-        }
+        History.back().Join(edit);
     } else {
         History.push_back(std::move(edit));
     }
@@ -162,6 +136,25 @@ void Edits::Add(Edit edit, const Project& project, const std::string& series) {
     Position = History.size();
     Forget_Oldest();
     Tell(notice);
+}
+
+/// Called while LastBlock is still that before the change, which is what a journal begins with. One that could
+/// not be written on is kept until another one holds the same state.
+bool Edits::Open_Journal(const Project& project) {
+    if (JournalFolder.empty()) return false;
+    if (!Log || !Log->Whole()) {
+        auto begun = Journal::Begin(JournalFolder, project.CurrentFile, LastBlock);
+        if (begun) {
+            Drop_Journal();
+            Log = std::move(begun);
+        }
+    }
+    JournalFails = !Log || !Log->Whole();
+    return !JournalFails;
+}
+
+bool Edits::Journal_Fails() const {
+    return JournalFails || (Log && !Log->Whole());
 }
 
 void Edits::Forget_Oldest() {
@@ -221,14 +214,10 @@ std::string Edits::Step(Project& project, Direction direction, ChangeNotice& not
     for (const FileChange& file : edit.Files)
         notice.Files.push_back(&file);
     notice.Name = edit.Name;
+    if (Open_Journal(project)) Log->Write_Step(back, edit);
     Position = back ? Position - 1 : Position + 1;
     Name_Project_File(edit, project, back);
     LastBlock = std::move(block);
-    if (!JournalFolder.empty()) {
-        // A journal that began behind this edit has no such step; the way back is then an edit of its own.
-        if (!Log) Log = Journal::Begin(JournalFolder, project.CurrentFile, Project_Block(project));
-        if (Log) Log->Write_Step(back, edit);
-    }
     return {};
 }
 
@@ -269,40 +258,27 @@ void Edits::Keep_Journals_In(const std::string& folder) {
 void Edits::Drop_Journal() {
     if (Log) Log->Remove();
     Log.reset();
+    JournalFails = false;
 }
 
 bool Edits::Restore(Project& project, const JournalContent& content) {
-    std::string block = content.Base;
-    std::vector<Edit> edits;
-    std::size_t done = 0;
-    for (const JournalContent::Record& record : content.Records) {
-        // The files were written at once and stand as the journal tells; the project alone is brought back.
-        if (!record.Content.Block.Apply(block, Direction::Forth)) return false;
-        if (record.What == JournalContent::Kind::Undo && done > 0) {
-            --done;
-        } else if (record.What == JournalContent::Kind::Redo && done < edits.size()) {
-            ++done;
-        } else {
-            // Also a step along edits from before the journal began, whose way is then an edit of its own.
-            edits.resize(done);
-            edits.push_back(record.Content);
-            done = edits.size();
-        }
-    }
+    // The files were written at once and stand as the journal tells; the project alone is brought back.
+    std::string block = content.Last_Block();
     Project restored = project;
     if (!Take_Project_Block(content.Base, restored)) return false;
     const std::string former = Project_Block(project);
     Start(restored, false);
     if (!Take_Project_Block(block, project)) return false;
-    History = std::move(edits);
-    Position = done;
+    JournalContent::Walked walked = content.Walk();
+    History = std::move(walked.Edits);
+    Position = walked.Done;
     LastBlock = std::move(block);
     SavedBlock = former;
     SavedState = Same_Filed_Content(former, LastBlock);
     if (!JournalFolder.empty()) {
         Log = Journal::Begin(JournalFolder, project.CurrentFile, content.Base);
         for (const JournalContent::Record& record : content.Records) {
-            if (Log) Log->Write_Again(record);
+            if (Log) Log->Write_Record(record.What, record.Content);
         }
     }
     ChangeNotice notice;

@@ -69,6 +69,8 @@ class Edits : public FileRecorder {
     void Drop_Journal();
     /// True while the edits since the last save stand in a journal.
     bool Has_Journal() const { return Log != nullptr; }
+    /// True when the last edit could not be written into a journal, on a full disk for instance.
+    bool Journal_Fails() const;
     /// Takes over what a journal holds as edits of this history, and puts their last state into the project,
     /// which has been read from its file or is still empty. The SU files are not touched: they were written
     /// as the edits were made. False for a journal that does not fit together; nothing has changed then.
@@ -81,6 +83,7 @@ class Edits : public FileRecorder {
     bool End(const Project& project);
     void Give_Up(Project& project);
     void Take_In_Stray_Changes(const Project& project);
+    bool Open_Journal(const Project& project);
     void Add(Edit edit, const Project& project, const std::string& series);
     std::string Step(Project& project, ByteChanges::Direction direction, ChangeNotice& notice);
     void Tell(ChangeNotice& notice);
@@ -95,8 +98,10 @@ class Edits : public FileRecorder {
     int Depth = 0;
     Edit Current;  ///< in work
     std::string CurrentSeries;
+    Edit Stray;  ///< files written outside any scope; taken in before the next one begins
     std::unique_ptr<Journal> Log;
     std::string JournalFolder;
+    bool JournalFails = false;
 };
 
 /// One edit from its beginning to its end. Scopes inside another one belong to it. `series` joins edits that

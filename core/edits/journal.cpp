@@ -42,6 +42,9 @@ bool Held_By_Another(const std::string&) {
 std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
     return _write(handle, bytes, static_cast<unsigned>(std::min<std::size_t>(count, 1U << 30U)));
 }
+void Cut(int handle, std::int64_t length) {
+    _chsize_s(handle, length);
+}
 void Flush(int handle) {
     _commit(handle);
 }
@@ -66,6 +69,10 @@ bool Held_By_Another(const std::string& path) {
 std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
     return write(handle, bytes, count);
 }
+void Cut(int handle, std::int64_t length) {
+    // Where even this fails the record cut short is known by its sum.
+    [[maybe_unused]] const int failed = ftruncate(handle, length);
+}
 void Flush(int handle) {
     fdatasync(handle);
 }
@@ -74,13 +81,14 @@ void Close(int handle) {
 }
 #endif
 
-void Write_All(int handle, std::string_view bytes) {
+bool Write_All(int handle, std::string_view bytes) {
     while (!bytes.empty()) {
         const std::int64_t put = Write_Some(handle, bytes.data(), bytes.size());
         if (put < 0 && errno == EINTR) continue;
-        if (put <= 0) return;  // a full disk must not end the work; the project itself is saved by the user
+        if (put <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(put));
     }
+    return true;
 }
 
 /// A sum over the bytes of a record, so that one cut short by a kill is known (FNV-1a, public domain).
@@ -166,46 +174,69 @@ std::unique_ptr<Journal> Journal::Begin(const std::string& folder, const std::st
         ByteWriter head;
         head.Text(project_file);
         head.Text(base_block);
-        Write_All(handle, mark);
-        journal->Write_Record('B', head.Bytes());
-        return journal;
+        journal->Length = static_cast<std::int64_t>(mark.size());
+        journal->IsWhole = Write_All(handle, mark);
+        journal->Append('B', head.Bytes());
+        if (journal->IsWhole) return journal;
+        journal->Remove();
+        return nullptr;
     }
     return nullptr;
 }
 
-void Journal::Write_Record(char kind, std::string_view payload) {
+void Journal::Append(char kind, std::string_view payload) {
+    if (!IsWhole) return;
     ByteWriter record;
     record.Reserve(payload.size() + 16);
     record.Value(kind);
     record.Text(payload);
     record.Value(Check_Sum(payload));
-    Write_All(Handle, record.Bytes());
+    IsWhole = Write_All(Handle, record.Bytes());
+    if (IsWhole) {
+        Length += static_cast<std::int64_t>(record.Bytes().size());
+    } else {
+        Cut(Handle, Length);
+    }
     OnDisk->Ask();
 }
 
-void Journal::Write_Edit(const Edit& edit) {
+void Journal::Write_Record(JournalContent::Kind kind, const Edit& content) {
     ByteWriter payload;
-    edit.Write(payload);
-    Write_Record(static_cast<char>(JournalContent::Kind::Edit), payload.Bytes());
+    content.Write(payload);
+    Append(static_cast<char>(kind), payload.Bytes());
+    switch (kind) {
+        case JournalContent::Kind::Edit:
+            Size = ++Done;
+            break;
+        case JournalContent::Kind::Undo:
+            --Done;
+            break;
+        case JournalContent::Kind::Redo:
+            ++Done;
+            break;
+        case JournalContent::Kind::Join:
+            break;
+    }
+}
+
+void Journal::Write_Edit(const Edit& edit, bool joins) {
+    using Kind = JournalContent::Kind;
+    Write_Record(joins && InStep && Done > 0 ? Kind::Join : Kind::Edit, edit);
 }
 
 void Journal::Write_Step(bool back, const Edit& edit) {
-    ByteWriter payload;
+    using Kind = JournalContent::Kind;
     Edit step;
     step.Name = (back ? "Undo: " : "Redo: ") + edit.Name;
     step.Time = std::chrono::system_clock::now();
     step.Block = back ? edit.Block.Reversed() : edit.Block;
     for (const FileChange& file : edit.Files)
         step.Files.push_back({file.Path, back ? file.Bytes.Reversed() : file.Bytes});
-    step.Write(payload);
-    Write_Record(static_cast<char>(back ? JournalContent::Kind::Undo : JournalContent::Kind::Redo),
-                 payload.Bytes());
-}
-
-void Journal::Write_Again(const JournalContent::Record& record) {
-    ByteWriter payload;
-    record.Content.Write(payload);
-    Write_Record(static_cast<char>(record.What), payload.Bytes());
+    // Behind the beginning of the journal its places and the history's no longer go together: from there on
+    // each step is an edit of its own.
+    InStep = InStep && (back ? Done > 0 : Done < Size);
+    const Kind along = back ? Kind::Undo : Kind::Redo;
+    Write_Record(InStep ? along : Kind::Edit, step);
 }
 
 void Journal::Remove() {
@@ -213,28 +244,46 @@ void Journal::Remove() {
     fs::remove(Path, failed);
 }
 
-std::vector<const Edit*> JournalContent::Standing() const {
-    std::vector<const tarnvik::Edit*> edits;
-    std::size_t done = 0;
+JournalContent::Walked JournalContent::Walk() const {
+    Walked walked;
+    auto& [edits, done] = walked;
     for (const Record& record : Records) {
         if (record.What == Kind::Undo && done > 0) {
             --done;
         } else if (record.What == Kind::Redo && done < edits.size()) {
             ++done;
+        } else if (record.What == Kind::Join && done > 0) {
+            edits[done - 1].Join(record.Content);
         } else {
             edits.resize(done);
-            edits.push_back(&record.Content);
+            edits.push_back(record.Content);
             done = edits.size();
         }
     }
-    edits.resize(done);
-    return edits;
+    return walked;
+}
+
+std::string JournalContent::Last_Block() const {
+    std::string block = Base;
+    for (const Record& record : Records) {
+        if (!record.Content.Block.Apply(block, ByteChanges::Direction::Forth)) return {};
+    }
+    return block;
 }
 
 std::size_t JournalContent::Edits_Of_Project() const {
-    const auto standing = Standing();
-    return static_cast<std::size_t>(std::count_if(
-        standing.begin(), standing.end(), [](const tarnvik::Edit* edit) { return !edit->Block.Empty(); }));
+    const Walked walked = Walk();
+    return static_cast<std::size_t>(
+        std::count_if(walked.Edits.begin(), walked.Edits.begin() + static_cast<std::ptrdiff_t>(walked.Done),
+                      [](const tarnvik::Edit& edit) { return !edit.Block.Empty(); }));
+}
+
+std::string JournalContent::Last_Name() const {
+    const Walked walked = Walk();
+    for (std::size_t i = walked.Done; i > 0; --i) {
+        if (!walked.Edits[i - 1].Block.Empty()) return walked.Edits[i - 1].Name;
+    }
+    return {};
 }
 
 std::chrono::system_clock::time_point JournalContent::Last_Time() const {

@@ -12,11 +12,11 @@ namespace tarnvik {
 
 /// What a journal tells that a killed program left behind.
 struct JournalContent {
-    enum class Kind : char { Edit = 'E', Undo = 'U', Redo = 'R' };
+    /// A Join is the next part of the edit before it, as along a drag.
+    enum class Kind : char { Edit = 'E', Join = 'J', Undo = 'U', Redo = 'R' };
     struct Record {
         Kind What = Kind::Edit;
-        /// The edit; of an undo or redo what the step changed, forward: an edit that stands before the
-        /// journal began is not in it.
+        /// The edit; of an undo or redo what the step changed, forward.
         tarnvik::Edit Content;
     };
     std::string File;         ///< the journal itself
@@ -24,11 +24,20 @@ struct JournalContent {
     std::string Base;         ///< project block before the first record
     std::vector<Record> Records;
 
-    /// The edits that stood when the journal ended, in their order: what was taken back again is not among
-    /// them. Undoing an edit from before the journal began is itself one.
-    std::vector<const tarnvik::Edit*> Standing() const;
-    /// Those of them that change the project, and the time of the last record.
+    /// The history that the records tell, and how many of its edits were done when the journal ended: those
+    /// behind them had been taken back and could be done again. A step along an edit from before the journal
+    /// began is itself an edit in it.
+    struct Walked {
+        std::vector<tarnvik::Edit> Edits;
+        std::size_t Done = 0;
+    };
+    Walked Walk() const;
+    /// Project block after the last record; empty for a journal that does not fit together.
+    std::string Last_Block() const;
+    /// Edits that stood at the end and change the project, the name of the last of them, and the time of the
+    /// last record.
     std::size_t Edits_Of_Project() const;
+    std::string Last_Name() const;
     std::chrono::system_clock::time_point Last_Time() const;
 };
 
@@ -47,20 +56,28 @@ class Journal {
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    void Write_Edit(const Edit& edit);
+    /// `joins` when the edit has become a part of the one before it.
+    void Write_Edit(const Edit& edit, bool joins);
     void Write_Step(bool back, const Edit& edit);
-    /// Takes a record of a former journal over.
-    void Write_Again(const JournalContent::Record& record);
+    void Write_Record(JournalContent::Kind kind, const Edit& content);
+    /// False when a record could not be written, on a full disk for instance. What was written before is
+    /// whole; nothing is written any more, for it would not fit behind it.
+    bool Whole() const { return IsWhole; }
     /// Takes the file away.
     void Remove();
 
   private:
     class Flusher;
     Journal(std::string path, int handle);
-    void Write_Record(char kind, std::string_view payload);
+    void Append(char kind, std::string_view payload);
 
     std::string Path;
     int Handle = -1;
+    std::int64_t Length = 0;  ///< bytes written
+    bool IsWhole = true;
+    std::size_t Size = 0;  ///< edits that the records tell
+    std::size_t Done = 0;  ///< of them
+    bool InStep = true;    ///< every step so far went along edits of the journal
     std::unique_ptr<Flusher> OnDisk;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -340,6 +341,88 @@ TEST(Journal, AKillLosesNothingButTheEditOnHand) {
         Remove_Journal(left.front());
         std::filesystem::remove_all(journals);
     }
+}
+
+TEST(Journal, GivesBackTheHistoryAfterSavesDragsAndStepsBehindItsBeginning) {
+    TemporaryFolder folder;
+    const std::string journals = folder / "journal";
+    Line line(folder);
+    Edits& edits = line.Work.Edits;
+    edits.Keep_Journals_In(journals);
+    std::mt19937 hand(7);
+    int restored_histories = 0;
+    for (int step = 0; step < 400; ++step) {
+        switch (hand() % 8U) {
+            case 0:
+            case 1:
+                edits.Undo(line.Work.Project);
+                break;
+            case 2:
+                edits.Redo(line.Work.Project);
+                break;
+            case 3:
+                if (step % 3 != 0) break;
+                line.Work.Project.TotalTime += 1;
+                edits.Saved(line.Work.Project);
+                break;
+            default:
+                line.Random_Edit(hand);
+        }
+        if (!std::filesystem::exists(journals) || std::filesystem::is_empty(journals)) continue;
+        const JournalContent content =
+            Read_Journal(std::filesystem::directory_iterator(journals)->path().string());
+        Workspace again;
+        ASSERT_TRUE(again.Edits.Restore(again.Project, content)) << step;
+        ASSERT_TRUE(Project_Block(again.Project) == line.Block()) << step;
+        const std::size_t done = again.Edits.Done();
+        ASSERT_EQ(again.Edits.Go_To(again.Project, 0), "") << step;
+        ASSERT_TRUE(Project_Block(again.Project) == content.Base) << step;
+        ASSERT_EQ(again.Edits.Go_To(again.Project, done), "") << step;
+        ASSERT_TRUE(Project_Block(again.Project) == line.Block()) << step;
+        ++restored_histories;
+    }
+    EXPECT_GT(restored_histories, 200);
+}
+
+TEST(Journal, OnAFullDiskKeepsWhatItHasAndGoesOnWhenThereIsRoom) {
+    TemporaryFolder folder;
+    const std::string journals = folder / "journal";
+    Line line(folder);
+    Edits& edits = line.Work.Edits;
+    edits.Keep_Journals_In(journals);
+    const auto pick = [&line](int receiver) {
+        const EditScope edit(line.Work, "Pick");
+        line.Work.Project.ShotTimes(1, receiver) = 5;
+    };
+    const auto restored_block = [&] {
+        Workspace again;
+        const std::string path = std::filesystem::directory_iterator(journals)->path().string();
+        EXPECT_TRUE(again.Edits.Restore(again.Project, Read_Journal(path)));
+        return Project_Block(again.Project);
+    };
+    pick(1);
+    EXPECT_FALSE(edits.Journal_Fails());
+    const std::string first = line.Block();
+
+    // A file that may not grow is what a full disk is to the one that writes it.
+    const auto size = std::filesystem::file_size(std::filesystem::directory_iterator(journals)->path());
+    const auto former = signal(SIGXFSZ, SIG_IGN);
+    rlimit room{};
+    getrlimit(RLIMIT_FSIZE, &room);
+    rlimit full = room;
+    full.rlim_cur = size + 20;
+    setrlimit(RLIMIT_FSIZE, &full);
+    pick(2);
+    EXPECT_TRUE(edits.Journal_Fails());
+    edits.Undo(line.Work.Project);
+    pick(3);
+    setrlimit(RLIMIT_FSIZE, &room);
+    signal(SIGXFSZ, former);
+    EXPECT_TRUE(edits.Journal_Fails());
+    EXPECT_TRUE(restored_block() == first);
+    pick(4);
+    EXPECT_FALSE(edits.Journal_Fails());
+    EXPECT_TRUE(restored_block() == line.Block());
 }
 
 TEST(Journal, CutAnywhereItGivesWhatIsWhole) {
