@@ -53,8 +53,16 @@ void Quit_From_Toolbar(Session& session) {
     Quit(session, true);
 }
 
+void Show_Keys(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::Keys, false);
+}
+
 void Show_Splash(Session& session) {
     session.Outside.Show.Open_Dialog(Dialog::frmSplash, true);
+}
+
+bool Side_By_Side(const Session& session) {
+    return session.Work.Fields.SideBySide;
 }
 
 bool Multi_Screen(const Session& session) {
@@ -210,6 +218,7 @@ const std::array command_table = {
     Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve"},
     Separator(screen_menu),
     Command{.Name = "Zerop", .Menu = screen_menu, .Caption = "Zero time on top", .Shortcut = "Ctrl+T", .Run = Toggle_Zero_On_Top, .Checked = Zero_On_Top},
+    Command{.Name = "SideBySide_M", .Menu = screen_menu, .Caption = "Record and travel times side by side", .Shortcut = "F7", .Run = Toggle_Side_By_Side, .Checked = Side_By_Side},
     Command{.Name = "MultiScreen", .Menu = screen_menu, .Caption = "Multi screen", .Run = Toggle_Multi_Screen, .Checked = Multi_Screen},
     Command{.Name = "TShift", .Menu = screen_menu, .Caption = "Time Shift", .Run = Ask_Time_Shift},
 
@@ -265,7 +274,8 @@ const std::array command_table = {
     Command{.Name = "Italian_M", .Menu = language_menu, .Caption = "Italian", .Run = Choose_Language<'I'>, .Checked = Language<&Settings::LangItalian>},
 
     // Info
-    Command{.Name = "Mnu_Info", .Menu = info_menu, .Caption = "Help file", .Icon = "help", .Shortcut = "F1", .Run = Open_Manual},
+    Command{.Name = "Keys_M", .Menu = info_menu, .Caption = "Keys and mouse", .Shortcut = "F1", .Run = Show_Keys},
+    Command{.Name = "Mnu_Info", .Menu = info_menu, .Caption = "Help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "WSH", .Menu = info_menu, .Caption = "Tarnvik history", .Run = Open_History},
     Command{.Name = "video", .Menu = info_menu, .Caption = "Videos", .Run = Open_Video},
     Command{.Name = "REDPATH", .Menu = info_menu, .Caption = "Redpath book", .Run = Open_Redpath_Book},

@@ -6,6 +6,7 @@
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
+#include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
 #include "output/profile.h"
@@ -74,6 +75,7 @@ void Show_Curves_And_Profile(Session& session) {
 void Start_New_Profile(Session& session) {
     if (!May_Leave_Project(session)) return;
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    Add_Recent_File(session.Work.Settings, session.Work.Project.CurrentFile);
     Close_Computing_Dialogs(session);
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();

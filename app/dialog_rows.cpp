@@ -11,13 +11,14 @@ namespace {
 constexpr std::array dialog_rows = {
     DialogRow{Dialog::frmSplash, "Tarnvik", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::rechinfo, "New profile", DialogPlace::Box, DisplayMode::None, false},
-    DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, DisplayMode::None, false, Tab::Record},
     DialogRow{Dialog::confirm, "Record data", DialogPlace::Box, DisplayMode::None, true},
-    DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, DisplayMode::Vitesse, true},
-    DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true},
+    DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, DisplayMode::Vitesse, true, Tab::Curves},
+    DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
-    DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false},
-    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},
+    DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
+    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
+    DialogRow{Dialog::Keys, "Keys and mouse", DialogPlace::Window, DisplayMode::None, false},
     DialogRow{Dialog::Travel_Time_2, "Travel times", DialogPlace::Window, DisplayMode::None, false},
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "core/display_mode.h"
@@ -23,6 +24,8 @@ struct DialogRow {
     DisplayMode Mode = DisplayMode::None;
     /// Computes on the project in memory, so that it closes when another one comes.
     bool ClosesWithProject = false;
+    /// The tab whose picture a tool window works on: it is in sight with that tab only. None: with all.
+    std::optional<Tab> Home{};
 };
 
 std::span<const DialogRow> Dialog_Rows();

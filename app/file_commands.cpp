@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/commands.h"
 #include "app/dialog_commands.h"
 #include "app/recovery.h"
 #include "app/session.h"
@@ -11,6 +12,7 @@
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/settings_file.h"
+#include "core/text/letters.h"
 #include "core/tv4_file.h"
 #include "records/su_loading.h"
 
@@ -38,6 +40,26 @@ void Open_From_Toolbar(Session& session) {
 
 void Open_Recent_File(Session& session, int place) {
     Open_File_Named(session, session.Work.Settings.RecentFiles[static_cast<std::size_t>(place) - 1]);
+}
+
+void Open_Dropped_File(Session& session, const std::string& path) {
+    const std::string ending = UCase(Right(path, 4));
+    if (ending == ".TV5") {
+        if (Open_File_Named(session, path)) Add_Recent_File(session.Work.Settings, path);
+        return;
+    }
+    std::string refusal = "Only project files (TV5) and field records (SU) can be dropped here";
+    if (UCase(Right(path, 3)) == ".SU") {
+        refusal = Refusal_Of(*Find_Command("Command18"), session);
+        if (refusal.empty()) refusal = Path_Refusal(path);
+        if (refusal.empty()) {
+            if (Load_SU_File(session.Work, session.Outside, path))
+                session.Outside.Show.Select_Tab(Tab::Record);
+            return;
+        }
+    }
+    session.Work.Fields.Status = path + ": " + refusal;
+    session.Outside.Show.Show_Fields();
 }
 
 void Save_Data(Session& session) {

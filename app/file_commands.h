@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace tarnvik {
 
 class Session;
@@ -10,6 +12,9 @@ void Open_Travel_Time(Session& session);
 void Open_From_Toolbar(Session& session);
 /// A recent file by its place in the list, 1 to 5.
 void Open_Recent_File(Session& session, int place);
+/// A file dropped onto the window: a project is opened, records are loaded; for any other file the status
+/// field says what can be dropped.
+void Open_Dropped_File(Session& session, const std::string& path);
 /// Saves under the name in CurrentFile; does nothing without one.
 void Save_Data(Session& session);
 void Save_Data_As(Session& session);

@@ -13,6 +13,8 @@ void frmSplash::Load() {
     lblVersion = "Version 16.5.0";
     Command5Caption = "Display " + Owner.Work.Settings.RecentFiles[0];
     Command6Caption = "END " + title;
+    Recent = Recent_Projects(Owner.Work.Settings);
+    Demos = Demo_Lines(Owner);
 }
 
 bool frmSplash::Command1() {
@@ -38,6 +40,16 @@ bool frmSplash::Command4() {
 
 bool frmSplash::Command5() {
     Display_Last_File(Owner);
+    return true;
+}
+
+bool frmSplash::Open_Recent(std::size_t place) {
+    if (place < Recent.size()) Open_File_Named(Owner, Recent[place].Path);
+    return true;
+}
+
+bool frmSplash::Open_Demo(std::size_t place) {
+    if (place < Demos.size()) Open_Demo_Line(Owner, Demos[place].Path);
     return true;
 }
 

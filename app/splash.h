@@ -1,6 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "app/recent_projects.h"
 
 namespace tarnvik {
 
@@ -20,11 +23,16 @@ class frmSplash {
     bool Command4();  ///< "Read User Manual"
     bool Command5();  ///< "Display " and the last file
     bool Command6();  ///< "END Tarnvik ..."
+    /// One of the projects shown.
+    bool Open_Recent(std::size_t place);
+    bool Open_Demo(std::size_t place);
 
     std::string lblVersion;
     std::string lblProductName;
     std::string Command5Caption;
     std::string Command6Caption;
+    std::vector<ProjectGlimpse> Recent;  ///< recent projects that are there
+    std::vector<ProjectGlimpse> Demos;   ///< lines to try the program on
 
   private:
     Session& Owner;

@@ -99,6 +99,11 @@ void Toggle_Zero_On_Top(Session& session) {
     session.Outside.Show.Show_Curves();
 }
 
+void Toggle_Side_By_Side(Session& session) {
+    session.Work.Fields.SideBySide = !session.Work.Fields.SideBySide;
+    session.Outside.Show.Show_Fields();
+}
+
 void Toggle_Multi_Screen(Session& session) {
     session.Work.Settings.MultiScreen = !session.Work.Settings.MultiScreen;
     session.Outside.Show.Show_Fields();

@@ -22,6 +22,7 @@ class ConsoleLauncher : public Launcher {
     int Edit_Text(const std::string&) override { return 0; }
     std::string Find_Program(const std::string&) override { return {}; }
     std::string Program_Folder() const override { return Folder; }
+    std::string Documents_Folder() const override { return "."; }
     std::string Decimal_Separator() const override { return "."; }
     void Set_Decimal_Point() override {}
     void Register_File_Type() override {}

@@ -212,6 +212,7 @@ struct MainFields {
     std::string RecordReadout;    ///< time and trace under the pointer of ecran
     std::string ProfileReadout;   ///< X and Z under the pointer of the profile
     bool Check11 = true;          ///< Display all shot
+    bool SideBySide = false;      ///< record and curves stand beside each other
 };
 
 /// Grids of the main form beside the project's own remark_grid.

@@ -223,7 +223,10 @@ std::string Path_Refusal(const std::string& path) {
 
 bool Load_SU_File(Workspace& workspace, Ports& ports) {
     const std::string path = Choose_SU_File(workspace, ports);
-    if (path.empty()) return false;
+    return !path.empty() && Load_SU_File(workspace, ports, path);
+}
+
+bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path) {
     const Former former(workspace);
     RecordView& view = workspace.Record;
     Start_With_SU_File(workspace, path);

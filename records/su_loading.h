@@ -39,6 +39,8 @@ std::string Path_Refusal(const std::string& path);
 /// Lets the user choose an SU file and loads it, with all its questions; shows its first record. False when
 /// it was given up: then everything is as it was.
 bool Load_SU_File(Workspace& workspace, Ports& ports);
+/// The same with a file that he has named already.
+bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
 
 /// The same on behalf of the project in memory, which keeps the name of its own file.
 bool Load_SU_File_Of_Project(Workspace& workspace, Ports& ports);

@@ -13,16 +13,27 @@
 #include <set>
 
 #include "app/commands.h"
+#include "app/key_list.h"
 #include "app/session.h"
+#include "core/files.h"
 #include "ui/icon_family.h"
 
 namespace tarnvik {
 
 namespace {
 
+constexpr std::string_view recent_files = "&File/Recent files";
+
 // A gap stands before these buttons: files, the curves and their tools, depths, the picture, the end.
 const std::set<std::string_view> group_starts = {"herz",  "Double",  "tosu", "dromo", "vitess1", "sum",
                                                  "print", "drawing", "find", "stop",  "nozoom"};
+
+/// What a command does, and its key.
+QString Tip_Of(const Command& command) {
+    const QString tip = From(command.Tooltip.empty() ? command.Caption : command.Tooltip).remove('&');
+    const QKeySequence key(From(Shortcut_Of(command)), QKeySequence::PortableText);
+    return key.isEmpty() ? tip : tip + " (" + key.toString(QKeySequence::NativeText) + ")";
+}
 
 /// Entries of work to come can be pointed at, so that they say what they are.
 class MenuStyle : public QProxyStyle {
@@ -73,6 +84,10 @@ QMenu* CommandBars::Menu_Of(const QString& path) {
     menu->setStyle(StyleOfMenus);
     menu->setToolTipsVisible(true);
     Menus[path] = menu;
+    if (path == From(recent_files)) {
+        // Looked for when the menu opens, and not at each refresh: the files may lie on a slow drive.
+        connect(Menu_Of(path.left(cut)), &QMenu::aboutToShow, this, &CommandBars::Show_Living_Files);
+    }
     return menu;
 }
 
@@ -81,9 +96,8 @@ QAction* CommandBars::Action_For(const Command& command) {
     action->setObjectName(From(command.Name));
     action->setIcon(Family_Icon(From(command.Icon)));
     if (!command.Shortcut.empty()) action->setShortcut(QKeySequence(From(command.Shortcut)));
-    const QString tooltip = From(command.Tooltip);
-    action->setToolTip(tooltip.isEmpty() ? From(command.Caption) : tooltip);
-    action->setStatusTip(tooltip);
+    action->setToolTip(Tip_Of(command));
+    action->setStatusTip(From(command.Tooltip));
     if (!command.Available()) {
         action->setEnabled(false);
         action->setStatusTip(QString::fromStdString(Not_Available_Text(command)));
@@ -105,7 +119,7 @@ void CommandBars::Refresh() {
         if (command->Checked != nullptr) action->setChecked(command->Checked(Program));
         if (command->Text != nullptr) {
             QString text = QString::fromStdString(command->Text(Program));
-            action->setVisible(!text.isEmpty());
+            if (command->Menu != recent_files) action->setVisible(!text.isEmpty());
             // A name of a file is no place for a mnemonic; a caption of the program may have one.
             if (command->Caption.empty()) text.replace("&", "&&");
             action->setText(text);
@@ -113,10 +127,20 @@ void CommandBars::Refresh() {
         if (command->Refusal == nullptr) continue;
         const QString refusal = QString::fromStdString(command->Refusal(Program));
         action->setEnabled(refusal.isEmpty());
-        const QString tip = From(command->Tooltip.empty() ? command->Caption : command->Tooltip).remove('&');
-        action->setToolTip(refusal.isEmpty() ? tip : refusal);
+        action->setToolTip(refusal.isEmpty() ? Tip_Of(*command) : refusal);
         action->setStatusTip(refusal.isEmpty() ? From(command->Tooltip) : refusal);
     }
+}
+
+void CommandBars::Show_Living_Files() {
+    bool any = false;
+    for (const auto& [action, command] : Actions) {
+        if (command->Menu != recent_files) continue;
+        const bool there = File_Exists(command->Text(Program));
+        action->setVisible(there);
+        any |= there;
+    }
+    Menus[From(recent_files)]->setEnabled(any);
 }
 
 bool CommandBars::eventFilter(QObject* watched, QEvent* event) {

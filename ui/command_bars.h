@@ -28,6 +28,7 @@ class CommandBars : public QObject {
 
   private:
     QAction* Action_For(const Command& command);
+    void Show_Living_Files();
     QMenu* Menu_Of(const QString& path);
 
     Session& Program;

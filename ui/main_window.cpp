@@ -3,11 +3,16 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QScreen>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
+#include <QUrl>
 
+#include "app/file_commands.h"
 #include "app/pages.h"
 #include "app/session.h"
 #include "app/start.h"
@@ -27,6 +32,8 @@ namespace {
 // A user who drags the window's edge sees the pictures follow at once; what belongs to the change as a whole
 // comes when the edge has been let go.
 constexpr int resize_pause_ms = 150;
+
+constexpr const char* home_tab = "HomeTab";  ///< of a tool window that belongs to one picture
 
 QString From(const std::string& text) {
     return QString::fromStdString(text);
@@ -59,8 +66,14 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     SSTab1->addTab(Tables, Family_Icon("table"), tr("Tables"));
     SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
     // A tool window beside a wide page takes its room from the page and not from the screen.
-    SSTab1->setMinimumSize(560, 320);
-    setCentralWidget(SSTab1);
+    SSTab1->setMinimumSize(480, 320);
+    Panes = new QSplitter;
+    Panes->setObjectName("Panes");
+    Panes->setChildrenCollapsible(false);
+    Panes->addWidget(SSTab1);
+    setCentralWidget(Panes);
+    setAcceptDrops(true);
+    session.Work.Fields.SideBySide = Places.value("Window/SideBySide").toBool();
 
     Bars = new CommandBars(session, *this);
     Build_Status_Bar();
@@ -121,8 +134,12 @@ void MainWindow::Build_Status_Bar() {
     Fields.Text(status, fields.Status);
     const auto on_record = [this] { return SSTab1->currentWidget() == Records; };
     Fields.Shown(record_read_out, on_record);
-    Fields.Shown(read_out, [on_record] { return !on_record(); });
-    connect(SSTab1, &QTabWidget::currentChanged, this, [this] { Fields.Refresh(); });
+    Fields.Shown(read_out, [this, on_record] { return !on_record() || Program.Work.Fields.SideBySide; });
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this] {
+        Arrange_Docks();
+        Fields.Refresh();
+    });
+    Fields.Follow([this] { Arrange_Pages(); });
     Fields.Follow([this] {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
@@ -162,10 +179,45 @@ void MainWindow::Refresh_Cell(int row, int column) {
 }
 
 void MainWindow::Select_Tab(Tab tab) {
+    if (tab == Tab::Curves && SSTab1->indexOf(Curves) < 0) return;  // in sight already
     SSTab1->setCurrentIndex(static_cast<int>(tab));
 }
 
-void MainWindow::Place_Dock(QDockWidget* dock) {
+bool MainWindow::In_Sight(Tab tab) const {
+    if (tab == Tab::Curves && SSTab1->indexOf(Curves) < 0) return true;
+    return SSTab1->currentIndex() == static_cast<int>(tab);
+}
+
+/// The curves stand in their tab, or beside the tabs when the user wants them beside the record.
+void MainWindow::Arrange_Pages() {
+    const bool beside = Program.Work.Fields.SideBySide;
+    const int tab = SSTab1->indexOf(Curves);
+    if (beside == (tab < 0)) return;
+    if (beside) {
+        if (SSTab1->currentIndex() == tab) SSTab1->setCurrentWidget(Records);
+        SSTab1->removeTab(tab);
+        Panes->addWidget(Curves);
+        Panes->setSizes({Panes->width() / 2, Panes->width() / 2});
+        Curves->show();
+    } else {
+        SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
+    }
+    Arrange_Docks();
+}
+
+/// A tool window is in sight with the picture that it works on.
+void MainWindow::Arrange_Docks() {
+    for (QDockWidget* dock : findChildren<QDockWidget*>()) {
+        const QVariant home = dock->property(home_tab);
+        if (home.isValid()) dock->setVisible(In_Sight(static_cast<Tab>(home.toInt())));
+    }
+}
+
+void MainWindow::Place_Dock(QDockWidget* dock, std::optional<Tab> home) {
+    if (home) {
+        dock->setProperty(home_tab, static_cast<int>(*home));
+        if (!In_Sight(*home)) Select_Tab(*home);
+    }
     addDockWidget(Qt::RightDockWidgetArea, dock);
     Places.beginGroup("Tool windows/" + dock->objectName());
     const bool known = Places.contains("Area");
@@ -214,6 +266,7 @@ void MainWindow::Remember_Window(QWidget* window) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     Places.setValue("Window/Geometry", saveGeometry());
+    Places.setValue("Window/SideBySide", Program.Work.Fields.SideBySide);
     if (!Screen.Ended()) {
         // Both questions come every time, as users know them.
         if (!Unload_Form(Program)) {
@@ -223,6 +276,19 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         End_Session(Program);
     }
     event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (files.isEmpty()) return;
+    event->acceptProposedAction();
+    const std::string path = files.constFirst().toLocalFile().toStdString();
+    // The program that the file comes from waits for the end of the drop; questions come after it.
+    QTimer::singleShot(0, this, [this, path] { Open_Dropped_File(Program, path); });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

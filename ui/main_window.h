@@ -4,12 +4,14 @@
 #include <QSettings>
 #include <QTabWidget>
 #include <QTimer>
+#include <optional>
 
 #include "core/ports/display.h"
 #include "ui/field_binder.h"
 
 class QDockWidget;
 class QLabel;
+class QSplitter;
 
 namespace tarnvik {
 
@@ -36,7 +38,8 @@ class MainWindow : public QMainWindow {
     void Select_Tab(Tab tab);
 
     /// Puts a tool window where it stood last, at first at the right side.
-    void Place_Dock(QDockWidget* dock);
+    /// In sight with its tab alone where it has one.
+    void Place_Dock(QDockWidget* dock, std::optional<Tab> home);
     void Remember_Dock(QDockWidget* dock);
     /// The same for a window of its own.
     void Place_Window(QWidget* window);
@@ -44,15 +47,21 @@ class MainWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     void Build_Status_Bar();
     void Layout_Changed();
+    void Arrange_Pages();
+    void Arrange_Docks();
+    bool In_Sight(Tab tab) const;
 
     Session& Program;
     QtDisplay& Screen;
     QSettings Places;
+    QSplitter* Panes = nullptr;  ///< the tabs, and beside them the curves when the user wants both
     QTabWidget* SSTab1 = nullptr;
     CommandBars* Bars = nullptr;
     RecordPage* Records = nullptr;

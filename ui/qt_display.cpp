@@ -7,6 +7,7 @@
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/dialog_rows.h"
@@ -171,11 +172,17 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     auto* dock = new QDockWidget(title, Window);
     dock->setObjectName("Dock" + QString::number(static_cast<int>(dialog)));
     dock->setAllowedAreas(Qt::RightDockWidgetArea | Qt::BottomDockWidgetArea | Qt::LeftDockWidgetArea);
-    dock->setWidget(made.release());
+    // A tool window higher than the screen scrolls; it never makes the main window larger.
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    scroll->setWidget(made.release());
+    dock->setWidget(scroll);
     Open[dialog] = {form, dock};
     new CloseWatcher(dock, [this, dialog] { Forget(dialog); });
     form->Refresh();
-    Window->Place_Dock(dock);
+    Window->Place_Dock(dock, row->Home);
     form->Opened();
 }
 

@@ -116,6 +116,10 @@ std::string QtLauncher::Find_Program(const std::string& extension) {
 #endif
 }
 
+std::string QtLauncher::Documents_Folder() const {
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+}
+
 std::string QtLauncher::Program_Folder() const {
     return QCoreApplication::applicationDirPath().toStdString();
 }

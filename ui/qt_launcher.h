@@ -20,6 +20,7 @@ class QtLauncher : public Launcher {
     int Edit_Text(const std::string& path) override;
     std::string Find_Program(const std::string& extension) override;
     std::string Program_Folder() const override;
+    std::string Documents_Folder() const override;
     std::string Decimal_Separator() const override;
     void Set_Decimal_Point() override;
     void Register_File_Type() override;

@@ -9,6 +9,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include "ui/painting/painter_picture.h"
 
@@ -29,9 +30,12 @@ QString Either_Case(const QString& pattern) {
     return either;
 }
 
-QString Start_Place(const FileRequest& request, bool with_name) {
-    const QString folder =
-        request.Directory.empty() ? QDir::homePath() : QString::fromStdString(request.Directory);
+QString Start_Place(const FileRequest& request, const QString& last_folder, bool with_name) {
+    // The folder asked for may be one of another machine.
+    QString folder = QString::fromStdString(request.Directory);
+    if (folder.isEmpty() || !QDir(folder).exists()) folder = last_folder;
+    if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QDir(folder).exists()) folder = QDir::homePath();
     const QString name = QString::fromStdString(request.DefaultName);
     if (!with_name || name.contains('*')) return folder;
     return QDir(folder).filePath(name);
@@ -127,14 +131,19 @@ std::string QtPrompts::Input(const std::string& prompt, const std::string& title
 }
 
 std::string QtPrompts::Open_File(const FileRequest& request) {
-    return QFileDialog::getOpenFileName(Owner(), QString::fromStdString(request.Title),
-                                        Start_Place(request, false), File_Filters(request.Filter).join(";;"),
-                                        nullptr, QFileDialog::HideNameFilterDetails)
-        .toStdString();
+    return Chosen(QFileDialog::getOpenFileName(
+        Owner(), QString::fromStdString(request.Title), Start_Place(request, LastFolder, false),
+        File_Filters(request.Filter).join(";;"), nullptr, QFileDialog::HideNameFilterDetails));
+}
+
+std::string QtPrompts::Chosen(const QString& path) {
+    if (!path.isEmpty()) LastFolder = QFileInfo(path).absolutePath();
+    return path.toStdString();
 }
 
 std::string QtPrompts::Save_File(const FileRequest& request) {
-    QFileDialog dialog(Owner(), QString::fromStdString(request.Title), Start_Place(request, false));
+    QFileDialog dialog(Owner(), QString::fromStdString(request.Title),
+                       Start_Place(request, LastFolder, false));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(File_Filters(request.Filter));
@@ -153,7 +162,7 @@ std::string QtPrompts::Save_File(const FileRequest& request) {
     follow_filter(dialog.nameFilters().value(0));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow_filter);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    return dialog.selectedFiles().constFirst().toStdString();
+    return Chosen(dialog.selectedFiles().constFirst());
 }
 
 std::optional<Colour> QtPrompts::Choose_Colour(Colour initial) {

@@ -24,7 +24,10 @@ class QtPrompts : public Prompts {
 
   private:
     QWidget* Owner() const;
+    /// The path, and its folder remembered.
+    std::string Chosen(const QString& path);
     QPointer<QWidget> Parent;
+    QString LastFolder;  ///< of the file that was chosen last
 };
 
 /// "Seismic Unix (SU)|*.SU|All files|*.*|" as the file dialog takes it; each pattern holds in upper and lower

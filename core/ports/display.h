@@ -37,6 +37,7 @@ enum class Dialog {
     Travel_Time_2,
     AutoPik,
     History,  ///< list of the edits, to walk along
+    Keys,     ///< list of keys and gestures
 };
 
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.

@@ -48,6 +48,8 @@ class Launcher {
 
     /// Folder of the program and its tools, without a separator behind it.
     virtual std::string Program_Folder() const = 0;
+    /// Where the user keeps documents, without a separator behind it.
+    virtual std::string Documents_Folder() const = 0;
     /// Decimal separator of the user's locale.
     virtual std::string Decimal_Separator() const = 0;
     /// Makes the point the decimal separator where the platform lets a program do so.

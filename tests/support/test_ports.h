@@ -118,6 +118,7 @@ class RecordingLauncher : public Launcher {
     }
     std::string Find_Program(const std::string&) override { return Program; }
     std::string Program_Folder() const override { return Folder; }
+    std::string Documents_Folder() const override { return Documents; }
     std::string Decimal_Separator() const override { return Separator; }
     void Set_Decimal_Point() override { Separator = "."; }
     void Register_File_Type() override { ++Registered; }
@@ -128,6 +129,7 @@ class RecordingLauncher : public Launcher {
     int Result = 33;
     std::string Program = "viewer";
     std::string Folder = ".";
+    std::string Documents = ".";
     std::string Separator = ".";
     int Registered = 0;
 };

@@ -5,6 +5,7 @@
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/depth_form.h"
 #include "ui/forms/history_form.h"
+#include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
@@ -31,6 +32,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::Fcalcul, Make<DepthForm>},    {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},  {Dialog::Zoom, Make<ZoomForm>},
         {Dialog::RulerF, Make<RulerForm>},     {Dialog::Travel_Time_2, Make<SecondWindowForm>},
+        {Dialog::Keys, Make<KeysForm>},
     };
     const auto found = forms.find(dialog);
     return found == forms.end() ? nullptr : found->second;

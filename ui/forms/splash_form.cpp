@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "app/commands.h"
+#include "ui/forms/project_list.h"
 #include "ui/icon_family.h"
 
 namespace tarnvik {
@@ -88,7 +89,9 @@ SplashForm::SplashForm(Session& session, QtDisplay&) : Logic(std::make_shared<fr
                 if (Logic->Command6() && Close_Me) Close_Me();
             });
         } else {
-            Fields.Command(button, [this, command = entry.Command] { Run_After_Closing(command); });
+            Fields.Command(button, [this, command = entry.Command] {
+                Run_After_Closing([command](frmSplash& logic) { (logic.*command)(); });
+            });
         }
         if (entry.Command == &frmSplash::Command1) {
             const Command* new_profile = Find_Command("tv4");
@@ -100,13 +103,29 @@ SplashForm::SplashForm(Session& session, QtDisplay&) : Logic(std::make_shared<fr
     auto* across = new QHBoxLayout(this);
     across->setContentsMargins(0, 0, 0, 0);
     across->setSpacing(0);
-    across->addWidget(new RefractionSketch, 1);
+    auto* projects = new ProjectList;
+    projects->Add_Group(tr("Recent projects"), Logic->Recent, [this](std::size_t place) {
+        Run_After_Closing([place](frmSplash& logic) { logic.Open_Recent(place); });
+    });
+    projects->Add_Group(tr("Demo lines"), Logic->Demos, [this](std::size_t place) {
+        Run_After_Closing([place](frmSplash& logic) { logic.Open_Demo(place); });
+    });
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    auto* sketch = new RefractionSketch;
+    left->addWidget(sketch, 1);
+    if (projects->Has_Projects()) {
+        left->addWidget(projects, 2);
+    } else {
+        delete projects;
+    }
+    across->addLayout(left, 1);
     across->addLayout(side);
 }
 
-void SplashForm::Run_After_Closing(bool (frmSplash::*command)()) {
+void SplashForm::Run_After_Closing(std::function<void(frmSplash&)> command) {
     // The dialog is gone before file dialogs and pictures come; the command outlives it.
-    QTimer::singleShot(0, qApp, [logic = Logic, command] { ((*logic).*command)(); });
+    QTimer::singleShot(0, qApp, [logic = Logic, command = std::move(command)] { command(*logic); });
     if (Close_Me) Close_Me();
 }
 

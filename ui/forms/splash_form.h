@@ -16,7 +16,7 @@ class SplashForm : public Form {
     SplashForm(Session& session, QtDisplay& display);
 
   private:
-    void Run_After_Closing(bool (frmSplash::*command)());
+    void Run_After_Closing(std::function<void(frmSplash&)> command);
 
     std::shared_ptr<frmSplash> Logic;
 };

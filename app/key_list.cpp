@@ -1,0 +1,86 @@
+#include "app/key_list.h"
+
+#include <algorithm>
+
+#include "app/commands.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr const char* everywhere = "Everywhere";
+constexpr const char* on_record = "Field record";
+constexpr const char* on_tables = "Tables";
+constexpr const char* on_curves = "Travel times and profile";
+constexpr const char* in_dialogs = "Tool windows";
+
+struct Gesture {
+    const char* Place;
+    const char* Keys;
+    const char* Meaning;
+};
+
+constexpr Gesture gestures[] = {
+    {on_record, "Click", "Pick the first break of the trace"},
+    {on_record, "Right click",
+     "Kill the trace, after a question; with the automatic picking open: start it here"},
+    {on_record, "Right drag", "Move the pick of the trace"},
+    {on_record, "Wheel", "Scroll in time"},
+    {on_record, "Ctrl + wheel", "Enlarge the time at the pointer"},
+    {on_record, "Shift + wheel", "Enlarge the traces at the pointer"},
+    {on_record, "Alt + wheel", "Trace size"},
+    {on_record, "Middle drag", "Move the part in sight"},
+    {on_record, "P + drag", "Pick along the line drawn"},
+    {on_record, "Drag on the time scale", "Show a part of the time"},
+    {on_tables, "Ctrl+C, Ctrl+V", "Copy and paste cells"},
+    {on_tables, "Delete", "Empty the cells selected"},
+    {on_curves, "Double click", "Take the pick up to move or delete it"},
+    {on_curves, "Wheel", "Scroll"},
+    {on_curves, "Ctrl + wheel", "Enlarge the time at the pointer"},
+    {on_curves, "Shift + wheel", "Enlarge the distance at the pointer"},
+    {on_curves, "Middle drag", "Move the part in sight"},
+    {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
+    {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
+};
+
+std::string Without_Mnemonic(std::string_view caption) {
+    std::string text(caption);
+    std::erase(text, '&');
+    return text;
+}
+
+void Add_Commands(std::span<const Command> commands, const char* place, std::vector<KeyRow>& rows) {
+    for (const Command& command : commands) {
+        if (command.Shortcut.empty() || !command.Available()) continue;
+        const std::string_view meaning = command.Tooltip.empty() ? command.Caption : command.Tooltip;
+        rows.push_back({place, std::string(command.Shortcut), Without_Mnemonic(meaning)});
+    }
+}
+
+}  // namespace
+
+std::vector<KeyRow> Key_List() {
+    std::vector<KeyRow> rows;
+    Add_Commands(Command_Table(), everywhere, rows);
+    Add_Commands(Record_Page_Commands(), on_record, rows);
+    Add_Commands(Tables_Page_Commands(), on_tables, rows);
+    for (const Gesture& gesture : gestures)
+        rows.push_back({gesture.Place, gesture.Keys, gesture.Meaning});
+    const auto rank = [](const KeyRow& row) {
+        constexpr std::string_view places[] = {everywhere, on_record, on_tables, on_curves, in_dialogs};
+        return std::find(std::begin(places), std::end(places), row.Place) - std::begin(places);
+    };
+    std::stable_sort(rows.begin(), rows.end(),
+                     [&rank](const KeyRow& one, const KeyRow& other) { return rank(one) < rank(other); });
+    return rows;
+}
+
+std::string_view Shortcut_Of(const Command& command) {
+    if (!command.Shortcut.empty() || !command.Available()) return command.Shortcut;
+    for (const Command& other : Command_Table()) {
+        if (other.Run == command.Run && !other.Shortcut.empty()) return other.Shortcut;
+    }
+    return {};
+}
+
+}  // namespace tarnvik
