@@ -28,13 +28,6 @@ constexpr std::string_view recent_files = "&File/Recent files";
 const std::set<std::string_view> group_starts = {"herz",  "Double",  "tosu", "dromo", "vitess1", "sum",
                                                  "print", "drawing", "find", "stop",  "nozoom"};
 
-/// What a command does, and its key.
-QString Tip_Of(const Command& command) {
-    const QString tip = From(command.Tooltip.empty() ? command.Caption : command.Tooltip).remove('&');
-    const QKeySequence key(From(Shortcut_Of(command)), QKeySequence::PortableText);
-    return key.isEmpty() ? tip : tip + " (" + key.toString(QKeySequence::NativeText) + ")";
-}
-
 /// Entries of work to come can be pointed at, so that they say what they are.
 class MenuStyle : public QProxyStyle {
   public:
@@ -47,6 +40,13 @@ class MenuStyle : public QProxyStyle {
 
 QString From(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// What a command does, and its key.
+QString Tip_Of(const Command& command) {
+    const QString tip = From(command.Tooltip.empty() ? command.Caption : command.Tooltip).remove('&');
+    const QKeySequence key(From(Shortcut_Of(command)), QKeySequence::PortableText);
+    return key.isEmpty() ? tip : tip + " (" + key.toString(QKeySequence::NativeText) + ")";
 }
 
 }  // namespace
