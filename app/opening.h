@@ -10,9 +10,9 @@ namespace tarnvik {
 
 /// What belongs to opening a project beside its own file; an empty function is left out.
 struct OpeningHooks {
-    std::function<void()> OfferSuFile;   ///< lets the user look for field records that are not found
-    std::function<void()> ReadGrmFile;   ///< companion GRM file of CurrentFile; waits for the GRM dialogs
-    std::function<void()> LoadSuFile;    ///< loads and shows SuFile
+    std::function<void()> OfferSuFile;  ///< lets the user look for field records that are not found
+    std::function<void()> ReadGrmFile;  ///< companion GRM file of CurrentFile; waits for the GRM dialogs
+    std::function<void()> LoadSuFile;   ///< loads and shows SuFile
 };
 
 /// Opens CurrentFile: checks, reading, scaling, backup copy, companion files. Answers false after a refusal,
@@ -22,8 +22,8 @@ struct OpeningHooks {
 bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks, bool just_opened = false);
 
 /// Makes `path` the CurrentFile and opens it. After a refusal CurrentFile, ProjectDir and ProjectName are
-/// those of the previous project again, so that a save cannot put it into a file of another name. `agreed`: the
-/// user has been told already what the file lacks.
+/// those of the previous project again, so that a save cannot put it into a file of another name. `agreed`:
+/// the user has been told already what the file lacks.
 bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
                         const std::string& path, bool agreed = false);
 
