@@ -76,6 +76,7 @@ void Start_New_Profile(Session& session) {
     if (!May_Leave_Project(session)) return;
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
     Add_Recent_File(session.Work.Settings, session.Work.Project.CurrentFile);
+    session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
@@ -150,7 +151,9 @@ void Take_Out_Current_Shot(Session& session) {
     }
     Close_Computing_Dialogs(session);
     const EditScope edit(work, "Take out shot " + CStr(shot));
+    session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;
     Remove_Colonne(work, session.Outside, shot);
+    session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;
 }
 
 }  // namespace tarnvik

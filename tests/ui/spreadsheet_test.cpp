@@ -236,7 +236,7 @@ TEST_F(Tables, buttons_tell_why_they_are_disabled) {
     auto* load = Screen->findChild<QAbstractButton*>("Command20");
     auto* correct = Screen->findChild<QAbstractButton*>("Command6");
     EXPECT_FALSE(load->isEnabled());
-    EXPECT_EQ(load->toolTip(), "The project has no field records");
+    EXPECT_EQ(load->toolTip(), "No field records are loaded");
     Go_To(Picks, 1, 4);
     EXPECT_FALSE(take_out->isEnabled());
     EXPECT_EQ(take_out->toolTip(), "Select a cell of the shot first");
