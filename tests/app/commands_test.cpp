@@ -1,7 +1,5 @@
 #include "app/commands.h"
 
-#include <set>
-
 #include "app/dialog_commands.h"
 #include "app/start.h"
 #include "core/project_save.h"
@@ -73,27 +71,6 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
     World.Display.Printable = false;
     Run_Command(Program, "print");
     EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
-}
-
-TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
-    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
-    Run_Command(Program, "vitess1");
-    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
-    Run_Command(Program, "sum");
-    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
-    EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
-}
-
-TEST_F(Commands, saving_without_a_name_does_nothing_and_opening_takes_a_recent_file) {
-    Run_Command(Program, "save");
-    EXPECT_TRUE(World.Prompts.Messages.empty());
-    const std::string path = Project_File();
-    Program.Work.Settings.RecentFiles[2] = path;
-    Run_Command(Program, "F3_F");
-    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
-    Program.Work.Project.ShotTimes(1, 2) = 20.5F;
-    Run_Command(Program, "save");
-    EXPECT_NE(Read_File(path)->find("2050"), std::string::npos);
 }
 
 TEST_F(Commands, opening_from_the_menu_asks_for_missing_records_and_leads_to_the_depths) {

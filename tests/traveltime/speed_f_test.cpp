@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <optional>
 
 #include "core/text/number.h"
@@ -19,10 +18,7 @@ using test::Drawn;
 /// 24 receivers at 0, 5 ... 115 over 6 m of 500 on 2000; shots at both ends, in the middle, and offset.
 struct SpeedTest : testing::Test {
     SpeedTest() {
-        const std::array velocities{500.0, 2000.0};
-        const std::array thicknesses{6.0};
-        test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5,
-                       {0, 57.5, 115, -40, 150});
+        test::Lay_Two_Layers(Work, {0, 57.5, 115, -40, 150});
         Files.SaveProject = [this](Workspace&, tarnvik::Ports&) { return ++Saves > 0; };
         Files.LoadProject = [this](Workspace&, tarnvik::Ports&) { return ++Loads > 0; };
         Form.emplace(Work, World.Ports, Files);

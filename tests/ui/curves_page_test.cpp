@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -247,19 +246,6 @@ TEST_F(CurvesTab, a_velocity_goes_from_the_drag_to_the_file_and_a_refused_save_i
     EXPECT_EQ(written.VelocityB(1, 2), 500);
     Program.Speed.Command5();
     EXPECT_TRUE(save->isEnabled()) << "each result can be saved";
-}
-
-TEST_F(CurvesTab, the_row_of_a_shot_displays_its_record) {
-    Give_Records();
-    Open_Records(Program.Work, Program.Outside);
-    auto* list = Find<QListView>("Grille_Shot");
-    auto* record = Find<PictureBox>("Ecran");
-    record = record != nullptr ? record : Find<PictureBox>("ecran");
-    ASSERT_NE(record, nullptr);
-    record->Canvas().Clear();
-    list->setCurrentIndex(list->model()->index(1, 0));
-    EXPECT_FALSE(Blank(record));
-    EXPECT_EQ(Program.Work.Grids.Grille_Shot.CurrentRow, 1);
 }
 
 }  // namespace
