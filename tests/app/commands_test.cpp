@@ -4,6 +4,7 @@
 #include "app/start.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
+#include "support/su_builder.h"
 
 namespace tarnvik::test {
 
@@ -39,6 +40,28 @@ TEST_F(Commands, a_tool_that_cannot_be_started_is_told_in_its_own_words) {
     World.Launcher.Program.clear();
     Run_Command(Program, "help");
     EXPECT_EQ(World.Prompts.Last_Text(), "You must intstall ACROBAT READER from the CD-ROM");
+    World.Launcher.Program = "viewer";
+    World.Launcher.Folder = Folder.Path;
+    std::filesystem::create_directory(Folder / "manual");
+    for (const auto& [name, file] : {std::pair<const char*, std::string>("help", "manual/tv16.pdf"),
+                                     {"REDPATH", "manual/redpath.pdf"},
+                                     {"pps", "manual/tarnvik.ppsx"}}) {
+        ASSERT_EQ(Replace_File(Folder / file, ""), "");
+        Run_Command(Program, name);
+        EXPECT_NE(World.Launcher.Started.back().find(file), std::string::npos) << name;
+    }
+}
+
+TEST_F(Commands, a_new_profile_shows_its_records) {
+    const std::string records = SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
+    World.Prompts.Expect("Did you already convert your field data to SU format", Answer::Yes);
+    World.Prompts.Expect_File("Load ", records);
+    Run_Command(Program, "prop");
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+    const auto& calls = World.Display.Calls;
+    const auto taken = std::find(calls.begin(), calls.end(), "Open_Dialog modal");
+    ASSERT_NE(taken, calls.end());
+    EXPECT_NE(std::find(taken, calls.end(), "Display_Record"), calls.end());
 }
 
 TEST_F(Commands, the_notes_of_a_project_keep_the_case_of_its_folder) {

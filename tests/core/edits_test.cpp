@@ -347,6 +347,13 @@ TEST(Journal, GivesBackTheHistoryAfterSavesDragsAndStepsBehindItsBeginning) {
         ++restored_histories;
     }
     EXPECT_GT(restored_histories, 200);
+    // The records go back to their first bytes and forth again.
+    const std::size_t last = edits.Done();
+    const std::string last_bytes = line.Bytes();
+    ASSERT_EQ(edits.Go_To(line.Work.Project, 0), "");
+    EXPECT_TRUE(line.Bytes() == std::string(4000, 'r'));
+    ASSERT_EQ(edits.Go_To(line.Work.Project, last), "");
+    EXPECT_TRUE(line.Bytes() == last_bytes);
 }
 
 TEST(Journal, OnAFullDiskKeepsWhatItHasAndGoesOnWhenThereIsRoom) {

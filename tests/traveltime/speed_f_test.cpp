@@ -290,11 +290,11 @@ TEST_F(SpeedTest, ConfirmAsksUntilTheLayerIsOneOfFive) {
     Confirm confirm(Work, World.Ports, *Form, Files);
     confirm.Load();
     confirm.Layer = "";
-    for (const char* typed : {"", "0", "x", "-1", "6", "2"})
+    for (const char* typed : {"", "0", "x", "-1", "6", "99999", "2"})
         World.Prompts.Expect_Input(question, typed);
     confirm.Command1();
     EXPECT_EQ(confirm.Layer, "2");
-    EXPECT_EQ(World.Prompts.InputDefaults, std::vector<std::string>(6, "2"));
+    EXPECT_EQ(World.Prompts.InputDefaults, std::vector<std::string>(7, "2"));
     EXPECT_NEAR(Work.Project.VelocityA(1, 2), 2000, 1);
 }
 
