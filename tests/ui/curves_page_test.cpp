@@ -124,6 +124,8 @@ TEST_F(CurvesTab, changed_picks_are_redrawn_to_the_same_pixels) {
     Project& project = Program.Work.Project;
     project.ShotDistance(3) = 70;  // beyond the line: its number stands beside its last pick
     project.ReceiverData(ReceiverIntercept, 5) = 30;
+    for (int receiver = 5; receiver <= 9; ++receiver)
+        project.ShotTimes(1, receiver) = 0;  // a curve across a gap
     Program.Work.Curves.ShowReceiverIntercepts = true;
     for (const bool by_velocity : {false, true}) {
         Program.Work.Settings.ColorChoice = by_velocity;
