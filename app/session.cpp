@@ -40,6 +40,7 @@ Session::Session(Ports outside, std::string settings_file)
 void Session::Keep_Journals() {
     JournalFolder = Journal_Folder(SettingsFile);
     Work.Edits.Keep_Journals_In(JournalFolder);
+    Work.CompanionFolder = Folder_Of(SettingsFile) + "projects";
 }
 
 }  // namespace tarnvik

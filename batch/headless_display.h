@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/session_display.h"
 #include "core/ports/silent_picture.h"
@@ -12,6 +13,7 @@ namespace tarnvik {
 class HeadlessDisplay : public SessionDisplay {
   public:
     Picture& Canvas_Of(Canvas) override { return Nowhere; }
+    void Show_Marks(Canvas, MarkLayer, std::vector<Mark>) override {}
     void Select_Tab(Tab) override {}
     void Open_Dialog(Dialog, bool) override {}
     void Close_Dialog(Dialog) override {}

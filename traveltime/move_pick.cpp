@@ -82,7 +82,7 @@ void MovePick::Store(double time_ms) {
     // Another project may have been opened between the double click and the release.
     if (!Work.Project.ShotTimes.Has(place.Shot, place.Receiver)) return;
     EditScope edit(Work, "Move pick of shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver));
-    Set_Pick(Work, place, static_cast<float>(time_ms), PickDigits::All);
+    Set_Pick(Work, place, static_cast<float>(time_ms), PickDigits::All, PickOrigin::Moved);
     edit.End();
     if (Save) Save();
     // The ring around the pick goes, also where its time stays.

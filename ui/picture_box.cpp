@@ -92,6 +92,68 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.drawImage(
         QRectF(changed), view,
         QRectF(changed.x() * Ratio, changed.y() * Ratio, changed.width() * Ratio, changed.height() * Ratio));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(QRectF(Paper.Window().left() / Ratio, Paper.Window().top() / Ratio,
+                               Paper.Window().width() / Ratio, Paper.Window().height() / Ratio));
+    for (const auto& [layer, marks] : Marks) {
+        for (const Mark& mark : marks)
+            Paint_Mark(painter, mark);
+    }
+}
+
+QPointF PictureBox::Place_Of(double x, double y) const {
+    const Frame frame = Paper.Current_Frame();
+    return QPointF(Paper.Window().left() + frame.To_Pixel_X(x), Paper.Window().top() + frame.To_Pixel_Y(y)) /
+           Ratio;
+}
+
+QRect PictureBox::Extent(const Mark& mark) const {
+    const QPointF from = Place_Of(mark.X1, mark.Y1);
+    if (mark.Shape == Mark::Kind::Text) {
+        const QSize size = fontMetrics().size(0, QString::fromStdString(mark.Words));
+        return QRect(from.toPoint(), size).adjusted(-4, -4, 4, 4);
+    }
+    const QPointF to = mark.Shape == Mark::Kind::Dot ? from : Place_Of(mark.X2, mark.Y2);
+    const int margin = 4 * mark.Width + 2;
+    return QRectF(from, to).normalized().toAlignedRect().adjusted(-margin, -margin, margin, margin);
+}
+
+void PictureBox::Show_Marks(MarkLayer layer, std::vector<Mark> marks) {
+    std::vector<Mark>& shown = Marks[layer];
+    if (shown == marks) return;
+    for (const Mark& mark : shown)
+        update(Extent(mark));
+    shown = std::move(marks);
+    for (const Mark& mark : shown)
+        update(Extent(mark));
+}
+
+void PictureBox::Paint_Mark(QPainter& painter, const Mark& mark) const {
+    const QColor colour(mark.InColour & 255, mark.InColour >> 8 & 255, mark.InColour >> 16 & 255);
+    const double width = mark.Width * logicalDpiX() / points_an_inch;
+    const QPointF from = Place_Of(mark.X1, mark.Y1);
+    painter.setPen(QPen(colour, width, mark.Dashed ? Qt::DashLine : Qt::SolidLine));
+    painter.setBrush(Qt::NoBrush);
+    switch (mark.Shape) {
+        case Mark::Kind::Line:
+            painter.drawLine(from, Place_Of(mark.X2, mark.Y2));
+            break;
+        case Mark::Kind::Box:
+            painter.drawRect(QRectF(from, Place_Of(mark.X2, mark.Y2)).normalized());
+            break;
+        case Mark::Kind::Dot:
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour);
+            painter.drawEllipse(from, 1.5 * width, 1.5 * width);
+            break;
+        case Mark::Kind::Text: {
+            const QString words = QString::fromStdString(mark.Words);
+            const QRectF room(from, QSizeF(fontMetrics().size(0, words)));
+            painter.fillRect(room.adjusted(-2, 0, 2, 0), QColor(255, 255, 255, 220));
+            painter.drawText(room, Qt::AlignLeft | Qt::AlignTop, words);
+            break;
+        }
+    }
 }
 
 PictureEvent PictureBox::At(QPointF place, Qt::MouseButtons buttons) const {

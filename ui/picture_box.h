@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QWidget>
+#include <map>
+#include <vector>
 
+#include "core/ports/mark.h"
 #include "ui/painting/image_picture.h"
 
 namespace tarnvik {
@@ -24,6 +27,9 @@ class PictureBox : public QWidget {
     explicit PictureBox(QWidget* parent = nullptr);
 
     ImagePicture& Canvas() { return Paper; }
+    /// Marks on top of the picture in the place of those that the layer had.
+    void Show_Marks(MarkLayer layer, std::vector<Mark> marks);
+
     QSize sizeHint() const override { return Preferred; }
     void Set_Size_Hint(QSize size) { Preferred = size; }
 
@@ -55,9 +61,13 @@ class PictureBox : public QWidget {
   private:
     void Fit_Paper();
     void Show_Pointer(PointerShape shape);
+    QRect Extent(const Mark& mark) const;
+    void Paint_Mark(QPainter& painter, const Mark& mark) const;
+    QPointF Place_Of(double x, double y) const;
     PictureEvent At(QPointF place, Qt::MouseButtons buttons) const;
 
     ImagePicture Paper;
+    std::map<MarkLayer, std::vector<Mark>> Marks;
     QSize Preferred{320, 200};
     double Ratio = 1;
 };

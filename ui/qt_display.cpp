@@ -63,6 +63,10 @@ Picture& QtDisplay::Canvas_Of(Canvas canvas) {
     return Unseen[canvas];
 }
 
+void QtDisplay::Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) {
+    if (PictureBox* box = Box_Of(canvas)) box->Show_Marks(layer, std::move(marks));
+}
+
 PictureBox* QtDisplay::Box_Of(Canvas canvas) const {
     const auto box = Boxes.find(canvas);
     return box == Boxes.end() ? nullptr : box->second.data();

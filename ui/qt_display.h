@@ -28,6 +28,7 @@ class QtDisplay : public SessionDisplay {
     void Register(Canvas canvas, PictureBox* box);
 
     Picture& Canvas_Of(Canvas canvas) override;
+    void Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) override;
     void Select_Tab(Tab tab) override;
     void Open_Dialog(Dialog dialog, bool modal) override;
     void Close_Dialog(Dialog dialog) override;

@@ -138,8 +138,8 @@ void Edits::Add(Edit edit, const Project& project, const std::string& series) {
     Tell(notice);
 }
 
-/// Called while LastBlock is still that before the change, which is what a journal begins with. One that could
-/// not be written on is kept until another one holds the same state.
+/// Called while LastBlock is still that before the change, which is what a journal begins with. One that
+/// could not be written on is kept until another one holds the same state.
 bool Edits::Open_Journal(const Project& project) {
     if (JournalFolder.empty()) return false;
     if (!Log || !Log->Whole()) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "core/ports/mark.h"
 #include "core/ports/picture.h"
 
 namespace tarnvik {
@@ -50,6 +52,9 @@ class Display {
     virtual ~Display() = default;
 
     virtual Picture& Canvas_Of(Canvas canvas) = 0;
+    /// Puts marks on top of a picture in the place of those that the layer had; none takes them away. The
+    /// picture itself is not touched.
+    virtual void Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) = 0;
 
     virtual void Show_Curves() = 0;     ///< travel-time curves, full redraw
     virtual void Display_Record() = 0;  ///< field record, full redraw

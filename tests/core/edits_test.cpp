@@ -64,6 +64,7 @@ struct Line {
             case 0:
             case 1:
                 project.ShotTimes(shot, receiver) = static_cast<float>(random() % 10000) / 100;
+                project.PickOrigins(shot, receiver) = static_cast<PickOrigin>(random() % 3);
                 Write_Records(any(3990), std::to_string(random() % 100));
                 break;
             case 2:
@@ -201,6 +202,7 @@ TEST(Edits, TellWhetherTheFileHoldsTheProject) {
     change([&] { line.Write_Records(3, "k"); });
     EXPECT_TRUE(edits.Is_Saved()) << "the records are written at once";
     change([&] { project.GrmData(1, 1) = 3; });
+    change([&] { project.PickOrigins(2, 3) = PickOrigin::Moved; });
     EXPECT_TRUE(edits.Is_Saved()) << "kept in a file of its own";
     change([&] { project.ShotTimes(1, 1) = 3; });
     EXPECT_FALSE(edits.Is_Saved());

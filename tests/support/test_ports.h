@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/ports/ports.h"
@@ -18,6 +19,9 @@ namespace tarnvik::test {
 class RecordingDisplay : public Display {
   public:
     Picture& Canvas_Of(Canvas canvas) override { return Pictures[canvas]; }
+    void Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) override {
+        Marks[{canvas, layer}] = std::move(marks);
+    }
     void Show_Curves() override {
         Calls.emplace_back("Show_Curves");
         if (OnShowCurves) OnShowCurves();
@@ -73,6 +77,7 @@ class RecordingDisplay : public Display {
     }
 
     std::map<Canvas, RecordingPicture> Pictures;
+    std::map<std::pair<Canvas, MarkLayer>, std::vector<Mark>> Marks;
     std::vector<std::string> Calls;
     std::vector<Dialog> Opened;
     std::vector<Dialog> Open;
