@@ -79,8 +79,11 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
     EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/data/a.su|.");
 }
 
-TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
+TEST_F(Commands, a_missing_file_is_not_superposed_and_the_combined_display_not_enlarged) {
     ASSERT_TRUE(Open_File_Named(Program, Project_File()));
+    World.Prompts.Expect_File("Tarnvik File selection", Folder / "missing.tv5");
+    Run_Command(Program, "Superpose");
+    EXPECT_EQ(World.Prompts.Last_Text(), "This file does not exist !");
     Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
