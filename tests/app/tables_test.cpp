@@ -238,7 +238,7 @@ TEST(TablesPage, its_commands_tell_why_they_cannot_be_run) {
     Parse_Project(test::Plain_File(), program.Work.Project);
     program.Work.Project.SuFile.clear();
     const auto refusal = [&](const char* name) { return Refusal_Of(*Find_Command(name), program); };
-    EXPECT_EQ(refusal("Command20"), "The project has no field records");
+    EXPECT_EQ(refusal("Command20"), "No field records are loaded");
     EXPECT_EQ(refusal("TakeOutShot"), "Select a cell of the shot first");
     program.Work.Grids.Buildgrid.CurrentColumn = 2;
     EXPECT_EQ(refusal("TakeOutShot"), "");

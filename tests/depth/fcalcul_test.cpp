@@ -206,6 +206,15 @@ TEST_F(FcalculTest, InterceptsOutOfOrderAreAskedFor) {
         EXPECT_EQ(Work.Project.InterceptA(1, 1), 30);
     }
 
+    // Given up at the second pair: the mean is that of the sides.
+    Give_Layers(1, {400, 900, 1800, 3200, 5500}, {50, 40, 30, 20}, {1, 2, 3, 4});
+    World.Prompts.Expect_Input(question, "IT2");
+    World.Prompts.Expect_Input("Please enter the new IT2 value", "60.55");
+    World.Prompts.Expect_Input("Intercept Time 2 must be smaller than IT3, Please correct IT2 or IT3", "");
+    Scroll_To(1);
+    EXPECT_EQ(Form->InterceptA[2], "60.55");
+    EXPECT_EQ(Form->MeanIntercept[2], "60.5");
+
     // All three pairs of five layers, one after the other.
     Give_Layers(1, {400, 900, 1800, 3200, 5500}, {50, 40, 30, 20}, {1, 2, 3, 4});
     World.Prompts.Expect_Input(question, "IT2");

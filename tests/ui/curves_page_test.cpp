@@ -165,7 +165,9 @@ TEST_F(CurvesTab, the_ruler_stands_on_the_rows_of_the_curves_and_of_the_record_a
     const auto same_rows = [&](PictureBox* other, std::initializer_list<double> rows) {
         QApplication::processEvents();
         for (const double row : rows)
-            EXPECT_NEAR(Row(strip, row), Row(other, row), 0.01) << row;
+            EXPECT_NEAR(strip->mapToGlobal(QPoint()).y() + Row(strip, row),
+                        other->mapToGlobal(QPoint()).y() + Row(other, row), 0.01)
+                << row;
     };
     for (const QSize size : {QSize(1100, 700), QSize(900, 560), QSize(1250, 900)}) {
         Screen->resize(size);

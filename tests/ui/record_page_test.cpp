@@ -131,7 +131,7 @@ TEST_F(RecordTab, a_button_that_cannot_be_used_tells_why) {
     Close_Records(Program.Work, Program.Outside);
     for (const char* name : {"Command4", "Command5", "Command10", "Command16", "Command21", "Command25"}) {
         EXPECT_FALSE(Find<QToolButton>(name)->isEnabled()) << name;
-        EXPECT_TRUE(Find<QToolButton>(name)->toolTip().contains("no field records are loaded")) << name;
+        EXPECT_TRUE(Find<QToolButton>(name)->toolTip().contains("No field records are loaded")) << name;
     }
     EXPECT_TRUE(Find<QToolButton>("Command18")->isEnabled());
     EXPECT_EQ(Find<QLabel>("Text12")->text(), "");
