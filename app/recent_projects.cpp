@@ -20,7 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* demo_copies = "Tarnvik demo";
+// Without a blank, about which the opening would ask.
+constexpr const char* demo_copies = "Tarnvik-demo";
 
 std::string Day_And_Time(const std::string& path) {
     std::error_code failed;

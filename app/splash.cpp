@@ -4,6 +4,7 @@
 #include "app/documents.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "core/files.h"
 
 namespace tarnvik {
 
@@ -12,6 +13,7 @@ void frmSplash::Load() {
     lblProductName = title;
     lblVersion = "Version 16.5.0";
     Command5Caption = "Display " + Owner.Work.Settings.RecentFiles[0];
+    HasLastFile = File_Exists(Owner.Work.Settings.RecentFiles[0]);
     Command6Caption = "END " + title;
     Recent = Recent_Projects(Owner.Work.Settings);
     Demos = Demo_Lines(Owner);

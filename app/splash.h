@@ -30,6 +30,7 @@ class frmSplash {
     std::string lblVersion;
     std::string lblProductName;
     std::string Command5Caption;
+    bool HasLastFile = false;  ///< the last file is still there
     std::string Command6Caption;
     std::vector<ProjectGlimpse> Recent;  ///< recent projects that are there
     std::vector<ProjectGlimpse> Demos;   ///< lines to try the program on

@@ -33,6 +33,10 @@ namespace {
 // comes when the edge has been let go.
 constexpr int resize_pause_ms = 150;
 
+// Widths of a page below which its tools would be cut, alone and beside another.
+constexpr int least_width = 480;
+constexpr int least_beside = 320;
+
 constexpr const char* home_tab = "HomeTab";  ///< of a tool window that belongs to one picture
 
 QString From(const std::string& text) {
@@ -66,7 +70,7 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     SSTab1->addTab(Tables, Family_Icon("table"), tr("Tables"));
     SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
     // A tool window beside a wide page takes its room from the page and not from the screen.
-    SSTab1->setMinimumSize(480, 320);
+    SSTab1->setMinimumSize(least_width, 320);
     Panes = new QSplitter;
     Panes->setObjectName("Panes");
     Panes->setChildrenCollapsible(false);
@@ -196,10 +200,13 @@ void MainWindow::Arrange_Pages() {
     if (beside) {
         if (SSTab1->currentIndex() == tab) SSTab1->setCurrentWidget(Records);
         SSTab1->removeTab(tab);
+        SSTab1->setMinimumWidth(least_beside);
+        Curves->setMinimumWidth(least_beside);
         Panes->addWidget(Curves);
         Panes->setSizes({Panes->width() / 2, Panes->width() / 2});
         Curves->show();
     } else {
+        SSTab1->setMinimumWidth(least_width);
         SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
     }
     Arrange_Docks();
@@ -243,7 +250,7 @@ void MainWindow::Place_Dock(QDockWidget* dock, std::optional<Tab> home) {
     } else if (width > 0) {
         resizeDocks({dock}, {width}, Qt::Horizontal);
     } else if (!known) {
-        resizeDocks({dock}, {dock->widget()->sizeHint().width()}, Qt::Horizontal);
+        resizeDocks({dock}, {dock->widget()->minimumWidth()}, Qt::Horizontal);
     }
 }
 

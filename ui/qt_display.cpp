@@ -8,6 +8,7 @@
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/dialog_rows.h"
@@ -177,6 +178,9 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // As wide as the form needs beside a scroll bar.
+    scroll->setMinimumWidth(form->minimumSizeHint().width() +
+                            scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     scroll->setWidget(made.release());
     dock->setWidget(scroll);
     Open[dialog] = {form, dock};

@@ -97,7 +97,10 @@ SplashForm::SplashForm(Session& session, QtDisplay&) : Logic(std::make_shared<fr
             const Command* new_profile = Find_Command("tv4");
             button->setEnabled(new_profile != nullptr && new_profile->Available());
         }
-        if (entry.Command == &frmSplash::Command5) button->setToolTip(last);
+        if (entry.Command == &frmSplash::Command5) {
+            button->setToolTip(last);
+            button->setEnabled(Logic->HasLastFile);
+        }
         side->addWidget(button);
     }
     auto* across = new QHBoxLayout(this);
