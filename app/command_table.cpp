@@ -100,7 +100,7 @@ constexpr std::string_view export_menu = "&File/Export";
 constexpr std::string_view edit_menu = "&Edit";
 constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
-constexpr std::string_view screen_menu = "&Screen Display";
+constexpr std::string_view screen_menu = "Screen Displa&y";
 constexpr std::string_view printer_menu = "P&rinter";
 constexpr std::string_view utility_menu = "&Utility";
 constexpr std::string_view ascii_menu = "&Utility/ASCII files";
@@ -111,7 +111,7 @@ constexpr std::string_view line_menu = "&Display options/Velocity line";
 constexpr std::string_view colour_menu = "&Display options/Curve colours";
 constexpr std::string_view units_menu = "&Display options/Units";
 constexpr std::string_view language_menu = "&Language (Printed texts)";
-constexpr std::string_view info_menu = "&Info";
+constexpr std::string_view info_menu = "I&nfo";
 
 constexpr Command Separator(std::string_view menu) {
     return {.Name = "", .Menu = menu, .Caption = "-"};

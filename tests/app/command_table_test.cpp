@@ -2,6 +2,7 @@
 #include <set>
 
 #include "app/commands.h"
+#include "app/key_list.h"
 #include "app/start.h"
 #include "core/tv4_file.h"
 #include "live_session.h"
@@ -233,7 +234,9 @@ const std::vector<Row>& Rows() {
         {"German_M", nothing, language(&Settings::LangGerman)},
         {"Italian_M", nothing, language(&Settings::LangItalian)},
 
+        {"Keys_M", nothing, Opens(Dialog::Keys)},
         {"Mnu_Info", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
+        {"SideBySide_M", nothing, [](W& w) { return w.Program.Work.Fields.SideBySide; }},
         {"WSH", nothing, [](W& w) { return w.Said("You must install Tarnvik_History.pdf"); }},
         {"video", [](W& w) { w.Prompts.Expect_File("Tarnvik Video selection", w.Folder / "a.avi"); },
          Starts("a.avi")},
@@ -299,6 +302,23 @@ TEST(CommandTable, names_and_shortcuts_are_given_once_and_each_entry_has_words) 
         }
         EXPECT_FALSE(command.Caption.empty() && command.Tooltip.empty() && command.Text == nullptr)
             << command.Name;
+    }
+    // The pages' keys act beside those of the window, each while its page is in sight.
+    for (const auto& page : {Record_Page_Commands(), Tables_Page_Commands()}) {
+        std::set<std::string_view> of_page = shortcuts;
+        for (const Command& command : page) {
+            if (!command.Shortcut.empty()) {
+                EXPECT_TRUE(of_page.insert(command.Shortcut).second) << command.Shortcut;
+            }
+        }
+    }
+    EXPECT_EQ(Shortcut_Of(*Find_Command("open")), "");
+    EXPECT_EQ(Shortcut_Of(*Find_Command("save")), "Ctrl+S") << "as the entry of the menu";
+    const std::vector<KeyRow> keys = Key_List();
+    for (const char* key : {"Ctrl+S", "PgDown", "Ctrl+Z", "Ctrl + wheel"}) {
+        EXPECT_TRUE(std::any_of(keys.begin(), keys.end(), [key](const KeyRow& row) {
+            return row.Keys == key;
+        })) << key;
     }
 }
 

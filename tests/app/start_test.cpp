@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "app/commands.h"
+#include "app/file_commands.h"
 #include "app/splash.h"
 #include "core/project_file.h"
 #include "session_fixture.h"
@@ -27,6 +28,34 @@ TEST_F(StartAndEnd, the_file_type_is_registered_at_the_first_start_alone) {
     Form_Load(Program, "");
     EXPECT_EQ(World.Launcher.Registered, 1);
     EXPECT_EQ(Program.Work.Settings.Units, "feet");
+}
+
+TEST_F(StartAndEnd, the_start_dialog_shows_projects_that_are_there_and_opens_a_copy_of_the_demo) {
+    const std::string line = Project_File();
+    const std::string text = Folder / "text.tv5";
+    ASSERT_EQ(Replace_File(text, "no project"), "");
+    std::filesystem::create_directories(Folder / "program/demo");
+    std::filesystem::copy_file(line, Folder / "program/demo/show.tv5");
+    World.Launcher.Folder = Folder / "program";
+    World.Launcher.Documents = Folder / "papers";
+    Program.Work.Settings.RecentFiles = {Folder / "gone.tv5", line, text, line, ""};
+    frmSplash splash(Program);
+    splash.Load();
+    EXPECT_FALSE(splash.HasLastFile);
+    ASSERT_EQ(splash.Recent.size(), 1U);
+    EXPECT_EQ(splash.Recent[0].Path, line);
+    EXPECT_EQ(splash.Recent[0].Size, "2 shots, 3 receivers");
+    EXPECT_EQ(splash.Recent[0].Changed.size(), std::string("2026-01-01 00:00").size());
+    ASSERT_EQ(splash.Demos.size(), 1U);
+    splash.Open_Demo(0);
+    EXPECT_EQ(Program.Work.Project.CurrentFile, Folder / "papers/Tarnvik-demo/show.tv5");
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+    splash.Open_Recent(0);
+    EXPECT_EQ(Program.Work.Project.CurrentFile, line);
+    Open_Dropped_File(Program, Folder / "papers/Tarnvik-demo/show.tv5");
+    EXPECT_EQ(Program.Work.Settings.RecentFiles[0], Folder / "papers/Tarnvik-demo/show.tv5");
+    Open_Dropped_File(Program, Folder / "letter.txt");
+    EXPECT_NE(Program.Work.Fields.Status.find("letter.txt: Only project files"), std::string::npos);
 }
 
 TEST_F(StartAndEnd, a_quoted_path_is_opened_and_its_curves_are_drawn) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDockWidget>
 #include <cmath>
 #include <memory>
 
@@ -73,6 +74,12 @@ class Window : public WindowTest {
         auto* control = Screen->findChild<Control*>(name);
         EXPECT_NE(control, nullptr) << name;
         return control;
+    }
+    QDockWidget* Dock_Of(Dialog dialog) {
+        QWidget* shell = Display.Open_Form(dialog);
+        while (shell != nullptr && qobject_cast<QDockWidget*>(shell) == nullptr)
+            shell = shell->parentWidget();
+        return qobject_cast<QDockWidget*>(shell);
     }
     QPoint Pixel(PictureBox* box, double x, double y) {
         const Frame frame = box->Canvas().Current_Frame();

@@ -3,11 +3,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStyle>
+#include <QTableView>
+#include <QTabWidget>
 #include <QTest>
 
 #include "app/commands.h"
@@ -68,14 +72,14 @@ TEST_F(Window, every_dialog_with_a_form_opens_refreshes_and_closes) {
 
 TEST_F(Window, tool_windows_and_windows_come_back_where_they_were) {
     Display.Open_Dialog(Dialog::RulerF, false);
-    auto* dock = qobject_cast<QDockWidget*>(Display.Open_Form(Dialog::RulerF)->parentWidget());
+    auto* dock = Dock_Of(Dialog::RulerF);
     ASSERT_NE(dock, nullptr);
     EXPECT_FALSE(dock->isFloating());
     dock->setFloating(true);
     dock->setGeometry(120, 90, 130, 420);
     Display.Close_Dialog(Dialog::RulerF);
     Display.Open_Dialog(Dialog::RulerF, false);
-    dock = qobject_cast<QDockWidget*>(Display.Open_Form(Dialog::RulerF)->parentWidget());
+    dock = Dock_Of(Dialog::RulerF);
     EXPECT_TRUE(dock->isFloating());
     EXPECT_EQ(dock->geometry(), QRect(120, 90, 130, 420));
 
@@ -84,6 +88,64 @@ TEST_F(Window, tool_windows_and_windows_come_back_where_they_were) {
     Display.Close_Dialog(Dialog::Travel_Time_2);
     Display.Open_Dialog(Dialog::Travel_Time_2, false);
     EXPECT_EQ(Display.Open_Form(Dialog::Travel_Time_2)->size(), QSize(500, 300));
+}
+
+TEST_F(Window, tool_windows_stand_with_the_picture_that_they_work_on_and_never_widen_the_window) {
+    Screen->resize(1000, 650);
+    QApplication::processEvents();
+    Display.Open_Dialog(Dialog::Fcalcul, false);
+    Display.Open_Dialog(Dialog::AutoPik, false);
+    QApplication::processEvents();
+    EXPECT_EQ(Screen->size(), QSize(1000, 650));
+    auto* tabs = Find<QTabWidget>("SSTab1");
+    EXPECT_EQ(tabs->currentIndex(), static_cast<int>(Tab::Record));
+    EXPECT_TRUE(Dock_Of(Dialog::AutoPik)->isVisible());
+    EXPECT_FALSE(Dock_Of(Dialog::Fcalcul)->isVisible());
+    Display.Select_Tab(Tab::Curves);
+    EXPECT_FALSE(Dock_Of(Dialog::AutoPik)->isVisible());
+    EXPECT_TRUE(Dock_Of(Dialog::Fcalcul)->isVisible());
+
+    // Side by side both pictures are in sight, and so are their tool windows.
+    Find<QAction>("SideBySide_M")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(tabs->count(), 2);
+    EXPECT_EQ(tabs->currentIndex(), static_cast<int>(Tab::Record));
+    EXPECT_TRUE(Find<PictureBox>("Dromo")->isVisible());
+    EXPECT_TRUE(Find<PictureBox>("Ecran")->isVisible());
+    EXPECT_TRUE(Display.Is_Open(Dialog::AutoPik));
+    Display.Select_Tab(Tab::Curves);
+    EXPECT_EQ(tabs->currentIndex(), static_cast<int>(Tab::Record));
+    EXPECT_EQ(Screen->size(), QSize(1000, 650));
+    Find<QAction>("SideBySide_M")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(tabs->count(), 3);
+    EXPECT_FALSE(Dock_Of(Dialog::Fcalcul)->isVisible());
+
+    // The letters of the menus and those of the tool windows' buttons are different ones.
+    QString letters;
+    for (const QAction* menu : Screen->menuBar()->actions())
+        letters += menu->text()[menu->text().indexOf('&') + 1].toUpper();
+    Display.Open_Dialog(Dialog::SpeedF, false);
+    for (const Dialog dialog : {Dialog::Fcalcul, Dialog::AutoPik, Dialog::SpeedF}) {
+        for (const QPushButton* button : Display.Open_Form(dialog)->findChildren<QPushButton*>()) {
+            const qsizetype at = button->text().indexOf('&');
+            EXPECT_FALSE(at >= 0 && letters.contains(button->text()[at + 1].toUpper()))
+                << button->text().toStdString();
+        }
+    }
+}
+
+TEST_F(Window, a_project_that_is_dropped_is_opened_after_the_drop) {
+    const QString path = QString::fromStdString(Folder / "none.tv5");
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(path)});
+    QDropEvent drop({100, 100}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    Program.Work.Edits.Start(Program.Work.Project, true);
+    Prompts.Expect("This file does not exist !", Answer::Ok);
+    QApplication::sendEvent(Screen.get(), &drop);
+    EXPECT_TRUE(Prompts.Messages.empty());
+    QApplication::processEvents();
+    EXPECT_TRUE(Prompts.Said("This file does not exist !"));
 }
 
 TEST_F(Window, the_pointer_on_the_curves_is_read_where_it_was_drawn) {
