@@ -17,7 +17,7 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
-    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
+    DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Keys, "Keys and mouse", DialogPlace::Window, DisplayMode::None, false},
     DialogRow{Dialog::Travel_Time_2, "Travel times", DialogPlace::Window, DisplayMode::None, false},
 };

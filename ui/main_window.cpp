@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
@@ -41,6 +42,14 @@ constexpr const char* home_tab = "HomeTab";  ///< of a tool window that belongs 
 
 QString From(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+/// Width that the form of a tool window needs, with room for a scroll bar.
+int Width_Of_Content(const QDockWidget& dock) {
+    const auto* scroll = qobject_cast<const QScrollArea*>(dock.widget());
+    if (scroll == nullptr || scroll->widget() == nullptr) return dock.sizeHint().width();
+    return scroll->widget()->minimumSizeHint().width() +
+           dock.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
 }
 
 void Set_Family(QWidget& control, const QString& family) {
@@ -250,7 +259,7 @@ void MainWindow::Place_Dock(QDockWidget* dock, std::optional<Tab> home) {
     } else if (width > 0) {
         resizeDocks({dock}, {width}, Qt::Horizontal);
     } else if (!known) {
-        resizeDocks({dock}, {dock->widget()->minimumWidth()}, Qt::Horizontal);
+        resizeDocks({dock}, {Width_Of_Content(*dock)}, Qt::Horizontal);
     }
 }
 

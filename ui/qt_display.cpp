@@ -8,7 +8,6 @@
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QScrollArea>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/dialog_rows.h"
@@ -33,6 +32,8 @@ PageLayout Layout_Of(Page page) {
     }
     return Curves_Layout();
 }
+
+constexpr int least_dock_width = 200;
 
 /// Tells when the window's own controls close a shell.
 class CloseWatcher : public QObject {
@@ -177,10 +178,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    // As wide as the form needs beside a scroll bar.
-    scroll->setMinimumWidth(form->minimumSizeHint().width() +
-                            scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    scroll->setMinimumWidth(least_dock_width);
     scroll->setWidget(made.release());
     dock->setWidget(scroll);
     Open[dialog] = {form, dock};

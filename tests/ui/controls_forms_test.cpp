@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QTreeWidget>
 
 #include "control_table.h"
 #include "support/field_names.h"
@@ -423,6 +424,16 @@ TEST_F(FormControls, of_the_start_dialog_do_their_work) {
                                               Answer::Cancel);
                            },
                            [&] { return Line.ShotTimes(1, 1) != 99; }})},
+        {"Projects",
+         [&](QWidget* control) {
+             Line.ShotTimes(1, 1) = 98;
+             auto* list = qobject_cast<QTreeWidget*>(control);
+             QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                               list->visualItemRect(list->topLevelItem(1)).center());
+             QApplication::processEvents();
+             EXPECT_TRUE(closed());
+             EXPECT_NE(Line.ShotTimes(1, 1), 98);
+         }},
         {"Command6",
          [&](QWidget* control) {
              EXPECT_TRUE(

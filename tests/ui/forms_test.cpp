@@ -110,7 +110,7 @@ TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
     EXPECT_FALSE(Blank(form->findChild<PictureBox*>("Picture2")));
 
     // By the window's own button.
-    form->parentWidget()->close();
+    Dock_Of(Dialog::SpeedF)->close();
     EXPECT_FALSE(Display.Is_Open(Dialog::SpeedF));
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
 }

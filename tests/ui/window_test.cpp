@@ -10,8 +10,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QStyle>
-#include <QTableView>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 
 #include "app/commands.h"
@@ -142,6 +142,8 @@ TEST_F(Window, a_project_that_is_dropped_is_opened_after_the_drop) {
     QDropEvent drop({100, 100}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     Program.Work.Edits.Start(Program.Work.Project, true);
     Prompts.Expect("This file does not exist !", Answer::Ok);
+    QDragEnterEvent enter({100, 100}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(Screen.get(), &enter);
     QApplication::sendEvent(Screen.get(), &drop);
     EXPECT_TRUE(Prompts.Messages.empty());
     QApplication::processEvents();

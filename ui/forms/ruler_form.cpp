@@ -49,7 +49,10 @@ void RulerForm::Refresh() {
     Fields.Refresh();
     const QPointer<PictureBox>& beside = Program.Ruler.Against == RulerF::OfRecord ? Record : Curves;
     // In a dock nobody can lay the strip against the picture: its rows stand beside those of the picture.
-    const auto* dock = qobject_cast<const QDockWidget*>(parentWidget());
+    const QWidget* shell = this;
+    while (shell != nullptr && qobject_cast<const QDockWidget*>(shell) == nullptr)
+        shell = shell->parentWidget();
+    const auto* dock = qobject_cast<const QDockWidget*>(shell);
     const bool fixed =
         dock != nullptr && !dock->isFloating() && regle->isVisible() && beside && beside->isVisible();
     const int down = fixed ? beside->mapToGlobal(QPoint()).y() - regle->mapToGlobal(QPoint()).y() : 0;
