@@ -74,8 +74,12 @@ void FcalculPointer::Release(const PointerEvent& event) {
     const bool first_layer = awaited && awaited->Row == 1;
     const bool fitted =
         Regression_Vitesse(Work, Outside, shot, first, last,
-                           first_layer ? StretchLine::ThroughShot : StretchLine::Free, work.VelocityResult);
-    if (fitted) Fill_Velocity(work.VelocityResult);
+                           first_layer ? StretchLine::ThroughShot : StretchLine::Free, work.VelocityResult,
+                           awaited ? awaited->Row : 0);
+    if (fitted) {
+        Work.Fields.Text1 = Velocity_Text(Work.Settings, work.VelocityResult);
+        Fill_Velocity(work.VelocityResult);
+    }
     Outside.Show.Show_Fields();
     Outside.Show.Bring_To_Front(Dialog::Fcalcul);
 }
