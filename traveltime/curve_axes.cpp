@@ -82,8 +82,7 @@ void Print_Distances(Picture& strip, const std::vector<LineLabels>& lines) {
         step = Next_Step(step);
     bool first = true;
     const auto print = [&](double x, double y, const std::string& prefix, const std::string& text) {
-        const double left =
-            frame.To_Pixel_X(x) - strip.Size_Of(prefix).Width - strip.Size_Of(text).Width / 2;
+        const double left = frame.To_Pixel_X(x) - strip.Size_Of(prefix).Width - strip.Size_Of(text).Width / 2;
         strip.Print_At(frame.To_World_X(left), y, prefix + text, colours::ScaleBlue);
     };
     for (const LineLabels& line : lines) {
@@ -147,9 +146,10 @@ void Print_Time_Labels(Picture& strip, const CurveView& view, double time_factor
     const Frame frame = strip.Current_Frame();
     const std::vector<double> times = Times_In_Sight(view, time_factor);
     const double height = strip.Size_Of("0").Height;
-    const double apart = times.size() < 2 ? height
-                                          : std::abs(frame.To_Pixel_Y(times[1] / time_factor) -
-                                                     frame.To_Pixel_Y(times[0] / time_factor));
+    const double apart =
+        times.size() < 2
+            ? height
+            : std::abs(frame.To_Pixel_Y(times[1] / time_factor) - frame.To_Pixel_Y(times[0] / time_factor));
     int step = 1;
     while (step * apart < height && step < static_cast<int>(times.size()))
         step = Next_Step(step);

@@ -30,9 +30,9 @@ void Shot_Colour(const Workspace& workspace, int shot, Colour& colour) {
     constexpr auto rgb = [](int red, int green, int blue) { return red + green * 256 + blue * 65536; };
     // Neighbours differ as much as they can, all are dark enough for white paper.
     constexpr Colour distinct[] = {
-        rgb(31, 80, 200),  rgb(214, 39, 40),  rgb(20, 140, 50),   rgb(200, 30, 200),
-        rgb(230, 120, 0),  rgb(0, 140, 150),  rgb(120, 70, 20),   rgb(110, 60, 190),
-        rgb(130, 135, 0),  rgb(240, 90, 160), rgb(64, 64, 64),    rgb(60, 165, 240),
+        rgb(31, 80, 200), rgb(214, 39, 40),  rgb(20, 140, 50), rgb(200, 30, 200),
+        rgb(230, 120, 0), rgb(0, 140, 150),  rgb(120, 70, 20), rgb(110, 60, 190),
+        rgb(130, 135, 0), rgb(240, 90, 160), rgb(64, 64, 64),  rgb(60, 165, 240),
     };
     constexpr int count = static_cast<int>(std::size(distinct));
     if (shot >= 1) colour = distinct[(shot - 1) % count];

@@ -15,7 +15,7 @@ namespace tarnvik {
 namespace {
 
 constexpr int shot_number_font = 9;
-constexpr double gap_to_point = 0.35;  // in heights of a letter, as all below
+constexpr double gap_to_point = 0.45;  // in heights of a letter, as all below
 constexpr double room_beside = 2;      // margin right of the picture
 constexpr double clear_distance = 0.75;
 constexpr int most_pushes = 24;
@@ -31,8 +31,8 @@ struct Area {
     }
 };
 
-/// Tops for labels in a column, in the order of the tops wished and none over another: runs that press on each
-/// other move together, each as little as possible.
+/// Tops for labels in a column, in the order of the tops wished and none over another: runs that press on
+/// each other move together, each as little as possible.
 std::vector<double> Spread(const std::vector<double>& wished, double pitch, double last) {
     struct Run {
         double Sum = 0;  ///< of the tops wished, each less what stands above it in the run
@@ -204,8 +204,8 @@ class Wishing {
             const double x = Position_Ecran(Line, receiver);
             const double y = time / View.TimeFactor;
             if (In_Sight(x, y)) {
-                Wishes.push_back({shot, Pixels.To_Pixel_X(x), Pixels.To_Pixel_Y(y), size.Width, size.Height,
-                                  {}, !last});
+                Wishes.push_back(
+                    {shot, Pixels.To_Pixel_X(x), Pixels.To_Pixel_Y(y), size.Width, size.Height, {}, !last});
                 return;
             }
             last = false;

@@ -28,8 +28,8 @@ struct LabelPlace {
 };
 
 /// Places for numbers so that none covers another: beside their points where that is possible, otherwise
-/// pushed apart, in the order of their points. `away` is the direction in which a number at a foot is pushed, -1
-/// up. Numbers without room get none.
+/// pushed apart, in the order of their points. `away` is the direction in which a number at a foot is pushed,
+/// -1 up. Numbers without room get none.
 std::vector<std::optional<LabelPlace>> Push_Apart(const std::vector<LabelWish>& wishes, double width,
                                                   double height, int away);
 

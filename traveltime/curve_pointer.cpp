@@ -145,7 +145,8 @@ void CurvePointer::Hover(const PointerEvent& event) {
 void CurvePointer::Choose(const PointerEvent& release) {
     constexpr double still = 3;  // pixels that a hand moves in a click
     const DisplayMode mode = Work.Mode.Current();
-    if (!release.LeftButton || !On_Choose || (mode != DisplayMode::Dromo && mode != DisplayMode::Both)) return;
+    if (!release.LeftButton || !On_Choose || (mode != DisplayMode::Dromo && mode != DisplayMode::Both))
+        return;
     const Picture& dromo = Outside.Show.Canvas_Of(Canvas::Dromo);
     const Frame frame = dromo.Current_Frame();
     const double moved = std::hypot(frame.To_Pixel_X(release.X) - frame.To_Pixel_X(Work.Curves.DownX),

@@ -64,8 +64,8 @@ class CurvePointer {
     /// of the normal state.
     void Register(DisplayMode mode, CurvePointerHandler* handler);
 
-    /// The user has clicked on a curve, which no dialog had the picture for: its shot, and its pick nearest to the
-    /// pointer.
+    /// The user has clicked on a curve, which no dialog had the picture for: its shot, and its pick nearest
+    /// to the pointer.
     std::function<void(PickPlace)> On_Choose;
 
     /// The pick caught by a double click: its writer and the saving of the project are set here.

@@ -111,7 +111,7 @@ std::optional<PickPlace> Curve_At(const Workspace& workspace, const Frame& frame
             receiver_met = receiver;
         });
         // Within reach the preferred one needs not be the nearest.
-        const double counted = shot == preferred && away <= reach ? 0 : away;
+        const double counted = shot == preferred && away <= reach ? -1 : away;
         if (receiver_met == 0 || away > reach || counted >= nearest) continue;
         nearest = counted;
         found = PickPlace{shot, receiver_met};
@@ -141,9 +141,10 @@ void Unlight_Curve(Workspace& workspace, Ports& ports) {
 
 std::string Lit_Text(const Workspace& workspace) {
     const PickPlace lit = workspace.Curves.Lit;
-    if (!workspace.Project.ShotTimes.Has(lit.Shot, lit.Receiver)) return {};
+    if (lit.Shot < 1 || !workspace.Project.ShotTimes.Has(lit.Shot, lit.Receiver)) return {};
     const double time = workspace.Project.ShotTimes(lit.Shot, lit.Receiver);
-    return "Shot " + CStr(lit.Shot) + ", receiver " + CStr(lit.Receiver) + ": " + Format(time, "##0.00") + " ms";
+    return "Shot " + CStr(lit.Shot) + ", receiver " + CStr(lit.Receiver) + ": " + Format(time, "##0.00") +
+           " ms";
 }
 
 int Nearest_Receiver(const Project& project, double x) {

@@ -9,8 +9,8 @@
 namespace tarnvik {
 
 /// The pick of the curve that passes closest to a world place of the picture, among the shots displayed: the
-/// nearer end of the segment met. Nothing when none passes within `reach` pixels. Of curves that are equally near
-/// `preferred` counts before the others.
+/// nearer end of the segment met. Nothing when none passes within `reach` pixels. Of curves that are equally
+/// near `preferred` counts before the others.
 std::optional<PickPlace> Curve_At(const Workspace& workspace, const Frame& frame, double x, double y,
                                   double reach, int preferred = 0);
 

@@ -45,8 +45,8 @@ void Draw_On_Screen(Workspace& workspace, Ports& ports, const Project& project, 
     if (labelled) view.LastLabelledShot = static_cast<std::int16_t>(shot);
 }
 
-/// All curves that are not left out, into the frame that stands, and over them fitted lines and numbers. False
-/// when one of them could not be drawn.
+/// All curves that are not left out, into the frame that stands, and over them fitted lines and numbers.
+/// False when one of them could not be drawn.
 bool Draw_All(Workspace& workspace, Ports& ports, CurveStyle style) {
     CurveView& view = workspace.Curves;
     const Project& project = workspace.Project;
@@ -186,8 +186,7 @@ void Refresh_Curves(Workspace& workspace, Ports& ports, std::span<const PickPlac
     }
     if (strip.X1 > strip.X2) return;
     Unlight_Curve(workspace, ports);
-    Widen_By_Labels(strip, view.Labels,
-                    Labels_Of_Curves(workspace, ports.Show.Canvas_Of(Canvas::Dromo)));
+    Widen_By_Labels(strip, view.Labels, Labels_Of_Curves(workspace, ports.Show.Canvas_Of(Canvas::Dromo)));
     if (Second_Window_Open(workspace)) {
         Widen_By_Labels(strip, view.Labels2,
                         Labels_Of_Curves(workspace, ports.Show.Canvas_Of(Canvas::Dromo2)));

@@ -10,7 +10,8 @@ namespace tarnvik {
 /// drag on the picture computes, see Velocity_Of_Stretch. The receivers may come in any order and are
 /// corrected in place to 1..NbReceivers. InterceptResult, Correlation and ShotSide are shared values;
 /// `velocity` stays as it was when the stretch cannot be fitted, and the routine answers false. The curve is
-/// drawn in blue with the line fitted for `layer` (0 for none) over it. Messages go to QuickStatus in mode Quick.
+/// drawn in blue with the line fitted for `layer` (0 for none) over it. Messages go to QuickStatus in mode
+/// Quick.
 bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last, StretchLine line,
                         double& velocity, int layer = 0);
 

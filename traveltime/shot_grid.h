@@ -24,7 +24,8 @@ void Select_Shot_Row(Workspace& workspace, int shot);
 /// The row of a shot that has left the project goes; the marks of the shots behind it move up with them.
 void Remove_Shot_Row(Workspace& workspace, int shot);
 
-/// True when the shot's curve is to be drawn: a dialog shows it alone, or all are asked for (Check11), or it is not left out.
+/// True when the shot's curve is to be drawn: a dialog shows it alone, or all are asked for (Check11), or it
+/// is not left out.
 bool Shot_Displayed(const Workspace& workspace, int shot);
 
 }  // namespace tarnvik

@@ -52,9 +52,9 @@ class SpeedF {
     void Take_Stretch(int shot, int first, int last);
     /// After a save: the next layer is to be measured, nothing of the one before is shown as a result.
     void Next_Layer();
-    void Command1();             ///< "&Save ": opens `confirm`
-    void Command2();             ///< "Refresh"
-    void Command5();             ///< "&Compute"
+    void Command1();  ///< "&Save ": opens `confirm`
+    void Command2();  ///< "Refresh"
+    void Command5();  ///< "&Compute"
 
     /// `confirm` has written the result into the project file.
     void Recorded();

@@ -53,8 +53,7 @@ void SpeedPointer::Press(const PointerEvent& event) {
     if (!event.LeftButton || Work.Project.NbReceivers < 1) return;
     const int chosen = CInt(Val(Form.Shot)).value_or(0);
     const Picture& dromo = Outside.Show.Canvas_Of(Canvas::Dromo);
-    const auto met =
-        Curve_At(Work, dromo.Current_Frame(), event.X, event.Y, Pointer_Reach(dromo), chosen);
+    const auto met = Curve_At(Work, dromo.Current_Frame(), event.X, event.Y, Pointer_Reach(dromo), chosen);
     Held = Stretch{met ? met->Shot : chosen, event.X, false, 0, 0};
 }
 

@@ -223,18 +223,19 @@ QWidget* CurvesPage::Shots_Pane() {
     list->setUniformItemSizes(true);
     Shots = new ShotListModel(Program, list);
     list->setModel(Shots);
-    connect(
-        list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-        [this](const QModelIndex& row) {
-            if (!Following) Choose_Shot(Program, {row.row() + 1, 0});
-        });
+    connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& row) {
+                if (!Following) Choose_Shot(Program, {row.row() + 1, 0});
+            });
     List = list;
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(all);
-    layout->addWidget(Shot_Buttons(list));
+    QWidget* buttons = Shot_Buttons(list);
+    layout->addWidget(buttons);
     layout->addWidget(list);
-    pane->setMinimumWidth(fontMetrics().horizontalAdvance("Display all shot") + 40);
+    pane->setMinimumWidth(
+        std::max(fontMetrics().horizontalAdvance("Display all shot") + 40, buttons->sizeHint().width()));
     pane->setMaximumWidth(260);
     Fields.Tick(all, Program.Work.Fields.Check11, [this] { Program.Outside.Show.Show_Curves(); });
     return pane;
@@ -273,7 +274,7 @@ QWidget* CurvesPage::Shot_Buttons(QListView* list) {
         auto* button = new QToolButton;
         button->setDefaultAction(action);
         button->setFocusPolicy(Qt::NoFocus);
-        row->addWidget(button, 1);
+        row->addWidget(button);
     }
     return pane;
 }

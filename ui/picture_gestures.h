@@ -4,13 +4,15 @@
 #include <QPointF>
 #include <functional>
 
+class QWheelEvent;
+
 namespace tarnvik {
 
 class PictureBox;
 
 /// How a hand looks at a picture that can be enlarged, the same on all of them: the wheel pans, with Ctrl it
-/// enlarges the times at the pointer, with Shift the distances; the middle button drags the picture along. All places
-/// are world coordinates.
+/// enlarges the times at the pointer, with Shift the distances; the middle button drags the picture along.
+/// All places are world coordinates.
 class PictureGestures : public QObject {
     Q_OBJECT
 
@@ -28,7 +30,7 @@ class PictureGestures : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    bool Wheel(class QWheelEvent* event);
+    bool Wheel(QWheelEvent* event);
     QPointF World(QPointF place) const;
 
     PictureBox* Box;

@@ -97,7 +97,8 @@ TEST_F(PickingForDepth, FittedLinesStayInTheirLayersColourUntilTheDialogCloses) 
     Form.Enter_Field(test::Field("V3B"));
     Drag(68, 20, 95, 40);
     const auto drawn = [this](int layer) {
-        const auto lines = World.Display.Pictures[Canvas::Dromo].Of(test::Drawn::Verb::Line, Layer_Colour(layer));
+        const auto lines =
+            World.Display.Pictures[Canvas::Dromo].Of(test::Drawn::Verb::Line, Layer_Colour(layer));
         return lines.size() == 1 && lines[0].Width == 2;
     };
     for (int redraw = 0; redraw < 2; ++redraw) {

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-#include <vector>
-
 #include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "core/text/number.h"
 #include "support/field_names.h"

@@ -36,8 +36,8 @@ namespace {
 /// Middle of a printed text across its picture, in pixels; a prefix such as "g=" hangs to the left of it.
 double Middle(const RecordingPicture& picture, const Drawn& text) {
     const std::size_t prefix = text.Text.find('=') == std::string::npos ? 0 : 2;
-    const double left = picture.Current_Frame().To_Pixel_X(text.X1) +
-                        picture.Size_Of(text.Text.substr(0, prefix)).Width;
+    const double left =
+        picture.Current_Frame().To_Pixel_X(text.X1) + picture.Size_Of(text.Text.substr(0, prefix)).Width;
     return left + picture.Size_Of(text.Text.substr(prefix)).Width / 2;
 }
 

@@ -258,7 +258,8 @@ TEST_F(CurvesTab, a_curve_under_the_pointer_is_told_and_a_click_goes_to_its_shot
     const QImage before = Dromo->Canvas().Image().copy();
     const float time = Program.Work.Project.ShotTimes(2, 9);
     QTest::mouseMove(Dromo, At(40, time));
-    EXPECT_TRUE(Program.Work.Fields.Text1.ends_with("Shot 2, receiver 9: 28.00 ms")) << Program.Work.Fields.Text1;
+    EXPECT_TRUE(Program.Work.Fields.Text1.ends_with("Shot 2, receiver 9: 28.00 ms"))
+        << Program.Work.Fields.Text1;
     EXPECT_EQ(Program.Work.Curves.Lit, (PickPlace{2, 9}));
     EXPECT_EQ(Dromo->Canvas().Image(), before) << "nothing is drawn anew";
     QTest::mouseClick(Dromo, Qt::LeftButton, {}, At(40, time));

@@ -39,7 +39,8 @@ TEST_F(Profile_pane, is_corrected_by_the_command_alone_and_painted_by_all_else) 
     ASSERT_TRUE(profile->isVisible());
     EXPECT_EQ(frame().Right - frame().Left, 200);
     const auto under_pointer = [&] {
-        const QPointF inside = QPointF(100, 100) * profile->devicePixelRatioF() - profile->Canvas().Window().topLeft();
+        const QPointF inside =
+            QPointF(100, 100) * profile->devicePixelRatioF() - profile->Canvas().Window().topLeft();
         return QPointF(frame().To_World_X(inside.x()), frame().To_World_Y(inside.y()));
     };
     const QPointF held = under_pointer();
@@ -57,7 +58,8 @@ TEST_F(Profile_pane, is_corrected_by_the_command_alone_and_painted_by_all_else) 
     // The middle button drags the picture along, and no further than it reaches.
     QTest::mousePress(profile, Qt::MiddleButton, {}, {300, 200});
     const auto drag = [profile](QPointF place) {
-        QMouseEvent move(QEvent::MouseMove, place, profile->mapToGlobal(place), Qt::NoButton, Qt::MiddleButton, {});
+        QMouseEvent move(QEvent::MouseMove, place, profile->mapToGlobal(place), Qt::NoButton,
+                         Qt::MiddleButton, {});
         QApplication::sendEvent(profile, &move);
     };
     const double dragged = frame().Left;
