@@ -32,7 +32,7 @@ void No_Shot(Session& session) {
 
 // clang-format off
 const std::array curves_page_commands = {
-    Command{.Name = "OnlyThisShot", .Caption = "Only this", .Tooltip = "Draw the curve of the chosen shot alone", .Shortcut = "T", .Run = Only_Chosen_Shot, .Refusal = Without_Shots},
+    Command{.Name = "OnlyThisShot", .Caption = "Only this", .Tooltip = "Draw the curve of the chosen shot alone", .Shortcut = "I", .Run = Only_Chosen_Shot, .Refusal = Without_Shots},
     Command{.Name = "AllShots", .Caption = "All", .Tooltip = "Draw the curves of all shots", .Shortcut = "L", .Run = All_Shots, .Refusal = Without_Shots},
     Command{.Name = "NoShot", .Caption = "None", .Tooltip = "Draw no curve", .Run = No_Shot, .Refusal = Without_Shots},
     Command{.Name = "WholePicture", .Caption = "Show all", .Tooltip = "The whole line and all times, also of the profile", .Shortcut = "Home", .Run = Whole_Picture, .Refusal = Without_Shots},

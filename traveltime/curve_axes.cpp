@@ -172,8 +172,12 @@ void Print_Units(const Workspace& workspace, const CurveWindow& window, double t
     const bool labelled = grid.Step > 0 && grid.Last / time_factor >= curve_picture_height;
     if (left && window.Yw >= curve_picture_height && !labelled)
         dromo.Print_At(-5, curve_picture_height, " ms", colours::Black);
-    if (earliest && window.X2 >= curve_picture_width)
-        dromo.Print_At(curve_picture_width, -5, workspace.Settings.Metric() ? "m" : "f", colours::Black);
+    if (earliest && window.X2 >= curve_picture_width) {
+        constexpr double beside_frame = 3;  // pixels, so that no letter stands on the frame
+        const Frame frame = dromo.Current_Frame();
+        const double x = frame.To_World_X(frame.To_Pixel_X(curve_picture_width) + beside_frame);
+        dromo.Print_At(x, -5, workspace.Settings.Metric() ? "m" : "f", colours::Black);
+    }
     if (left && earliest) dromo.Print_At(-3.5, -1, "0", colours::Black);
 }
 

@@ -133,7 +133,9 @@ class Placing {
         const LabelWish& wish = Wishes[i];
         const double gap = gap_to_point * wish.Height;
         const double edge = wish.GoesOn ? Width : Width + room_beside * wish.Height;
-        const double right = wish.X + gap;
+        // A number on the frame's edge could not be read: it goes wholly into the margin.
+        const bool on_edge = !wish.GoesOn && wish.X + gap < Width && wish.X + gap + wish.Width > Width;
+        const double right = on_edge ? Width + gap / 2 : wish.X + gap;
         const double left = wish.X - gap - wish.Width;
         for (int push = 0; push <= most_pushes; ++push) {
             // 0, half a height down, half a height up, a whole one down ...

@@ -170,6 +170,12 @@ QWidget* CurvesPage::Curves_Pane() {
     VScroll1 = new QScrollBar(Qt::Vertical);
     HScroll1->setObjectName("HScroll1");
     VScroll1->setObjectName("VScroll1");
+    // A bar that comes must not move what is under the pointer.
+    for (QScrollBar* bar : {HScroll1, VScroll1}) {
+        QSizePolicy policy = bar->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        bar->setSizePolicy(policy);
+    }
 
     auto* grid = new QGridLayout(pane);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -257,8 +263,8 @@ QWidget* CurvesPage::Shot_Buttons(QListView* list) {
         QString tip = from(command.Tooltip);
         if (!command.Shortcut.empty()) {
             const QKeySequence key(from(command.Shortcut), QKeySequence::PortableText);
+            // Acts wherever the focus is, as long as the page is in sight.
             action->setShortcut(key);
-            action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
             tip += " (" + key.toString(QKeySequence::NativeText) + ")";
         }
         action->setToolTip(tip);
@@ -317,6 +323,7 @@ void CurvesPage::Wire_Gestures() {
         if (!(Visible_Window(view) == before)) show();
     };
     gestures->Whole_Height = [&view] { return view.ZoomY <= 1; };
+    gestures->Show_All = [this] { Run_Command(Program, "WholePicture"); };
     gestures->Left = [this] { Program.Pointer.Leave(); };
 }
 

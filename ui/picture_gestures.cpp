@@ -1,5 +1,6 @@
 #include "ui/picture_gestures.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
@@ -84,6 +85,15 @@ bool PictureGestures::eventFilter(QObject* watched, QEvent* event) {
             auto* mouse = static_cast<QMouseEvent*>(event);
             if (mouse->button() != Qt::MiddleButton || !Dragging) break;
             Dragging = false;
+            return true;
+        }
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress: {
+            // Another picture beside this one knows the key too: it goes to the one that has the focus.
+            auto* key = static_cast<QKeyEvent*>(event);
+            if (key->key() != Qt::Key_Home || key->modifiers() != Qt::NoModifier || !Show_All) break;
+            key->accept();
+            if (event->type() == QEvent::KeyPress) Show_All();
             return true;
         }
         case QEvent::Leave:

@@ -25,7 +25,8 @@ class PictureGestures : public QObject {
     std::function<void(double across, double upward)> Pan;
     /// What the wheel pans while nothing is enlarged upwards.
     std::function<bool()> Whole_Height;
-    std::function<void()> Left;  ///< the pointer has left the picture
+    std::function<void()> Show_All;  ///< Home, while the picture has the focus
+    std::function<void()> Left;      ///< the pointer has left the picture
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <utility>
 
+#include "app/commands.h"
 #include "app/session.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
@@ -71,6 +72,12 @@ ProfilePane::ProfilePane(Session& session, QtDisplay& display) : Program(session
     Up = new QScrollBar(Qt::Vertical);
     Up->setObjectName("ProfileUp");
     Up->setInvertedAppearance(true);
+    // A bar that comes must not move what is under the pointer.
+    for (QScrollBar* bar : {Across, Up}) {
+        QSizePolicy policy = bar->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        bar->setSizePolicy(policy);
+    }
 
     auto* pictures = new QGridLayout;
     pictures->setSpacing(0);
@@ -213,6 +220,7 @@ void ProfilePane::Wire_Gestures() {
         Keep_Inside(view);
         if (view.Across != before_x || view.Up != before_y) Show_Window();
     };
+    gestures->Show_All = [this] { Run_Command(Program, "WholePicture"); };
     gestures->Whole_Height = [this] { return Program.Work.Profile.ZoomY <= 1; };
 }
 
