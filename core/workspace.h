@@ -89,12 +89,12 @@ struct CurveView {
     std::int16_t DoubleView = 0;  ///< 1 while the second window is open
     bool ZeroOnTop = false;       ///< menu mark Zerop
     bool ShowReceiverIntercepts = false;
-    bool LeadInStrokes = false;  ///< every curve rises from (0, 0)
-    std::set<int> ShotsLeftOut;  ///< shots that Grille_Shot leaves out of the curves, from 1
-    int ShotAlone = 0;           ///< the one shot that a dialog shows, in red; 0 while all are shown
-    bool DistinctColours = false;  ///< a colour of its own for each of a dozen shots
-    PickPlace Lit;                 ///< pick under the pointer, its curve is lit; shot 0 while there is none
-    std::vector<CurveLabel> Labels;   ///< shots' numbers on the picture
+    bool LeadInStrokes = false;      ///< every curve rises from (0, 0)
+    std::set<int> ShotsLeftOut;      ///< shots that Grille_Shot leaves out of the curves, from 1
+    int ShotAlone = 0;               ///< the one shot that a dialog shows, in red; 0 while all are shown
+    bool DistinctColours = false;    ///< a colour of its own for each of a dozen shots
+    PickPlace Lit;                   ///< pick under the pointer, its curve is lit; shot 0 while there is none
+    std::vector<CurveLabel> Labels;  ///< shots' numbers on the picture
     std::vector<CurveLabel> Labels2;  ///< and in the second window
     std::vector<FittedLine> Fitted;   ///< lines of the dialog that is open
     std::int16_t LastLabelledShot = 0;
@@ -264,6 +264,8 @@ struct Workspace {
     tarnvik::Project Project;
     tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
+    /// Where the program keeps small files about projects; empty while none are kept.
+    std::string CompanionFolder;
     std::string AppTitle = "Tarnvik 16.5";
     PictureMode Mode;  ///< what the Dromo picture shows and what a press on it means
     /// The file that the project in memory was read from or written to, or whose replacement the user agreed
