@@ -217,6 +217,14 @@ CurveStrip Strip_Of_Pick(const Project& project, PickPlace pick, bool by_velocit
     return strip;
 }
 
+void Keep_To_Window(CurveStyle& style, const CurveView& view) {
+    constexpr double share = 0.06;  // room for points and for strokes that begin outside
+    const CurveWindow window = Visible_Window(view);
+    const double room = share * (window.X2 - window.X1);
+    style.SeenFrom = std::max(style.SeenFrom, window.X1 - room);
+    style.SeenTo = std::min(style.SeenTo, window.X2 + room);
+}
+
 bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
     Draw_Frame_On(workspace, pictures);
     CurveStyle style;
@@ -225,6 +233,7 @@ bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
     style.ZoomX = workspace.Curves.ZoomX;
     style.ByVelocity = workspace.Settings.ColorChoice;
     style.Numbers = false;
+    Keep_To_Window(style, workspace.Curves);
     style.LeadIn = workspace.Curves.LeadInStrokes;
     bool all_drawn = true;
     for (int shot = 1; shot <= workspace.Project.NbShots; ++shot) {

@@ -43,6 +43,9 @@ struct CurveStrip {
 };
 CurveStrip Strip_Of_Pick(const Project& project, PickPlace pick, bool by_velocity);
 
+/// Leaves out what lies beyond the window on both sides: an enlarged part costs what is in sight.
+void Keep_To_Window(CurveStyle& style, const CurveView& view);
+
 /// Frame and all curves that are not left out in Grille_Shot, on any device: paper, files, a window.
 /// The mode and the screen stay as they are. Answers whether every curve could be drawn.
 bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures);

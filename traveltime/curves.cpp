@@ -55,6 +55,7 @@ bool Draw_All(Workspace& workspace, Ports& ports, CurveStyle style) {
     style.LineLength = project.LineLength;
     style.InColour = view.LastColour;
     style.Numbers = false;
+    Keep_To_Window(style, view);
     bool all_drawn = true;
     for (int shot = 1; shot <= project.NbShots && !Is_Pattern(project); ++shot) {
         Shot_Colour(workspace, shot, style.InColour);
