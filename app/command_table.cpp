@@ -83,6 +83,9 @@ bool By_Velocity(const Session& session) {
 bool One_Colour(const Session& session) {
     return !By_Velocity(session);
 }
+bool Distinct_Colours(const Session& session) {
+    return session.Work.Curves.DistinctColours;
+}
 bool Meters(const Session& session) {
     return session.Work.Settings.Metric();
 }
@@ -256,6 +259,7 @@ const std::array command_table = {
     Command{.Name = "Thin_Mnu", .Menu = line_menu, .Caption = "Thin", .Run = Thin_Velocity_Line, .Checked = Thin_Line},
     Command{.Name = "color_1", .Menu = colour_menu, .Caption = "one color/ trace", .Run = One_Colour_A_Trace, .Checked = One_Colour},
     Command{.Name = "color_2", .Menu = colour_menu, .Caption = "color / velocity", .Run = Colour_By_Velocity, .Checked = By_Velocity},
+    Command{.Name = "DistinctColours_M", .Menu = colour_menu, .Caption = "Distinct shot colours", .Tooltip = "A colour of its own for each of a dozen shots", .Run = Toggle_Distinct_Colours, .Checked = Distinct_Colours},
     Command{.Name = "Meters_M", .Menu = units_menu, .Caption = "Meters", .Run = Use_Meters, .Checked = Meters},
     Command{.Name = "Feet_M", .Menu = units_menu, .Caption = "Feet", .Run = Use_Feet, .Checked = Feet},
 
@@ -285,7 +289,8 @@ std::span<const Command> Command_Table() {
 }
 
 const Command* Find_Command(std::string_view name) {
-    for (const auto& table : {Command_Table(), Record_Page_Commands(), Tables_Page_Commands()}) {
+    for (const auto& table :
+         {Command_Table(), Record_Page_Commands(), Tables_Page_Commands(), Curves_Page_Commands()}) {
         for (const Command& command : table) {
             if (command.Name == name) return &command;
         }

@@ -32,9 +32,10 @@ struct Command {
 /// left to right and from top to bottom. An entry whose caption is "-" is a line between groups.
 std::span<const Command> Command_Table();
 
-/// Buttons of the record page and of the tables page, by the names of their controls.
+/// Buttons of the record page, of the tables page and of the curves page, by the names of their controls.
 std::span<const Command> Record_Page_Commands();
 std::span<const Command> Tables_Page_Commands();
+std::span<const Command> Curves_Page_Commands();
 
 /// The command of that toolbar key, menu control or button; null when there is none.
 const Command* Find_Command(std::string_view name);

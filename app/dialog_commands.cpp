@@ -47,6 +47,13 @@ void Show_Velocity_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::SpeedF);
 }
 
+void Save_Velocity_And_Go_On(Session& session) {
+    if (!session.Speed.SaveEnabled || session.Speed.Velocity.empty()) return;
+    session.Record.Load();
+    session.Record.Command1();
+    if (!session.Speed.SaveEnabled) session.Speed.Next_Layer();
+}
+
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
 }

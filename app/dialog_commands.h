@@ -9,6 +9,10 @@ void Show_Velocity_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
 
+/// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
+/// it could not be saved, all stays.
+void Save_Velocity_And_Go_On(Session& session);
+
 /// The seismic profile with the depths that its mode tells.
 void Show_Intercept_Profile(Session& session);  ///< mode "Profil"
 void Show_Abc_Profile(Session& session);        ///< mode "Profil2"

@@ -8,10 +8,10 @@
 
 namespace tarnvik {
 
-ShotColour Curve_Colours(const Project& project) {
+ShotColour Curve_Colours(const Workspace& workspace) {
     // A shot without a colour rule keeps that of the shot before it.
-    return [&project, colour = Colour{0}](int shot) mutable {
-        Couleur_Tir(project, shot, colour);
+    return [&workspace, colour = Colour{0}](int shot) mutable {
+        Shot_Colour(workspace, shot, colour);
         return colour;
     };
 }
@@ -44,7 +44,7 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             break;
         case Page::Record:
             Draw_Traces(session.Work, pictures.Main, Su_Path(session.Work.Project),
-                        Curve_Colours(session.Work.Project));
+                        Curve_Colours(session.Work));
             Draw_Time_Scale(session.Work.Record, pictures.Beside);
             break;
     }

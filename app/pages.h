@@ -18,7 +18,7 @@ struct PagePictures {
 
 /// The colours of the travel-time curves, for the record that shows them too. The project must outlive the
 /// answer.
-ShotColour Curve_Colours(const Project& project);
+ShotColour Curve_Colours(const Workspace& workspace);
 
 /// The page whose picture stands on the screen.
 Page Page_On_Screen(const Session& session);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/recovery.h"
+#include "app/shot_choice.h"
 #include "app/show_changes.h"
 #include "core/files.h"
 #include "core/project_save.h"
@@ -30,6 +31,7 @@ Session::Session(Ports outside, std::string settings_file)
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };

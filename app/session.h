@@ -21,6 +21,7 @@
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
+#include "traveltime/speed_pointer.h"
 #include "traveltime/zoom.h"
 
 namespace tarnvik {

@@ -10,6 +10,8 @@
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "traveltime/curve_drawing.h"
+#include "traveltime/curve_labels.h"
+#include "traveltime/curve_selection.h"
 #include "traveltime/curves.h"
 
 namespace tarnvik {
@@ -120,7 +122,7 @@ void SessionDisplay::Draw_Curves() {
 
 void SessionDisplay::Draw_Record() {
     const Project& project = Owner->Work.Project;
-    tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(project));
+    tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(Owner->Work));
 }
 
 void SessionDisplay::Draw_Profile() {
@@ -133,13 +135,18 @@ void SessionDisplay::Paint_Curves() {
     // The band and the cross go with the old picture.
     Owner->Work.Curves.Band = {};
     Owner->Work.Curves.Cross = {};
+    Unlight_Curve(Owner->Work, Owner->Outside);
     SilentPicture none;
     Draw_Page(*Owner, Page::Curves,
               {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY)});
+    Workspace& work = Owner->Work;
+    work.Curves.Labels = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo));
     // On the screen alone: a print has no pick on the pointer.
     Draw_Caught_Pick(Canvas_Of(Canvas::Dromo), Owner->Work);
-    if (Owner->Work.Curves.DoubleView == 1)
+    if (work.Curves.DoubleView == 1) {
         Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none});
+        work.Curves.Labels2 = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo2));
+    }
 }
 
 void SessionDisplay::Refresh_Cell(int, int) {

@@ -105,7 +105,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
         Follow_Project(work);
     }
     Show_Table(session, notice);
-    Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work.Project));
+    Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work));
     Show_Pictures(session, notice);
     Show_In_Dialogs(session, notice);
     if (work.Edits.Journal_Fails()) {

@@ -76,6 +76,7 @@ void Back_To_Curves(Session& session) {
     const std::string path = session.Work.Project.CurrentFile;
     if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
+    session.Work.Curves.ShotAlone = 0;
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();
@@ -133,6 +134,23 @@ void No_Zoom(Session& session) {
     Set_Zoom(session.Work.Curves, 1, 1);
     session.Outside.Show.Show_Fields();
     session.Outside.Show.Show_Curves();
+}
+
+void Whole_Picture(Session& session) {
+    Set_Zoom(session.Work.Curves, 1, 1);
+    ProfileView& profile = session.Work.Profile;
+    profile.ZoomX = profile.ZoomY = 1;
+    profile.Across = profile.Up = 0;
+    session.Outside.Show.Repaint_Page(Page_On_Screen(session));
+    session.Outside.Show.Show_Fields();
+}
+
+void Toggle_Distinct_Colours(Session& session) {
+    session.Work.Curves.DistinctColours = !session.Work.Curves.DistinctColours;
+    session.Outside.Show.Show_Fields();
+    // The list of shots shows the colours too.
+    session.Outside.Show.Show_Grids();
+    session.Outside.Show.Repaint_Page(Page::Curves);
 }
 
 void Show_Ruler(Session& session) {

@@ -22,6 +22,9 @@ void Toggle_Receiver_Intercepts(Session& session);
 void Toggle_Lead_In_Strokes(Session& session);
 void Show_Zoom(Session& session);
 void No_Zoom(Session& session);
+/// Curves and profile, whichever stands, as a whole.
+void Whole_Picture(Session& session);
+void Toggle_Distinct_Colours(Session& session);
 void Show_Ruler(Session& session);
 /// Wipes the pictures; the next command draws them afresh.
 void Clear_Screen(Session& session);

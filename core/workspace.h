@@ -12,6 +12,7 @@
 #include "core/awaited_field.h"
 #include "core/display_mode.h"
 #include "core/edits/edits.h"
+#include "core/pick_place.h"
 #include "core/project.h"
 #include "core/settings.h"
 
@@ -45,6 +46,32 @@ struct DrawnCross {
     double Rise2 = 0;
 };
 
+/// A shot's number beside its curve, as it was put on a travel-time picture: world places of its top left and
+/// bottom right corner, and the point that it belongs to.
+struct CurveLabel {
+    int Shot = 0;
+    double X1 = 0;
+    double Y1 = 0;
+    double X2 = 0;
+    double Y2 = 0;
+    double PointX = 0;
+    double PointY = 0;
+    bool Leader = false;  ///< pushed so far from its point that a line leads there
+    Colour InColour = 0;
+    bool operator==(const CurveLabel&) const = default;
+};
+
+/// A line fitted to a stretch of a curve: picture units across the line, and ms.
+struct FittedLine {
+    int Shot = 0;
+    int Layer = 0;  ///< 0 while none is named
+    double X1 = 0;
+    double T1 = 0;
+    double X2 = 0;
+    double T2 = 0;
+    std::optional<double> ShotX;  ///< it goes on from there at time 0
+};
+
 /// State of the travel-time picture, shared with the dialogs that work on it.
 struct CurveView {
     double TimeFactor = 1;       ///< ms per unit of the picture's height
@@ -55,12 +82,21 @@ struct CurveView {
     double ZoomY = 1;
     ScrollBar HScroll1;
     ScrollBar VScroll1;
+    bool ExactWindow = false;  ///< enlarged at the pointer: the window is not rounded to whole units
+    double PartX = 0;          ///< what the window's left edge has beyond the bar's whole number
+    double PartY = 0;
     std::int16_t FrameDrawn = 0;  ///< 1 the frame stands, 2 curves and profile stand together
     std::int16_t DoubleView = 0;  ///< 1 while the second window is open
     bool ZeroOnTop = false;       ///< menu mark Zerop
     bool ShowReceiverIntercepts = false;
-    bool LeadInStrokes = false;  ///< every curve rises from (0, 0)
-    std::set<int> ShotsLeftOut;  ///< shots that Grille_Shot leaves out of the curves, from 1
+    bool LeadInStrokes = false;      ///< every curve rises from (0, 0)
+    std::set<int> ShotsLeftOut;      ///< shots that Grille_Shot leaves out of the curves, from 1
+    int ShotAlone = 0;               ///< the one shot that a dialog shows, in red; 0 while all are shown
+    bool DistinctColours = false;    ///< a colour of its own for each of a dozen shots
+    PickPlace Lit;                   ///< pick under the pointer, its curve is lit; shot 0 while there is none
+    std::vector<CurveLabel> Labels;  ///< shots' numbers on the picture
+    std::vector<CurveLabel> Labels2;  ///< and in the second window
+    std::vector<FittedLine> Fitted;   ///< lines of the dialog that is open
     std::int16_t LastLabelledShot = 0;
     Colour LastColour = 0;  ///< of the curve drawn last; a shot without a colour rule takes it over
 
@@ -131,8 +167,9 @@ struct ProfileView {
     double ProfileVScale = 1;
     double ZoomX = 1;  ///< enlargement of what stands, and how far it is scrolled, in enlarged units
     double ZoomY = 1;
-    int Across = 0;
-    int Up = 0;
+    double Across = 0;
+    double Up = 0;
+    bool ExactWindow = false;  ///< enlarged at the pointer: the window is not rounded to whole units
 };
 
 /// Stations that the user gave a record when he was asked for them.

@@ -5,6 +5,7 @@
 
 #include "core/fault.h"
 #include "core/text/number.h"
+#include "traveltime/fitted_lines.h"
 #include "traveltime/regression_vitesse.h"
 
 namespace tarnvik {
@@ -26,6 +27,7 @@ void Fcalcul::Say(const std::string& text, Icon icon) {
 }
 
 int Fcalcul::Shot() const {
+    if (!OffsetText.empty()) return 0;  // its number stands there, but nothing is shown or stored for it
     const int shot = CInt(Val(ShotLabel)).value_or(0);
     return shot >= 1 && shot <= Work.Project.NbShots && Work.Project.ShotDistance.Has(shot) ? shot : 0;
 }
@@ -42,11 +44,7 @@ void Fcalcul::Load() {
     Work.Depth.VelocityFault = false;
     Label17 = "1 - ";
     Label18 = " Rec. " + CStr(Work.Project.NbReceivers);
-    // An offset shot fills no field: what stood there before may be of another line.
-    for (std::string* field : {&ShotLabel, &Altitude, &ShotDepth, &Layers, &Caption})
-        field->clear();
-    Empty_Rows();
-    VisibleLayers = 2;
+    Empty_Fields();
     Unsaved = Unsaved && !Work.Edits.Is_Saved();
     HScroll1.Value = Work.Velocity.CurrentShot;
     HScroll1_Changed();
@@ -54,6 +52,7 @@ void Fcalcul::Load() {
 
 void Fcalcul::Close() {
     Forget_Wrong_Receivers(Work);
+    Forget_Fitted_Lines(Work.Curves);
     Work.Velocity.Awaited.reset();
     Outside.Show.Close_Dialog(Dialog::Fcalcul);
     Work.Mode.Release(Dialog::Fcalcul);
@@ -88,6 +87,14 @@ void Fcalcul::Layers_Changed() {
     Outside.Show.Show_Fields();
 }
 
+/// Nothing of any shot stands in the dialog.
+void Fcalcul::Empty_Fields() {
+    for (std::string* field : {&ShotLabel, &Altitude, &ShotDepth, &Layers, &Caption})
+        field->clear();
+    Empty_Rows();
+    VisibleLayers = 2;
+}
+
 bool Fcalcul::Refused_As_Offset_Shot() {
     const int shot = HScroll1.Value;
     if (!Work.Project.ShotDistance.Has(shot) || !Offset_Shot(Work.Project, shot)) {
@@ -95,6 +102,9 @@ bool Fcalcul::Refused_As_Offset_Shot() {
         return false;
     }
     OffsetText = "Offset shot, no depth computation possible ";
+    // The numbers of the shot before must not stand beside its message.
+    Empty_Fields();
+    ShotLabel = CStr(shot);
     Outside.Show.Show_Fields();
     return true;
 }
@@ -137,7 +147,11 @@ bool Fcalcul::Display_Shot(int shot) {
     HScroll1.Min = 1;
     HScroll1.Max = std::max(1, shots);
     HScroll1.Value = std::clamp(shot, HScroll1.Min, HScroll1.Max);
-    if (shots < 1) return false;
+    if (shots < 1) {
+        OffsetText.clear();
+        Empty_Fields();
+        return false;
+    }
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(HScroll1.Value);
     if (Refused_As_Offset_Shot()) return false;
     ShotLabel = CStr(HScroll1.Value);
@@ -166,7 +180,7 @@ void Fcalcul::HScroll1_Changed() {
 
 void Fcalcul::Command1() {
     Work.Velocity.Awaited.reset();
-    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    if (Refused_As_Offset_Shot() || Shot() == 0) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
     Take_Fields();
     // The thicknesses of the display before are stored, the new ones by the save.
@@ -181,14 +195,27 @@ void Fcalcul::Command1() {
     Outside.Show.Show_Fields();
 }
 
+std::optional<AwaitedField> Fcalcul::Next_Layer(AwaitedField field) {
+    const bool below_velocity = field.Of != AwaitedField::Family::Velocity;
+    const int layer = field.Row + (below_velocity ? 2 : 1);
+    if (Shot() == 0 || layer > Project::MaxLayers) return std::nullopt;
+    if (layer > VisibleLayers) {
+        Layers = CStr(layer);
+        VisibleLayers = layer;
+        Outside.Show.Show_Fields();
+    }
+    return AwaitedField{AwaitedField::Family::Velocity, layer, field.On};
+}
+
 void Fcalcul::Command2() {
     if (!Project_Holds_Times(Work, Outside, Files.LoadProject)) return;
+    Forget_Fitted_Lines(Work.Curves);
     Outside.Show.Show_Curves();
 }
 
 void Fcalcul::Command3() {
     Work.Velocity.Awaited.reset();
-    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    if (Refused_As_Offset_Shot() || Shot() == 0) return;
     Work.Velocity.CurrentShot = static_cast<std::int16_t>(Shot());
     Unsaved = true;
     std::optional<ShotValues> to_store;
@@ -202,7 +229,7 @@ void Fcalcul::Command3() {
 }
 
 void Fcalcul::Command4() {
-    if (Shot() == 0 || Refused_As_Offset_Shot()) return;
+    if (Refused_As_Offset_Shot() || Shot() == 0) return;
     if (No_Data(false)) {
         Say(" No data..");
         return;

@@ -65,6 +65,10 @@ class Fcalcul {
     void Command3();  ///< "&Critic. Dist."
     void Command4();  ///< "&Save  "
 
+    /// The velocity field of the layer below a field, on the same side; its row is shown when it was not.
+    /// Nothing below the deepest layer.
+    std::optional<AwaitedField> Next_Layer(AwaitedField field);
+
     /// The fields of the shot displayed into the project. Thicknesses only while some are shown: empty ones
     /// leave what the project holds.
     void Enregistre_Tir();
@@ -73,7 +77,7 @@ class Fcalcul {
 
     /// The text of a field; null for one that does not exist.
     std::string* Field_Of(AwaitedField field);
-    /// Number of the shot displayed, 0 when there is none.
+    /// Number of the shot displayed, 0 when there is none and for an offset shot.
     int Shot() const;
     bool End_Shot() const;
 
@@ -92,6 +96,7 @@ class Fcalcul {
     void Store(const std::string& edit_name, const ShotValues& values);
     std::string Named_By_Shot(const std::string& what) const;
     void Empty_Results();
+    void Empty_Fields();
     void Empty_Rows();
     void Show_Side_Rows(int layers);
     void Show_Results(int layers);

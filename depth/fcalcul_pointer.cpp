@@ -72,10 +72,13 @@ void FcalculPointer::Release(const PointerEvent& event) {
     work.CurrentShot = static_cast<std::int16_t>(shot);
     // A first layer begins at the shot: its line goes through it.
     const bool first_layer = awaited && awaited->Row == 1;
-    const bool fitted =
-        Regression_Vitesse(Work, Outside, shot, first, last,
-                           first_layer ? StretchLine::ThroughShot : StretchLine::Free, work.VelocityResult);
-    if (fitted) Fill_Velocity(work.VelocityResult);
+    const bool fitted = Regression_Vitesse(Work, Outside, shot, first, last,
+                                           first_layer ? StretchLine::ThroughShot : StretchLine::Free,
+                                           work.VelocityResult, awaited ? awaited->Row : 0);
+    if (fitted) {
+        Work.Fields.Text1 = Velocity_Text(Work.Settings, work.VelocityResult);
+        Fill_Velocity(work.VelocityResult);
+    }
     Outside.Show.Show_Fields();
     Outside.Show.Bring_To_Front(Dialog::Fcalcul);
 }

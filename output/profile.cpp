@@ -82,6 +82,7 @@ void Measure_Profile(Workspace& workspace, Ports& ports, const ProfileElevations
     Set_Places(view, highest, lowest, extremes.MaxThickness);
     view.ZoomX = view.ZoomY = 1;
     view.Across = view.Up = 0;
+    view.ExactWindow = false;
     Set_Zoom(workspace.Curves, 1, 1);
 }
 

@@ -56,10 +56,14 @@ class Painting {
 
     void Set_Scales() {
         const ProfileView& view = Work.Profile;
-        const int left = CInt_Or_Fault(Divide(view.Across, view.ZoomX));
-        const int right = CInt_Or_Fault(Divide(view.Across + profile_width, view.ZoomX));
-        const int top = CInt_Or_Fault(Divide(view.Up + profile_height, view.ZoomY));
-        const int bottom = CInt_Or_Fault(Divide(view.Up, view.ZoomY));
+        const auto edge = [&view](double scrolled, double zoom) -> double {
+            const double place = Divide(scrolled, zoom);
+            return view.ExactWindow ? place : CInt_Or_Fault(place);
+        };
+        const double left = edge(view.Across, view.ZoomX);
+        const double right = edge(view.Across + profile_width, view.ZoomX);
+        const double top = edge(view.Up + profile_height, view.ZoomY);
+        const double bottom = edge(view.Up, view.ZoomY);
         Profile.Scale(left, top, right, bottom);
         Scale.Scale(0, top + 1, 10, bottom - 1);
         // Beside the curves too: the background leaves the margins out, where letters of old labels would

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <iterator>
 
 #include "core/ports/picture.h"
 #include "core/text/number.h"
@@ -22,6 +23,24 @@ void Couleur_Tir(const Project& project, int shot, Colour& colour) {
     if (either_end(4)) colour = colours::Magenta;
     if (either_end(5)) colour = colours::Green;
     if (shot == Int(shots / 2.0) + 1) colour = colours::Red;
+}
+
+void Shot_Colour(const Workspace& workspace, int shot, Colour& colour) {
+    if (!workspace.Curves.DistinctColours) return Couleur_Tir(workspace.Project, shot, colour);
+    constexpr auto rgb = [](int red, int green, int blue) { return red + green * 256 + blue * 65536; };
+    // Neighbours differ as much as they can, all are dark enough for white paper.
+    constexpr Colour distinct[] = {
+        rgb(31, 80, 200), rgb(214, 39, 40),  rgb(20, 140, 50), rgb(200, 30, 200),
+        rgb(230, 120, 0), rgb(0, 140, 150),  rgb(120, 70, 20), rgb(110, 60, 190),
+        rgb(130, 135, 0), rgb(240, 90, 160), rgb(64, 64, 64),  rgb(60, 165, 240),
+    };
+    constexpr int count = static_cast<int>(std::size(distinct));
+    if (shot >= 1) colour = distinct[(shot - 1) % count];
+}
+
+Colour Layer_Colour(int layer) {
+    constexpr Colour by_layer[] = {colours::Black, 0x0070E0, 0xB06000, 0x9000C0, 0x308C00, 0x004880};
+    return layer >= 0 && layer <= Project::MaxLayers ? by_layer[layer] : colours::Black;
 }
 
 Colour Couleur_Vitesse(const Settings& settings, double velocity) {

@@ -6,14 +6,15 @@
 #include <string>
 
 #include "core/text/number.h"
+#include "traveltime/curve_labels.h"
 #include "traveltime/curves.h"
+#include "traveltime/fitted_lines.h"
 #include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr int scale_font = 8;
 constexpr int shot_number_font = 9;
 constexpr double point_radius = 0.3;
 constexpr double caught_radius = 0.9;
@@ -22,64 +23,6 @@ constexpr double ms_per_second = 1000;
 
 double Factor_Or_One(double factor) {
     return factor > 0 ? factor : 1;
-}
-
-bool Has_Receivers(const Project& project) {
-    return project.NbReceivers > 0 && project.LineLength != 0 &&
-           project.ReceiverData.Has(ReceiverDistance, project.NbReceivers);
-}
-
-void Scale_Time_Strip(Picture& strip, const CurveView& view) {
-    const CurveWindow window = Visible_Window(view);
-    if (view.ZeroOnTop) {
-        strip.Scale(0, window.Yv + 1, 10, window.Yw - 1);
-    } else {
-        strip.Scale(0, window.Yw + 1, 10, window.Yv - 1);
-    }
-}
-
-void Print_Time_Labels(Picture& strip, double time_factor) {
-    const TimeGrid grid = Time_Grid(time_factor);
-    for (int t = grid.Step; t <= grid.Last; t += grid.Step) {
-        strip.Print_At(1, t / time_factor + 2, CStr(t) + (t < 100 ? "   ms" : " ms"), colours::Cyan);
-    }
-}
-
-std::string Distance_Label(const Project& project, int receiver, double x) {
-    const float distance = project.ReceiverData(ReceiverDistance, receiver);
-    if (project.NbReceivers >= 49) return CStr(Int(project.LineLength * x / curve_picture_width));
-    if (project.NbReceivers > 24) return CStr(Int(distance));
-    // The product stays in single precision: in double a distance typed as 4.6 would read 4.5.
-    return CStr(Int(10 * distance) / 10);
-}
-
-void Draw_Receiver_Lines(const Project& project, const CurveWindow& window, const CurvePictures& pictures) {
-    const int receivers = project.NbReceivers;
-    const int step = receivers < 25 ? 1 : receivers < 49 ? 2 : 4;
-    // Beyond 48 receivers the stepped ones are thinned once more.
-    const int thinning = receivers < 49 ? 1 : static_cast<int>(Rounded(receivers / 24.0));
-    constexpr double rounding = 0.5;
-    bool first = true;
-    for (int i = 1; i <= receivers; i += step * thinning) {
-        const double x = Position_Ecran(project, i);
-        pictures.Dromo.Line(x, 0, x, curve_picture_height, colours::LightGrey);
-        // A label of a receiver out of sight would be pushed back over those at the edge.
-        if (pictures.EchelleX != nullptr && window.X1 - rounding <= x && x <= window.X2 + rounding) {
-            pictures.EchelleX->Print_At(x - 1, 1, (first ? "g=" : "") + CStr(i), colours::ScaleBlue);
-            pictures.EchelleX->Print_At(x - 1, 5, (first ? "m=" : "") + Distance_Label(project, i, x),
-                                        colours::ScaleBlue);
-        }
-        first = false;
-    }
-}
-
-void Draw_Receiver_Intercepts(const Project& project, double time_factor, Picture& dromo) {
-    for (int i = 1; i <= project.NbReceivers; ++i) {
-        const double intercept = project.ReceiverData(ReceiverIntercept, i);
-        if (intercept == 0) continue;
-        dromo.Circle(Position_Ecran(project, i), intercept / time_factor, point_radius, colours::Magenta);
-        dromo.Print(CStr(std::trunc(intercept)), colours::Black);
-    }
 }
 
 /// The drawing of one curve: where its points lie and in which colour its segments stand.
@@ -176,7 +119,7 @@ void CurveDrawing::Draw_Point(int j) {
 
 void CurveDrawing::Print_Number(double x, double y) {
     Numbered = true;
-    if (!Seen(x, x)) return;
+    if (!Style.Numbers || !Seen(x, x)) return;
     Dromo.Set_Font_Size(shot_number_font);
     Dromo.Point(x, y, colours::White);
     Dromo.Print(CStr(Shot), colours::Black);
@@ -215,7 +158,7 @@ bool CurveDrawing::Draw() {
             Draw_Shot_Between(j);
         }
     }
-    if (Numbered || Shot == Style.LastLabelled) return false;
+    if (!Style.Numbers || Numbered || Shot == Style.LastLabelled) return false;
     const double x = Dromo.Pen_X() - 1.5;
     const double y = Dromo.Pen_Y() + 4;
     if (Style.LabelOffsetShot) {
@@ -228,74 +171,14 @@ bool CurveDrawing::Draw() {
 
 }  // namespace
 
-CurveWindow Visible_Window(const CurveView& view) {
-    CurveWindow window;
-    window.X1 = view.HScroll1.Value;
-    // At least one unit stays in sight however strong the enlargement.
-    window.X2 = std::max(window.X1 + 1, Rounded(window.X1 + curve_picture_width / Factor_Or_One(view.ZoomX)));
-    window.Yv = view.VScroll1.Value;
-    window.Yw =
-        std::max(window.Yv + 1, Rounded(window.Yv + curve_picture_height / Factor_Or_One(view.ZoomY)));
-    return window;
-}
-
-TimeGrid Time_Grid(double time_factor) {
-    const double factor = Factor_Or_One(time_factor);
-    return {std::max(1, static_cast<int>(Rounded(10 * factor))), static_cast<int>(Rounded(99 * factor))};
-}
-
-void Draw_Time_Strip(Picture& strip, const CurveView& view) {
-    strip.Set_Font_Size(scale_font);
-    strip.Clear();
-    Scale_Time_Strip(strip, view);
-    Print_Time_Labels(strip, Factor_Or_One(view.TimeFactor));
-}
-
-void Draw_Frame_On(Workspace& workspace, const CurvePictures& pictures) {
-    const Project& project = workspace.Project;
-    const CurveView& view = workspace.Curves;
-    Picture& dromo = pictures.Dromo;
-    for (Picture* picture : {&dromo, pictures.EchelleX, pictures.EchelleY}) {
-        if (picture == nullptr) continue;
-        picture->Set_Font_Size(scale_font);
-        picture->Clear();
-    }
-    const CurveWindow window = Visible_Window(view);
-    if (view.ZeroOnTop) {
-        dromo.Scale(window.X1, window.Yv, window.X2, window.Yw);
-    } else {
-        dromo.Scale(window.X1, window.Yw, window.X2, window.Yv);
-    }
-    if (pictures.EchelleX != nullptr) pictures.EchelleX->Scale(window.X1, 0, window.X2, 10);
-
-    dromo.Set_Draw_Mode(DrawMode::Copy);
-    dromo.Set_Draw_Width(1);
-    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::White, true);
-    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::Black, false);
-    if (Has_Receivers(project)) Draw_Receiver_Lines(project, window, pictures);
-
-    Scale_Time_Grid(workspace);
-    workspace.Curves.DrawnTimeFactor = view.TimeFactor;
-    const double time_factor = view.TimeFactor;
-    const TimeGrid grid = Time_Grid(time_factor);
-    for (int t = grid.Step; t <= grid.Last; t += grid.Step) {
-        dromo.Line(0, t / time_factor, curve_picture_width, t / time_factor, colours::LightGrey);
-    }
-    if (pictures.EchelleY != nullptr) {
-        Scale_Time_Strip(*pictures.EchelleY, view);
-        Print_Time_Labels(*pictures.EchelleY, time_factor);
-    }
-    dromo.Print_At(-5, curve_picture_height, " ms", colours::Black);
-    dromo.Print_At(curve_picture_width, -5, workspace.Settings.Metric() ? "m" : "f", colours::Black);
-    dromo.Print_At(-3.5, -1, "0", colours::Black);
-    dromo.Box(0, curve_picture_height, curve_picture_width, 0, colours::Black, false);
-    if (view.ShowReceiverIntercepts && Has_Receivers(project))
-        Draw_Receiver_Intercepts(project, time_factor, dromo);
-}
-
 bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& settings, int shot,
                    const CurveStyle& style) {
     return CurveDrawing(dromo, project, settings, shot, style).Draw();
+}
+
+void Draw_Over_Curves(Picture& picture, const Workspace& workspace, const std::vector<CurveLabel>& labels) {
+    Draw_Fitted_Lines(picture, workspace.Curves);
+    Draw_Labels(picture, labels);
 }
 
 void Draw_Caught_Pick(Picture& dromo, const Workspace& workspace) {
@@ -334,6 +217,14 @@ CurveStrip Strip_Of_Pick(const Project& project, PickPlace pick, bool by_velocit
     return strip;
 }
 
+void Keep_To_Window(CurveStyle& style, const CurveView& view) {
+    constexpr double share = 0.06;  // room for points and for strokes that begin outside
+    const CurveWindow window = Visible_Window(view);
+    const double room = share * (window.X2 - window.X1);
+    style.SeenFrom = std::max(style.SeenFrom, window.X1 - room);
+    style.SeenTo = std::min(style.SeenTo, window.X2 + room);
+}
+
 bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
     Draw_Frame_On(workspace, pictures);
     CurveStyle style;
@@ -341,19 +232,22 @@ bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
     style.LineLength = workspace.Project.LineLength;
     style.ZoomX = workspace.Curves.ZoomX;
     style.ByVelocity = workspace.Settings.ColorChoice;
-    style.LabelOffsetShot = true;
+    style.Numbers = false;
+    Keep_To_Window(style, workspace.Curves);
     style.LeadIn = workspace.Curves.LeadInStrokes;
     bool all_drawn = true;
     for (int shot = 1; shot <= workspace.Project.NbShots; ++shot) {
+        Shot_Colour(workspace, shot, style.InColour);
         if (!Shot_Displayed(workspace, shot)) continue;
-        Couleur_Tir(workspace.Project, shot, style.InColour);
+        CurveStyle own = style;
+        if (workspace.Curves.ShotAlone == shot) own.InColour = colours::Red;
         try {
-            if (Draw_Curve_On(pictures.Dromo, workspace.Project, workspace.Settings, shot, style))
-                style.LastLabelled = static_cast<std::int16_t>(shot);
+            Draw_Curve_On(pictures.Dromo, workspace.Project, workspace.Settings, shot, own);
         } catch (const Fault&) {
             all_drawn = false;
         }
     }
+    Draw_Over_Curves(pictures.Dromo, workspace, Labels_Of_Curves(workspace, pictures.Dromo));
     return all_drawn;
 }
 

@@ -1,9 +1,11 @@
 #include "traveltime/curve_pointer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/text/number.h"
 #include "traveltime/curve_drawing.h"
+#include "traveltime/curve_selection.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/rubber_band.h"
 #include "traveltime/velocity_ruler.h"
@@ -126,6 +128,38 @@ void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent
     }
 }
 
+bool CurvePointer::Shows_Curves() const {
+    const DisplayMode mode = Work.Mode.Current();
+    return mode == DisplayMode::Dromo || mode == DisplayMode::Both || mode == DisplayMode::Vitesse ||
+           mode == DisplayMode::Calcul;
+}
+
+/// Without a button the curve under the pointer is lit and told.
+void CurvePointer::Hover(const PointerEvent& event) {
+    if (event.LeftButton || event.RightButton || Work.Curves.PickMoving != 0 || !Shows_Curves()) return;
+    Light_Curve(Work, Outside, event.X, event.Y);
+    if (const std::string lit = Lit_Text(Work); !lit.empty()) Work.Fields.Text1 += "   " + lit;
+}
+
+/// A click on a curve while no dialog has the picture.
+void CurvePointer::Choose(const PointerEvent& release) {
+    constexpr double still = 3;  // pixels that a hand moves in a click
+    const DisplayMode mode = Work.Mode.Current();
+    if (!release.LeftButton || !On_Choose || (mode != DisplayMode::Dromo && mode != DisplayMode::Both))
+        return;
+    const Picture& dromo = Outside.Show.Canvas_Of(Canvas::Dromo);
+    const Frame frame = dromo.Current_Frame();
+    const double moved = std::hypot(frame.To_Pixel_X(release.X) - frame.To_Pixel_X(Work.Curves.DownX),
+                                    frame.To_Pixel_Y(release.Y) - frame.To_Pixel_Y(Work.Curves.DownY));
+    if (moved > still) return;
+    const auto found = Curve_At(Work, frame, release.X, release.Y, Pointer_Reach(dromo));
+    if (found) On_Choose(*found);
+}
+
+void CurvePointer::Leave() {
+    Unlight_Curve(Work, Outside);
+}
+
 void CurvePointer::Press(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
     if (Work.Curves.PickMoving != 0) {
@@ -139,6 +173,7 @@ void CurvePointer::Press(const PointerEvent& event) {
 void CurvePointer::Move(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Move)) return;
     if (Work.Curves.PickMoving == 0) Dispatch(&CurvePointerHandler::Move, event);
+    Hover(event);
     if (Work.Curves.RulerShown) Move_Velocity_Cross(Work, Outside, event.X, event.Y);
     Outside.Show.Show_Fields();
 }
@@ -149,6 +184,7 @@ void CurvePointer::Release(const PointerEvent& event) {
         Moving->Release(event);
     } else {
         Dispatch(&CurvePointerHandler::Release, event);
+        Choose(event);
     }
     Outside.Show.Show_Fields();
 }

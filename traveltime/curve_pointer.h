@@ -55,12 +55,18 @@ class CurvePointer {
     void Move(const PointerEvent& event);
     void Release(const PointerEvent& event);
     void Double_Click(const PointerEvent& event);
+    /// The pointer has left the picture: no curve is lit any more.
+    void Leave();
     /// A key by its code: 107 plus, 109 minus, 33 and 34 Page Up and Down, 37 to 40 left, up, right, down.
     void Key(int code);
 
     /// The handler of a display mode, which must live as long as this object. It goes before the built-in one
     /// of the normal state.
     void Register(DisplayMode mode, CurvePointerHandler* handler);
+
+    /// The user has clicked on a curve, which no dialog had the picture for: its shot, and its pick nearest
+    /// to the pointer.
+    std::function<void(PickPlace)> On_Choose;
 
     /// The pick caught by a double click: its writer and the saving of the project are set here.
     MovePick& Pick_In_Hand() { return *Moving; }
@@ -69,6 +75,9 @@ class CurvePointer {
     bool Read_Out(const PointerEvent& event, PointerMoment moment);
     void Take_Pick_Factor();
     std::string Read_Out_Text(PointerMoment moment) const;
+    bool Shows_Curves() const;
+    void Hover(const PointerEvent& event);
+    void Choose(const PointerEvent& release);
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
     Workspace& Work;

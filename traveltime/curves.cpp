@@ -6,6 +6,8 @@
 
 #include "core/text/letters.h"
 #include "traveltime/curve_drawing.h"
+#include "traveltime/curve_labels.h"
+#include "traveltime/curve_selection.h"
 #include "traveltime/rubber_band.h"
 #include "traveltime/shot_grid.h"
 #include "traveltime/velocity_ruler.h"
@@ -43,27 +45,53 @@ void Draw_On_Screen(Workspace& workspace, Ports& ports, const Project& project, 
     if (labelled) view.LastLabelledShot = static_cast<std::int16_t>(shot);
 }
 
-/// All curves that are not left out, into the frame that stands. False when one of them could not be drawn.
+/// All curves that are not left out, into the frame that stands, and over them fitted lines and numbers.
+/// False when one of them could not be drawn.
 bool Draw_All(Workspace& workspace, Ports& ports, CurveStyle style) {
     CurveView& view = workspace.Curves;
     const Project& project = workspace.Project;
+    Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
     style.TimeFactor = view.TimeFactor;
     style.LineLength = project.LineLength;
     style.InColour = view.LastColour;
-    style.LabelOffsetShot = true;
+    style.Numbers = false;
+    Keep_To_Window(style, view);
     bool all_drawn = true;
     for (int shot = 1; shot <= project.NbShots && !Is_Pattern(project); ++shot) {
-        if (!Shot_Displayed(workspace, shot)) continue;
-        Couleur_Tir(project, shot, style.InColour);
+        Shot_Colour(workspace, shot, style.InColour);
         view.LastColour = style.InColour;
+        if (!Shot_Displayed(workspace, shot)) continue;
+        CurveStyle own = style;
+        if (view.ShotAlone == shot) own.InColour = colours::Red;
         try {
-            Draw_On_Screen(workspace, ports, project, shot, style);
+            Draw_On_Screen(workspace, ports, project, shot, own);
         } catch (const Fault&) {
             all_drawn = false;
         }
     }
-    Draw_Caught_Pick(ports.Show.Canvas_Of(Canvas::Dromo), workspace);
+    view.Labels = Labels_Of_Curves(workspace, dromo);
+    Draw_Over_Curves(dromo, workspace, view.Labels);
+    if (Second_Window_Open(workspace)) {
+        Picture& second = ports.Show.Canvas_Of(Canvas::Dromo2);
+        view.Labels2 = Labels_Of_Curves(workspace, second);
+        Draw_Over_Curves(second, workspace, view.Labels2);
+    }
+    Draw_Caught_Pick(dromo, workspace);
     return all_drawn;
+}
+
+/// The part of a picture across the line where numbers have come, gone or moved.
+void Widen_By_Labels(CurveStrip& strip, const std::vector<CurveLabel>& before,
+                     const std::vector<CurveLabel>& now) {
+    const auto widen = [&strip](const std::vector<CurveLabel>& these, const std::vector<CurveLabel>& those) {
+        for (const CurveLabel& label : these) {
+            if (std::find(those.begin(), those.end(), label) != those.end()) continue;
+            strip.X1 = std::min({strip.X1, label.X1, label.PointX});
+            strip.X2 = std::max({strip.X2, label.X2, label.PointX});
+        }
+    };
+    widen(before, now);
+    widen(now, before);
 }
 
 /// World units that the circle of a pick, or the number beside it, takes across a picture.
@@ -101,7 +129,7 @@ void Dessine_Tir(Workspace& workspace, Ports& ports, int shot, Colour& colour, d
     if (workspace.Curves.FrameDrawn == 0) Dessine_Cadre(workspace, ports);
     if (colour == 0) {
         colour = workspace.Curves.LastColour;
-        Couleur_Tir(project, shot, colour);
+        Shot_Colour(workspace, shot, colour);
     }
     workspace.Curves.LastColour = colour;
     CurveStyle style;
@@ -128,6 +156,7 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     if (Second_Window_Open(workspace)) Clear_Canvas(ports, Canvas::Dromo2);
     dromo.Set_Pointer(PointerShape::Hourglass);
     view.DragStartX = 0;
+    Unlight_Curve(workspace, ports);
     workspace.Mode.Display(DisplayMode::Dromo);
     Dessine_Cadre(workspace, ports);
     dromo.Set_Pointer(PointerShape::Hourglass);
@@ -157,6 +186,12 @@ void Refresh_Curves(Workspace& workspace, Ports& ports, std::span<const PickPlac
         strip.X2 = std::max(strip.X2, touched.X2);
     }
     if (strip.X1 > strip.X2) return;
+    Unlight_Curve(workspace, ports);
+    Widen_By_Labels(strip, view.Labels, Labels_Of_Curves(workspace, ports.Show.Canvas_Of(Canvas::Dromo)));
+    if (Second_Window_Open(workspace)) {
+        Widen_By_Labels(strip, view.Labels2,
+                        Labels_Of_Curves(workspace, ports.Show.Canvas_Of(Canvas::Dromo2)));
+    }
 
     // XOR lines over the strip are taken off meanwhile: half of one would stay for ever.
     const DrawnBand band = view.Band;

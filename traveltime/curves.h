@@ -30,6 +30,12 @@ void Superpose(Workspace& workspace, Ports& ports, const Project& other);
 /// Colour of a shot's curve; `colour` stays as it is where no rule gives one.
 void Couleur_Tir(const Project& project, int shot, Colour& colour);
 
+/// Colour of a shot's curve as the display options want it: by Couleur_Tir, or one of a dozen.
+void Shot_Colour(const Workspace& workspace, int shot, Colour& colour);
+
+/// Colour of a line fitted for a layer, 1 to 5; black for none.
+Colour Layer_Colour(int layer);
+
 /// Colour class of a segment's apparent velocity.
 Colour Couleur_Vitesse(const Settings& settings, double velocity);
 

@@ -7,6 +7,7 @@
 #include "core/fault.h"
 #include "core/text/number.h"
 #include "traveltime/curves.h"
+#include "traveltime/fitted_lines.h"
 
 namespace tarnvik {
 
@@ -65,20 +66,8 @@ void Forget_Wrong_Receivers(Workspace& workspace) {
     if (workspace.Fields.Status.starts_with(wrong_receivers)) workspace.Fields.Status.clear();
 }
 
-void Draw_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity& fitted, double shot_x,
-                      bool through_shot) {
-    const double y1 = Divide(fitted.T1, workspace.Curves.TimeFactor);
-    const double y2 = Divide(fitted.T2, workspace.Curves.TimeFactor);
-    Picture& dromo = ports.Show.Canvas_Of(Canvas::Dromo);
-    const bool side_a = workspace.Velocity.ShotSide == 1;
-    if (through_shot && !side_a) dromo.Line(shot_x, 0, fitted.X1, y1, colours::Black);
-    // The direct method fits no line: its ends all stay at 0 and there is nothing to see.
-    if (fitted.X1 != fitted.X2 || y1 != y2) dromo.Line(fitted.X1, y1, fitted.X2, y2, colours::Black);
-    if (through_shot && side_a) dromo.Line(fitted.X2, y2, shot_x, 0, colours::Black);
-}
-
 bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last, StretchLine line,
-                        double& velocity) {
+                        double& velocity, int layer) {
     VelocityWork& work = workspace.Velocity;
     const Project& project = workspace.Project;
     Forget_Wrong_Receivers(workspace);
@@ -94,10 +83,12 @@ bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first
         if (answer.Refusal == StretchRefusal::None) {
             velocity = answer.Result.Velocity;
             work.InterceptResult = Int(10 * answer.Result.Intercept) / 10;
+            const bool through_shot = line == StretchLine::ThroughShot && first != last;
+            Keep_Fitted_Line(workspace, ports, answer.Result, shot, layer,
+                             through_shot ? std::optional(shot_x) : std::nullopt);
             Colour blue = colours::Blue;
             Dessine_Tir(workspace, ports, shot, blue, 0, workspace.Curves.TimeFactor, project.LineLength);
-            Draw_Fitted_Line(workspace, ports, answer.Result, shot_x,
-                             line == StretchLine::ThroughShot && first != last);
+            Show_Fitted_Lines(workspace, ports);
         }
     } catch (const Fault&) {
         answer.Refusal = StretchRefusal::Fault;

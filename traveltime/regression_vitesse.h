@@ -10,15 +10,12 @@ namespace tarnvik {
 /// drag on the picture computes, see Velocity_Of_Stretch. The receivers may come in any order and are
 /// corrected in place to 1..NbReceivers. InterceptResult, Correlation and ShotSide are shared values;
 /// `velocity` stays as it was when the stretch cannot be fitted, and the routine answers false. The curve is
-/// drawn in blue with the fitted line in black. Messages go to QuickStatus in mode Quick.
+/// drawn in blue with the line fitted for `layer` (0 for none) over it. Messages go to QuickStatus in mode
+/// Quick.
 bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last, StretchLine line,
-                        double& velocity);
+                        double& velocity, int layer = 0);
 
 /// Takes away what Regression_Vitesse told in the main form's status field; the next action does.
 void Forget_Wrong_Receivers(Workspace& workspace);
-
-/// The fitted line in black over a curve; through the shot point it is carried on to time 0 at the shot.
-void Draw_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity& fitted, double shot_x,
-                      bool through_shot);
 
 }  // namespace tarnvik

@@ -15,6 +15,14 @@ void Show_Shot(Workspace& workspace, int shot) {
     if (workspace.Curves.ShotsLeftOut.contains(shot)) cell.BackColour = colours::Red;
 }
 
+void Leave_Out_All(Workspace& workspace) {
+    // The grid first: another number of shots would make it forget what is left out.
+    Fill_Shot_Grid(workspace);
+    workspace.Fields.Check11 = false;
+    for (int shot = 1; shot <= workspace.Project.NbShots; ++shot)
+        workspace.Curves.ShotsLeftOut.insert(shot);
+}
+
 }  // namespace
 
 void Fill_Shot_Grid(Workspace& workspace) {
@@ -39,11 +47,31 @@ void Toggle_Shot(Workspace& workspace, Ports& ports, int shot) {
     ports.Show.Show_Curves();
 }
 
-void Select_Shot_Row(Workspace& workspace, Ports& ports, int shot) {
+void Show_Only_Shot(Workspace& workspace, Ports& ports, int shot) {
+    if (shot < 1 || shot > workspace.Project.NbShots) return;
+    Leave_Out_All(workspace);
+    workspace.Curves.ShotsLeftOut.erase(shot);
+    Fill_Shot_Grid(workspace);
+    ports.Show.Show_Curves();
+}
+
+void Show_All_Shots(Workspace& workspace, Ports& ports) {
+    workspace.Fields.Check11 = true;
+    workspace.Curves.ShotsLeftOut.clear();
+    Fill_Shot_Grid(workspace);
+    ports.Show.Show_Curves();
+}
+
+void Show_No_Shot(Workspace& workspace, Ports& ports) {
+    Leave_Out_All(workspace);
+    Fill_Shot_Grid(workspace);
+    ports.Show.Show_Curves();
+}
+
+void Select_Shot_Row(Workspace& workspace, int shot) {
     if (shot < 1 || shot > workspace.Project.NbShots) return;
     workspace.Grids.Grille_Shot.CurrentRow = shot - 1;
     workspace.Grids.Grille_Shot.CurrentColumn = 0;
-    if (workspace.Mode.Current() == DisplayMode::Dromo) ports.Show.Display_Record();
 }
 
 void Remove_Shot_Row(Workspace& workspace, int shot) {
@@ -59,6 +87,7 @@ void Remove_Shot_Row(Workspace& workspace, int shot) {
 }
 
 bool Shot_Displayed(const Workspace& workspace, int shot) {
+    if (workspace.Curves.ShotAlone != 0) return workspace.Curves.ShotAlone == shot;
     return workspace.Fields.Check11 || !workspace.Curves.ShotsLeftOut.contains(shot);
 }
 

@@ -13,14 +13,19 @@ void Fill_Shot_Grid(Workspace& workspace);
 /// project does nothing.
 void Toggle_Shot(Workspace& workspace, Ports& ports, int shot);
 
-/// The user selected the row of a shot: while the curves are what the picture serves, the field record is
-/// displayed.
-void Select_Shot_Row(Workspace& workspace, Ports& ports, int shot);
+/// One shot's curve alone, all, or none; the curves are redrawn. A shot outside the project does nothing.
+void Show_Only_Shot(Workspace& workspace, Ports& ports, int shot);
+void Show_All_Shots(Workspace& workspace, Ports& ports);
+void Show_No_Shot(Workspace& workspace, Ports& ports);
+
+/// The row of a shot becomes the current one.
+void Select_Shot_Row(Workspace& workspace, int shot);
 
 /// The row of a shot that has left the project goes; the marks of the shots behind it move up with them.
 void Remove_Shot_Row(Workspace& workspace, int shot);
 
-/// True when the shot's curve is to be drawn: all are asked for (Check11), or it is not left out.
+/// True when the shot's curve is to be drawn: a dialog shows it alone, or all are asked for (Check11), or it
+/// is not left out.
 bool Shot_Displayed(const Workspace& workspace, int shot);
 
 }  // namespace tarnvik

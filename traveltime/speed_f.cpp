@@ -1,11 +1,14 @@
 #include "traveltime/speed_f.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "core/fault.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "traveltime/curves.h"
+#include "traveltime/fitted_lines.h"
 #include "traveltime/regression_vitesse.h"
 
 namespace tarnvik {
@@ -39,7 +42,15 @@ void SpeedF::Load() {
     Outside.Show.Show_Fields();
 }
 
+/// The picture shows all curves again, and them alone.
+void SpeedF::Clean_Picture() {
+    LineOfResult = false;
+    Work.Curves.ShotAlone = 0;
+    Forget_Fitted_Lines(Work.Curves);
+}
+
 void SpeedF::Close() {
+    Clean_Picture();
     Outside.Show.Close_Dialog(Dialog::SpeedF);
     Work.Mode.Release(Dialog::SpeedF);
     Outside.Show.Show_Curves();
@@ -60,15 +71,45 @@ void SpeedF::Enter_Receiver(ReceiverBox box) {
 
 void SpeedF::Layer_Changed() {
     Show_Layer(Layer);
+    // The line of the result shown is of the layer chosen now.
+    if (LineOfResult && !Velocity.empty() && !Work.Curves.Fitted.empty()) {
+        Work.Curves.Fitted.back().Layer = CInt(Val(Layer)).value_or(0);
+        Outside.Show.Repaint_Page(Page::Curves);
+    }
     Outside.Show.Show_Fields();
 }
 
 void SpeedF::Shot_Changed() {
     if (AllShots || Trim(Shot).empty()) return;
+    const int shot = CInt(Val(Shot)).value_or(0);
+    if (shot >= 1 && shot <= Work.Project.NbShots) Work.Curves.ShotAlone = shot;
     Dessine_Cadre(Work, Outside);
     Colour red = colours::Red;
-    Dessine_Tir(Work, Outside, CInt(Val(Shot)).value_or(0), red, 0, Work.Curves.TimeFactor,
-                Work.Project.LineLength);
+    Dessine_Tir(Work, Outside, shot, red, 0, Work.Curves.TimeFactor, Work.Project.LineLength);
+    Show_Fitted_Lines(Work, Outside);
+}
+
+void SpeedF::AllShots_Clicked() {
+    if (!AllShots) return Shot_Changed();
+    Work.Curves.ShotAlone = 0;
+    Outside.Show.Repaint_Page(Page::Curves);
+}
+
+void SpeedF::Take_Stretch(int shot, int first, int last) {
+    Shot = CStr(shot);
+    FirstReceiver = CStr(first);
+    LastReceiver = CStr(last);
+    Command5();
+}
+
+void SpeedF::Next_Layer() {
+    const int layer = CInt(Val(Layer)).value_or(0);
+    Velocity.clear();
+    Intercept.clear();
+    Correlation.clear();
+    Show_Layer(CStr(std::clamp(layer + 1, 1, int{Project::MaxLayers})));
+    LastEntered = ReceiverBox::From;
+    Outside.Show.Show_Fields();
 }
 
 void SpeedF::ThroughShot_Clicked() {
@@ -82,6 +123,7 @@ void SpeedF::Command1() {
 
 void SpeedF::Command2() {
     if (!Project_Holds_Times(Work, Outside, Files.LoadProject)) return;
+    Clean_Picture();
     Outside.Show.Show_Curves();
 }
 
@@ -184,31 +226,23 @@ void SpeedF::Show_Results(const StretchVelocity& result) {
     Velocity = CStr(work.VelocityResult);
     Correlation = Left(Str(work.Correlation), correlation_shown);
     if (Work.Curves.FrameDrawn == 0) Dessine_Cadre(Work, Outside);
+    const double shot_x = Shot_Position_Ecran(Work.Project, work.CurrentShot);
+    Keep_Fitted_Line(Work, Outside, result, work.CurrentShot, CInt(Val(Layer)).value_or(0),
+                     ThroughShot ? std::optional(shot_x) : std::nullopt);
+    LineOfResult = result.X1 != result.X2;
     Colour red = colours::Red;
     Dessine_Tir(Work, Outside, work.CurrentShot, red, 0, Work.Curves.TimeFactor, Work.Project.LineLength);
-    if (result.X1 == result.X2) return;  // the direct method fits no line
-    Draw_Fitted_Line(Work, Outside, result, Shot_Position_Ecran(Work.Project, work.CurrentShot), ThroughShot);
+    Show_Fitted_Lines(Work, Outside);
 }
 
 void SpeedF::Recorded() {
+    LineOfResult = false;
     SaveEnabled = false;
     RecordedResult = Result_Shown();
 }
 
 std::string SpeedF::Result_Shown() const {
     return Shot + '|' + Layer + '|' + Velocity + '|' + Intercept;
-}
-
-void SpeedPointer::Release(const PointerEvent& event) {
-    const int receivers = Work.Project.NbReceivers;
-    if (receivers < 1) return;
-    Work.Curves.DragStartX = 0;
-    const int receiver = static_cast<int>(Receiver_At(event.X, receivers, PointerMoment::Release));
-    Work.Curves.MouseReceiver = static_cast<std::int16_t>(receiver);
-    std::string& box = Form.LastEntered == SpeedF::ReceiverBox::From ? Form.FirstReceiver : Form.LastReceiver;
-    box = CStr(receiver);
-    Outside.Show.Show_Fields();
-    Outside.Show.Bring_To_Front(Dialog::SpeedF);
 }
 
 }  // namespace tarnvik

@@ -6,7 +6,6 @@
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
-#include "traveltime/curve_pointer.h"
 #include "traveltime/file_routines.h"
 #include "traveltime/stretch_velocity.h"
 
@@ -48,9 +47,14 @@ class SpeedF {
     void Layer_Changed();
     void Shot_Changed();
     void ThroughShot_Clicked();  ///< ticked or unticked
-    void Command1();             ///< "&Save ": opens `confirm`
-    void Command2();             ///< "Refresh"
-    void Command5();             ///< "&Compute"
+    void AllShots_Clicked();
+    /// A stretch was drawn on the picture: shot and receivers, computed at once.
+    void Take_Stretch(int shot, int first, int last);
+    /// After a save: the next layer is to be measured, nothing of the one before is shown as a result.
+    void Next_Layer();
+    void Command1();  ///< "&Save ": opens `confirm`
+    void Command2();  ///< "Refresh"
+    void Command5();  ///< "&Compute"
 
     /// `confirm` has written the result into the project file.
     void Recorded();
@@ -59,6 +63,7 @@ class SpeedF {
 
   private:
     void Show_Layer(const std::string& layer);
+    void Clean_Picture();
     bool Compute();
     void Correct_Receivers(int& first, int& last);
     void Show_Side();
@@ -70,19 +75,7 @@ class SpeedF {
     Ports& Outside;
     FileRoutines Files;
     std::string RecordedResult;
-};
-
-/// The picture in mode Vitesse: a release fills the receiver box entered last.
-class SpeedPointer : public CurvePointerHandler {
-  public:
-    SpeedPointer(Workspace& workspace, Ports& ports, SpeedF& dialog)
-        : Work(workspace), Outside(ports), Form(dialog) {}
-    void Release(const PointerEvent& event) override;
-
-  private:
-    Workspace& Work;
-    Ports& Outside;
-    SpeedF& Form;
+    bool LineOfResult = false;  ///< the line fitted last is of the result shown, not recorded yet
 };
 
 }  // namespace tarnvik

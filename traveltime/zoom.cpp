@@ -29,9 +29,33 @@ std::string Range_Text(double from, const char* unit, double to) {
 }
 
 /// The status label takes its text from Distance_Range_Text and Time_Range_Text by itself.
-void Show_Scrolled(Ports& ports) {
-    ports.Show.Show_Curves();
+void Show_Scrolled(Workspace& workspace, Ports& ports) {
+    // What stands is only painted anew: a look at another part asks and fills nothing.
+    if (workspace.Curves.FrameDrawn == 1) {
+        ports.Show.Repaint_Page(Page::Curves);
+    } else {
+        ports.Show.Show_Curves();
+    }
     ports.Show.Show_Fields();
+}
+
+/// What the window's edge has beyond the whole number of its bar, which at its end stands for the very end.
+double Part_At(const ScrollBar& bar, double extent, double factor) {
+    return bar.Value >= bar.Max ? extent - extent / factor - bar.Value : 0;
+}
+
+/// Puts an edge of the window where it is wanted, as far as the picture reaches.
+void Place_Edge(ScrollBar& bar, double& part, double wanted, double extent, double factor) {
+    const double edge = std::clamp(wanted, 0.0, std::max(0.0, extent - extent / factor));
+    bar.Value = std::min(static_cast<int>(Int(edge)), bar.Max);
+    part = edge - bar.Value;
+}
+
+double Within_Gestures(double factor) {
+    constexpr double largest_by_gesture = 20;
+    constexpr double nearly_whole = 1.02;
+    const double wanted = std::clamp(factor, 1.0, largest_by_gesture);
+    return wanted < nearly_whole ? 1 : wanted;
 }
 
 }  // namespace
@@ -41,6 +65,30 @@ void Set_Zoom(CurveView& view, double zoom_x, double zoom_y) {
     view.ZoomY = Usable(zoom_y);
     Set_Range(view.HScroll1, curve_picture_width, view.ZoomX);
     Set_Range(view.VScroll1, curve_picture_height, view.ZoomY);
+    view.ExactWindow = false;
+    view.PartX = view.PartY = 0;
+}
+
+void Enlarge_At(CurveView& view, double x, double y, double more_x, double more_y) {
+    const CurveWindow window = Visible_Window(view);
+    const double zoom_x = Within_Gestures(view.ZoomX * more_x);
+    const double zoom_y = Within_Gestures(view.ZoomY * more_y);
+    // What is under the pointer keeps its share of the window.
+    const double left = x - (x - window.X1) / (window.X2 - window.X1) * curve_picture_width / zoom_x;
+    const double earliest = y - (y - window.Yv) / (window.Yw - window.Yv) * curve_picture_height / zoom_y;
+    Set_Zoom(view, zoom_x, zoom_y);
+    view.ExactWindow = true;
+    Place_Edge(view.HScroll1, view.PartX, left, curve_picture_width, zoom_x);
+    Place_Edge(view.VScroll1, view.PartY, earliest, curve_picture_height, zoom_y);
+}
+
+void Pan(CurveView& view, double across, double later) {
+    const CurveWindow window = Visible_Window(view);
+    view.ExactWindow = true;
+    if (view.ZoomX > 1)
+        Place_Edge(view.HScroll1, view.PartX, window.X1 + across, curve_picture_width, view.ZoomX);
+    if (view.ZoomY > 1)
+        Place_Edge(view.VScroll1, view.PartY, window.Yv + later, curve_picture_height, view.ZoomY);
 }
 
 bool Scroll_Bar_Shown(double factor) {
@@ -62,13 +110,17 @@ std::string Time_Range_Text(const Workspace& workspace) {
 }
 
 void HScroll1_Change(Workspace& workspace, Ports& ports, int value) {
-    workspace.Curves.HScroll1.Value = value;
-    Show_Scrolled(ports);
+    CurveView& view = workspace.Curves;
+    view.HScroll1.Value = value;
+    view.PartX = Part_At(view.HScroll1, curve_picture_width, view.ZoomX);
+    Show_Scrolled(workspace, ports);
 }
 
 void VScroll1_Change(Workspace& workspace, Ports& ports, int value) {
-    workspace.Curves.VScroll1.Value = value;
-    Show_Scrolled(ports);
+    CurveView& view = workspace.Curves;
+    view.VScroll1.Value = value;
+    view.PartY = Part_At(view.VScroll1, curve_picture_height, view.ZoomY);
+    Show_Scrolled(workspace, ports);
 }
 
 Zoom::Zoom(Workspace& workspace, Ports& ports)

@@ -13,6 +13,13 @@ namespace tarnvik {
 /// stay within it; with a factor of 1 the value is 0.
 void Set_Zoom(CurveView& view, double zoom_x, double zoom_y);
 
+/// Enlarges by two factors round a world place, which stays where it is in the window; by at most 20, and
+/// never to less than the whole line.
+void Enlarge_At(CurveView& view, double x, double y, double more_x, double more_y);
+
+/// Moves the window by world units, as far as the picture reaches.
+void Pan(CurveView& view, double across, double later);
+
 /// Whether the scroll bar of an enlargement factor is shown.
 bool Scroll_Bar_Shown(double factor);
 

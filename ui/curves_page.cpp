@@ -1,31 +1,33 @@
 #include "ui/curves_page.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QListView>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
 
+#include "app/commands.h"
 #include "app/session.h"
+#include "app/shot_choice.h"
 #include "core/text/number.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curves.h"
 #include "traveltime/shot_grid.h"
 #include "traveltime/zoom.h"
 #include "ui/painting/picture_file.h"
+#include "ui/picture_gestures.h"
 #include "ui/profile_pane.h"
 #include "ui/qt_display.h"
 
 namespace tarnvik {
 
 namespace {
-
-constexpr double largest_zoom = 20;
-constexpr double wheel_zoom = 1.25;
 
 int Strip_Pixels(const QWidget* widget, double points) {
     return static_cast<int>(std::lround(points * widget->logicalDpiX() / 72.0));
@@ -103,7 +105,7 @@ void ShotListModel::Refresh() {
     Colours.clear();
     Colour colour = 0;
     for (int shot = 1; shot <= shots; ++shot) {
-        Couleur_Tir(project, shot, colour);
+        Shot_Colour(Program.Work, shot, colour);
         Colours.push_back(colour);
     }
     if (shots != Shown) {
@@ -168,6 +170,12 @@ QWidget* CurvesPage::Curves_Pane() {
     VScroll1 = new QScrollBar(Qt::Vertical);
     HScroll1->setObjectName("HScroll1");
     VScroll1->setObjectName("VScroll1");
+    // A bar that comes must not move what is under the pointer.
+    for (QScrollBar* bar : {HScroll1, VScroll1}) {
+        QSizePolicy policy = bar->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        bar->setSizePolicy(policy);
+    }
 
     auto* grid = new QGridLayout(pane);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -221,16 +229,59 @@ QWidget* CurvesPage::Shots_Pane() {
     list->setUniformItemSizes(true);
     Shots = new ShotListModel(Program, list);
     list->setModel(Shots);
-    connect(
-        list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-        [this](const QModelIndex& row) { Select_Shot_Row(Program.Work, Program.Outside, row.row() + 1); });
+    connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& row) {
+                if (!Following) Choose_Shot(Program, {row.row() + 1, 0});
+            });
+    List = list;
     auto* layout = new QVBoxLayout(pane);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(all);
+    QWidget* buttons = Shot_Buttons(list);
+    layout->addWidget(buttons);
     layout->addWidget(list);
-    pane->setMinimumWidth(fontMetrics().horizontalAdvance("Display all shot") + 40);
+    pane->setMinimumWidth(
+        std::max(fontMetrics().horizontalAdvance("Display all shot") + 40, buttons->sizeHint().width()));
     pane->setMaximumWidth(260);
     Fields.Tick(all, Program.Work.Fields.Check11, [this] { Program.Outside.Show.Show_Curves(); });
+    return pane;
+}
+
+/// The commands on the list as a row of buttons, and as its menu.
+QWidget* CurvesPage::Shot_Buttons(QListView* list) {
+    auto* pane = new QWidget;
+    auto* row = new QHBoxLayout(pane);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const Command& command : Curves_Page_Commands()) {
+        const auto from = [](std::string_view text) {
+            return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        };
+        auto* action = new QAction(from(command.Caption), this);
+        action->setObjectName(from(command.Name));
+        QString tip = from(command.Tooltip);
+        if (!command.Shortcut.empty()) {
+            const QKeySequence key(from(command.Shortcut), QKeySequence::PortableText);
+            // Acts wherever the focus is, as long as the page is in sight.
+            action->setShortcut(key);
+            tip += " (" + key.toString(QKeySequence::NativeText) + ")";
+        }
+        action->setToolTip(tip);
+        connect(action, &QAction::triggered, this, [this, &command] {
+            Run_Command(Program, command.Name);
+            Shots->Refresh();
+        });
+        Fields.Follow([this, action, &command] { action->setEnabled(Refusal_Of(command, Program).empty()); });
+        addAction(action);
+        list->addAction(action);
+        // What belongs to the picture stands in the menu alone.
+        if (command.Name == "WholePicture") continue;
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setFocusPolicy(Qt::NoFocus);
+        row->addWidget(button);
+    }
     return pane;
 }
 
@@ -245,40 +296,35 @@ void CurvesPage::Wire_Pointer() {
     connect(Dromo, &PictureBox::Double_Clicked, this,
             [&pointer](const PictureEvent& event) { pointer.Double_Click(On_Curves(event)); });
     connect(Dromo, &PictureBox::Key_Pressed, this, [&pointer](int code) { pointer.Key(code); });
-    connect(Dromo, &PictureBox::Wheel_Turned, this, &CurvesPage::Wheel);
+    Wire_Gestures();
 }
 
-void CurvesPage::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
+/// Above the profile the curves stand whole: enlarged they would no longer stand over it.
+bool CurvesPage::Can_Be_Enlarged() const {
+    return Program.Work.Curves.FrameDrawn == 1;
+}
+
+void CurvesPage::Wire_Gestures() {
+    auto* gestures = new PictureGestures(Dromo);
     CurveView& view = Program.Work.Curves;
-    if (modifiers.testFlag(Qt::ControlModifier)) {
-        // Above the profile the curves stand whole; drawn enlarged they would take its place.
-        if (view.FrameDrawn == 2) return;
-        const bool in_time = modifiers.testFlag(Qt::ShiftModifier);
-        const double factor = std::pow(wheel_zoom, steps);
-        const auto enlarged = [factor](double zoom) {
-            const double wanted = std::clamp(zoom * factor, 1.0, largest_zoom);
-            return wanted < 1.05 ? 1.0 : wanted;
-        };
-        const CurveWindow window = Visible_Window(view);
-        const double middle = in_time ? (window.Yv + window.Yw) / 2 : (window.X1 + window.X2) / 2;
-        Set_Zoom(view, in_time ? view.ZoomX : enlarged(view.ZoomX),
-                 in_time ? enlarged(view.ZoomY) : view.ZoomY);
-        const double half =
-            in_time ? curve_picture_height / view.ZoomY / 2 : curve_picture_width / view.ZoomX / 2;
-        const ScrollBar& bar = in_time ? view.VScroll1 : view.HScroll1;
-        const int value = std::clamp(static_cast<int>(std::lround(middle - half)), bar.Min, bar.Max);
-        if (in_time) {
-            VScroll1_Change(Program.Work, Program.Outside, value);
-        } else {
-            HScroll1_Change(Program.Work, Program.Outside, value);
-        }
+    const auto show = [this] {
+        Screen.Repaint_Page(Page::Curves);
         Program.Outside.Show.Show_Fields();
-        return;
-    }
-    QScrollBar* bar =
-        modifiers.testFlag(Qt::ShiftModifier) || !Scroll_Bar_Shown(view.ZoomY) ? HScroll1 : VScroll1;
-    const int direction = bar == VScroll1 && !view.ZeroOnTop ? 1 : -1;
-    bar->setValue(bar->value() + direction * static_cast<int>(std::lround(steps * bar->pageStep() / 8.0)));
+    };
+    gestures->Enlarge = [this, show, &view](QPointF at, double more_x, double more_y) {
+        if (!Can_Be_Enlarged()) return;
+        Enlarge_At(view, at.x(), at.y(), more_x, more_y);
+        show();
+    };
+    gestures->Pan = [this, show, &view](double across, double later) {
+        const CurveWindow before = Visible_Window(view);
+        if (!Can_Be_Enlarged()) return;
+        Pan(view, across, later);
+        if (!(Visible_Window(view) == before)) show();
+    };
+    gestures->Whole_Height = [&view] { return view.ZoomY <= 1; };
+    gestures->Show_All = [this] { Run_Command(Program, "WholePicture"); };
+    gestures->Left = [this] { Program.Pointer.Leave(); };
 }
 
 void CurvesPage::Repaint() {
@@ -300,6 +346,13 @@ void CurvesPage::Refresh() {
 
 void CurvesPage::Refresh_Shots() {
     Shots->Refresh();
+    const QModelIndex row = Shots->index(Program.Work.Grids.Grille_Shot.CurrentRow);
+    const bool chosen = List->currentIndex().isValid() || row.row() > 0;
+    if (row.isValid() && chosen && row != List->currentIndex()) {
+        Following = true;
+        List->setCurrentIndex(row);
+        Following = false;
+    }
     Profile->Draw_Sketch();
 }
 

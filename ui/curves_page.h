@@ -50,7 +50,9 @@ class CurvesPage : public QWidget {
     QWidget* Curves_Pane();
     QWidget* Shots_Pane();
     void Wire_Pointer();
-    void Wheel(double steps, Qt::KeyboardModifiers modifiers);
+    void Wire_Gestures();
+    bool Can_Be_Enlarged() const;
+    QWidget* Shot_Buttons(QListView* list);
     void Arrange_Panes();
     void Repaint();
 
@@ -65,6 +67,8 @@ class CurvesPage : public QWidget {
     QWidget* CurvesPane = nullptr;
     ProfilePane* Profile = nullptr;
     ShotListModel* Shots = nullptr;
+    QListView* List = nullptr;
+    bool Following = false;  ///< the list goes to the shot that is current elsewhere
     FieldBinder Fields;
     QTimer Resized;
 };

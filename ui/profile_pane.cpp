@@ -9,12 +9,14 @@
 #include <cmath>
 #include <utility>
 
+#include "app/commands.h"
 #include "app/session.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "output/profile.h"
 #include "output/profile_sketch.h"
 #include "ui/painting/picture_file.h"
+#include "ui/picture_gestures.h"
 #include "ui/qt_display.h"
 
 namespace tarnvik {
@@ -24,17 +26,22 @@ namespace {
 constexpr double picture_width = 200;
 constexpr double picture_height = 100;
 constexpr double largest_zoom = 20;
-constexpr double wheel_zoom = 1.25;
 
 /// The bars count enlarged units: at factor 4 a picture 200 wide runs from 0 to 800, and 200 of them are
 /// seen.
-void Set_Range(QScrollBar* bar, double extent, double zoom, int value) {
+void Set_Range(QScrollBar* bar, double extent, double zoom, double value) {
     const QSignalBlocker silent(bar);
     bar->setRange(0, static_cast<int>(std::lround(extent * zoom - extent)));
     bar->setPageStep(static_cast<int>(extent));
     bar->setSingleStep(static_cast<int>(extent / 10));
-    bar->setValue(value);
+    bar->setValue(static_cast<int>(std::lround(value)));
     bar->setVisible(zoom != 1);
+}
+
+/// Nothing beyond the picture comes into sight.
+void Keep_Inside(ProfileView& view) {
+    view.Across = std::clamp(view.Across, 0.0, picture_width * view.ZoomX - picture_width);
+    view.Up = std::clamp(view.Up, 0.0, picture_height * view.ZoomY - picture_height);
 }
 
 /// An elevation as a field shows it, and back; an empty field gives none.
@@ -65,6 +72,12 @@ ProfilePane::ProfilePane(Session& session, QtDisplay& display) : Program(session
     Up = new QScrollBar(Qt::Vertical);
     Up->setObjectName("ProfileUp");
     Up->setInvertedAppearance(true);
+    // A bar that comes must not move what is under the pointer.
+    for (QScrollBar* bar : {Across, Up}) {
+        QSizePolicy policy = bar->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        bar->setSizePolicy(policy);
+    }
 
     auto* pictures = new QGridLayout;
     pictures->setSpacing(0);
@@ -90,7 +103,7 @@ ProfilePane::ProfilePane(Session& session, QtDisplay& display) : Program(session
     });
     for (PictureBox* box : {Dromo1, EchelleY1, Sketch})
         connect(box, &PictureBox::Resized, this, [this] { Resized.start(); });
-    connect(Dromo1, &PictureBox::Wheel_Turned, this, &ProfilePane::Wheel);
+    Wire_Gestures();
     connect(Dromo1, &PictureBox::Moved, this, [this](const PictureEvent& event) {
         Show_Profile_Readout(Program.Work, Program.Outside, event.X, event.Y);
     });
@@ -179,38 +192,42 @@ void ProfilePane::Follow_Window() {
     Set_Range(Up, picture_height, view.ZoomY, view.Up);
 }
 
-/// Another enlargement round the middle of what is seen.
-void ProfilePane::Set_Window(double zoom_x, double zoom_y) {
-    ProfileView& view = Program.Work.Profile;
-    const auto kept = [](int scrolled, double extent, double former, double zoom) {
-        const double middle = (scrolled + extent / 2) / former;
-        return static_cast<int>(
-            std::lround(std::clamp(middle * zoom - extent / 2, 0.0, extent * zoom - extent)));
+void ProfilePane::Wire_Gestures() {
+    auto* gestures = new PictureGestures(Dromo1);
+    // The combined display is not enlarged.
+    const auto whole = [this] { return Program.Work.Mode.On_Display() == DisplayMode::Both; };
+    gestures->Enlarge = [this, whole](QPointF at, double more_x, double more_y) {
+        if (whole()) return;
+        ProfileView& view = Program.Work.Profile;
+        const auto enlarge = [](double& zoom, double& scrolled, double place, double more) {
+            constexpr double nearly_whole = 1.02;
+            const double on_screen = place * zoom - scrolled;
+            zoom = std::clamp(zoom * more, 1.0, largest_zoom);
+            if (zoom < nearly_whole) zoom = 1;
+            scrolled = place * zoom - on_screen;
+        };
+        enlarge(view.ZoomX, view.Across, at.x(), more_x);
+        enlarge(view.ZoomY, view.Up, at.y(), more_y);
+        Show_Window();
     };
-    view.Across = kept(view.Across, picture_width, view.ZoomX, zoom_x);
-    view.Up = kept(view.Up, picture_height, view.ZoomY, zoom_y);
-    view.ZoomX = zoom_x;
-    view.ZoomY = zoom_y;
-    Follow_Window();
+    gestures->Pan = [this, whole](double across, double up) {
+        if (whole()) return;
+        ProfileView& view = Program.Work.Profile;
+        const double before_x = view.Across;
+        const double before_y = view.Up;
+        view.Across += across * view.ZoomX;
+        view.Up += up * view.ZoomY;
+        Keep_Inside(view);
+        if (view.Across != before_x || view.Up != before_y) Show_Window();
+    };
+    gestures->Show_All = [this] { Run_Command(Program, "WholePicture"); };
+    gestures->Whole_Height = [this] { return Program.Work.Profile.ZoomY <= 1; };
 }
 
-void ProfilePane::Wheel(double steps, Qt::KeyboardModifiers modifiers) {
-    const ProfileView& view = Program.Work.Profile;
-    const bool shift = modifiers.testFlag(Qt::ShiftModifier);
-    if (!modifiers.testFlag(Qt::ControlModifier)) {
-        QScrollBar* bar = shift || view.ZoomY == 1 ? Across : Up;
-        const int direction = bar == Up ? 1 : -1;
-        bar->setValue(bar->value() +
-                      direction * static_cast<int>(std::lround(steps * bar->pageStep() / 8.0)));
-        return;
-    }
-    // The combined display is not enlarged.
-    if (Program.Work.Mode.On_Display() == DisplayMode::Both) return;
-    const auto enlarged = [factor = std::pow(wheel_zoom, steps)](double zoom) {
-        const double wanted = std::clamp(zoom * factor, 1.0, largest_zoom);
-        return wanted < 1.05 ? 1.0 : wanted;
-    };
-    Set_Window(shift ? view.ZoomX : enlarged(view.ZoomX), shift ? enlarged(view.ZoomY) : view.ZoomY);
+void ProfilePane::Show_Window() {
+    Program.Work.Profile.ExactWindow = true;
+    Keep_Inside(Program.Work.Profile);
+    Follow_Window();
     Repaint();
 }
 

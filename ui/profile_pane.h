@@ -32,8 +32,8 @@ class ProfilePane : public QWidget {
     QWidget* Side();
     void Bind_Elevations(QLineEdit* highest, QLineEdit* lowest, QLineEdit* height);
     void Follow_Window();
-    void Wheel(double steps, Qt::KeyboardModifiers modifiers);
-    void Set_Window(double zoom_x, double zoom_y);
+    void Wire_Gestures();
+    void Show_Window();
     void Repaint();
 
     Session& Program;

@@ -220,6 +220,7 @@ const std::vector<Row>& Rows() {
         {"Large_Mnu", nothing, [](W& w) { return w.Program.Work.Settings.VelocityLineWidth == 2; }},
         {"Thin_Mnu", [](W& w) { w.Program.Work.Settings.VelocityLineWidth = 2; },
          [](W& w) { return w.Program.Work.Settings.VelocityLineWidth == 1; }},
+        {"DistinctColours_M", nothing, [](W& w) { return w.Program.Work.Curves.DistinctColours; }},
         {"color_1", [](W& w) { w.Program.Work.Settings.ColorChoice = true; },
          [](W& w) { return !w.Program.Work.Settings.ColorChoice && w.Display.Count("curves") == 1; }},
         {"color_2", nothing,

@@ -6,6 +6,7 @@
 #include "support/earth_line.h"
 #include "support/field_names.h"
 #include "support/test_ports.h"
+#include "traveltime/curves.h"
 
 namespace tarnvik {
 
@@ -84,6 +85,31 @@ TEST_F(PickingForDepth, AnEndShotTakesTheValuesOnBothSides) {
     Drag(5, 5, 11, 10);
     EXPECT_NEAR(Val(Form.VelocityB[1]), 500, 1);
     EXPECT_EQ(Form.InterceptA[1], intercept) << "layer 1 has none";
+}
+
+TEST_F(PickingForDepth, FittedLinesStayInTheirLayersColourUntilTheDialogCloses) {
+    Form.Enter_Field(test::Field("V2A"));
+    Drag(2, 20, 30, 40);
+    Form.Enter_Field(test::Field("V3B"));
+    Drag(68, 20, 95, 40);
+    const auto drawn = [this](int layer) {
+        const auto lines =
+            World.Display.Pictures[Canvas::Dromo].Of(test::Drawn::Verb::Line, Layer_Colour(layer));
+        return lines.size() == 1 && lines[0].Width == 2;
+    };
+    for (int redraw = 0; redraw < 2; ++redraw) {
+        Show_Curves(Work, World.Ports);
+        EXPECT_TRUE(drawn(2) && drawn(3)) << "with every redraw";
+    }
+    EXPECT_EQ(Work.Fields.Text1, "");
+    // The layer below waits next, also one that the shot has not had yet.
+    EXPECT_EQ(Form.Next_Layer(test::Field("V2A")), test::Field("V3A"));
+    EXPECT_EQ(Form.VisibleLayers, 3);
+    EXPECT_EQ(Form.Next_Layer(test::Field("IT2B")), test::Field("V4B"));
+    EXPECT_EQ(Form.Next_Layer(test::Field("V5A")), std::nullopt);
+    Form.Close();
+    Show_Curves(Work, World.Ports);
+    EXPECT_FALSE(drawn(2) || drawn(3));
 }
 
 TEST_F(PickingForDepth, WhatCannotBeFittedLeavesFieldsAndFocus) {

@@ -1,4 +1,6 @@
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "core/text/number.h"
 #include "depth_dialog.h"
@@ -72,21 +74,44 @@ TEST_F(FcalculTest, AutoSaveStoresTheShotThatIsSkippedTo) {
     EXPECT_EQ(Saves, 2);
 }
 
-TEST_F(FcalculTest, AnOffsetShotIsRefusedAndLeavesEverythingAsItWas) {
+TEST_F(FcalculTest, AnOffsetShotShowsNoNumberOfAnotherAndChangesNothing) {
+    const auto fields = [this] {
+        std::vector<std::string> all{Form->Altitude, Form->ShotDepth, Form->Layers, Form->Caption};
+        for (const auto* row : {&Form->VelocityA, &Form->VelocityB, &Form->TrueV})
+            all.insert(all.end(), row->begin(), row->end());
+        for (const auto* row : {&Form->InterceptA, &Form->InterceptB, &Form->MeanIntercept, &Form->CritDistA,
+                                &Form->CritDistB, &Form->MeanCritDist, &Form->Thick, &Form->Depth})
+            all.insert(all.end(), row->begin(), row->end());
+        return all;
+    };
     Open_At(1);
-    const auto thick = Form->Thick;
+    const auto of_first = fields();
+    Scroll_To(2);
+    const auto of_second = fields();
     const Project before = Work.Project;
-    Scroll_To(4);
-    EXPECT_EQ(Form->OffsetText, "Offset shot, no depth computation possible ");
-    Form->Command1();
-    Form->Command3();
-    Form->Command4();
-    EXPECT_EQ(Form->Thick, thick);
+    const auto nothing = std::vector<std::string>(of_first.size());
+    for (const auto& [shot, shown] : {std::pair(1, of_first), std::pair(2, of_second)}) {
+        Scroll_To(shot);
+        EXPECT_EQ(fields(), shown);
+        Scroll_To(4);
+        EXPECT_EQ(Form->OffsetText, "Offset shot, no depth computation possible ");
+        EXPECT_EQ(fields(), nothing) << "after shot " << shot;
+        EXPECT_EQ(Form->ShotLabel, "4");
+        EXPECT_EQ(Form->Shot(), 0);
+        // What is typed meanwhile belongs to no shot.
+        Form->VelocityA[2] = "9999";
+        Form->Thick[1] = "99";
+        Form->Command1();
+        Form->Command3();
+        Form->Command4();
+        Form->Enregistre_Tir();
+    }
     EXPECT_EQ(Saves, 0);
     EXPECT_EQ(Work.Project.VelocityA, before.VelocityA);
     EXPECT_EQ(Work.Project.ShotThickness, before.ShotThickness);
     Scroll_To(1);
     EXPECT_EQ(Form->OffsetText, "");
+    EXPECT_EQ(fields(), of_first);
 }
 
 TEST_F(FcalculTest, AnOffsetShotAtTheOpeningShowsNothingOfAFormerLine) {

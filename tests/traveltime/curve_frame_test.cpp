@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include "traveltime/curve_drawing.h"
 #include "traveltime/line_of_shots.h"
 #include "traveltime/ruler.h"
@@ -28,7 +31,23 @@ void Expect_Corners(const RecordingPicture& picture, double left, double top, do
 
 }  // namespace
 
-TEST(CurveFrame, ThinsReceiverLinesAndLabelsByTheirNumber) {
+namespace {
+
+/// Middle of a printed text across its picture, in pixels; a prefix such as "g=" hangs to the left of it.
+double Middle(const RecordingPicture& picture, const Drawn& text) {
+    const std::size_t prefix = text.Text.find('=') == std::string::npos ? 0 : 2;
+    const double left =
+        picture.Current_Frame().To_Pixel_X(text.X1) + picture.Size_Of(text.Text.substr(0, prefix)).Width;
+    return left + picture.Size_Of(text.Text.substr(prefix)).Width / 2;
+}
+
+double Middle_Row(const RecordingPicture& picture, const Drawn& text) {
+    return picture.Current_Frame().To_Pixel_Y(text.Y1) + picture.Size_Of(text.Text).Height / 2;
+}
+
+}  // namespace
+
+TEST(CurveFrame, ThinsReceiverLinesByTheirNumber) {
     struct Case {
         int Receivers;
         std::size_t Lines;
@@ -39,6 +58,7 @@ TEST(CurveFrame, ThinsReceiverLinesAndLabelsByTheirNumber) {
          {Case{24, 24, "2", "24", "4.6"}, Case{25, 13, "3", "25", "9"}, Case{48, 24, "3", "47", "9"},
           Case{49, 7, "9", "49", "36"}, Case{120, 6, "21", "101", "92"}}) {
         LineOfShots line(1, c.Receivers, 4.6);
+        line.Of(Canvas::EchelleX) = RecordingPicture(1600, 30);
         Dessine_Cadre(line.Work, line.Ports);
         const std::vector<std::string> texts = line.Of(Canvas::EchelleX).Texts();
         SCOPED_TRACE(c.Receivers);
@@ -49,9 +69,62 @@ TEST(CurveFrame, ThinsReceiverLinesAndLabelsByTheirNumber) {
         EXPECT_EQ(texts[2], c.SecondNumber);
         EXPECT_EQ(texts[3], c.SecondDistance);
         EXPECT_EQ(texts[texts.size() - 2], c.LastNumber);
-        const double x = Vertical_Lines(line.Dromo())[1];
-        EXPECT_NEAR(x, Position_Ecran(line.Work.Project, std::stoi(c.SecondNumber)), 1e-9);
-        EXPECT_NEAR(line.Of(Canvas::EchelleX).Printed(c.SecondNumber)->X1, x - 1, 1e-9);
+        EXPECT_NEAR(Vertical_Lines(line.Dromo())[1],
+                    Position_Ecran(line.Work.Project, std::stoi(c.SecondNumber)), 1e-9);
+    }
+}
+
+TEST(CurveFrame, LabelsStandAtTheirLinesAndApartAtAnySizeAndEnlargement) {
+    struct Case {
+        int Receivers;
+        double ZoomX, ZoomY;
+        bool ZeroOnTop;
+        double Width, Height;
+    };
+    for (const Case& c : {Case{24, 1, 1, false, 960, 600}, Case{24, 1, 1, true, 300, 200},
+                          Case{48, 3.7, 2.2, false, 700, 400}, Case{120, 20, 20, true, 1500, 900},
+                          Case{120, 1, 13, false, 200, 90}, Case{72, 6, 1.1, true, 960, 600}}) {
+        SCOPED_TRACE(c.Receivers);
+        LineOfShots line(1, c.Receivers, 2.5);
+        line.Pick(1, {0, 180});
+        for (const Canvas canvas : {Canvas::Dromo, Canvas::EchelleX})
+            line.Of(canvas) = RecordingPicture(c.Width, c.Height);
+        line.Of(Canvas::EchelleY) = RecordingPicture(60, c.Height);
+        Scale_Time_Grid(line.Work);
+        Enlarge_At(line.Work.Curves, 33, 41, c.ZoomX, c.ZoomY);
+        line.Work.Curves.ZeroOnTop = c.ZeroOnTop;
+        Dessine_Cadre(line.Work, line.Ports);
+
+        const RecordingPicture& below = line.Of(Canvas::EchelleX);
+        const std::vector<Drawn> across = below.Of(Drawn::Verb::Print);
+        ASSERT_GE(across.size(), 4U) << "an enlarged part has labels too";
+        const std::vector<double> lines = Vertical_Lines(line.Dromo());
+        for (std::size_t i = 0; i < across.size(); i += 2) {
+            // Number and distance have their middle under the same line.
+            const double middle = Middle(below, across[i]);
+            EXPECT_NEAR(Middle(below, across[i + 1]), middle, 1e-6);
+            EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](double x) {
+                return std::abs(below.Current_Frame().To_Pixel_X(x) - middle) < 1e-6;
+            }));
+            if (i < 2) continue;
+            for (std::size_t row = 0; row < 2; ++row) {
+                const Drawn& before = across[i - 2 + row];
+                EXPECT_GT(below.Current_Frame().To_Pixel_X(across[i + row].X1),
+                          below.Current_Frame().To_Pixel_X(before.X1) + below.Size_Of(before.Text).Width)
+                    << before.Text;
+            }
+        }
+        const RecordingPicture& beside = line.Of(Canvas::EchelleY);
+        const std::vector<Drawn> times = beside.Of(Drawn::Verb::Print);
+        ASSERT_GE(times.size(), 2U);
+        for (std::size_t i = 0; i < times.size(); ++i) {
+            const double y = std::stod(times[i].Text) / line.Work.Curves.TimeFactor;
+            EXPECT_NEAR(Middle_Row(beside, times[i]), beside.Current_Frame().To_Pixel_Y(y), 1e-6);
+            EXPECT_TRUE(line.Dromo().Has_Line(0, y, 96, y, colours::LightGrey));
+            if (i > 0) {
+                EXPECT_GE(std::abs(Middle_Row(beside, times[i]) - Middle_Row(beside, times[i - 1])), 13.99);
+            }
+        }
     }
 }
 
@@ -74,10 +147,53 @@ TEST(CurveFrame, TimeGridFollowsTheLatestPick) {
         const auto labels = line.Of(Canvas::EchelleY).Of(Drawn::Verb::Print);
         EXPECT_EQ(labels.front().Text, c.First);
         EXPECT_EQ(labels.back().Text, c.Last);
-        EXPECT_EQ(labels.front().Y1, c.FirstY + 2);
-        EXPECT_EQ(labels.back().Y1, c.LastY + 2);
+        EXPECT_TRUE(line.Dromo().Has_Line(0, c.FirstY, 96, c.FirstY, colours::LightGrey));
         EXPECT_TRUE(line.Dromo().Has_Line(0, c.LastY, 96, c.LastY, colours::LightGrey));
     }
+    // Enlarged, the steps are those of a usual scale.
+    EXPECT_EQ(Time_Grid(1, 2).Step, 5);
+    EXPECT_EQ(Time_Grid(1, 3).Step, 5);
+    EXPECT_EQ(Time_Grid(1.5, 4).Step, 5);
+    EXPECT_EQ(Time_Grid(2, 20).Step, 1);
+    EXPECT_NEAR(Time_Grid(0.5, 20).Step, 0.5, 1e-12);
+}
+
+TEST(CurveFrame, TheWheelKeepsThePlaceUnderThePointerAndNothingLeavesThePicture) {
+    CurveView view;
+    double x = 61.3;
+    double y = 22.7;
+    for (int step = 0; step < 9; ++step) {
+        const CurveWindow before = Visible_Window(view);
+        const double share_x = (x - before.X1) / (before.X2 - before.X1);
+        const double share_y = (y - before.Yv) / (before.Yw - before.Yv);
+        Enlarge_At(view, x, y, 1.25, step % 2 == 0 ? 1.25 : 1);
+        const CurveWindow now = Visible_Window(view);
+        EXPECT_NEAR((x - now.X1) / (now.X2 - now.X1), share_x, 1e-9);
+        EXPECT_NEAR((y - now.Yv) / (now.Yw - now.Yv), share_y, 1e-9);
+        EXPECT_NEAR(now.X2 - now.X1, 96 / view.ZoomX, 1e-9);
+        EXPECT_GE(view.HScroll1.Value, 0);
+        EXPECT_LE(view.HScroll1.Value, view.HScroll1.Max);
+    }
+    for (const auto& [across, later] : std::initializer_list<std::pair<double, double>>{
+             {3.3, 2.1}, {500, 500}, {-1.7, 0}, {-500, -500}, {0.01, 0.02}}) {
+        Pan(view, across, later);
+        const CurveWindow now = Visible_Window(view);
+        EXPECT_GE(now.X1, 0);
+        EXPECT_LE(now.X2, 96 + 1e-9);
+        EXPECT_GE(now.Yv, 0);
+        EXPECT_LE(now.Yw, 100 + 1e-9);
+    }
+    EXPECT_NEAR(Visible_Window(view).X1, 0.01, 1e-9);
+    // The end of a bar is the end of the picture.
+    TestPorts ports;
+    Workspace work;
+    work.Curves = view;
+    HScroll1_Change(work, ports.Ports, view.HScroll1.Max);
+    EXPECT_NEAR(Visible_Window(work.Curves).X2, 96, 1e-9);
+    for (int step = 0; step < 30; ++step)
+        Enlarge_At(view, 96, 100, 0.8, 0.8);
+    EXPECT_EQ(view.ZoomX, 1);
+    EXPECT_EQ(Visible_Window(view), CurveWindow{});
 }
 
 TEST(CurveFrame, WindowFollowsZoomScrollBarsAndZeroOnTop) {

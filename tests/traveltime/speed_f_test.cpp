@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 #include "core/text/number.h"
 #include "support/earth_line.h"
 #include "support/test_ports.h"
 #include "traveltime/confirm.h"
+#include "traveltime/curves.h"
+#include "traveltime/speed_pointer.h"
 
 namespace tarnvik {
 
@@ -31,8 +35,12 @@ struct SpeedTest : testing::Test {
         Form->Command5();
     }
     test::RecordingPicture& Dromo() { return World.Display.Pictures[Canvas::Dromo]; }
-    std::vector<Drawn> Black_Lines() {
-        std::vector<Drawn> lines = Dromo().Of(Drawn::Verb::Line, colours::Black);
+    std::vector<Drawn> Fitted_Lines() {
+        std::vector<Drawn> lines;
+        for (int layer = 1; layer <= Project::MaxLayers; ++layer) {
+            for (const Drawn& line : Dromo().Of(Drawn::Verb::Line, Layer_Colour(layer)))
+                lines.push_back(line);
+        }
         return lines;
     }
 
@@ -69,7 +77,7 @@ TEST_F(SpeedTest, ComputesVelocityInterceptAndCorrelationOfABranch) {
     EXPECT_EQ(World.Display.InFront, std::vector<Dialog>{Dialog::SpeedF});
     EXPECT_FALSE(Dromo().Of(Drawn::Verb::Line, colours::Red).empty());
     EXPECT_TRUE(Dromo().Has_Line(35 * 96.0 / 115, (23.238 + 17.5) / Work.Curves.TimeFactor, 96,
-                                 (23.238 + 57.5) / Work.Curves.TimeFactor, colours::Black, 0.01));
+                                 (23.238 + 57.5) / Work.Curves.TimeFactor, Layer_Colour(1), 0.01));
 
     Compute("3", "1", "12");
     EXPECT_EQ(Work.Velocity.ShotSide, 1);
@@ -96,7 +104,7 @@ TEST_F(SpeedTest, AStretchThatHoldsTheShotOrTheEndReceiverTakesTheDirectMethod) 
         EXPECT_EQ(Form->Layer, "1") << c.Shot;
         EXPECT_EQ(Form->Intercept, "0");
         EXPECT_EQ(Work.Velocity.Correlation, 0.77);
-        EXPECT_TRUE(Black_Lines().empty()) << "no line is fitted";
+        EXPECT_TRUE(Fitted_Lines().empty()) << "no line is fitted";
     }
     EXPECT_TRUE(World.Prompts.Messages.empty());
 }
@@ -108,9 +116,9 @@ TEST_F(SpeedTest, TheLineFromTheShotPointIsDrawnToTheShot) {
     EXPECT_NEAR(Work.Velocity.VelocityResult, 500, 1);
     EXPECT_NEAR(Work.Velocity.Correlation, 99, 0.1);
     const double x2 = 5 * 96.0 / 115;
-    EXPECT_TRUE(Dromo().Has_Line(0, 0, x2, 10 / Work.Curves.TimeFactor, colours::Black, 1e-3));
+    EXPECT_TRUE(Dromo().Has_Line(0, 0, x2, 10 / Work.Curves.TimeFactor, Layer_Colour(1), 1e-3));
     Compute("3", "22", "23");
-    EXPECT_TRUE(Dromo().Has_Line(96 - x2, 10 / Work.Curves.TimeFactor, 96, 0, colours::Black, 1e-3));
+    EXPECT_TRUE(Dromo().Has_Line(96 - x2, 10 / Work.Curves.TimeFactor, 96, 0, Layer_Colour(1), 1e-3));
     Form->Layer = "2";
     Form->Layer_Changed();
     EXPECT_FALSE(Form->ThroughShot) << "only layer 1 starts at the shot";
@@ -233,6 +241,54 @@ TEST_F(SpeedTest, AReleaseOnThePictureFillsTheReceiverBoxEnteredLast) {
     EXPECT_EQ(Form->LastReceiver, "1");
     EXPECT_EQ(Form->FirstReceiver, "8");
     EXPECT_EQ(World.Display.InFront.back(), Dialog::SpeedF);
+}
+
+TEST_F(SpeedTest, ADragAlongACurveMarksItsStretchAndComputesAtTheRelease) {
+    Show_Curves(Work, World.Ports);
+    SpeedPointer pointer(Work, World.Ports, *Form);
+    const auto at = [this](int shot, int receiver) {
+        return PointerEvent{Position_Ecran(Work.Project, receiver) + 0.4,
+                            Work.Project.ShotTimes(shot, receiver) / Work.Curves.TimeFactor, true, false};
+    };
+    Form->Shot = "1";
+    Form->Layer = "2";
+    Form->Layer_Changed();
+    pointer.Press(at(1, 9));
+    pointer.Move(at(1, 15));
+    const auto& marks = World.Display.Marks[{Canvas::Dromo, MarkLayer::Cursor}];
+    ASSERT_EQ(marks.size(), 2U + 6U) << "both ends and the curve between them";
+    EXPECT_NEAR(marks[0].X1, Position_Ecran(Work.Project, 9), 1e-9);
+    EXPECT_NEAR(marks[1].X1, Position_Ecran(Work.Project, 15), 1e-9);
+    pointer.Move(at(1, 22));
+    pointer.Release(at(1, 22));
+    EXPECT_TRUE(marks.empty());
+    EXPECT_EQ(Form->FirstReceiver + " " + Form->LastReceiver, "9 22");
+    EXPECT_NEAR(Work.Velocity.VelocityResult, 2000, 1);
+    EXPECT_EQ(Form->Intercept, "23.2");
+    // On another curve: another shot. A press without a way stays a click.
+    pointer.Press(at(3, 4));
+    pointer.Move(at(3, 14));
+    pointer.Release(at(3, 14));
+    EXPECT_EQ(Form->Shot + " " + Form->FirstReceiver + " " + Form->LastReceiver, "3 4 14");
+    EXPECT_EQ(Work.Velocity.CurrentShot, 3);
+    pointer.Press({30, 10, true, false});
+    pointer.Release({30, 10, true, false});
+    EXPECT_EQ(Form->FirstReceiver, "8");
+
+    const auto lines = [this] {
+        const auto drawn = Dromo().Of(Drawn::Verb::Line, Layer_Colour(2));
+        return std::count_if(drawn.begin(), drawn.end(), [](const Drawn& line) { return line.Width == 2; });
+    };
+    Show_Curves(Work, World.Ports);
+    EXPECT_EQ(lines(), 2) << "both stay, over all that is drawn anew";
+    pointer.Press(at(1, 10));
+    pointer.Move(at(1, 20));
+    pointer.Release(at(1, 20));
+    Show_Curves(Work, World.Ports);
+    EXPECT_EQ(lines(), 2) << "a second try takes the place of the first";
+    Form->Close();
+    Show_Curves(Work, World.Ports);
+    EXPECT_EQ(lines(), 0);
 }
 
 TEST_F(SpeedTest, RecordingSideFollowsTheShotAndBothEndsOfTheStretch) {

@@ -220,10 +220,9 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
                 }
                 field.Value = 30;
                 Display.Show_Fields();
-                const Qt::KeyboardModifiers keys =
-                    orientation == Qt::Horizontal ? Qt::ShiftModifier : Qt::NoModifier;
+                const QPoint turned = orientation == Qt::Horizontal ? QPoint(120, 0) : QPoint(0, 120);
                 const QPointF place(100, 100);
-                QWheelEvent up(place, Box("Dromo")->mapToGlobal(place), {}, {0, 120}, {}, keys,
+                QWheelEvent up(place, Box("Dromo")->mapToGlobal(place), {}, turned, {}, Qt::NoModifier,
                                Qt::NoScrollPhase, false);
                 QApplication::sendEvent(Box("Dromo"), &up);
                 EXPECT_NE(field.Value, 30);
@@ -234,7 +233,7 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
             Display.Show_Curves();
         };
     };
-    const auto profile_bar = [&](int& scrolled, Qt::Orientation orientation) {
+    const auto profile_bar = [&](double& scrolled, Qt::Orientation orientation) {
         return [&, orientation](QWidget* control) {
             auto* bar = qobject_cast<QScrollBar*>(control);
             EXPECT_EQ(bar->orientation(), orientation);

@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "app/commands.h"
 #include "app/view_commands.h"
@@ -17,6 +21,7 @@
 #include "records/su_loading.h"
 #include "support/su_builder.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 #include "traveltime/zoom.h"
 #include "window_fixture.h"
 
@@ -250,6 +255,137 @@ TEST_F(CurvesTab, a_velocity_goes_from_the_drag_to_the_file_and_a_refused_save_i
     EXPECT_EQ(written.VelocityB(1, 2), 500);
     Program.Speed.Command5();
     EXPECT_TRUE(save->isEnabled()) << "each result can be saved";
+}
+
+TEST_F(CurvesTab, a_curve_under_the_pointer_is_told_and_a_click_goes_to_its_shot_everywhere) {
+    Give_Records();
+    Open_Records(Program.Work, Program.Outside);
+    const QImage before = Dromo->Canvas().Image().copy();
+    const float time = Program.Work.Project.ShotTimes(2, 9);
+    const QPointF over = At(40, time);
+    QMouseEvent move(QEvent::MouseMove, over, Dromo->mapToGlobal(over), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(Dromo, &move);
+    EXPECT_TRUE(Program.Work.Fields.Text1.ends_with("Shot 2, receiver 9: 28.00 ms"))
+        << Program.Work.Fields.Text1;
+    EXPECT_EQ(Program.Work.Curves.Lit, (PickPlace{2, 9}));
+    EXPECT_EQ(Dromo->Canvas().Image(), before) << "nothing is drawn anew";
+    QTest::mouseClick(Dromo, Qt::LeftButton, {}, At(40, time));
+    EXPECT_EQ(Program.Work.Velocity.CurrentShot, 2);
+    EXPECT_EQ(Program.Work.Record.Record, 2);
+    EXPECT_EQ(Find<QListView>("Grille_Shot")->currentIndex().row(), 1);
+    EXPECT_EQ(Program.Work.Grids.Buildgrid.CurrentColumn, 2);
+    EXPECT_EQ(Program.Work.Grids.Buildgrid.CurrentRow, 9);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(Dromo, &leave);
+    EXPECT_EQ(Program.Work.Curves.Lit, PickPlace{});
+    // A band is no click, and a dialog that has the picture takes the clicks.
+    QTest::mousePress(Dromo, Qt::LeftButton, {}, At(55, Program.Work.Project.ShotTimes(1, 12)));
+    QTest::mouseMove(Dromo, At(20, 10));
+    QTest::mouseRelease(Dromo, Qt::LeftButton, {}, At(50, Program.Work.Project.ShotTimes(1, 11)));
+    EXPECT_EQ(Program.Work.Velocity.CurrentShot, 2);
+    Display.Open_Dialog(Dialog::SpeedF, false);
+    QApplication::processEvents();
+    QTest::mouseClick(Dromo, Qt::LeftButton, {}, At(50, Program.Work.Project.ShotTimes(1, 11)));
+    EXPECT_EQ(Program.Work.Velocity.CurrentShot, 2);
+    EXPECT_NE(Program.Speed.FirstReceiver, "1");
+    // From the list the dialog follows.
+    Find<QListView>("Grille_Shot")->setCurrentIndex(Find<QListView>("Grille_Shot")->model()->index(2, 0));
+    EXPECT_EQ(Program.Speed.Shot, "3");
+}
+
+TEST_F(CurvesTab, the_list_shows_one_shot_all_or_none) {
+    auto* list = Find<QListView>("Grille_Shot");
+    const auto run = [this](const char* name) {
+        Find<QAction>(name)->trigger();
+        std::vector<bool> shown;
+        for (int shot = 1; shot <= 3; ++shot)
+            shown.push_back(Shot_Displayed(Program.Work, shot));
+        return shown;
+    };
+    list->setCurrentIndex(list->model()->index(1, 0));
+    EXPECT_EQ(run("OnlyThisShot"), (std::vector<bool>{false, true, false}));
+    EXPECT_EQ(run("NoShot"), (std::vector<bool>{false, false, false}));
+    EXPECT_EQ(list->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
+    EXPECT_EQ(run("AllShots"), (std::vector<bool>{true, true, true}));
+    EXPECT_EQ(list->actions().size(), 4) << "also as its menu";
+    Dromo->setFocus();
+    QTest::keyClick(Dromo, Qt::Key_I);
+    EXPECT_FALSE(Shot_Displayed(Program.Work, 1));
+}
+
+TEST_F(CurvesTab, the_wheel_enlarges_at_the_pointer_and_home_shows_all) {
+    const QPoint place = At(41.3, 37);
+    const auto turn = [&](Qt::KeyboardModifiers keys, int steps) {
+        QWheelEvent event(place, Dromo->mapToGlobal(QPointF(place)), {}, {0, 120 * steps}, {}, keys,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(Dromo, &event);
+    };
+    const auto under_pointer = [&] {
+        const QPointF inside = QPointF(place) - Dromo->Canvas().Window().topLeft();
+        const Frame frame = Dromo->Canvas().Current_Frame();
+        return QPointF(frame.To_World_X(inside.x()), frame.To_World_Y(inside.y()));
+    };
+    const QPointF held = under_pointer();
+    for (int step = 0; step < 7; ++step) {
+        turn(Qt::ControlModifier, 1);
+        turn(Qt::ShiftModifier, 1);
+        EXPECT_NEAR(under_pointer().x(), held.x(), 1e-6);
+        EXPECT_NEAR(under_pointer().y(), held.y(), 1e-6);
+    }
+    const CurveView& view = Program.Work.Curves;
+    EXPECT_NEAR(view.ZoomX, std::pow(1.25, 7), 1e-9);
+    EXPECT_NEAR(view.ZoomY, view.ZoomX, 1e-9);
+    const double earliest = Dromo->Canvas().Current_Frame().Bottom;
+    turn(Qt::NoModifier, 1);
+    EXPECT_GT(Dromo->Canvas().Current_Frame().Bottom, earliest);
+    turn(Qt::NoModifier, -100);
+    EXPECT_EQ(Dromo->Canvas().Current_Frame().Bottom, 0);
+    QTest::keyClick(Dromo, Qt::Key_Home);
+    EXPECT_EQ(view.ZoomX, 1);
+    EXPECT_EQ(Dromo->Canvas().Current_Frame().Right, 96);
+    EXPECT_EQ(Dromo->Canvas().Current_Frame().Top, 100);
+}
+
+TEST_F(CurvesTab, a_velocity_is_dragged_saved_and_the_next_layer_waits) {
+    Display.Open_Dialog(Dialog::SpeedF, false);
+    Form* form = Display.Open_Form(Dialog::SpeedF);
+    QApplication::processEvents();
+    Program.Speed.Layer = "2";
+    Program.Speed.Layer_Changed();
+    const auto drag = [this](int shot, int first, int last) {
+        const Project& line = Program.Work.Project;
+        QTest::mousePress(Dromo, Qt::LeftButton, {}, At(5 * (first - 1), line.ShotTimes(shot, first)));
+        QTest::mouseMove(Dromo, At(5 * (last - 1) - 2, line.ShotTimes(shot, last)));
+        QTest::mouseRelease(Dromo, Qt::LeftButton, {}, At(5 * (last - 1), line.ShotTimes(shot, last)));
+    };
+    drag(1, 3, 10);
+    EXPECT_NEAR(std::stod(Program.Speed.Velocity), 500, 1);
+    EXPECT_EQ(Program.Speed.FirstReceiver + Program.Speed.LastReceiver, "310");
+    const auto coloured = [this](int layer) {
+        int pixels = 0;
+        const QImage& image = Dromo->Canvas().Image();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                pixels += From_QColor(image.pixelColor(x, y)) == Layer_Colour(layer) ? 1 : 0;
+        }
+        return pixels;
+    };
+    EXPECT_GT(coloured(2), 100);
+    Screen->resize(900, 650);
+    QTest::qWait(50);
+    EXPECT_GT(coloured(2), 100) << "another size";
+    Display.Show_Curves();
+    EXPECT_GT(coloured(2), 100) << "a redraw";
+    form->findChild<QComboBox*>("Combo3")->setFocus();
+    QTest::keyClick(form->findChild<QComboBox*>("Combo3"), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_NEAR(Program.Work.Project.VelocityA(1, 2), 500, 1);
+    EXPECT_TRUE(File_Exists(Folder / "line.tv5"));
+    EXPECT_EQ(Program.Speed.Layer, "3");
+    EXPECT_EQ(Program.Speed.Velocity, "");
+    EXPECT_FALSE(form->findChild<QLabel*>("NotRecorded")->isVisible());
+    EXPECT_GT(coloured(2), 100) << "as long as the dialog is open";
+    Display.Close_Dialog(Dialog::SpeedF);
+    EXPECT_EQ(coloured(2), 0);
 }
 
 }  // namespace

@@ -37,18 +37,40 @@ TEST_F(Profile_pane, is_corrected_by_the_command_alone_and_painted_by_all_else) 
     const auto frame = [profile] { return profile->Canvas().Current_Frame(); };
     ASSERT_TRUE(profile->isVisible());
     EXPECT_EQ(frame().Right - frame().Left, 200);
+    const auto under_pointer = [&] {
+        const QPointF inside =
+            QPointF(100, 100) * profile->devicePixelRatioF() - profile->Canvas().Window().topLeft();
+        return QPointF(frame().To_World_X(inside.x()), frame().To_World_Y(inside.y()));
+    };
+    const QPointF held = under_pointer();
+    Turn_Wheel(profile, Qt::ShiftModifier);
+    EXPECT_NEAR(frame().Right - frame().Left, 160, 1e-9);
     Turn_Wheel(profile, Qt::ControlModifier);
-    EXPECT_EQ(frame().Right - frame().Left, 160);
-    Turn_Wheel(profile, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(frame().Top - frame().Bottom, 80);
+    EXPECT_NEAR(frame().Top - frame().Bottom, 80, 1e-9);
+    EXPECT_NEAR(under_pointer().x(), held.x(), 1e-6);
+    EXPECT_NEAR(under_pointer().y(), held.y(), 1e-6);
     auto* across = Find<QScrollBar>("ProfileAcross");
     EXPECT_TRUE(across->isVisible());
     const double left = frame().Left;
     across->setValue(across->value() + 25);
-    EXPECT_EQ(frame().Left, left + 20);
+    EXPECT_NEAR(frame().Left, left + 20, 0.5);
+    // The middle button drags the picture along, and no further than it reaches.
+    QTest::mousePress(profile, Qt::MiddleButton, {}, {300, 200});
+    const auto drag = [profile](QPointF place) {
+        QMouseEvent move(QEvent::MouseMove, place, profile->mapToGlobal(place), Qt::NoButton,
+                         Qt::MiddleButton, {});
+        QApplication::sendEvent(profile, &move);
+    };
+    const double dragged = frame().Left;
+    drag({310, 200});
+    EXPECT_LT(frame().Left, dragged);
+    drag({3000, -2000});
+    EXPECT_EQ(frame().Left, 0);
+    EXPECT_EQ(frame().Bottom, 0);
+    QTest::mouseRelease(profile, Qt::MiddleButton, {}, {310, 200});
     Screen->resize(900, 600);
     QTest::qWait(20);
-    EXPECT_EQ(frame().Right - frame().Left, 160) << "another size keeps the enlargement";
+    EXPECT_NEAR(frame().Right - frame().Left, 160, 1e-9) << "another size keeps the enlargement";
     EXPECT_EQ(Display.Save_Page(Page::Profile, Folder / "profile.png"), "");
     EXPECT_EQ(Project_Block(line), corrected);
     EXPECT_EQ(Program.Work.Edits.All().size(), 1U);
@@ -70,7 +92,10 @@ TEST_F(Profile_pane, takes_every_enlargement_back_beside_the_curves) {
     QApplication::processEvents();
     auto* profile = Find<PictureBox>("Dromo1");
     Turn_Wheel(profile, Qt::ControlModifier);
-    Turn_Wheel(profile, Qt::ControlModifier | Qt::ShiftModifier);
+    Turn_Wheel(profile, Qt::ShiftModifier);
+    Run_Command(Program, "WholePicture");
+    EXPECT_EQ(profile->Canvas().Current_Frame().Right, 200);
+    Turn_Wheel(profile, Qt::ShiftModifier);
     Run_Command(Program, "BI_M");
     QApplication::processEvents();
     const Frame frame = profile->Canvas().Current_Frame();

@@ -20,6 +20,11 @@ ConfirmForm::ConfirmForm(Session& session, QtDisplay&) : Program(session) {
     controls.VelocityUnit->setText(session.Work.Settings.Metric() ? "m/s" : "f/s");
     On_Enter(this, [&logic] { logic.Command1(); });
     On_Escape(this, [&logic] { logic.Command2(); });
+    // The form is gone with the save.
+    On_Ctrl_Enter(this, [&logic, &session] {
+        logic.Command1();
+        if (!session.Speed.SaveEnabled) session.Speed.Next_Layer();
+    });
 }
 
 void ConfirmForm::Opened() {

@@ -96,6 +96,23 @@ DepthForm::DepthForm(Session& session, QtDisplay&) : Program(session) {
         }
     });
     On_Escape(this, [this] { Close_Me(); });
+    On_Ctrl_Enter(this, [this] { Save_And_Go_On(); });
+    controls.Command4->setToolTip(controls.Command4->toolTip() +
+                                  tr("\nCtrl+Enter saves and goes to the next layer"));
+}
+
+/// Saves what stands, and the velocity of the layer below waits for the picture.
+void DepthForm::Save_And_Go_On() {
+    Fcalcul& logic = Program.Depths;
+    logic.Command4();
+    const auto entered = PictureFields.find(LastEntered);
+    const AwaitedField from =
+        entered != PictureFields.end() ? entered->second : AwaitedField{Family::Velocity, 0, Side::A};
+    const auto next = logic.Next_Layer(from);
+    if (!next) return;
+    for (const auto& [control, field] : PictureFields) {
+        if (field == *next) static_cast<QLineEdit*>(control)->setFocus();
+    }
 }
 
 QLineEdit* DepthForm::Control(const char* name) {

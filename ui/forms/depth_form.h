@@ -36,6 +36,7 @@ class DepthForm : public Form {
     void Closed() override;
 
   private:
+    void Save_And_Go_On();
     QLineEdit* Control(const char* name);
     void Bind_Shot(const Ui::DepthForm& controls);
     void Bind_Layers();

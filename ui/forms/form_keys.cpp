@@ -9,8 +9,8 @@ namespace tarnvik {
 
 namespace {
 
-void On_Key(QWidget* form, Qt::Key key, const std::function<void()>& run) {
-    auto* shortcut = new QShortcut(QKeySequence(key), form);
+void On_Key(QWidget* form, const QKeySequence& key, const std::function<void()>& run) {
+    auto* shortcut = new QShortcut(key, form);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     shortcut->setAutoRepeat(false);
     QObject::connect(shortcut, &QShortcut::activated, form, run);
@@ -33,6 +33,11 @@ void On_Enter(QWidget* form, std::function<void()> run) {
 
 void On_Escape(QWidget* form, std::function<void()> run) {
     On_Key(form, Qt::Key_Escape, run);
+}
+
+void On_Ctrl_Enter(QWidget* form, std::function<void()> run) {
+    On_Key(form, Qt::CTRL | Qt::Key_Return, run);
+    On_Key(form, Qt::CTRL | Qt::Key_Enter, run);
 }
 
 }  // namespace tarnvik

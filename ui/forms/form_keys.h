@@ -11,4 +11,7 @@ void On_Enter(QWidget* form, std::function<void()> run);
 /// Escape anywhere in a form.
 void On_Escape(QWidget* form, std::function<void()> run);
 
+/// Ctrl with Return or Enter, whatever has the focus in the form.
+void On_Ctrl_Enter(QWidget* form, std::function<void()> run);
+
 }  // namespace tarnvik

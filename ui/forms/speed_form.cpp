@@ -1,5 +1,6 @@
 #include "ui/forms/speed_form.h"
 
+#include "app/dialog_commands.h"
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
 #include "ui/qt_display.h"
@@ -54,6 +55,13 @@ SpeedForm::SpeedForm(Session& session, QtDisplay& display) : Program(session) {
     display.Register(Canvas::SpeedEnd, controls.Picture2);
     On_Enter(this, [&logic] { logic.Command5(); });
     On_Escape(this, [this] { Close_Me(); });
+    On_Ctrl_Enter(this, [this] {
+        Save_Velocity_And_Go_On(Program);
+        Called();
+    });
+    const QString save_tip = controls.Command1->toolTip();
+    controls.Command1->setToolTip((save_tip.isEmpty() ? tr("Record this velocity") : save_tip) +
+                                  tr("\nCtrl+Enter saves at once and goes to the next layer"));
 }
 
 void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
@@ -94,7 +102,7 @@ void SpeedForm::Bind_Layer(const Ui::SpeedForm& controls) {
     // The layer chosen once more counts as well: the same layer of the next shot can be saved.
     Fields.Finished_Text(controls.Combo1, logic.Layer, [&logic] { logic.Layer_Changed(); });
     Fields.Tick(controls.Check2, logic.ThroughShot, [&logic] { logic.ThroughShot_Clicked(); });
-    Fields.Tick(controls.Check3, logic.AllShots);
+    Fields.Tick(controls.Check3, logic.AllShots, [&logic] { logic.AllShots_Clicked(); });
 }
 
 void SpeedForm::Bind_Results(const Ui::SpeedForm& controls) {

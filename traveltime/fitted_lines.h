@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "traveltime/regression.h"
+
+namespace tarnvik {
+
+/// A line fitted for a layer of a shot belongs to the picture from now on, in the place of one of the same
+/// shot and layer on the same side, which is taken off. `shot_x` is where it goes on to when it starts at the
+/// shot. The direct method fits no line: then the former one goes and none comes.
+void Keep_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity& fitted, int shot, int layer,
+                      std::optional<double> shot_x);
+
+/// The dialog has closed, or the user wants the curves alone; nothing is redrawn.
+void Forget_Fitted_Lines(CurveView& view);
+
+/// Puts the lines over what stands on the screen.
+void Show_Fitted_Lines(Workspace& workspace, Ports& ports);
+
+/// All lines kept, two pixels wide, on a picture that has its scale.
+void Draw_Fitted_Lines(Picture& picture, const CurveView& view);
+
+}  // namespace tarnvik
