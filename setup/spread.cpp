@@ -82,8 +82,11 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
         project.ShotDepth(shot) = spread.ShotDepth;
     }
     for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+        const double even = spread.FirstDistance + (receiver - 1) * spread.Spacing;
         project.ReceiverData(ReceiverDistance, receiver) =
-            static_cast<float>(spread.FirstDistance + (receiver - 1) * spread.Spacing);
+            static_cast<float>(spread.ReceiverPlaces.empty() ? even : Element(spread.ReceiverPlaces, receiver));
+        project.ReceiverData(ReceiverElevation, receiver) =
+            static_cast<float>(Element(spread.ReceiverElevations, receiver));
     }
     workspace.Velocity = {};
     workspace.Fields.Text25 = CStr(project.TotalTime);
