@@ -165,6 +165,10 @@ void MainWindow::Select_Tab(Tab tab) {
     SSTab1->setCurrentIndex(static_cast<int>(tab));
 }
 
+Tab MainWindow::Tab_In_Sight() const {
+    return static_cast<Tab>(SSTab1->currentIndex());
+}
+
 void MainWindow::Place_Dock(QDockWidget* dock) {
     addDockWidget(Qt::RightDockWidgetArea, dock);
     Places.beginGroup("Tool windows/" + dock->objectName());

@@ -73,7 +73,7 @@ class UnseenDisplay : public SessionDisplay {
     void Bring_To_Front(Dialog) override {}
     bool Is_Open(Dialog) const override { return false; }
     bool Print_Page(Page) override { return false; }
-    std::string Save_Page(Page, const std::string&) override { return {}; }
+    std::string Save_Page(Page, const std::string&, const PictureFormat&) override { return {}; }
     void Choose_Printer() override {}
     void End_Program() override {}
 

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
-#include "core/text/number.h"
-#include "records/su_file.h"
 #include "records/su_loading.h"
 #include "support/su_builder.h"
 #include "support/test_ports.h"
@@ -20,6 +19,15 @@ SuCheck Check(const std::string& bytes) {
             return bytes.substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count));
         },
         static_cast<std::int64_t>(bytes.size()));
+}
+
+/// The same file as a machine of the other byte order writes it.
+std::string Big_Endian(std::string bytes) {
+    // Turning looks for ns in the other order, and turns it as well.
+    std::swap(bytes[114], bytes[115]);
+    bytes = Turned_Round(std::move(bytes));
+    std::swap(bytes[114], bytes[115]);
+    return bytes;
 }
 
 /// A SEG-Y file: text head, binary head with interval, samples and format, and a trace.
@@ -60,12 +68,14 @@ TEST(SuCheck, TellsWhatAFileIs) {
          }),
          Kind::Su, 1, "Assumed: no times"},
         {"cut", good.Bytes.substr(0, good.Bytes.size() - 300), Kind::Su, 1, "340 bytes are left over"},
-        {"cut by more", good.Bytes.substr(0, good.Bytes.size() - 400), Kind::Su, 1, "Assumed: 11 traces; the rest"},
+        {"cut by more", good.Bytes.substr(0, good.Bytes.size() - 400), Kind::Su, 1,
+         "Assumed: 11 traces; the rest"},
         {"cut and of two kinds", changed([](SuBuilder& b) {
              b.Put16(7, 114, 99).Put16(9, 116, 500);
              b.Bytes.pop_back();
          }),
-         Kind::Su, 2, "2 traces tell another ns or dt than the first trace (ns = 100, dt = 1000): trace 7: ns = 99"},
+         Kind::Su, 2,
+         "2 traces tell another ns or dt than the first trace (ns = 100, dt = 1000): trace 7: ns = 99"},
         {"text", "5 100 24\r\n" + std::string(400, '8') + "\n", Kind::Text, 1, "text file"},
         {"SEG-Y, EBCDIC", Seg_Y('\x40'), Kind::SegY, 1, "SEG-Y"},
         {"SEG-Y, ASCII", Seg_Y(' '), Kind::SegY, 1, "SEG-Y"},
@@ -89,17 +99,7 @@ TEST(SuCheck, KnowsTheByteOrderWhateverTheCountsAre) {
                 if (numbered) builder.Records(2);
                 builder.Sample(2, 3, 1.5F).Put32(3, 80, -123456).Put16(3, 70, -100).Put_Float(4, 184, 2.5F);
                 EXPECT_TRUE(Check(builder.Bytes).Good()) << samples << " " << interval;
-                const std::string other = Turned_Round([&] {
-                    // Turning needs ns in the other order; turned twice a file is itself.
-                    std::string bytes = builder.Bytes;
-                    std::swap(bytes[114], bytes[115]);
-                    return bytes;
-                }());
-                std::string big = other;
-                std::swap(big[114], big[115]);
-                std::swap(big[114], big[115]);
-                big[114] = static_cast<char>(samples >> 8);
-                big[115] = static_cast<char>(samples & 255);
+                const std::string big = Big_Endian(builder.Bytes);
                 EXPECT_EQ(Check(big).Is, SuCheck::Kind::BigEndian) << samples << " " << interval;
                 EXPECT_TRUE(Turned_Round(big) == builder.Bytes) << samples << " " << interval;
             }
@@ -137,12 +137,7 @@ TEST(SuCheck, LoadingTellsOnceAndNeverChangesTheFile) {
 
     // A big-endian file is opened by a copy.
     SuBuilder other(good);
-    std::swap(other.Bytes[114], other.Bytes[115]);
-    other.Bytes = Turned_Round(other.Bytes);
-    std::swap(other.Bytes[114], other.Bytes[115]);
-    std::swap(other.Bytes[114], other.Bytes[115]);
-    other.Bytes[114] = 0;
-    other.Bytes[115] = 100;
+    other.Bytes = Big_Endian(good.Bytes);
     const std::string other_file = other.Write(folder / "other.su");
     const std::string ask = Check(other.Bytes).Message(other_file);
     const auto load_other = [&](Answer answer, const std::string& copy) {

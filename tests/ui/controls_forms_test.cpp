@@ -428,6 +428,70 @@ TEST_F(FormControls, of_the_start_dialog_do_their_work) {
     Check_All(form, rows);
 }
 
+TEST_F(FormControls, of_the_picture_to_save_do_their_work) {
+    PictureExport& logic = Program.SavePicture;
+    const auto form = Form_Of_Dialog(Dialog::PictureExport);
+    const auto chosen = [&](int& field, int entry, std::function<bool()> done) {
+        return [&field, entry, done](QWidget* control) {
+            auto* list = qobject_cast<QComboBox*>(control);
+            list->setFocus();
+            list->setCurrentIndex(entry);
+            EXPECT_EQ(field, entry);
+            EXPECT_TRUE(done());
+        };
+    };
+    const auto typed = [&](std::string& field, const char* text) {
+        return [this, &field, &logic, text](QWidget* control) {
+            Type(control, text);
+            EXPECT_EQ(field, text);
+            EXPECT_EQ(Text(Display.Open_Form(Dialog::PictureExport)->findChild<QLabel*>("Outcome")),
+                      QString::fromStdString(logic.Outcome));
+        };
+    };
+    const auto save = [&] { return form()->findChild<QPushButton*>("Save")->isEnabled(); };
+    const std::vector<Row> rows = {
+        {"Size", chosen(logic.Size, 2, [&] { return logic.Width == "297" && logic.Millimetres; })},
+        {"Pixels",
+         [&](QWidget* control) {
+             EXPECT_TRUE(form()->findChild<QAbstractButton*>("Millimetres")->isChecked());
+             Click(control);
+             EXPECT_FALSE(logic.Millimetres);
+             EXPECT_EQ(logic.Width, "3508");
+         }},
+        {"Millimetres",
+         [&](QWidget* control) {
+             Click(control);
+             EXPECT_TRUE(logic.Millimetres);
+             EXPECT_EQ(logic.Width, "297");
+             logic.Size = 0;
+             logic.Size_Chosen();
+             EXPECT_TRUE(form()->findChild<QAbstractButton*>("Pixels")->isChecked());
+             EXPECT_EQ(logic.Width, "1200") << "shown, not converted";
+         }},
+        {"PictureWidth", typed(logic.Width, "800")},
+        {"PictureHeight", typed(logic.Height, "600")},
+        {"Dpi", typed(logic.Dpi, "72")},
+        {"TitleBlock", Ticked(logic.TitleBlock)},
+        {"Picture", chosen(logic.Choice, 1, [&] { return !save(); })},
+        {"Save",
+         [&](QWidget* control) {
+             logic.Choice = 0;
+             logic.TitleBlock = true;
+             logic.Picture_Chosen();
+             Prompts.Expect_File("Save picture", Folder / "curves.png");
+             Click(control);
+             EXPECT_FALSE(Display.Is_Open(Dialog::PictureExport));
+             EXPECT_EQ(QImage(QString::fromStdString(Folder / "curves.png")).size(), QSize(800, 600));
+         }},
+        {"Cancel", Clicked(Closes(Dialog::PictureExport))},
+    };
+    Check_All(form, rows);
+    Display.Select_Tab(Tab::Record);
+    QTimer::singleShot(0, qApp, [this] { Display.Close_Dialog(Dialog::PictureExport); });
+    Run_Command(Program, "Export_M");
+    EXPECT_EQ(logic.Chosen(), Page::Record) << "the picture in sight";
+}
+
 TEST_F(FormControls, of_a_new_profile_do_their_work) {
     rechinfo& logic = Program.NewProfile;
     const auto form = [&]() -> QWidget* {
@@ -506,6 +570,19 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
              QTest::keyClick(editor, Qt::Key_Return);
              EXPECT_EQ(logic.ShotTable.Text(2, 1), "31");
              EXPECT_TRUE(sketched.Done());
+         }},
+        {"FromHeaders",
+         [&](QWidget* control) {
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("GeophonesNote")), "typed");
+             Click(control);
+             EXPECT_EQ(logic.Geophones, "24");
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("FirstDistanceNote")), "default");
+             Click(control);
+             EXPECT_EQ(logic.Spacing, "5");
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("FirstDistanceNote")),
+                       "from the headers: gx, sx, scalco");
+             EXPECT_EQ(Text(form()->findChild<QLineEdit*>("Text2")), "2.5");
+             EXPECT_EQ(Text(form()->findChild<QLineEdit*>("Text6")), "120");
          }},
         {"Command2", Clicked(only_sketched)},
         {"Command3", Clicked({[&] {
