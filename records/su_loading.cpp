@@ -356,6 +356,10 @@ void Offer_SU_File(Workspace& workspace, Ports& ports) {
         Locate_SU_File(workspace, ports);
         return;
     }
+    // A file that is no SU file any more is told; the project is opened all the same.
+    const std::string path = Su_Path(workspace.Project);
+    const SuCheck check = Check_Su_File(path);
+    if (check.Refused()) ports.Ask.Say(check.Message(path), workspace.AppTitle, Icon::Warning);
     Take_Up_Records(workspace);
 }
 

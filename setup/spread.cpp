@@ -6,6 +6,7 @@
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/number.h"
+#include "records/su_check.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -101,6 +102,8 @@ std::string Build_New_Project(Workspace& workspace, const NewProjectRequest& req
     const auto recorded = Recorded_Spread(request.SuFile);
     if (!recorded) return request.SuFile + " cannot be opened";
     if (recorded->Traces < 1) return request.SuFile + " holds no trace";
+    const SuCheck check = Check_Su_File(request.SuFile);
+    if (check.Refused()) return check.Message(request.SuFile);
     if (recorded->Channels < 1 && !request.Receivers)
         return request.SuFile + " has no channel numbers: the number of receivers must be given";
     if (!(request.Spacing > 0)) return "The geophone spacing must be above 0";
