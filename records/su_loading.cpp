@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/files.h"
+#include "core/ports/held_redraws.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_choice.h"
@@ -323,8 +324,11 @@ bool Load_Chosen_SU_File(Workspace& workspace, Ports& ports, const std::string& 
             return false;
         }
     }
+    // Whoever is told of the edit takes the records up already; they are drawn once, with their stations.
+    const HeldRedraws held(ports.Show);
+    view.ChannelsPerRecord = 0;
     edit.End();
-    Scan_Channels(workspace, path);
+    if (view.ChannelsPerRecord == 0) Scan_Channels(workspace, path);
     // Headers that were kept do not tell what the user did.
     if (!trusted && numbering == Numbering::Keep) Set_Channels(view, channels);
     Ask_Stations(workspace, ports);
