@@ -78,12 +78,12 @@ std::string Page_Scale(const Session& session, Page page, const Frame& window, d
     const double x = meaning(window.Right - window.Left, window.Width, std::abs(across));
     const double y = meaning(window.Bottom - window.Top, window.Height, std::abs(upwards));
     const auto text = [](double value, const std::string& of) {
-        return "1 cm = " + Format(value, value < 10 ? "0.00" : value < 100 ? "0.0" : "0") + of;
+        return Format(value, value < 10 ? "0.00" : value < 100 ? "0.0" : "0") + of;
     };
     std::string scale;
-    if (x > 0) scale = text(x, length);
-    if (y > 0)
-        scale += (scale.empty() ? "" : " across, ") + text(y, unit) + (scale.empty() ? "" : " upwards");
+    if (x > 0) scale = text(x, length) + " horizontally";
+    if (y > 0) scale += (scale.empty() ? "" : ", ") + text(y, unit) + " vertically";
+    if (!scale.empty()) scale = "1 cm = " + scale;
     return scale;
 }
 

@@ -31,7 +31,7 @@ Page Page_On_Screen(const Session& session);
 bool Page_Can_Be_Drawn(const Session& session, Page page);
 
 /// The scale of a page's picture by its window in world units, as it stands on paper: what a centimetre means
-/// across and upwards ("1 cm = 5 m, 1 cm = 12 ms"). Empty where it cannot be told.
+/// across and upwards ("1 cm = 5.00 m horizontally, 12.0 ms vertically"). Empty where it cannot be told.
 std::string Page_Scale(const Session& session, Page page, const Frame& window, double pixels_a_millimetre);
 
 /// The title block of a page: name of the line and of what is drawn, date of today, scale.

@@ -185,8 +185,6 @@ void PictureExport::Save() {
     }
     const std::string ending = LCase(path.substr(path.rfind('.')));
     Remember(ending == ".svg" || ending == ".pdf" ? ending : ".png");
-    Program.Work.Fields.Status = "Picture saved: " + path;
-    Program.Outside.Show.Show_Fields();
     Program.Outside.Show.Close_Dialog(Dialog::PictureExport);
 }
 

@@ -15,12 +15,13 @@ std::string Words_That_Change(SuTraces& file, std::int32_t traces, std::span<con
             if (!stands) break;
             const std::int32_t becomes = numbered.Value(trace);
             if (*stands == becomes) continue;
-            if (changing++ == 0) first = "trace " + CStr(trace) + ": " + CStr(*stands) + " becomes " + CStr(becomes);
+            if (changing++ == 0)
+                first = "trace " + CStr(trace) + ": " + CStr(*stands) + " becomes " + CStr(becomes);
         }
         if (changing == 0) continue;
         const HeaderWord& word = Header_Word(numbered.Word);
-        text += std::string("\r\n") + word.Name + " (" + word.Label + ") of " + CStr(changing) + " of " +
-                CStr(traces) + " traces, " + first;
+        text += std::string("\r\n") + word.Name + " (" + word.Label + ")\r\n    on " + CStr(changing) +
+                " of " + CStr(traces) + " traces, " + first;
     }
     return text;
 }

@@ -34,7 +34,8 @@ std::uint32_t Number_At(const std::string& bytes, std::int64_t offset, int size,
 
 int Word_Of(const std::string& header, int word, Order order) {
     const HeaderWord& row = Header_Word(word);
-    if (row.Type == WordType::Int16) return static_cast<std::int16_t>(Number_At(header, row.Offset, 2, order));
+    if (row.Type == WordType::Int16)
+        return static_cast<std::int16_t>(Number_At(header, row.Offset, 2, order));
     return static_cast<std::int32_t>(Number_At(header, row.Offset, 4, order));
 }
 
@@ -154,14 +155,15 @@ SuCheck Check_Su(const BytesAt& bytes, std::int64_t length) {
                        "before the traces. Convert it to SU first (File, conversion).");
     }
     if (Is_Seg_2(head)) {
-        return Refusal(SuCheck::Kind::Seg2,
-                       "This is a SEG-2 file as a seismograph writes it. Convert it to SU first (File, SEG2 to "
-                       "SU conversion).");
+        return Refusal(
+            SuCheck::Kind::Seg2,
+            "This is a SEG-2 file as a seismograph writes it. Convert it to SU first (File, SEG2 to "
+            "SU conversion).");
     }
     if (Is_Text(head)) return Refusal(SuCheck::Kind::Text, "This is a text file, it holds no traces.");
     if (length < header_length) {
-        return Refusal(SuCheck::Kind::Unusable, "The file has " + Bytes_Text(length) +
-                                                    ", less than the header of one trace (240).");
+        return Refusal(SuCheck::Kind::Unusable,
+                       "The file has " + Bytes_Text(length) + ", less than the header of one trace (240).");
     }
     if (Fit(head, length, Order::Big) > Fit(head, length, Order::Little) &&
         Word_Of(head, words::ns, Order::Big) > 0) {
@@ -180,8 +182,9 @@ SuCheck Check_Su(const BytesAt& bytes, std::int64_t length) {
     }
     const std::int64_t trace = Trace_Length(samples);
     if (length < trace) {
-        return Refusal(SuCheck::Kind::Unusable, "The file has " + Bytes_Text(length) + ", one trace of ns = " +
-                                                    CStr(samples) + " samples would have " + CStr(static_cast<double>(trace)) + ".");
+        return Refusal(SuCheck::Kind::Unusable,
+                       "The file has " + Bytes_Text(length) + ", one trace of ns = " + CStr(samples) +
+                           " samples would have " + CStr(static_cast<double>(trace)) + ".");
     }
     SuCheck check;
     const auto traces =
@@ -190,8 +193,9 @@ SuCheck Check_Su(const BytesAt& bytes, std::int64_t length) {
         check.Wrong.push_back("The size of the file, " + Bytes_Text(length) +
                               ", is no multiple of a trace of ns = " + CStr(samples) + " samples (" +
                               Bytes_Text(trace) + "): " + Bytes_Text(length % trace) + " are left over.");
-        check.Assumed.push_back(CStr(static_cast<double>(traces)) + " traces" +
-                                (traces > length / trace ? ", the last one cut short." : "; the rest is not read."));
+        check.Assumed.push_back(
+            CStr(static_cast<double>(traces)) + " traces" +
+            (traces > length / trace ? ", the last one cut short." : "; the rest is not read."));
     }
     const int interval = Word_Of(head, words::dt, Order::Little);
     if (interval <= 0) {

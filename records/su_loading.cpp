@@ -135,8 +135,9 @@ std::string Turned_Copy(Workspace& workspace, Ports& ports, const std::string& p
 
 /// Records and channels of the untrusted headers of `path` as they would be numbered.
 std::array<NumberedWord, 2> Numbers_From_One(std::int16_t channels) {
-    return {NumberedWord{words::fldr, [channels](std::int32_t trace) { return (trace - 1) / channels + 1; }},
-            NumberedWord{words::tracf, [channels](std::int32_t trace) { return (trace - 1) % channels + 1; }}};
+    return {
+        NumberedWord{words::fldr, [channels](std::int32_t trace) { return (trace - 1) / channels + 1; }},
+        NumberedWord{words::tracf, [channels](std::int32_t trace) { return (trace - 1) % channels + 1; }}};
 }
 
 /// Counts, twin and first record of the project's file.

@@ -44,8 +44,8 @@ bool Load_SU_File(Workspace& workspace, Ports& ports);
 bool Load_Chosen_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
 
 /// Looks at the bytes of an SU file and tells in one message what is wrong and what is assumed. Answers the
-/// file to open: the path itself, a little-endian copy that the user had made of a big-endian file, or nothing
-/// when the file is refused or the user gave up. The file itself is never changed.
+/// file to open: the path itself, a little-endian copy that the user had made of a big-endian file, or
+/// nothing when the file is refused or the user gave up. The file itself is never changed.
 std::string Checked_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
 
 /// Load_SU_File on behalf of the project in memory, which keeps the name of its own file.

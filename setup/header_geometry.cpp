@@ -12,11 +12,11 @@ namespace tarnvik {
 
 namespace {
 
-constexpr double finest = 1000;         ///< places are told in thousandths of the length unit
+constexpr double finest = 1000;  ///< places are told in thousandths of the length unit
 constexpr double place_tolerance = 0.01;
 constexpr double offset_tolerance = 1;  ///< `offset` holds whole units, rounded or cut
 constexpr double crooked = 0.02;        ///< of the spread's length beside its axis
-constexpr std::int16_t lengths = 1;     ///< `counit` of coordinates that are lengths; 0 where it is not filled
+constexpr std::int16_t lengths = 1;  ///< `counit` of coordinates that are lengths; 0 where it is not filled
 
 struct Place {
     double X = 0;
@@ -141,8 +141,7 @@ double Shot_By_Offsets(std::span<const PlaceWords> traces, std::span<const doubl
 }
 
 std::string With_Scale(std::string words, const Records& records) {
-    const bool scaled =
-        records.Any([](const PlaceWords& t) { return t.scalco != 0 && t.scalco != 1; });
+    const bool scaled = records.Any([](const PlaceWords& t) { return t.scalco != 0 && t.scalco != 1; });
     return scaled ? words + ", scalco" : words;
 }
 
@@ -234,7 +233,8 @@ void Refer_To_End_Shots(HeaderGeometry& geometry) {
 
 void Take_Shots(const Records& records, const Axis& axis, bool with_y, HeaderGeometry& geometry) {
     const bool coordinates = geometry.SpacingWords != "offset";
-    const bool sources = coordinates && records.Any([](const PlaceWords& t) { return t.sx != 0 || t.sy != 0; });
+    const bool sources =
+        coordinates && records.Any([](const PlaceWords& t) { return t.sx != 0 || t.sy != 0; });
     const bool distances = records.Any([](const PlaceWords& t) { return t.offset != 0; });
     if (geometry.ReceiverPlaces.empty() || (!sources && !distances)) return;
     const auto offset = [](const PlaceWords& t) { return double(t.offset); };
@@ -255,8 +255,8 @@ void Take_Shots(const Records& records, const Axis& axis, bool with_y, HeaderGeo
     geometry.ShotWords = sources       ? With_Scale(with_y ? "sx, sy" : "sx", records)
                          : coordinates ? With_Scale("gx, offset", records)
                                        : "offset";
-    geometry.FirstDistanceWords = sources ? With_Scale(with_y ? "gx, gy, sx, sy" : "gx, sx", records)
-                                          : geometry.ShotWords;
+    geometry.FirstDistanceWords =
+        sources ? With_Scale(with_y ? "gx, gy, sx, sy" : "gx, sx", records) : geometry.ShotWords;
     Refer_To_End_Shots(geometry);
 }
 
@@ -379,11 +379,11 @@ HeaderGeometry Geometry_Of_Headers(std::span<const PlaceWords> traces, int chann
     const Records records(traces, channels);
     const Axis axis = Axis_Of(records);
     const PlaceWords& first = traces.front();
-    const bool angles =
-        records.Any([](const PlaceWords& t) { return t.counit != 0 && t.counit != lengths; });
+    const bool angles = records.Any([](const PlaceWords& t) { return t.counit != 0 && t.counit != lengths; });
     if (angles) geometry.Remarks.emplace_back("The coordinates are angles (counit); they are not used.");
-    const bool placed =
-        !angles && records.Any([&first](const PlaceWords& t) { return t.gx != first.gx || t.gy != first.gy; });
+    const bool placed = !angles && records.Any([&first](const PlaceWords& t) {
+        return t.gx != first.gx || t.gy != first.gy;
+    });
     const bool with_y = records.Any(
         [&first](const PlaceWords& t) { return t.gy != first.gy || (t.sy != 0 && t.sy != first.gy); });
     if (placed) {
@@ -399,8 +399,9 @@ HeaderGeometry Geometry_Of_Headers(std::span<const PlaceWords> traces, int chann
     double beside = 0;
     for (const PlaceWords& t : traces)
         beside = std::max(beside, placed ? axis.Beside(Receiver_X(t), Receiver_Y(t)) : 0);
-    const double length =
-        geometry.ReceiverPlaces.empty() ? 0 : geometry.ReceiverPlaces.back() - geometry.ReceiverPlaces.front();
+    const double length = geometry.ReceiverPlaces.empty()
+                              ? 0
+                              : geometry.ReceiverPlaces.back() - geometry.ReceiverPlaces.front();
     if (beside > crooked * length && beside > place_tolerance) {
         geometry.Remarks.emplace_back("The geophones stand up to " + CStr(Fine(beside)) +
                                       " beside a straight line; distances are along it.");

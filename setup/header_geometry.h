@@ -37,7 +37,7 @@ double Scaled(std::int32_t word, std::int16_t scale);
 /// the direction in which the channels count. What the headers do not tell is absent or empty. Each part
 /// names the words it comes from.
 struct HeaderGeometry {
-    std::optional<double> Spacing;       ///< the middle one of the steps from geophone to geophone
+    std::optional<double> Spacing;        ///< the middle one of the steps from geophone to geophone
     std::optional<double> FirstDistance;  ///< from end shot 1 to geophone 1
     std::optional<double> LineLength;     ///< between the end shots
     std::optional<double> ShotDepth;      ///< mean
@@ -51,7 +51,7 @@ struct HeaderGeometry {
     std::string SpacingWords;
     std::string FirstDistanceWords;
     std::string ShotWords;
-    std::string ElevationWords;          ///< of the shots
+    std::string ElevationWords;  ///< of the shots
     std::string ReceiverElevationWords;
     std::string DepthWords;
     std::vector<std::string> Remarks;  ///< what does not agree, a sentence each

@@ -44,8 +44,7 @@ void rechinfo::Fill_Shot_Table() {
     ShotTable.Set_Text(0, DistanceColumn, "Shot dist to End Shot");
     ShotTable.Set_Text(0, ElevationColumn, "Shot elevation");
     const bool of_headers = Shots_Are_Those_Of_Headers();
-    const auto places =
-        of_headers ? Headers.ShotPlaces : Even_Shot_Places(Val(LineLength), shots, Offsets);
+    const auto places = of_headers ? Headers.ShotPlaces : Even_Shot_Places(Val(LineLength), shots, Offsets);
     for (int shot = 1; shot <= shots; ++shot) {
         const auto at = static_cast<std::size_t>(shot) - 1;
         ShotTable.Set_Text(shot, 0, (SeveralSpreads ? "Station " : "Shot ") + CStr(shot));
@@ -118,9 +117,10 @@ void rechinfo::Affichage(Workspace& line) {
     Line = &line;
     Cancelled = false;
     SuTraces file(Su_Path(Line->Project));
-    const int channels = Line->Record.ChannelsPerRecord > 0
-                             ? int{Line->Record.ChannelsPerRecord}
-                             : int{Recorded_Spread(Su_Path(Line->Project)).value_or(RecordedSpread()).Channels};
+    const int channels =
+        Line->Record.ChannelsPerRecord > 0
+            ? int{Line->Record.ChannelsPerRecord}
+            : int{Recorded_Spread(Su_Path(Line->Project)).value_or(RecordedSpread()).Channels};
     Headers = Geometry_Of_Headers(Read_Place_Words(file), channels);
     Remarks.clear();
     for (const std::string& remark : Headers.Remarks)
@@ -279,9 +279,9 @@ void rechinfo::Ok() {
 void rechinfo::Another_Su() {
     if (!Load_SU_File(*Line, Outside)) return;
     // What was offered of the former file gives way, what was typed stays.
-    for (const auto& [field, offer] : {std::pair{&Spacing, &OfferedSpacing},
-                                       std::pair{&FirstDistance, &OfferedFirstDistance},
-                                       std::pair{&ShotDepth, &OfferedDepth}}) {
+    for (const auto& [field, offer] :
+         {std::pair{&Spacing, &OfferedSpacing}, std::pair{&FirstDistance, &OfferedFirstDistance},
+          std::pair{&ShotDepth, &OfferedDepth}}) {
         if (Stands_As_Offered(*field, *offer) && offer->Origin.starts_with(from_headers)) field->clear();
     }
     Shots.clear();

@@ -17,8 +17,8 @@ struct OfferedValue {
 };
 
 /// The dialog of a new profile's geometry: what is typed stands here as text and counts by its numeric value.
-/// The trace headers go before the defaults where they tell something and FromHeaders is set. Open it with Affichage; when it closes, Cancelled tells whether the user gave up, and Read_Spread what he
-/// entered.
+/// The trace headers go before the defaults where they tell something and FromHeaders is set. Open it with
+/// Affichage; when it closes, Cancelled tells whether the user gave up, and Read_Spread what he entered.
 class rechinfo {
   public:
     rechinfo(Workspace& workspace, Ports& ports) : Work(workspace), Line(&workspace), Outside(ports) {}

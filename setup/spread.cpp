@@ -84,8 +84,8 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
     }
     for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
         const double even = spread.FirstDistance + (receiver - 1) * spread.Spacing;
-        project.ReceiverData(ReceiverDistance, receiver) =
-            static_cast<float>(spread.ReceiverPlaces.empty() ? even : Element(spread.ReceiverPlaces, receiver));
+        project.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(
+            spread.ReceiverPlaces.empty() ? even : Element(spread.ReceiverPlaces, receiver));
         project.ReceiverData(ReceiverElevation, receiver) =
             static_cast<float>(Element(spread.ReceiverElevations, receiver));
     }

@@ -106,13 +106,14 @@ TEST_F(PictureExportDialog, tells_the_scale_of_each_page) {
     Program.Work.Record.SampleInterval = 500;
     const Frame record{2000, 0, 26000, 1000, 1200, 800};  // 12 traces, 1000 samples
     // 12 traces of 4 m on 1200 pixels at 4 a millimetre: 40 pixels a centimetre are 1.6 m; 500 ms on 800: 25.
-    EXPECT_EQ(Page_Scale(Program, Page::Record, record, 4), "1 cm = 1.60 m across, 1 cm = 25.0 ms upwards");
+    EXPECT_EQ(Page_Scale(Program, Page::Record, record, 4), "1 cm = 1.60 m horizontally, 25.0 ms vertically");
     Program.Work.Settings.Units = "feet";
     Program.Work.Curves.TimeFactor = 2;
     const double a_foot = (Position_Ecran(line, 24) - Position_Ecran(line, 1)) /
                           (line.ReceiverData(ReceiverDistance, 24) - line.ReceiverData(ReceiverDistance, 1));
     const Frame curves{0, 100, 20 * a_foot, 0, 100, 400};  // 20 feet, 200 ms
-    EXPECT_EQ(Page_Scale(Program, Page::Curves, curves, 1), "1 cm = 2.00 ft across, 1 cm = 5.00 ms upwards");
+    EXPECT_EQ(Page_Scale(Program, Page::Curves, curves, 1),
+              "1 cm = 2.00 ft horizontally, 5.00 ms vertically");
     const auto title = Page_Title(Program, Page::Record, record, 4);
     ASSERT_EQ(title.size(), 3U);
     EXPECT_EQ(title[0], "Line demo1, record 1");

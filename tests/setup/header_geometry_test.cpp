@@ -21,7 +21,9 @@ struct Line {
     /// The words as a recorder fills them.
     std::vector<PlaceWords> Words() const {
         const double factor = Scale < 0 ? -Scale : Scale > 0 ? 1.0 / Scale : 1;
-        const auto word = [&](double place) { return static_cast<std::int32_t>(std::lround(place * factor)); };
+        const auto word = [&](double place) {
+            return static_cast<std::int32_t>(std::lround(place * factor));
+        };
         std::vector<PlaceWords> words;
         for (std::size_t shot = 0; shot < Shots.size(); ++shot) {
             for (std::size_t receiver = 0; receiver < Receivers.size(); ++receiver) {
@@ -35,15 +37,14 @@ struct Line {
                     t.sx = word(Way * Shots[shot] * std::cos(Dip) + (Dip != 0 ? 400000 : 0));
                     t.sy = word(Shots[shot] * std::sin(Dip));
                 }
-                if (Offsets) t.offset = static_cast<std::int32_t>(std::lround(Receivers[receiver] - Shots[shot]));
+                if (Offsets)
+                    t.offset = static_cast<std::int32_t>(std::lround(Receivers[receiver] - Shots[shot]));
                 words.push_back(t);
             }
         }
         return words;
     }
-    HeaderGeometry Told() const {
-        return Geometry_Of_Headers(Words(), static_cast<int>(Receivers.size()));
-    }
+    HeaderGeometry Told() const { return Geometry_Of_Headers(Words(), static_cast<int>(Receivers.size())); }
 };
 
 Places Even(int count, double step) {

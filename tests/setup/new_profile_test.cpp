@@ -93,11 +93,12 @@ TEST_F(Records, BecomeAProject) {
     const auto unnumbered = Read_File(su_file);
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
-    prompts.Expect("The traces of " + su_file +
-                       " are numbered anew. These words of the headers change:\r\n"
-                       "ep (Energy source point number.) of 13 of 15 traces, trace 2: 1 becomes 2\r\n\r\n"
-                       "Keep leaves the headers as they are.",
-                   Answer::Yes);
+    prompts.Expect(
+        "The traces of " + su_file +
+            " are numbered anew. These words of the headers change:\r\n"
+            "ep (Energy source point number.)\r\n    on 13 of 15 traces, trace 2: 1 becomes 2\r\n\r\n"
+            "Keep leaves the headers as they are.",
+        Answer::Yes);
     dialog.Offsets = true;  // left over from another line
     dialog.ShotDepth = "9";
     display.OnOpen = [&] {
@@ -279,7 +280,9 @@ TEST_F(Records, OfferTheGeometryOfTheirHeaders) {
     const int shots[] = {-1600, -400, 800, 2000, 3200};
     for (int trace = 1; trace <= 25; ++trace) {
         const int channel = (trace - 1) % 5;
-        builder.Put16(trace, 70, -100).Put32(trace, 80, channel * 400).Put32(trace, 72, shots[(trace - 1) / 5]);
+        builder.Put16(trace, 70, -100)
+            .Put32(trace, 80, channel * 400)
+            .Put32(trace, 72, shots[(trace - 1) / 5]);
         builder.Put16(trace, 68, -10).Put32(trace, 40, 1000 + channel).Put32(trace, 44, 1005);
     }
     const std::string path = builder.Write(folder / "field.su");

@@ -30,14 +30,11 @@ NewProfileForm::NewProfileForm(Session& session, QtDisplay& display) : Logic(ses
     Fields.Text(controls.DistanceReadout, logic.DistanceReadout);
     Fields.Tick(controls.FromHeaders, logic.FromHeaders, [&logic] { logic.From_Headers_Changed(); });
     Fields.Enabled(controls.FromHeaders, [&logic] { return logic.Headers_Tell(); });
-    const std::pair<QLabel*, const std::string&> notes[] = {{controls.SpacingNote, logic.SpacingNote},
-                                                            {controls.FirstDistanceNote, logic.FirstDistanceNote},
-                                                            {controls.GeophonesNote, logic.GeophonesNote},
-                                                            {controls.ShotsNote, logic.ShotsNote},
-                                                            {controls.ShotDepthNote, logic.ShotDepthNote},
-                                                            {controls.LineLengthNote, logic.LineLengthNote},
-                                                            {controls.OffsetsNote, logic.OffsetsNote},
-                                                            {controls.ShotTableNote, logic.ShotTableNote}};
+    const std::pair<QLabel*, const std::string&> notes[] = {
+        {controls.SpacingNote, logic.SpacingNote},     {controls.FirstDistanceNote, logic.FirstDistanceNote},
+        {controls.GeophonesNote, logic.GeophonesNote}, {controls.ShotsNote, logic.ShotsNote},
+        {controls.ShotDepthNote, logic.ShotDepthNote}, {controls.LineLengthNote, logic.LineLengthNote},
+        {controls.OffsetsNote, logic.OffsetsNote},     {controls.ShotTableNote, logic.ShotTableNote}};
     for (const auto& [label, note] : notes) {
         // Beside what is typed, not to be taken for it.
         QFont small = label->font();
