@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStyle>
+#include <QTableView>
 #include <QTest>
 
 #include "app/commands.h"
