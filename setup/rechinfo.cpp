@@ -45,18 +45,19 @@ void rechinfo::Fill_Shot_Table() {
     ShotTable.Set_Text(0, ElevationColumn, "Shot elevation");
     const bool of_headers = Shots_Are_Those_Of_Headers();
     const auto places = of_headers ? Headers.ShotPlaces : Even_Shot_Places(Val(LineLength), shots, Offsets);
+    // A record has the elevation of its shot; of another number of shots nobody knows which is which.
+    const bool elevations =
+        shots > 0 && Headers_Count() && Headers.ShotElevations.size() == static_cast<std::size_t>(shots);
     for (int shot = 1; shot <= shots; ++shot) {
         const auto at = static_cast<std::size_t>(shot) - 1;
         ShotTable.Set_Text(shot, 0, (SeveralSpreads ? "Station " : "Shot ") + CStr(shot));
         ShotTable.Set_Text(shot, DistanceColumn, CStr(Filed_Place(places[at])));
-        const bool elevation = Headers_Count() && at < Headers.ShotElevations.size();
-        ShotTable.Set_Text(shot, ElevationColumn, CStr(elevation ? Headers.ShotElevations[at] : 0));
+        ShotTable.Set_Text(shot, ElevationColumn, CStr(elevations ? Headers.ShotElevations[at] : 0));
         ShotTable.At(shot, DistanceColumn).Align = TextGrid::Alignment::Right;
         ShotTable.At(shot, ElevationColumn).Align = TextGrid::Alignment::Right;
     }
     ShotTableNote = "Distances " + (of_headers ? from_headers + Headers.ShotWords : "evenly spread");
-    if (Headers_Count() && !Headers.ElevationWords.empty())
-        ShotTableNote += "; elevations " + (from_headers + Headers.ElevationWords);
+    if (elevations) ShotTableNote += "; elevations " + (from_headers + Headers.ElevationWords);
 }
 
 bool rechinfo::Stands_As_Offered(const std::string& field, const OfferedValue& offer) const {

@@ -530,7 +530,7 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
          }},
         {"FromHeaders",
          [&](QWidget* control) {
-             EXPECT_EQ(Text(form()->findChild<QLabel*>("GeophonesNote")), "typed");
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("SpacingNote")), "typed");
              Click(control);
              EXPECT_EQ(logic.Geophones, "24");
              EXPECT_EQ(Text(form()->findChild<QLabel*>("FirstDistanceNote")), "default");
