@@ -38,6 +38,10 @@ std::string Without_Picture(const Session& session) {
     return Page_Can_Be_Drawn(session, Page_On_Screen(session)) ? "" : "Nothing is drawn yet";
 }
 
+std::string Without_Any_Picture(const Session& session) {
+    return Page_Can_Be_Drawn(session, Page::Record) ? "" : Without_Picture(session);
+}
+
 void Quit_From_Menu(Session& session) {
     Quit(session, false);
 }
@@ -220,7 +224,7 @@ const std::array command_table = {
 
     // Printer
     Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
-    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Picture},
+    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
     Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
     Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
     Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation"},

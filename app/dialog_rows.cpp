@@ -11,6 +11,7 @@ namespace {
 constexpr std::array dialog_rows = {
     DialogRow{Dialog::frmSplash, "Tarnvik", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::rechinfo, "New profile", DialogPlace::Box, DisplayMode::None, false},
+    DialogRow{Dialog::PictureExport, "Save picture", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::AutoPik, "Automatic picking", DialogPlace::Dock, DisplayMode::None, false, Tab::Record},
     DialogRow{Dialog::confirm, "Record data", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::SpeedF, "Velocity calculation", DialogPlace::Dock, DisplayMode::Vitesse, true, Tab::Curves},

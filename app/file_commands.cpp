@@ -53,7 +53,7 @@ void Open_Dropped_File(Session& session, const std::string& path) {
         refusal = Refusal_Of(*Find_Command("Command18"), session);
         if (refusal.empty()) refusal = Path_Refusal(path);
         if (refusal.empty()) {
-            if (Load_SU_File(session.Work, session.Outside, path))
+            if (Load_Chosen_SU_File(session.Work, session.Outside, path))
                 session.Outside.Show.Select_Tab(Tab::Record);
             return;
         }

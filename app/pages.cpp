@@ -1,7 +1,13 @@
 #include "app/pages.h"
 
+#include <chrono>
+#include <cmath>
+
+#include "app/local_time.h"
 #include "app/session.h"
+#include "core/text/number.h"
 #include "output/profile_painting.h"
+#include "records/record_files.h"
 #include "records/su_loading.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curves.h"
@@ -32,6 +38,75 @@ bool Page_Can_Be_Drawn(const Session& session, Page page) {
             return session.Work.Record.RecordWidth > 0;
     }
     return false;
+}
+
+std::string Page_Scale(const Session& session, Page page, const Frame& window, double pixels_a_millimetre) {
+    const Project& project = session.Work.Project;
+    // World units of a length unit across, and of a millisecond or a length unit upwards.
+    double across = 0;
+    double upwards = 0;
+    const std::string length = session.Work.Settings.Metric() ? " m" : " ft";
+    std::string unit = " ms";
+    switch (page) {
+        case Page::Curves: {
+            const int last = project.NbReceivers;
+            if (last < 2) return {};
+            const double metres =
+                project.ReceiverData(ReceiverDistance, last) - project.ReceiverData(ReceiverDistance, 1);
+            if (metres != 0) across = (Position_Ecran(project, last) - Position_Ecran(project, 1)) / metres;
+            if (session.Work.Curves.TimeFactor != 0) upwards = 1 / session.Work.Curves.TimeFactor;
+            break;
+        }
+        case Page::Profile: {
+            const ProfilePlaces places = Places_Of_Profile(session.Work);
+            across = places.UnitsAcross;
+            upwards = places.VerticalScale * places.VerticalFactor;
+            unit = length;
+            break;
+        }
+        case Page::Record:
+            if (project.GeoSpace != 0) across = trace_width / project.GeoSpace;
+            if (session.Work.Record.SampleInterval > 0) upwards = 1000.0 / session.Work.Record.SampleInterval;
+            break;
+    }
+    constexpr double millimetres_a_centimetre = 10;
+    const double centimetre = millimetres_a_centimetre * pixels_a_millimetre;  // pixels
+    const auto meaning = [centimetre](double world, double pixels, double units) {
+        const double all = std::abs(world) * units;
+        return pixels > 0 && all > 0 ? centimetre * std::abs(world) / (pixels * units) : 0;
+    };
+    const double x = meaning(window.Right - window.Left, window.Width, std::abs(across));
+    const double y = meaning(window.Bottom - window.Top, window.Height, std::abs(upwards));
+    const auto text = [](double value, const std::string& of) {
+        return Format(value, value < 10 ? "0.00" : value < 100 ? "0.0" : "0") + of;
+    };
+    std::string scale;
+    if (x > 0) scale = text(x, length) + " horizontally";
+    if (y > 0) scale += (scale.empty() ? "" : ", ") + text(y, unit) + " vertically";
+    if (!scale.empty()) scale = "1 cm = " + scale;
+    return scale;
+}
+
+std::vector<std::string> Page_Title(const Session& session, Page page, const Frame& window,
+                                    double pixels_a_millimetre) {
+    const Project& project = session.Work.Project;
+    std::string name = "Line " + project.ProjectName;
+    switch (page) {
+        case Page::Curves:
+            name += ", travel times";
+            break;
+        case Page::Profile:
+            name += ", depths";
+            break;
+        case Page::Record:
+            name += ", record " + CStr(int{session.Work.Record.Record});
+            break;
+    }
+    std::vector<std::string> texts = {name};
+    const std::string scale = Page_Scale(session, page, window, pixels_a_millimetre);
+    if (!scale.empty()) texts.push_back(scale);
+    texts.push_back(Local_Time_Text(std::chrono::system_clock::now(), "%Y-%m-%d"));
+    return texts;
 }
 
 void Draw_Page(Session& session, Page page, const PagePictures& pictures) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
+#include "core/frame.h"
 #include "core/ports/display.h"
 #include "core/project.h"
 #include "records/record_display.h"
@@ -25,6 +29,14 @@ Page Page_On_Screen(const Session& session);
 
 /// True when the page has something to show.
 bool Page_Can_Be_Drawn(const Session& session, Page page);
+
+/// The scale of a page's picture by its window in world units, as it stands on paper: what a centimetre means
+/// across and upwards ("1 cm = 5.00 m horizontally, 12.0 ms vertically"). Empty where it cannot be told.
+std::string Page_Scale(const Session& session, Page page, const Frame& window, double pixels_a_millimetre);
+
+/// The title block of a page: name of the line and of what is drawn, date of today, scale.
+std::vector<std::string> Page_Title(const Session& session, Page page, const Frame& window,
+                                    double pixels_a_millimetre);
 
 /// Draws a page by the routine that also draws it on the screen: for the printer, PDF, SVG and PNG. Nothing
 /// of the project changes.

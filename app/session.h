@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/opening.h"
+#include "app/picture_export.h"
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "depth/fcalcul.h"
@@ -59,6 +60,8 @@ class Session {
     AutoPik AutomaticPicking;
     RecordPointer RecordMouse;
     SizeGridMouse TraceSizeMouse;
+
+    PictureExport SavePicture{*this};
 
     // Set-up of a line.
     rechinfo NewProfile;

@@ -18,7 +18,7 @@ namespace tarnvik {
 namespace {
 
 void Save_Page_As(Session& session, const std::string& path) {
-    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path);
+    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path, PictureFormat());
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
@@ -195,16 +195,7 @@ void Save_Screen_As_Bmp(Session& session) {
 }
 
 void Export_Picture(Session& session) {
-    std::string path = session.Outside.Ask.Save_File(
-        {"Save picture", "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|",
-         session.Work.Project.ProjectName + ".png", session.Work.Project.ProjectDir});
-    if (path.empty()) return;
-    if (Name_Of(path).find('.') == std::string::npos) {
-        // The dialog asked about another name.
-        path += ".png";
-        if (!May_Replace(session, path)) return;
-    }
-    Save_Page_As(session, path);
+    session.SavePicture.Open();
 }
 
 void Choose_Font(Session& session) {

@@ -22,6 +22,8 @@ struct DrawOptions {
     std::string What;
     std::string Mode = "Profil";
     std::string Size = "1600x900";
+    double Dpi = PictureFormat().Dpi;
+    bool TitleBlock = false;
     bool ZeroOnTop = false;
     double ZoomX = 1;
     double ZoomY = 1;
@@ -40,6 +42,8 @@ void Enlarge_Profile(ProfileView& view, double zoom_x, double zoom_y) {
 ExitStatus Draw(const CommonOptions& common, const DrawOptions& options, const std::string& folder) {
     BatchRun run(common, folder);
     if (!Parse_Size(options.Size, run.Display)) return WrongUsage;
+    run.Display.Format.Dpi = options.Dpi;
+    run.Display.Format.TitleBlock = options.TitleBlock;
     if (!run.Load() || !run.May_Write(common.Out)) return run.Finish(Refused);
     Workspace& work = run.Program.Work;
     work.Curves.ZeroOnTop = options.ZeroOnTop;
@@ -77,13 +81,13 @@ bool Parse_Size(const std::string& text, HeadlessDisplay& display) {
         std::cerr << "--size: WIDTHxHEIGHT in pixels from 64 to 20000, such as 1600x900\n";
         return false;
     }
-    display.Width = width;
-    display.Height = height;
+    display.Format.Width = width;
+    display.Format.Height = height;
     return true;
 }
 
 ExitStatus Write_Page(BatchRun& run, Page page, const std::string& path) {
-    const std::string reason = run.Display.Save_Page(page, path);
+    const std::string reason = run.Display.Save_Page(page, path, run.Display.Format);
     if (!reason.empty()) run.Refuse(path + " cannot be written: " + reason);
     return run.Finish(run.Status());
 }
@@ -98,6 +102,9 @@ void Add_Draw(CLI::App& app, Request& request) {
         ->required()
         ->check(Picture_Name());
     command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");
+    command->add_option("--dpi", options->Dpi, "pixels an inch: texts grow with it")
+        ->check(Number_Between(30, 1200));
+    command->add_flag("--title", options->TitleBlock, "name of the line, date and scale under the picture");
     const CLI::Validator factor = Number_Between(0.1, 96);
     command->add_option("--zoom-x", options->ZoomX, "distance factor")->check(factor);
     command->add_option("--zoom-y", options->ZoomY, "factor of time or elevation")->check(factor);

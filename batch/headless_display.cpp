@@ -6,15 +6,18 @@
 
 namespace tarnvik {
 
-std::string HeadlessDisplay::Save_Page(Page page, const std::string& path) {
+std::string HeadlessDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
     const PageLayout layout = page == Page::Curves    ? Curves_Layout()
                               : page == Page::Profile ? Profile_Layout()
                                                       : Record_Layout();
-    return Write_Picture_File(path, {Width, Height}, layout,
-                              QString::fromStdString(Owner->Work.Settings.FontName),
-                              [this, page](Picture& main, Picture& strip_x, Picture& strip_y) {
-                                  Draw_Page(*Owner, page, {main, strip_x, strip_y});
-                              });
+    return Write_Picture_File(
+        path, format, layout, QString::fromStdString(Owner->Work.Settings.FontName),
+        [this, page](Picture& main, Picture& strip_x, Picture& strip_y) {
+            Draw_Page(*Owner, page, {main, strip_x, strip_y});
+        },
+        [this, page](const Frame& window, double pixels_a_millimetre) {
+            return Page_Title(*Owner, page, window, pixels_a_millimetre);
+        });
 }
 
 }  // namespace tarnvik

@@ -20,13 +20,12 @@ class HeadlessDisplay : public SessionDisplay {
     void Bring_To_Front(Dialog) override {}
     bool Is_Open(Dialog) const override { return false; }
     bool Print_Page(Page) override { return false; }
-    std::string Save_Page(Page page, const std::string& path) override;
+    std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) override;
     void Choose_Printer() override {}
     void End_Program() override {}
 
-    /// Size of a picture file in pixels.
-    int Width = 1600;
-    int Height = 900;
+    /// Of the picture files of this run.
+    PictureFormat Format{.Width = 1600, .Height = 900};
 
   private:
     SilentPicture Nowhere;

@@ -18,7 +18,8 @@ using namespace tarnvik;
 class Agreeing : public Prompts {
   public:
     Answer Message(const std::string&, const std::string&, Icon, Buttons buttons) override {
-        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+        const bool yes = buttons == Buttons::YesNo || buttons == Buttons::RenumberKeepCancel;
+        return yes ? Answer::Yes : Answer::Ok;
     }
     std::string Input(const std::string&, const std::string&, const std::string& initial) override {
         return initial;

@@ -27,12 +27,23 @@ std::string Listed_Label(int word);
 /// Numbers of the words that the program itself works with.
 namespace words {
 inline constexpr int tracl = 1;  ///< geophone station
+inline constexpr int tracr = 2;
 inline constexpr int fldr = 3;   ///< field record number
 inline constexpr int tracf = 4;  ///< channel within the record, from 1
 inline constexpr int ep = 5;     ///< shot station
 inline constexpr int trid = 8;   ///< 1 live, 2 dead
 inline constexpr int offset = 12;
-inline constexpr int delrt = 36;  ///< ms between shot and start of the recording
+inline constexpr int gelev = 13;
+inline constexpr int selev = 14;
+inline constexpr int sdepth = 15;
+inline constexpr int scalel = 20;  ///< of elevations and depths: above 0 a factor, below 0 a divisor
+inline constexpr int scalco = 21;  ///< of coordinates, likewise
+inline constexpr int sx = 22;
+inline constexpr int sy = 23;
+inline constexpr int gx = 24;
+inline constexpr int gy = 25;
+inline constexpr int counit = 26;  ///< 1 length, others angles
+inline constexpr int delrt = 36;   ///< ms between shot and start of the recording
 inline constexpr int ns = 39;
 inline constexpr int dt = 40;            ///< microseconds
 inline constexpr int First_Breaks = 86;  ///< pick in tenths of a millisecond, 0 none

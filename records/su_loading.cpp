@@ -1,6 +1,7 @@
 #include "records/su_loading.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "core/files.h"
@@ -9,7 +10,9 @@
 #include "core/text/number.h"
 #include "records/record_choice.h"
 #include "records/record_files.h"
+#include "records/renumbering.h"
 #include "records/set_pick.h"
+#include "records/su_check.h"
 
 namespace tarnvik {
 
@@ -21,6 +24,15 @@ constexpr double long_recording = 0.5;  // seconds
 /// Takes a quotient into a 16-bit count; a division by zero or a result too large leaves it as it was.
 void Store_Quotient(std::int16_t& target, double dividend, double divisor) {
     if (divisor != 0) Store_If_It_Fits(target, dividend / divisor);
+}
+
+/// The channels of a record; the first record is shown.
+void Set_Channels(RecordView& view, std::int16_t channels) {
+    view.ChannelsPerRecord = channels;
+    Store_Quotient(view.NbRecords, view.NbTraces, channels);
+    view.Record = view.Shot = 1;
+    view.FirstTrace = view.WholeFirst = 1;
+    view.LastTrace = view.WholeLast = channels;
 }
 
 /// What the loading of another file changes, to put it back when the user gives up.
@@ -99,6 +111,35 @@ void Choose_Of_Two(Workspace& workspace, Ports& ports) {
     if (edits.All().empty() && !edits.Is_Open()) workspace.Edits.Start(project, edits.Is_Saved());
 }
 
+/// Where a little-endian copy of a big-endian file was written; empty when the user gave up.
+std::string Turned_Copy(Workspace& workspace, Ports& ports, const std::string& path, const SuCheck& check) {
+    if (!ports.Ask.Ask_Yes(check.Message(path) +
+                               "\r\nWrite a copy in the right byte order and open that one ? The file itself "
+                               "stays as it is.",
+                           workspace.AppTitle, Icon::Warning)) {
+        return {};
+    }
+    const std::string copy =
+        ports.Ask.Save_File({"Copy in the right byte order", "Seismic Unix (SU)|*.su|",
+                             Derived_File(Name_Of(path), ".su", "_le.su"), Folder_Of(path)});
+    if (copy.empty()) return {};
+    std::string reason = Path_Refusal(copy);
+    const auto bytes = Read_File(path);
+    if (reason.empty() && copy == path) reason = "it is the file to be copied";
+    if (reason.empty() && !bytes) reason = path + " cannot be read";
+    if (reason.empty()) reason = Replace_File(copy, Turned_Round(*bytes));
+    if (reason.empty()) return copy;
+    ports.Ask.Say(copy + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
+    return {};
+}
+
+/// Records and channels of the untrusted headers of `path` as they would be numbered.
+std::array<NumberedWord, 2> Numbers_From_One(std::int16_t channels) {
+    return {
+        NumberedWord{words::fldr, [channels](std::int32_t trace) { return (trace - 1) / channels + 1; }},
+        NumberedWord{words::tracf, [channels](std::int32_t trace) { return (trace - 1) % channels + 1; }}};
+}
+
 /// Counts, twin and first record of the project's file.
 void Take_Up_Records(Workspace& workspace) {
     const std::string path = Su_Path(workspace.Project);
@@ -141,11 +182,7 @@ bool Scan_Channels(Workspace& workspace, const std::string& path) {
     RecordView& view = workspace.Record;
     if (!Recherche_Nb_Trace(view, path)) return false;
     SuTraces file(path);
-    view.ChannelsPerRecord = Channels_Per_Record(file, view.NbTraces);
-    Store_Quotient(view.NbRecords, view.NbTraces, view.ChannelsPerRecord);
-    view.Record = view.Shot = 1;
-    view.FirstTrace = view.WholeFirst = 1;
-    view.LastTrace = view.WholeLast = view.ChannelsPerRecord;
+    Set_Channels(view, Channels_Per_Record(file, view.NbTraces));
     return true;
 }
 
@@ -222,12 +259,30 @@ std::string Path_Refusal(const std::string& path) {
     return {};
 }
 
-bool Load_SU_File(Workspace& workspace, Ports& ports) {
-    const std::string path = Choose_SU_File(workspace, ports);
-    return !path.empty() && Load_SU_File(workspace, ports, path);
+std::string Checked_SU_File(Workspace& workspace, Ports& ports, const std::string& path) {
+    const SuCheck check = Check_Su_File(path);
+    if (check.Good()) return path;
+    if (check.Is == SuCheck::Kind::BigEndian) {
+        const std::string copy = Turned_Copy(workspace, ports, path, check);
+        return copy.empty() ? copy : Checked_SU_File(workspace, ports, copy);
+    }
+    if (check.Refused()) {
+        ports.Ask.Say(check.Message(path), workspace.AppTitle, Icon::Critical);
+        return {};
+    }
+    const Answer answer =
+        ports.Ask.Message(check.Message(path), workspace.AppTitle, Icon::Warning, Buttons::OpenCancel);
+    return answer == Answer::Ok ? path : std::string();
 }
 
-bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path) {
+bool Load_SU_File(Workspace& workspace, Ports& ports) {
+    const std::string path = Choose_SU_File(workspace, ports);
+    return !path.empty() && Load_Chosen_SU_File(workspace, ports, path);
+}
+
+bool Load_Chosen_SU_File(Workspace& workspace, Ports& ports, const std::string& chosen) {
+    const std::string path = Checked_SU_File(workspace, ports, chosen);
+    if (path.empty()) return false;
     const Former former(workspace);
     RecordView& view = workspace.Record;
     Start_With_SU_File(workspace, path);
@@ -250,10 +305,18 @@ bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path) {
         former.Put_Back(workspace);
         return false;
     }
+    const std::int16_t channels = view.ChannelsPerRecord;
+    const Numbering numbering =
+        trusted ? Numbering::Keep
+                : Ask_For_Numbering(workspace, ports, path, view.NbTraces, Numbers_From_One(channels));
+    if (numbering == Numbering::GiveUp) {
+        former.Put_Back(workspace);
+        return false;
+    }
     EditScope edit(workspace, "Load " + Name_Of(path));
     workspace.Project.SuFile = path;
     workspace.Project.CurrentFile = Project_File_Of(path);
-    if (!trusted) {
+    if (numbering == Numbering::Renumber) {
         const std::string reason = Renumber_Traces(workspace, view.NbTraces, view.ChannelsPerRecord);
         if (!reason.empty()) {
             edit.Give_Up();
@@ -267,6 +330,8 @@ bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path) {
     view.ChannelsPerRecord = 0;
     edit.End();
     if (view.ChannelsPerRecord == 0) Scan_Channels(workspace, path);
+    // Headers that were kept do not tell what the user did.
+    if (!trusted && numbering == Numbering::Keep) Set_Channels(view, channels);
     Ask_Stations(workspace, ports);
     ports.Show.Show_Fields();
     ports.Show.Display_Record();
@@ -296,6 +361,10 @@ void Offer_SU_File(Workspace& workspace, Ports& ports) {
         Locate_SU_File(workspace, ports);
         return;
     }
+    // A file that is no SU file any more is told; the project is opened all the same.
+    const std::string path = Su_Path(workspace.Project);
+    const SuCheck check = Check_Su_File(path);
+    if (check.Refused()) ports.Ask.Say(check.Message(path), workspace.AppTitle, Icon::Warning);
     Take_Up_Records(workspace);
 }
 

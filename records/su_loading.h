@@ -39,10 +39,16 @@ std::string Path_Refusal(const std::string& path);
 /// Lets the user choose an SU file and loads it, with all its questions; shows its first record. False when
 /// it was given up: then everything is as it was.
 bool Load_SU_File(Workspace& workspace, Ports& ports);
-/// The same with a file that he has named already.
-bool Load_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
 
-/// The same on behalf of the project in memory, which keeps the name of its own file.
+/// The same for a file that is chosen already; `path` has not been looked at yet.
+bool Load_Chosen_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
+
+/// Looks at the bytes of an SU file and tells in one message what is wrong and what is assumed. Answers the
+/// file to open: the path itself, a little-endian copy that the user had made of a big-endian file, or
+/// nothing when the file is refused or the user gave up. The file itself is never changed.
+std::string Checked_SU_File(Workspace& workspace, Ports& ports, const std::string& path);
+
+/// Load_SU_File on behalf of the project in memory, which keeps the name of its own file.
 bool Load_SU_File_Of_Project(Workspace& workspace, Ports& ports);
 
 /// True when the project's SU file is there. When it is missing the user may look for it: then Load_SU_File

@@ -8,6 +8,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/renumbering.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -20,12 +21,36 @@ namespace {
 constexpr const char* number_traces = "Number the traces";
 constexpr const char* converter = "C:\\tarnvik\\SEG2SU.EXE";
 
+/// The number that a trace gets as its `ep`: from 1 to `channels` and from 1 again.
+std::int32_t Counter_Of(std::int32_t trace, std::int32_t channels) {
+    return channels > 0 ? (trace - 1) % channels + 1 : 1;
+}
+
+/// Which words Number_Traces would change, and whether it may.
+Numbering Ask_About_Numbers(Workspace& workspace, Ports& ports) {
+    const std::string path = Su_Path(workspace.Project);
+    SuTraces file(path);
+    const std::int32_t channels = workspace.Record.ChannelsPerRecord;
+    const NumberedWord numbering[] = {
+        {words::tracl,
+         [&file](std::int32_t trace) {
+             return static_cast<std::int32_t>(file.Word_Or_Zero(trace, words::tracf));
+         }},
+        {words::ep, [channels](std::int32_t trace) { return Counter_Of(trace, channels); }}};
+    return Ask_For_Numbering(workspace, ports, path, file.Nb_Traces().value_or(0), numbering);
+}
+
 /// Numbers the records just chosen and names their project file. False when the user gave up.
 bool Take_Up_Records(Workspace& workspace, Ports& ports) {
     Project& project = workspace.Project;
-    const std::string reason = Number_Traces(workspace, workspace.Record.ChannelsPerRecord);
-    if (!reason.empty()) {
-        ports.Ask.Say(project.SuFile + " cannot be written: " + reason, workspace.AppTitle, Icon::Warning);
+    const Numbering numbering = Ask_About_Numbers(workspace, ports);
+    if (numbering == Numbering::GiveUp) return false;
+    if (numbering == Numbering::Renumber) {
+        const std::string reason = Number_Traces(workspace, workspace.Record.ChannelsPerRecord);
+        if (!reason.empty()) {
+            ports.Ask.Say(project.SuFile + " cannot be written: " + reason, workspace.AppTitle,
+                          Icon::Warning);
+        }
     }
     project.CurrentFile.clear();
     Split_Project_Path(project, project.CurrentFile);
@@ -120,14 +145,12 @@ std::string Number_Traces(Workspace& workspace, std::int32_t channels) {
     RecordFiles files(workspace);
     if (!files.Is_Open()) return files.Traces().Reason();
     const int traces = files.Last_Trace();
-    std::int32_t counter = 1;
     for (int trace = 1; trace <= traces; ++trace) {
         const auto channel = files.Traces().Word(trace, words::tracf);
         if (!channel) break;  // a fragment that only counts as a trace
-        files.Set_Word(trace, words::ep, counter);
+        files.Set_Word(trace, words::ep, Counter_Of(trace, channels));
         files.Set_Word(trace, words::tracl, *channel);
         if (files.Failed()) return files.First_Fault();
-        if (++counter > channels) counter = 1;
     }
     return {};
 }

@@ -5,13 +5,20 @@
 #include "core/ports/ports.h"
 #include "core/text_grid.h"
 #include "core/workspace.h"
+#include "setup/header_geometry.h"
 #include "setup/spread.h"
 
 namespace tarnvik {
 
+/// A value that the dialog of a new profile offers: its text, and where it comes from.
+struct OfferedValue {
+    std::string Text;
+    std::string Origin;  ///< "from the headers: gx, scalco", or "default"
+};
+
 /// The dialog of a new profile's geometry: what is typed stands here as text and counts by its numeric value.
-/// Open it with Affichage; when it closes, Cancelled tells whether the user gave up, and Read_Spread what he
-/// entered.
+/// The trace headers go before the defaults where they tell something and FromHeaders is set. Open it with
+/// Affichage; when it closes, Cancelled tells whether the user gave up, and Read_Spread what he entered.
 class rechinfo {
   public:
     rechinfo(Workspace& workspace, Ports& ports) : Work(workspace), Line(&workspace), Outside(ports) {}
@@ -27,6 +34,17 @@ class rechinfo {
     std::string FirstDistanceCaption;  ///< follows Offsets
     std::string DistanceReadout;       ///< under the pointer on the sketch
     TextGrid ShotTable;                ///< one row a shot: name, distance to end shot, elevation
+    bool FromHeaders = true;           ///< the geometry that the headers tell is offered
+    // Where each of the values comes from.
+    std::string SpacingNote;
+    std::string FirstDistanceNote;
+    std::string GeophonesNote;
+    std::string ShotsNote;
+    std::string ShotDepthNote;
+    std::string LineLengthNote;
+    std::string OffsetsNote;
+    std::string ShotTableNote;
+    std::string Remarks;  ///< what does not agree in the headers, a line each
     enum class Field { Spacing, FirstDistance };
     Field Focus = Field::Spacing;  ///< takes the focus when the dialog opens
     bool Cancelled = false;
@@ -41,6 +59,12 @@ class rechinfo {
     /// Offsets, Spacing, Geophones, Shots or LineLength changed: spreads the shots anew. The line length
     /// follows spacing and geophones until the user types one of his own.
     void Offset_or_Not();
+    /// FirstDistance or ShotDepth changed.
+    void Distance_Or_Depth_Changed();
+    /// FromHeaders changed: all values are those of the headers, or the defaults.
+    void From_Headers_Changed();
+    /// The headers tell something of the geometry.
+    bool Headers_Tell() const { return !Headers.Empty(); }
     /// SeveralSpreads changed: a line of several spreads asks for the number of its shot stations.
     void Multi_Spread_Changed();
     /// Draws the spread on Profile2 from the fields and the table.
@@ -62,10 +86,23 @@ class rechinfo {
     int Shots_For_Table() const;
     void Fill_Shot_Table();
     void Ask_Stations();
+    void Make_Offers();
+    void Take_Offers();
+    void Write_Notes();
+    bool Headers_Count() const { return FromHeaders && Headers_Tell(); }
+    bool Stands_As_Offered(const std::string& field, const OfferedValue& offer) const;
+    bool Spread_Is_That_Of_Headers() const;
+    bool Shots_Are_Those_Of_Headers() const;
 
     Workspace& Work;
     Workspace* Line;  ///< the line being set up
     Ports& Outside;
+    HeaderGeometry Headers;  ///< of the line's file
+    OfferedValue OfferedSpacing;
+    OfferedValue OfferedFirstDistance;
+    OfferedValue OfferedGeophones;
+    OfferedValue OfferedShots;
+    OfferedValue OfferedDepth;
     std::string DerivedLength;  ///< line length last put into LineLength by the dialog itself
 };
 

@@ -6,6 +6,7 @@
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/text/number.h"
+#include "records/su_check.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -82,8 +83,11 @@ std::string Set_Up_Project(Workspace& workspace, const Spread& spread) {
         project.ShotDepth(shot) = spread.ShotDepth;
     }
     for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
-        project.ReceiverData(ReceiverDistance, receiver) =
-            static_cast<float>(spread.FirstDistance + (receiver - 1) * spread.Spacing);
+        const double even = spread.FirstDistance + (receiver - 1) * spread.Spacing;
+        project.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(
+            spread.ReceiverPlaces.empty() ? even : Element(spread.ReceiverPlaces, receiver));
+        project.ReceiverData(ReceiverElevation, receiver) =
+            static_cast<float>(Element(spread.ReceiverElevations, receiver));
     }
     workspace.Velocity = {};
     workspace.Fields.Text25 = CStr(project.TotalTime);
@@ -98,6 +102,8 @@ std::string Build_New_Project(Workspace& workspace, const NewProjectRequest& req
     const auto recorded = Recorded_Spread(request.SuFile);
     if (!recorded) return request.SuFile + " cannot be opened";
     if (recorded->Traces < 1) return request.SuFile + " holds no trace";
+    const SuCheck check = Check_Su_File(request.SuFile);
+    if (check.Refused()) return check.Message(request.SuFile);
     if (recorded->Channels < 1 && !request.Receivers)
         return request.SuFile + " has no channel numbers: the number of receivers must be given";
     if (!(request.Spacing > 0)) return "The geophone spacing must be above 0";

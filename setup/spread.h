@@ -37,6 +37,9 @@ struct Spread {
     double NbReceivers = 0;
     std::vector<double> ShotPlaces;      ///< missing ones are 0
     std::vector<double> ShotElevations;  ///< likewise
+    /// From end shot 1; empty for even steps of Spacing from FirstDistance on.
+    std::vector<double> ReceiverPlaces;
+    std::vector<double> ReceiverElevations;  ///< missing ones are 0
 };
 
 /// Why a line of these counts cannot be set up, in words for the user; empty when it can.

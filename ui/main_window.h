@@ -36,6 +36,7 @@ class MainWindow : public QMainWindow {
     /// One cell of Buildgrid.
     void Refresh_Cell(int row, int column);
     void Select_Tab(Tab tab);
+    Tab Tab_In_Sight() const;
 
     /// Puts a tool window where it stood last, at first at the right side.
     /// In sight with its tab alone where it has one.

@@ -19,8 +19,6 @@ namespace tarnvik {
 
 namespace {
 
-constexpr QSize page_size(1200, 750);  // of a saved picture, pixels at 96 an inch
-
 PageLayout Layout_Of(Page page) {
     switch (page) {
         case Page::Profile:
@@ -108,6 +106,11 @@ void QtDisplay::Refresh_Cell(int row, int column) {
 
 void QtDisplay::Select_Tab(Tab tab) {
     if (Window != nullptr) Window->Select_Tab(tab);
+}
+
+std::optional<Tab> QtDisplay::Tab_In_Sight() const {
+    if (Window == nullptr) return std::nullopt;
+    return Window->Tab_In_Sight();
 }
 
 void QtDisplay::Forget(Dialog dialog) {
@@ -239,10 +242,13 @@ bool QtDisplay::Print_Page(Page page) {
     return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
 }
 
-std::string QtDisplay::Save_Page(Page page, const std::string& path) {
+std::string QtDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
-    return Write_Picture_File(path, page_size, Layout_Of(page),
-                              QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page));
+    return Write_Picture_File(path, format, Layout_Of(page),
+                              QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
+                              [this, page](const Frame& window, double pixels_a_millimetre) {
+                                  return Page_Title(*Owner, page, window, pixels_a_millimetre);
+                              });
 }
 
 void QtDisplay::Choose_Printer() {

@@ -30,12 +30,13 @@ class QtDisplay : public SessionDisplay {
     Picture& Canvas_Of(Canvas canvas) override;
     void Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) override;
     void Select_Tab(Tab tab) override;
+    std::optional<Tab> Tab_In_Sight() const override;
     void Open_Dialog(Dialog dialog, bool modal) override;
     void Close_Dialog(Dialog dialog) override;
     void Bring_To_Front(Dialog dialog) override;
     bool Is_Open(Dialog dialog) const override;
     bool Print_Page(Page page) override;
-    std::string Save_Page(Page page, const std::string& path) override;
+    std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) override;
     void Choose_Printer() override;
     void End_Program() override;
 

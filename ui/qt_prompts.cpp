@@ -96,6 +96,12 @@ Answer QtPrompts::Message(const std::string& text, const std::string& title, Ico
             box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
             box.setDefaultButton(QMessageBox::Save);
             break;
+        case Buttons::RenumberKeepCancel:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            box.button(QMessageBox::Yes)->setText(QObject::tr("&Renumber"));
+            box.button(QMessageBox::No)->setText(QObject::tr("&Keep"));
+            box.setDefaultButton(QMessageBox::Yes);
+            break;
         case Buttons::OpenCancel:
             box.setStandardButtons(QMessageBox::Open | QMessageBox::Cancel);
             box.button(QMessageBox::Open)->setText(QObject::tr("Open anyway"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,10 +39,19 @@ enum class Dialog {
     AutoPik,
     History,  ///< list of the edits, to walk along
     Keys,     ///< list of keys and gestures
+    PictureExport,
 };
 
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
 enum class Page { Curves, Profile, Record };
+
+/// How a picture file is made. Drawings (.svg, .pdf) have the size that the pixels have at the resolution.
+struct PictureFormat {
+    int Width = 1200;  ///< pixels
+    int Height = 750;
+    double Dpi = 96;          ///< pixels an inch: texts and lines keep their size on paper
+    bool TitleBlock = false;  ///< name of the line, date and scale under the picture
+};
 
 /// The tabs of the main form (SSTab1).
 enum class Tab { Record = 0, Tables = 1, Curves = 2 };
@@ -72,6 +82,8 @@ class Display {
     virtual void Release_Redraws() = 0;
 
     virtual void Select_Tab(Tab tab) = 0;
+    /// The tab in sight; nothing without a window.
+    virtual std::optional<Tab> Tab_In_Sight() const { return std::nullopt; }
     /// Opens a dialog; a modal one returns when it is closed.
     virtual void Open_Dialog(Dialog dialog, bool modal) = 0;
     virtual void Close_Dialog(Dialog dialog) = 0;
@@ -83,7 +95,7 @@ class Display {
     virtual bool Print_Page(Page page) = 0;
     /// Writes a page to a file whose ending tells the kind (.png, .bmp, .svg, .pdf). Answers the reason of a
     /// failure, empty when it went well.
-    virtual std::string Save_Page(Page page, const std::string& path) = 0;
+    virtual std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) = 0;
     virtual void Choose_Printer() = 0;
     /// Closes all windows and ends the program's event loop; no question is asked any more.
     virtual void End_Program() = 0;

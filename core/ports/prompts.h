@@ -8,9 +8,9 @@
 namespace tarnvik {
 
 enum class Icon { None, Critical, Question, Warning, Information };
-/// SaveDiscardCancel answers Yes, No or Cancel; OpenCancel ("Open anyway") answers Ok or Cancel. A box that
-/// is closed answers Cancel where it has it, otherwise No or Ok.
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, SaveDiscardCancel, OpenCancel };
+/// SaveDiscardCancel and RenumberKeepCancel answer Yes, No or Cancel; OpenCancel ("Open anyway") answers Ok
+/// or Cancel. A box that is closed answers Cancel where it has it, otherwise No or Ok.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, SaveDiscardCancel, OpenCancel, RenumberKeepCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 
 /// A file dialog. Filters stand as in "Seismic Unix (SU)|*.SU|All files|*.*|".

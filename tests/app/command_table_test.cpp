@@ -180,8 +180,7 @@ const std::vector<Row>& Rows() {
         {"MultiScreen", nothing, [](W& w) { return w.Program.Work.Settings.MultiScreen; }},
 
         {"winprint", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
-        {"Export_M", [](W& w) { w.Prompts.Expect_File("Save picture", w.Folder / "picture"); },
-         [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "picture.png"}; }},
+        {"Export_M", nothing, [](W& w) { return w.Shows(Dialog::PictureExport); }},
         {"Print_rec", nothing, Starts("suprint2.exe|")},
         {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
 

@@ -56,6 +56,7 @@ TEST_F(Commands, a_new_profile_shows_its_records) {
     const std::string records = SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
     World.Prompts.Expect("Did you already convert your field data to SU format", Answer::Yes);
     World.Prompts.Expect_File("Load ", records);
+    World.Prompts.Expect_Start("The traces of ", Answer::Yes);
     Run_Command(Program, "prop");
     EXPECT_EQ(Program.Work.Project.NbShots, 2);
     const auto& calls = World.Display.Calls;

@@ -29,8 +29,10 @@ class LiveDisplay : public SessionDisplay {
     void Bring_To_Front(Dialog) override {}
     bool Is_Open(Dialog dialog) const override { return Open.contains(dialog); }
     bool Print_Page(Page) override { return true; }
-    std::string Save_Page(Page, const std::string& path) override {
+    std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) override {
         SavedPages.push_back(path);
+        LastPage = page;
+        LastFormat = format;
         return {};
     }
     void Choose_Printer() override { ++PrinterChosen; }
@@ -42,6 +44,8 @@ class LiveDisplay : public SessionDisplay {
         return found == Done.end() ? 0 : found->second;
     }
 
+    Page LastPage = Page::Curves;
+    PictureFormat LastFormat;
     std::map<Canvas, RecordingPicture> Pictures;
     std::map<std::string, int> Done;  ///< what was drawn or refreshed, and how often
     std::set<std::pair<int, int>> Cells;

@@ -48,6 +48,7 @@ TEST_F(Options, what_has_no_effect_is_wrong_usage_told_by_the_option) {
         {curves + " --size 800x600x", "--size"},
         {curves + " --size 800x63", "--size"},
         {curves + " --size 20001x600", "--size"},
+        {curves + " --dpi 20", "--dpi"},
         {"draw " + line + " curves --out " + (Folder / "x.tv5"), "does not end in"},
         {"draw " + line + " curves --out png", "does not end in"},
         {record + " --gain inf", "--gain"},
@@ -108,9 +109,11 @@ TEST_F(Options, each_option_of_a_drawing_changes_the_picture) {
     const std::string records = Demo("demo1.su");
     const std::string out = Folder / "picture.png";
     const std::pair<std::string, std::vector<std::string>> pictures[] = {
-        {"draw " + line + " curves", {"", "--zero-on-top", "--zoom-x 2", "--zoom-y 2"}},
+        {"draw " + line + " curves",
+         {"", "--zero-on-top", "--zoom-x 2", "--zoom-y 2", "--title", "--title --dpi 150"}},
         {"draw " + line + " profile",
-         {"", "--mode Profil2", "--zoom-x 2", "--zoom-y 2", "--max-elevation 129", "--min-elevation 5"}},
+         {"", "--mode Profil2", "--zoom-x 2", "--zoom-y 2", "--max-elevation 129", "--min-elevation 5",
+          "--title"}},
         {"record " + records,
          {"--record 1", "--record 2", "--record 2 --style wiggle", "--record 2 --style color",
           "--record 2 --gain 20", "--record 2 --gain 20 --clip", "--record 2 --equalize",

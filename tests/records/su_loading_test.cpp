@@ -19,6 +19,7 @@ class SuLoading : public testing::Test {
     std::string Write(const SuBuilder& builder, const std::string& name = "line.su") {
         return builder.Write(Folder / name);
     }
+    std::optional<Answer> Numbering;  ///< answer to the question whether headers are numbered
     /// `typed` answers the questions for records and channels.
     bool Load(const std::string& path, const std::vector<std::string>& typed = {}) {
         Outside.Prompts.Expect_File("Load ", path);
@@ -26,6 +27,7 @@ class SuLoading : public testing::Test {
                                    "Enter the number of channel for each record (must be constant)"};
         for (std::size_t i = 0; i < typed.size(); ++i)
             Outside.Prompts.Expect_Input(questions[i], typed[i]);
+        if (Numbering) Outside.Prompts.Expect_Start("The traces of " + path, *Numbering);
         return Load_SU_File(Work, Outside.Ports);
     }
 };
@@ -102,6 +104,15 @@ TEST_F(SuLoading, NamesAreDerivedWithoutTouchingTheFolder) {
 TEST_F(SuLoading, AnUntrustedHeaderIsNumberedByHand) {
     const SuBuilder builder(7, 10);
     const std::string path = Write(builder);
+    Numbering = Answer::Cancel;
+    EXPECT_FALSE(Load(path, {"2", "3"}));
+    Numbering = Answer::No;
+    EXPECT_TRUE(Load(path, {"2", "3"}));
+    EXPECT_EQ(Work.Record.ChannelsPerRecord, 3) << "as typed, whatever the headers tell";
+    EXPECT_EQ(Work.Record.NbRecords, 2);
+    EXPECT_TRUE(Content_Of(path) == builder.Bytes);
+    Numbering = Answer::Yes;
+    Outside.Prompts.InputDefaults.clear();
     EXPECT_TRUE(Load(path, {"2", "3"}));
     EXPECT_EQ(Outside.Prompts.InputDefaults, (std::vector<std::string>{"5", "4"}));  // 3.5, half to even
     SuBuilder meant(builder);
@@ -208,6 +219,7 @@ TEST_F(SuLoading, LoadingIsAnEditAndNumbersTheTracesInIt) {
     const std::string path = Write(builder);
     Work.Project.SuFile = "former.su";
     Work.Edits.Start(Work.Project, true);
+    Numbering = Answer::Yes;
     EXPECT_TRUE(Load(path, {"2", "3"}));
     EXPECT_EQ(Work.Edits.Done(), 1U);
     EXPECT_EQ(Work.Edits.Undo_Name(), "Load line.su");

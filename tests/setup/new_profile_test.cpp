@@ -20,6 +20,7 @@ using test::SuBuilder;
 using test::TemporaryFolder;
 
 constexpr const char* ask_converted = "Did you already convert your field data to SU format";
+constexpr const char* ask_numbering = "The traces of ";
 
 /// Display on which the user works in the modal dialog while it is open.
 class DialogDisplay : public test::RecordingDisplay {
@@ -92,6 +93,12 @@ TEST_F(Records, BecomeAProject) {
     const auto unnumbered = Read_File(su_file);
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
+    prompts.Expect(
+        "The traces of " + su_file +
+            " are numbered anew. These words of the headers change:\r\n"
+            "ep (Energy source point number.)\r\n    on 13 of 15 traces, trace 2: 1 becomes 2\r\n\r\n"
+            "Keep leaves the headers as they are.",
+        Answer::Yes);
     dialog.Offsets = true;  // left over from another line
     dialog.ShotDepth = "9";
     display.OnOpen = [&] {
@@ -183,6 +190,7 @@ TEST_F(Records, GivingUpAtAnyQuestionLeavesTheFormerLineWithItsHistory) {
 
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", su_file);
+    prompts.Expect_Start(ask_numbering, Answer::Yes);
     prompts.Expect((folder / "field.tv5") + " already exists, overwrite ?", Answer::No);
     prompts.Expect_File("Select a new Tarnvik File Name", "");
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
@@ -210,6 +218,7 @@ TEST_F(Records, SeventyTwoShotsAreTheMost) {
         SuWriter(path, nullptr).Set_Word(1, words::ep, 77);
         prompts.Expect(ask_converted, Answer::Yes);
         prompts.Expect_File("Load ", path);
+        prompts.Expect_Start(ask_numbering, Answer::Yes);
         display.OnOpen = [&] {
             dialog.Spacing = "2";
             dialog.Shots = accepted ? "72" : "73";
@@ -228,7 +237,9 @@ TEST_F(Records, OfAnotherFileChosenInTheDialogAreTaken) {
     const std::string second = SuBuilder(8, 50).Records(2).Write(folder / "second.su");
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", first);
+    prompts.Expect_Start(ask_numbering, Answer::Yes);
     prompts.Expect_File("Load ", second);
+    prompts.Expect_Start(ask_numbering, Answer::Yes);
     display.OnOpen = [&] {
         dialog.Spacing = "3";
         dialog.Another_Su();
@@ -242,13 +253,84 @@ TEST_F(Records, OfAnotherFileChosenInTheDialogAreTaken) {
     EXPECT_EQ(workspace.Project.LineLength, 3);
 }
 
+TEST_F(Records, KeepTheirNumbersWhenTheUserWantsThat) {
+    const std::string path = Field_File();
+    const auto before = Read_File(path);
+    prompts.Expect(ask_converted, Answer::Yes);
+    prompts.Expect_File("Load ", path);
+    prompts.Expect_Start(ask_numbering, Answer::Cancel);
+    EXPECT_FALSE(New_Profile(workspace, ports, dialog));
+    prompts.Expect(ask_converted, Answer::Yes);
+    prompts.Expect_File("Load ", path);
+    prompts.Expect_Start(ask_numbering, Answer::No);
+    display.OnOpen = [&] {
+        dialog.Spacing = "3";
+        dialog.Offset_or_Not();
+        dialog.Ok();
+    };
+    ASSERT_TRUE(New_Profile(workspace, ports, dialog));
+    EXPECT_EQ(Read_File(path), before);
+    EXPECT_TRUE(workspace.Edits.All().empty());
+}
+
+TEST_F(Records, OfferTheGeometryOfTheirHeaders) {
+    // Five channels at 4 m; shots 16 and 4 m before, in the middle, 4 and 16 m behind; records 1 to 5.
+    SuBuilder builder(25, 50);
+    builder.Records(5);
+    const int shots[] = {-1600, -400, 800, 2000, 3200};
+    for (int trace = 1; trace <= 25; ++trace) {
+        const int channel = (trace - 1) % 5;
+        builder.Put16(trace, 70, -100)
+            .Put32(trace, 80, channel * 400)
+            .Put32(trace, 72, shots[(trace - 1) / 5]);
+        builder.Put16(trace, 68, -10).Put32(trace, 40, 1000 + channel).Put32(trace, 44, 1005);
+    }
+    const std::string path = builder.Write(folder / "field.su");
+    prompts.Expect(ask_converted, Answer::Yes);
+    prompts.Expect_File("Load ", path);
+    prompts.Expect_Start(ask_numbering, Answer::No);
+    display.OnOpen = [&] {
+        EXPECT_EQ(dialog.Spacing, "4");
+        EXPECT_EQ(dialog.SpacingNote, "from the headers: gx, scalco");
+        EXPECT_EQ(dialog.FirstDistance, "4");
+        EXPECT_EQ(dialog.LineLength, "24");
+        EXPECT_TRUE(dialog.Offsets);
+        EXPECT_EQ(dialog.ShotDepthNote, "default");
+        EXPECT_EQ(dialog.ShotTableNote,
+                  "Distances from the headers: sx, scalco; elevations from the headers: selev, scalel");
+        EXPECT_EQ(dialog.ShotTable.Text(1, 1), "-12");
+        EXPECT_EQ(dialog.ShotTable.Text(1, 2), "100.5");
+        dialog.Spacing = "5";
+        dialog.Offset_or_Not();
+        EXPECT_EQ(dialog.SpacingNote, "typed");
+        EXPECT_EQ(dialog.LineLength, "20") << "another spacing: the headers do not hold";
+        EXPECT_EQ(dialog.ShotTableNote.find("Distances evenly spread"), 0U);
+        dialog.FromHeaders = false;
+        dialog.From_Headers_Changed();
+        EXPECT_EQ(dialog.SpacingNote, "default");
+        EXPECT_EQ(dialog.FirstDistance, "0");
+        EXPECT_FALSE(dialog.Offsets);
+        EXPECT_EQ(dialog.ShotTable.Text(1, 1) + dialog.ShotTable.Text(1, 2), "00");
+        dialog.FromHeaders = true;
+        dialog.From_Headers_Changed();
+        dialog.Ok();
+    };
+    ASSERT_TRUE(New_Profile(workspace, ports, dialog));
+    const Project& project = workspace.Project;
+    EXPECT_EQ(Shot_Places(project), (std::vector<double>{-12, 0, 12, 24, 36}));
+    EXPECT_EQ(Receiver_Places(project), (std::vector<double>{4, 8, 12, 16, 20}));
+    EXPECT_EQ(Receiver_Elevations(project).at(1), double{100.1F});
+    EXPECT_EQ(project.LineLength, 24);
+}
+
 TEST_F(Records, ThatEndOtherwiseAreNotOverwrittenByTheirProject) {
     const std::string path = Field_File("field.sgy");
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", path);
+    prompts.Expect_Start(ask_numbering, Answer::No);
     display.OnOpen = [&] { dialog.Cancel(); };
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    EXPECT_TRUE(prompts.Messages.size() == 1) << "no question whether to overwrite the records";
+    EXPECT_TRUE(prompts.Messages.size() == 2) << "no question whether to overwrite the records";
 }
 
 TEST_F(Records, DialogFollowsOffsetsStationsAndAnOwnLineLength) {

@@ -10,7 +10,7 @@ ScriptedPrompts::~ScriptedPrompts() {
 }
 
 std::string ScriptedPrompts::Next(const std::string& text, const char* what, Answer* answer) {
-    if (Script.empty() || Script.front().Text != text) {
+    if (Script.empty() || !Script.front().Is(text)) {
         ADD_FAILURE() << "unexpected " << what << ": " << text
                       << (Script.empty() ? "" : "\nexpected: " + Script.front().Text);
         return {};
@@ -60,6 +60,10 @@ std::optional<std::string> ScriptedPrompts::Choose_Font(const std::string&) {
 
 void ScriptedPrompts::Expect(const std::string& text, Answer answer) {
     Script.push_back({text, {}, answer});
+}
+
+void ScriptedPrompts::Expect_Start(const std::string& text, Answer answer) {
+    Script.push_back({text, {}, answer, true});
 }
 
 void ScriptedPrompts::Expect_Input(const std::string& prompt, const std::string& typed) {

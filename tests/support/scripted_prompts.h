@@ -31,6 +31,8 @@ class ScriptedPrompts : public Prompts {
 
     /// The next question must be this text; it gets this answer.
     void Expect(const std::string& text, Answer answer);
+    /// The next question must begin like this.
+    void Expect_Start(const std::string& text, Answer answer);
     /// The next input box must show this prompt.
     void Expect_Input(const std::string& prompt, const std::string& typed);
     /// The next file dialog must have this title.
@@ -49,6 +51,8 @@ class ScriptedPrompts : public Prompts {
         std::string Text;
         std::string Reply;
         Answer ReplyAnswer = Answer::Cancel;
+        bool StartOnly = false;
+        bool Is(const std::string& text) const { return StartOnly ? text.starts_with(Text) : text == Text; }
     };
     std::string Next(const std::string& text, const char* what, Answer* answer);
     std::deque<Step> Script;

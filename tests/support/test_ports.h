@@ -65,7 +65,7 @@ class RecordingDisplay : public Display {
         Calls.emplace_back("Print_Page");
         return Printable;
     }
-    std::string Save_Page(Page, const std::string& path) override {
+    std::string Save_Page(Page, const std::string& path, const PictureFormat&) override {
         Calls.push_back("Save_Page " + path);
         return {};
     }

@@ -539,6 +539,19 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
              shots->ClearCells->trigger();
              EXPECT_EQ(logic.Read_Spread().ShotElevations, std::vector<double>(7, 0.0));
          }},
+        {"FromHeaders",
+         [&](QWidget* control) {
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("SpacingNote")), "typed");
+             Click(control);
+             EXPECT_EQ(logic.Geophones, "24");
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("FirstDistanceNote")), "default");
+             Click(control);
+             EXPECT_EQ(logic.Spacing, "5");
+             EXPECT_EQ(Text(form()->findChild<QLabel*>("FirstDistanceNote")),
+                       "from the headers: gx, sx, scalco");
+             EXPECT_EQ(Text(form()->findChild<QLineEdit*>("Text2")), "2.5");
+             EXPECT_EQ(Text(form()->findChild<QLineEdit*>("Text6")), "120");
+         }},
         {"Command2", Clicked(only_sketched)},
         {"Command3", Clicked({[&] {
                                   form()->findChild<QLineEdit*>("Text5")->setFocus();

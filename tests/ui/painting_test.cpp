@@ -243,14 +243,62 @@ TEST(Picture_file, each_type_is_written_and_an_unknown_one_is_refused) {
     const std::pair<const char*, const char*> types[] = {
         {"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.PDF", "%PDF"}};
     for (const auto& [name, start] : types) {
-        EXPECT_EQ(Write_Picture_File(folder / name, {640, 400}, Curves_Layout(), {}, draw), "");
+        EXPECT_EQ(Write_Picture_File(folder / name, {.Width = 640, .Height = 400}, Curves_Layout(), {}, draw),
+                  "");
         EXPECT_EQ(Read_File(folder / name).value_or("").rfind(start, 0), 0U) << name;
     }
     EXPECT_EQ(drawn, 3);
     EXPECT_NE(Read_File(folder / "a.svg")->find("50   ms"), std::string::npos) << "letters stay letters";
-    EXPECT_NE(Write_Picture_File(folder / "a.xyz", {640, 400}, Curves_Layout(), {}, draw), "");
-    EXPECT_NE(Write_Picture_File(folder / "no/a.png", {640, 400}, Curves_Layout(), {}, draw), "");
+    EXPECT_NE(Write_Picture_File(folder / "a.xyz", {.Width = 640, .Height = 400}, Curves_Layout(), {}, draw),
+              "");
+    EXPECT_NE(
+        Write_Picture_File(folder / "no/a.png", {.Width = 640, .Height = 400}, Curves_Layout(), {}, draw),
+        "");
     EXPECT_FALSE(File_Exists(folder / "a.xyz"));
+}
+
+TEST(Picture_file, a_title_block_stands_under_the_picture_at_any_resolution) {
+    const test::TemporaryFolder folder;
+    Frame window;
+    double pixels_a_millimetre = 0;
+    const DrawPage draw = [&window](Picture& main, Picture&, Picture&) {
+        main.Scale(0, 100, 50, 0);
+        main.Clear();
+        window = main.Current_Frame();
+    };
+    const TitleTexts title = [&](const Frame& told, double density) {
+        EXPECT_EQ(told, window);
+        pixels_a_millimetre = density;
+        return std::vector<std::string>{"Line A", "1 cm = 5 m", "2026-01-02"};
+    };
+    for (const double dpi : {96.0, 300.0}) {
+        PictureFormat format{.Width = 640, .Height = 400, .Dpi = dpi};
+        const std::string path = folder / "a.png";
+        ASSERT_EQ(Write_Picture_File(path, format, Profile_Layout(), {}, draw, title), "");
+        const double plain = window.Height;
+        format.TitleBlock = true;
+        ASSERT_EQ(Write_Picture_File(path, format, Profile_Layout(), {}, draw, title), "");
+        const QImage image(QString::fromStdString(path));
+        EXPECT_EQ(image.size(), QSize(640, 400));
+        EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, dpi, 0.1);
+        EXPECT_NEAR(pixels_a_millimetre, dpi / 25.4, 1e-9);
+        const double block = plain - window.Height;
+        EXPECT_NEAR(block, std::round(20 * dpi / 72), 1e-6);
+        int ink = 0;
+        int at_the_edge = 0;
+        for (int y = static_cast<int>(400 - block) + 3; y < 400; ++y) {
+            for (int x = 0; x < 640; ++x) {
+                if (qGray(image.pixel(x, y)) > 128) continue;
+                ++ink;
+                if (x > 637 || y > 397) ++at_the_edge;
+            }
+        }
+        EXPECT_GT(ink, 100);
+        EXPECT_EQ(at_the_edge, 0) << "no letter is cut off";
+    }
+    PictureFormat format{.Width = 640, .Height = 400, .TitleBlock = true};
+    ASSERT_EQ(Write_Picture_File(folder / "a.svg", format, Profile_Layout(), {}, draw, title), "");
+    EXPECT_NE(Read_File(folder / "a.svg")->find("1 cm = 5 m"), std::string::npos);
 }
 
 }  // namespace

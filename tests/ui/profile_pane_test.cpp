@@ -71,7 +71,7 @@ TEST_F(Profile_pane, is_corrected_by_the_command_alone_and_painted_by_all_else) 
     Screen->resize(900, 600);
     QTest::qWait(20);
     EXPECT_NEAR(frame().Right - frame().Left, 160, 1e-9) << "another size keeps the enlargement";
-    EXPECT_EQ(Display.Save_Page(Page::Profile, Folder / "profile.png"), "");
+    EXPECT_EQ(Display.Save_Page(Page::Profile, Folder / "profile.png", PictureFormat()), "");
     EXPECT_EQ(Project_Block(line), corrected);
     EXPECT_EQ(Program.Work.Edits.All().size(), 1U);
 

@@ -7,6 +7,7 @@
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
+#include "ui/forms/picture_export_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
@@ -27,11 +28,17 @@ std::unique_ptr<Form> Make(Session& session, QtDisplay& display) {
 MakeForm Form_Of(Dialog dialog) {
     // One line for each dialog that has a form; all else about it stands in its row.
     static const std::map<Dialog, MakeForm> forms = {
-        {Dialog::frmSplash, Make<SplashForm>}, {Dialog::AutoPik, Make<AutoPikForm>},
-        {Dialog::SpeedF, Make<SpeedForm>},     {Dialog::confirm, Make<ConfirmForm>},
-        {Dialog::Fcalcul, Make<DepthForm>},    {Dialog::rechinfo, Make<NewProfileForm>},
-        {Dialog::History, Make<HistoryForm>},  {Dialog::Zoom, Make<ZoomForm>},
-        {Dialog::RulerF, Make<RulerForm>},     {Dialog::Travel_Time_2, Make<SecondWindowForm>},
+        {Dialog::frmSplash, Make<SplashForm>},
+        {Dialog::AutoPik, Make<AutoPikForm>},
+        {Dialog::SpeedF, Make<SpeedForm>},
+        {Dialog::confirm, Make<ConfirmForm>},
+        {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::rechinfo, Make<NewProfileForm>},
+        {Dialog::History, Make<HistoryForm>},
+        {Dialog::Zoom, Make<ZoomForm>},
+        {Dialog::RulerF, Make<RulerForm>},
+        {Dialog::Travel_Time_2, Make<SecondWindowForm>},
+        {Dialog::PictureExport, Make<PictureExportForm>},
         {Dialog::Keys, Make<KeysForm>},
     };
     const auto found = forms.find(dialog);

@@ -17,23 +17,40 @@ NewProfileForm::NewProfileForm(Session& session, QtDisplay& display) : Logic(ses
     const auto spread = [&logic] { logic.Offset_or_Not(); };
 
     Fields.Text(controls.Text1, logic.Spacing, spread);
-    Fields.Text(controls.Text2, logic.FirstDistance, sketch);
+    const auto told = [&logic] { logic.Distance_Or_Depth_Changed(); };
+    Fields.Text(controls.Text2, logic.FirstDistance, told);
     Fields.Text(controls.Text3, logic.Geophones, spread);
     Fields.Text(controls.Text4, logic.Shots, spread);
-    Fields.Text(controls.Text5, logic.ShotDepth);
+    Fields.Text(controls.Text5, logic.ShotDepth, told);
     // An emptied length is derived anew, which must not happen under the user's hand.
     Fields.Finished_Text(controls.Text6, logic.LineLength, spread);
     Fields.Text(controls.Label2, logic.FirstDistanceCaption);
     Fields.Tick(controls.Check1, logic.Offsets, spread);
     Fields.Tick(controls.Check2, logic.SeveralSpreads, [&logic] { logic.Multi_Spread_Changed(); });
     Fields.Text(controls.DistanceReadout, logic.DistanceReadout);
+    Fields.Tick(controls.FromHeaders, logic.FromHeaders, [&logic] { logic.From_Headers_Changed(); });
+    Fields.Enabled(controls.FromHeaders, [&logic] { return logic.Headers_Tell(); });
+    const std::pair<QLabel*, const std::string&> notes[] = {
+        {controls.SpacingNote, logic.SpacingNote},     {controls.FirstDistanceNote, logic.FirstDistanceNote},
+        {controls.GeophonesNote, logic.GeophonesNote}, {controls.ShotsNote, logic.ShotsNote},
+        {controls.ShotDepthNote, logic.ShotDepthNote}, {controls.LineLengthNote, logic.LineLengthNote},
+        {controls.OffsetsNote, logic.OffsetsNote},     {controls.ShotTableNote, logic.ShotTableNote}};
+    for (const auto& [label, note] : notes) {
+        // Beside what is typed, not to be taken for it.
+        QFont small = label->font();
+        small.setItalic(true);
+        label->setFont(small);
+        Fields.Text(label, note);
+    }
+    Fields.Text(controls.Remarks, logic.Remarks);
+    Fields.Shown(controls.Remarks, [&logic] { return !logic.Remarks.empty(); });
 
     DataGrid = new SpreadsheetView(logic.ShotTable, std::make_unique<FormCells>(logic.ShotTable, sketch));
     DataGrid->setObjectName("DataGrid");
     DataGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     DataGrid->setMinimumWidth(
         fontMetrics().horizontalAdvance("Station 88 Shot dist to End Shot Shot elevation") + 80);
-    controls.DataGridPlace->addWidget(DataGrid);
+    controls.DataGridRow->addWidget(DataGrid);
 
     PictureBox* picture = controls.Profile2;
     picture->Set_Size_Hint({860, 230});

@@ -5,6 +5,7 @@
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <cmath>
 
 #include "core/files.h"
@@ -16,6 +17,12 @@ namespace {
 
 constexpr double pixels_an_inch = 96;
 constexpr double points_an_inch = 72;
+constexpr double inches_a_metre = 1000 / 25.4;
+constexpr double millimetres_an_inch = 25.4;
+// The title block, points.
+constexpr double title_height = 20;
+constexpr double title_font = 9;
+constexpr double title_margin = 6;
 constexpr int pdf_dots_an_inch = 600;
 // A drawing file keeps a fine grid below its nominal pixels, so that pixel points are not seen as steps.
 constexpr int svg_grid = 8;
@@ -117,39 +124,106 @@ std::string Print_Page(QPagedPaintDevice& device, const PageLayout& layout, cons
     return painter.end() ? std::string() : "The page cannot be printed";
 }
 
-std::string Write_Picture_File(const std::string& path, QSize size, const PageLayout& layout,
-                               const QString& font_family, const DrawPage& draw) {
+namespace {
+
+/// The page with its title block under it: the texts side by side, as wide as they are, in a frame.
+void Draw_Titled_Page(QPainter& painter, const QRectF& area, double density, bool raster,
+                      const PageLayout& layout, const QString& font_family, const DrawPage& draw,
+                      const TitleTexts& title) {
+    double height = std::min(title_height * density, area.height() / 4);
+    if (raster) height = std::round(height);
+    const QRectF block(area.left(), area.bottom() - height, area.width(), height);
+    Frame window;
+    const DrawPage noting = [&](Picture& main, Picture& strip_x, Picture& strip_y) {
+        draw(main, strip_x, strip_y);
+        window = main.Current_Frame();
+    };
+    Draw_Page(painter, area.adjusted(0, 0, 0, -height), density, raster, layout, font_family, noting);
+
+    painter.save();
+    painter.fillRect(block, Qt::white);
+    painter.setPen(QPen(Qt::black, std::max(1.0, density / 2)));
+    painter.drawLine(block.topLeft(), block.topRight());
+    QFont font(font_family.isEmpty() ? painter.font().family() : font_family);
+    font.setPixelSize(std::max(1, qRound(title_font * density)));
+    painter.setFont(font);
+    const std::vector<std::string> texts = title(window, density * points_an_inch / millimetres_an_inch);
+    const double room = area.width() - 2 * title_margin * density;
+    double wanted = 0;
+    for (const std::string& text : texts)
+        wanted += painter.fontMetrics().horizontalAdvance(QString::fromStdString(text));
+    const double spare =
+        texts.size() > 1 ? std::max(0.0, room - wanted) / static_cast<double>(texts.size() - 1) : 0;
+    if (wanted > room && wanted > 0) {
+        // Small pictures: smaller letters instead of letters that are cut off.
+        font.setPixelSize(std::max(1, static_cast<int>(font.pixelSize() * room / wanted * 0.95)));
+        painter.setFont(font);
+    }
+    double x = block.left() + title_margin * density;
+    for (const std::string& text : texts) {
+        const QString letters = QString::fromStdString(text);
+        const double width = painter.fontMetrics().horizontalAdvance(letters);
+        painter.drawText(QRectF(x, block.top(), width + density, height),
+                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, letters);
+        x += width + spare;
+    }
+    painter.restore();
+}
+
+}  // namespace
+
+std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,
+                               const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
     const QString ending = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+    const QSizeF paper = QSizeF(format.Width, format.Height) / format.Dpi;  // inches
+    const auto paint = [&](QPainter& painter, const QSizeF& size, double dots_an_inch, bool raster) {
+        const QRectF area(QPointF(0, 0), size);
+        const double density = dots_an_inch / points_an_inch;
+        if (format.TitleBlock && title) {
+            Draw_Titled_Page(painter, area, density, raster, layout, font_family, draw, title);
+        } else {
+            Draw_Page(painter, area, density, raster, layout, font_family, draw);
+        }
+    };
     QByteArray bytes;
-    std::string reason;
     if (ending == "png" || ending == "jpg" || ending == "jpeg" || ending == "bmp") {
-        const QByteArray format = ending.toLatin1();
-        bytes = Bitmap_Bytes(Page_Image(size, 1, layout, font_family, draw), format.constData());
+        QImage image(QSize(format.Width, format.Height), QImage::Format_RGB32);
+        if (image.isNull()) return "The picture is too large";
+        const int dots_a_metre = qRound(format.Dpi * inches_a_metre);
+        image.setDotsPerMeterX(dots_a_metre);
+        image.setDotsPerMeterY(dots_a_metre);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        paint(painter, image.size(), format.Dpi, true);
+        painter.end();
+        bytes = Bitmap_Bytes(image, ending.toLatin1().constData());
     } else if (ending == "svg") {
+        const QSize nominal = (paper * pixels_an_inch).toSize();
         QBuffer buffer(&bytes);
         QSvgGenerator generator;
         generator.setOutputDevice(&buffer);
         generator.setTitle("Tarnvik");
         generator.setResolution(static_cast<int>(pixels_an_inch));
-        generator.setSize(size);
-        generator.setViewBox(QRect(QPoint(0, 0), size * svg_grid));
+        generator.setSize(nominal);
+        generator.setViewBox(QRect(QPoint(0, 0), nominal * svg_grid));
         QPainter painter(&generator);
-        Draw_Page(painter, QRectF(QPointF(0, 0), QSizeF(size * svg_grid)),
-                  svg_grid * pixels_an_inch / points_an_inch, false, layout, font_family, draw);
+        paint(painter, nominal * svg_grid, svg_grid * pixels_an_inch, false);
     } else if (ending == "pdf") {
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter writer(&buffer);
         writer.setCreator("Tarnvik");
         writer.setResolution(pdf_dots_an_inch);
-        writer.setPageSize(QPageSize(QSizeF(size) * (points_an_inch / pixels_an_inch), QPageSize::Point,
-                                     QString(), QPageSize::ExactMatch));
+        writer.setPageSize(
+            QPageSize(paper * points_an_inch, QPageSize::Point, QString(), QPageSize::ExactMatch));
         writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-        reason = Print_Page(writer, layout, font_family, draw);
+        QPainter painter;
+        if (!painter.begin(&writer)) return "The page cannot be printed";
+        paint(painter, QSizeF(writer.width(), writer.height()), writer.logicalDpiX(), false);
+        if (!painter.end()) return "The page cannot be printed";
     } else {
         return "No picture of this type can be written: " + path;
     }
-    if (!reason.empty()) return reason;
     if (bytes.isEmpty()) return "The picture cannot be made: " + path;
     return Replace_File(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }

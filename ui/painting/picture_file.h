@@ -5,7 +5,10 @@
 #include <QString>
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "core/frame.h"
+#include "core/ports/display.h"
 #include "ui/painting/painter_picture.h"
 
 namespace tarnvik {
@@ -40,10 +43,15 @@ QImage Page_Image(QSize size, double zoom, const PageLayout& layout, const QStri
 std::string Print_Page(QPagedPaintDevice& device, const PageLayout& layout, const QString& font_family,
                        const DrawPage& draw);
 
-/// Writes the page to a ".png", ".svg", ".pdf", ".jpg" or ".bmp" file, by its ending. `size` is in pixels at
-/// 96 an inch, which is also the size of the page in the vector files. The old file stays whole when the new
-/// one cannot be written. Answers the reason of a failure, empty when it went well.
-std::string Write_Picture_File(const std::string& path, QSize size, const PageLayout& layout,
-                               const QString& font_family, const DrawPage& draw);
+/// The texts of a title block from left to right, of a picture with that window at that density.
+using TitleTexts = std::function<std::vector<std::string>(const Frame& window, double pixels_a_millimetre)>;
+
+/// Writes the page to a ".png", ".svg", ".pdf", ".jpg" or ".bmp" file, by its ending; the vector files get
+/// the size that the pixels of `format` have on paper. A title block stands under the picture when the format
+/// wants one. The old file stays whole when the new one cannot be written. Answers the reason of a failure,
+/// empty when it went well.
+std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,
+                               const QString& font_family, const DrawPage& draw,
+                               const TitleTexts& title = {});
 
 }  // namespace tarnvik
