@@ -22,6 +22,7 @@ Session::Session(Ports outside, std::string settings_file)
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
       RecordArea(Work, Outside),
+      RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
       RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
       TraceSizeMouse(Work, Outside),
@@ -40,6 +41,10 @@ Session::Session(Ports outside, std::string settings_file)
 void Session::Keep_Journals() {
     JournalFolder = Journal_Folder(SettingsFile);
     Work.Edits.Keep_Journals_In(JournalFolder);
+}
+
+void Session::Keep_Display_Choices() {
+    Work.Choices.Keep_In(Display_Choices_File(SettingsFile));
 }
 
 }  // namespace tarnvik

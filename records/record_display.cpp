@@ -5,6 +5,7 @@
 #include "core/files.h"
 #include "core/ports/picture.h"
 #include "core/text/number.h"
+#include "records/record_header.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 
@@ -79,6 +80,7 @@ void Display_Record(Workspace& workspace, Ports& ports, const std::string& path,
     Measure_Record(workspace, ecran.Current_Frame(), path);
     Fill_Size_Grid(workspace);
     Draw_Traces(workspace, ecran, path, shot_colour);
+    Draw_Record_Header(workspace, ports.Show.Canvas_Of(Canvas::RecordHeader), path);
     Draw_Time_Scale(workspace.Record, ports.Show.Canvas_Of(Canvas::Echelle3));
     ecran.Set_Pointer(PointerShape::Cross);
     ecran.Set_Draw_Width(2);

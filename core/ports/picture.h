@@ -15,6 +15,12 @@ struct PixelPoint {
     bool operator==(const PixelPoint&) const = default;
 };
 
+/// Room that a text takes, in pixels.
+struct TextSize {
+    double Width = 0;
+    double Height = 0;
+};
+
 enum class DrawMode { Copy, Xor };
 enum class PointerShape { Arrow, Cross, Hourglass, PickMove, Resize };
 
@@ -52,6 +58,12 @@ class Picture {
     /// Text in `colour` whose top left corner is at the pen; the pen goes to the start of the next line of
     /// text.
     virtual void Print(std::string_view text, Colour colour) = 0;
+
+    /// Room of a text in the font in force. A device without letters counts a usual size for each.
+    virtual TextSize Size_Of(std::string_view text) const {
+        constexpr TextSize usual_letter{7, 14};
+        return {usual_letter.Width * static_cast<double>(text.size()), usual_letter.Height};
+    }
 
     /// Remembers the picture as it stands, so that what is drawn from now on can be taken off again.
     virtual void Keep_Background() = 0;

@@ -472,6 +472,15 @@ void PainterPicture::Print(std::string_view text, Colour colour) {
     Touch(place.adjusted(-2, -2, 2, 2));
 }
 
+TextSize PainterPicture::Size_Of(std::string_view text) const {
+    QFont font = Font;
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(FontPoints * Density))));
+    font.setStretch(LetterWidth);
+    const QFontMetricsF metrics(font);
+    const QString letters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return {metrics.horizontalAdvance(letters), metrics.height()};
+}
+
 QVector<QPointF> PainterPicture::Device_Points(std::span<const PixelPoint> points) const {
     QVector<QPointF> device;
     device.reserve(static_cast<qsizetype>(points.size()));

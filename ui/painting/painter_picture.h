@@ -60,6 +60,7 @@ class PainterPicture : public Picture {
              double aspect) override;
     void Point(double x, double y, Colour colour) override;
     void Print(std::string_view text, Colour colour) override;
+    TextSize Size_Of(std::string_view text) const override;
     void Polygon(std::span<const PixelPoint> points, Colour fill) override;
     void Polyline(std::span<const PixelPoint> points, Colour colour) override;
     void Move_To(double x, double y) override;

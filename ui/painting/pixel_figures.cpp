@@ -65,6 +65,13 @@ class Brush {
         }
     }
 
+    /// A segment of at most one row down as two level runs: among hundreds of its like smoothing is not seen.
+    void Step(int x1, int y1, int x2, int y2) {
+        const int middle = x1 + (x2 - x1) / 2;
+        Span(y1, x1, middle);
+        Span(y2, y1 == y2 ? x1 : middle, x2);
+    }
+
   private:
     static std::int64_t Slope(int across, int along) {
         if (along == 0) return 0;
@@ -119,6 +126,17 @@ class Brush {
     int Bottom = -1;
 };
 
+/// True for a line that goes down by one row a point at most.
+bool Is_Dense(std::span<const PixelPoint> points) {
+    constexpr std::size_t fewest = 64;  // a short line is no trace of a record
+    if (points.size() < fewest) return false;
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        const std::int64_t down = std::int64_t{points[i + 1].Y} - points[i].Y;
+        if (down < 0 || down > 1) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 bool Is_Lobe(std::span<const PixelPoint> points) {
@@ -147,6 +165,13 @@ void Fill_Lobe(const PixelPaper& paper, std::span<const PixelPoint> lobe, QRgb c
 
 void Draw_Thin_Line(const PixelPaper& paper, std::span<const PixelPoint> points, QRgb colour) {
     Brush brush(paper, colour);
+    if (Is_Dense(points)) {
+        for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+            brush.Step(Near(points[i].X) + paper.Left, Near(points[i].Y) + paper.Top,
+                       Near(points[i + 1].X) + paper.Left, Near(points[i + 1].Y) + paper.Top);
+        }
+        return;
+    }
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
         brush.Segment(Near(points[i].X) + paper.Left, Near(points[i].Y) + paper.Top,
                       Near(points[i + 1].X) + paper.Left, Near(points[i + 1].Y) + paper.Top);
