@@ -131,6 +131,34 @@ TEST_F(RecordPageControls, each_does_its_work) {
         {"Check6", Ticked(View.ShowTravelTimes, Draws())},
         {"Check3", Ticked(View.EqualiseTraces, Draws())},
         {"Check7", Ticked(View.Overdraw, Draws())},
+        {"AgcWindow", Finished(View.AgcWindow, 0.0, 40.0, Draws())},
+        {"EqualiseInSight",
+         [&](QWidget* control) {
+             View.EqualiseTraces = true;
+             Display.Show_Fields();
+             Ticked(View.EqualiseInSight, Draws())(control);
+         }},
+        {"CrossHair", Clicked({[] {}, [&] { return !View.CrossHair; }})},
+        {"RecordPane", Clicked({[] {}, [&] { return Page->findChild<QWidget*>("Check8")->isVisible(); }})},
+        {"DisplayPane", Clicked({[] {}, [&] { return Page->findChild<QWidget*>("clip")->isVisible(); }})},
+        {"RecordDown",
+         [&](QWidget* control) {
+             Program.RecordWheel.Enlarge_Time(1, 4);
+             auto* bar = qobject_cast<QScrollBar*>(control);
+             EXPECT_EQ(bar->value(), 1);
+             bar->triggerAction(QAbstractSlider::SliderToMaximum);
+             EXPECT_EQ(View.LastSample, View.NbSamples);
+         }},
+        {"RecordAcross",
+         [&](QWidget* control) {
+             Select_Record(Work, 2);
+             Program.RecordWheel.Enlarge_Traces(25 * 2000, 4);
+             auto* bar = qobject_cast<QScrollBar*>(control);
+             EXPECT_EQ(bar->value(), 25);
+             bar->triggerAction(QAbstractSlider::SliderToMaximum);
+             EXPECT_EQ(View.LastTrace, 48);
+             EXPECT_GT(View.FirstTrace, 25);
+         }},
     };
     Check_All([&] { return Page; }, rows);
 
