@@ -13,7 +13,7 @@ namespace tarnvik {
 namespace {
 
 /// Root mean square that a usual trace shall have on the picture, as a share of the way to its neighbour.
-constexpr double good_share = 0.45;
+constexpr double good_share = 0.7;
 constexpr std::int64_t most_traces = 1000;  ///< looked at
 
 }  // namespace

@@ -8,13 +8,13 @@
 #include "records/record_header.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
+#include "records/trace_range.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr std::int64_t shortest_file = 1000;      // bytes
-constexpr std::int64_t most_size_rows = 100'000;  // a range typed in error must not fill the memory
+constexpr std::int64_t shortest_file = 1000;  // bytes
 
 /// Stations of the record that the first trace shown is of. They stand in the header of the record's first
 /// trace; a trace behind it counts on from there.

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/trace_range.h"
 
 namespace tarnvik {
 
@@ -19,6 +21,12 @@ constexpr double largest_gain = 1e6;
 
 int Whole(double value) {
     return static_cast<int>(std::lround(std::clamp(value, -1e9, 1e9)));
+}
+
+/// A number typed in error may be any; the sums of these still fit.
+int Near(int trace) {
+    constexpr int far_trace = 500'000'000;
+    return std::clamp(trace, -far_trace, far_trace);
 }
 
 }  // namespace
@@ -41,22 +49,28 @@ Stretch Moved(Stretch shown, Stretch whole, int by) {
     return {first, first + length};
 }
 
-void Show_Trace_Range(Workspace& workspace, int first, int last) {
+void Show_Trace_Range(Workspace& workspace, int first, int last, int record_start) {
     RecordView& view = workspace.Record;
     TextGrid& sizes = workspace.Grids.size_grid;
     for (int row = 0; row < sizes.Rows(); ++row) {
-        std::string text = sizes.Text(row, 0);
-        if (!text.empty()) view.TraceSizes[view.FirstTrace - view.WholeFirst + row] = std::move(text);
+        const std::string text = sizes.Text(row, 0);
+        if (!text.empty()) view.TraceSizes[Near(view.FirstTrace) - Near(view.WholeFirst) + row] = text;
     }
-    if (view.FirstTrace != first || view.LastTrace != last) {
-        view.FirstTrace = first;
-        view.LastTrace = last;
-        sizes.Resize(std::max(0, last - first + 1), 1);
-        for (int row = 0; row < sizes.Rows(); ++row) {
-            const auto known = view.TraceSizes.find(first - view.WholeFirst + row);
-            sizes.Set_Text(row, 0, known == view.TraceSizes.end() ? "1" : known->second);
-        }
+    view.FirstTrace = first;
+    view.LastTrace = last;
+    view.WholeFirst = record_start;
+    // Before the first drawing there are no factors, which fills the rows itself.
+    if (sizes.Rows() == 0) return;
+    const std::int64_t traces = std::int64_t{last} - first + 1;
+    sizes.Resize(static_cast<int>(std::clamp<std::int64_t>(traces, 0, most_size_rows)), 1);
+    for (int row = 0; row < sizes.Rows(); ++row) {
+        const auto known = view.TraceSizes.find(Near(first) - Near(view.WholeFirst) + row);
+        sizes.Set_Text(row, 0, known == view.TraceSizes.end() ? "1" : known->second);
     }
+}
+
+void Show_Trace_Range(Workspace& workspace, int first, int last) {
+    Show_Trace_Range(workspace, first, last, workspace.Record.WholeFirst);
 }
 
 Stretch RecordScroll::Samples() const {
@@ -68,13 +82,14 @@ Stretch RecordScroll::All_Samples() const {
 }
 
 Stretch RecordScroll::Traces() const {
-    return {Work.Record.FirstTrace, Work.Record.LastTrace + 1};
+    return {Near(Work.Record.FirstTrace), Near(Work.Record.LastTrace) + 1};
 }
 
 Stretch RecordScroll::All_Traces() const {
     // A range that was typed may reach beyond the record.
     const RecordView& view = Work.Record;
-    return {std::min(view.WholeFirst, view.FirstTrace), std::max(view.WholeLast, view.LastTrace) + 1};
+    return {Near(std::min(view.WholeFirst, view.FirstTrace)),
+            Near(std::max(view.WholeLast, view.LastTrace)) + 1};
 }
 
 void RecordScroll::Show(Stretch samples, Stretch traces) {

@@ -11,6 +11,7 @@ namespace tarnvik {
 namespace {
 
 constexpr double lines_apart = 2.5;      ///< named ticks, in lines of text
+constexpr double text_at = 3.3;          ///< a little behind the tick, which ends at 3
 constexpr double small_ticks_apart = 4;  ///< pixels
 
 /// Parts that a step is cut into by small ticks: fifths, and quarters of a step of 2.
@@ -71,7 +72,7 @@ void Draw_Time_Scale(const RecordView& view, Picture& echelle3) {
     for (const TimeTick& tick : ticks.Named) {
         echelle3.Line(1, tick.Sample, 3, tick.Sample, colours::Grey);
         const double top = frame.To_World_Y(frame.To_Pixel_Y(tick.Sample) - echelle3.Size_Of("0").Height / 2);
-        echelle3.Print_At(3, top, CStr(tick.Ms) + "ms", colours::Grey);
+        echelle3.Print_At(text_at, top, CStr(tick.Ms) + "ms", colours::Grey);
     }
 }
 

@@ -270,7 +270,7 @@ void RecordControls::Display_Pane(QWidget* pane) {
         Tick("Check7", "Overdraw records", "You can display 2 files together, just srcoll on next shot",
              record.Overdraw, redraw),
         1, 3);
-    grid->addWidget(new QLabel(tr("AGC")), 2, 0);
+    grid->addWidget(new QLabel(tr("AGC ms")), 2, 0);
     grid->addWidget(Number_Field("AgcWindow",
                                  tr("Levels the amplitudes within this window, ms, on the picture alone; 0 "
                                     "for none"),

@@ -97,12 +97,17 @@ TEST(Agc, DividesByTheEnergyAround) {
         static_cast<float>(-2 / std::sqrt(2))};
     for (int i = 0; i < 6; ++i)
         EXPECT_NEAR(few[static_cast<std::size_t>(i)], by_hand[i], 1e-6) << i;
-    // What is no number harms nobody else, and the rest of a huge sum is no signal.
-    std::vector<float> wild = {1, std::numeric_limits<float>::quiet_NaN(), 1, 1e19F, 0, 0, 0, 0};
+    // What is no number harms nobody else, and a huge sample drowns its neighbours alone.
+    std::vector<float> wild = {1, std::numeric_limits<float>::quiet_NaN(), 1, 1e19F, 0, 0, 2, 0};
     Level_Amplitudes(wild, 2);
     EXPECT_TRUE(std::isnan(wild[1]));
     EXPECT_NEAR(wild[0], std::numbers::sqrt2, 1e-6);
+    EXPECT_NEAR(wild[3], std::numbers::sqrt3, 1e-6);
+    EXPECT_NEAR(wild[6], std::numbers::sqrt3, 1e-6);
     EXPECT_EQ(wild[7], 0);
+    std::vector<float> few_for_all = {1, 2, 2};
+    Level_Amplitudes(few_for_all, 30000);
+    EXPECT_NEAR(few_for_all[1], 2 / std::sqrt(3), 1e-6);
     std::vector<float> same = {1, 5, -3};
     Level_Amplitudes(same, 1);
     EXPECT_EQ(same, (std::vector<float>{1, 5, -3}));
@@ -164,12 +169,12 @@ TEST_F(RecordPicture, ReadOutAndCrossHairTellWhatLiesUnderThePointer) {
     File.Put16(7, pick_offset, 123);
     Write();
     Show(2);
-    Pointer.Move({Middle(7), 9.2, 0});
+    Pointer.Move({Middle(7), 9.25, 0});
     EXPECT_EQ(Work.Fields.RecordReadout,
-              "9.2ms   Trace:7   Geophone:2   Distance:5 m   Offset:-35 m   Amplitude:-50   Pick:12.3ms");
+              "9.25ms   Trace:7   Geophone:2   Distance:5 m   Offset:-35 m   Amplitude:-50   Pick:12.3ms");
     const auto& marks = Ports.Display.Marks[{Canvas::Ecran, MarkLayer::Pointer}];
     ASSERT_EQ(marks.size(), 2U);
-    EXPECT_EQ(marks[0].Y1, 9.2);
+    EXPECT_EQ(marks[0].Y1, 9.25);
     EXPECT_EQ(marks[1].X1, Middle(7));
     Switch_Cross_Hair(Work, Ports.Ports);
     Pointer.Move({Middle(8), 9, 0});
@@ -185,9 +190,9 @@ TEST_F(RecordPicture, FirstDisplayShowsQuietFirstBreaks) {
     File.Write(Work.Project.SuFile);
     ASSERT_TRUE(Choose_First_Display(Work, Work.Project.SuFile));
     EXPECT_TRUE(Work.Record.EqualiseTraces && Work.Record.ClipAmplitude && Work.Record.EqualiseInSight);
-    EXPECT_EQ(Work.Record.AmplitudeGain, 2);
+    EXPECT_EQ(Work.Record.AmplitudeGain, 3);
     EXPECT_FALSE(Choose_First_Display(Work, Folder / "none.su"));
-    const double even[] = {0.7, 0.7};
+    const double even[] = {0.9, 0.9};
     const double spiky[] = {0.001, 0.001, 0.9};
     EXPECT_EQ(Gain_For(even), 1);
     EXPECT_EQ(Gain_For(spiky), 50);

@@ -192,7 +192,9 @@ TEST_F(RecordDisplay, PicksAndTheShotAreMarked) {
         EXPECT_TRUE(Ecran().Has_Line(2251, 4, 3751, 4, colours::Red));
         const auto shots = Ecran().Of(Verb::Line, colours::Black);
         ASSERT_EQ(shots.size(), c.X ? 1U : 0U) << c.Shot;
-        if (c.X) EXPECT_TRUE(Ecran().Has_Line(*c.X, 1, *c.X, 11, colours::Black)) << c.Shot;
+        if (c.X) {
+            EXPECT_TRUE(Ecran().Has_Line(*c.X, 1, *c.X, 11, colours::Black)) << c.Shot;
+        }
         const auto wedges = header.Of(Verb::Polygon, colours::Red);
         ASSERT_EQ(wedges.size(), 1U);
         const Points& wedge = wedges[0].Points;
