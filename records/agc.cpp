@@ -15,23 +15,26 @@ void Level_Amplitudes(std::span<float> samples, int window) {
     // block and the start of the next. A difference of sums would lose quiet samples beside loud ones.
     const std::size_t padded = count + 2 * half;
     std::vector<double> from_start(padded);
-    std::vector<double> to_end(padded);
-    const auto square = [&](std::size_t place) {
-        if (place < half || place >= half + count) return 0.0;
-        const double value = samples[place - half];
-        return std::isfinite(value) ? value * value : 0.0;
-    };
-    for (std::size_t i = 0; i < padded; ++i)
-        from_start[i] = square(i) + (i % width == 0 ? 0 : from_start[i - 1]);
-    for (std::size_t i = padded; i-- > 0;)
-        to_end[i] = square(i) + (i + 1 == padded || (i + 1) % width == 0 ? 0 : to_end[i + 1]);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double value = samples[i];
+        from_start[i + half] = std::isfinite(samples[i]) ? value * value : 0.0;
+    }
+    std::vector<double> to_end = from_start;
+    for (std::size_t block = 0; block < padded; block += width) {
+        const std::size_t end = std::min(block + width, padded);
+        for (std::size_t i = block + 1; i < end; ++i)
+            from_start[i] += from_start[i - 1];
+        for (std::size_t i = end - 1; i > block; --i)
+            to_end[i - 1] += to_end[i];
+    }
+    std::size_t in_block = 0;  // of the sample whose window begins here
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t last = i + width - 1;  // of the padded window, which begins at i
-        const double energy = i % width == 0 ? from_start[last] : to_end[i] + from_start[last];
+        const double energy = in_block == 0 ? from_start[last] : to_end[i] + from_start[last];
+        if (++in_block == width) in_block = 0;
         const std::size_t begin = i < half ? 0 : i - half;
-        const std::size_t within = std::min(count, i + half + 1) - begin;
-        if (energy > 0)
-            samples[i] = static_cast<float>(samples[i] / std::sqrt(energy / static_cast<double>(within)));
+        const auto within = static_cast<double>(std::min(count, i + half + 1) - begin);
+        if (energy > 0) samples[i] = static_cast<float>(samples[i] * std::sqrt(within / energy));
     }
 }
 

@@ -57,8 +57,8 @@ void TracePainter::Lobe(const TracePoints& trace, std::size_t first, std::size_t
     const std::span<const PixelPoint> points = trace.All();
     Outline.clear();
     Outline.push_back({axis_pixel, points[first].Y});
-    Outline.insert(Outline.end(), points.begin() + static_cast<std::ptrdiff_t>(first),
-                   points.begin() + static_cast<std::ptrdiff_t>(end));
+    for (std::size_t i = first; i < end; ++i)
+        Outline.push_back(points[i]);
     Outline.push_back({axis_pixel, points[std::min(end, points.size() - 1)].Y});
     if (Outline.size() > Most_Lobe_Points(Style)) Outline.resize(Most_Lobe_Points(Style));
     Target.Polygon(Outline, fill);

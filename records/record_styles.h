@@ -11,22 +11,28 @@ namespace tarnvik {
 /// The samples of one trace as pixels, in their order; one list serves all traces of a drawing.
 class TracePoints {
   public:
-    void Empty() {
-        Places.clear();
-        Sides.clear();
+    /// Empties the list, with room for `most` samples.
+    void Start(std::size_t most) {
+        if (Places.size() < most) {
+            Places.resize(most);
+            Sides.resize(most);
+        }
+        Used = 0;
     }
     /// The next sample: its place, and by the sign of its value the side of the axis that it lies on.
     void Add(double value, int x, int y) {
-        Places.push_back({x, y});
-        Sides.push_back(static_cast<signed char>(value > 0 ? 1 : value < 0 ? -1 : 0));
+        Places[Used] = {x, y};
+        Sides[Used] = static_cast<signed char>((value > 0) - (value < 0));
+        ++Used;
     }
-    std::span<const PixelPoint> All() const { return Places; }
+    std::span<const PixelPoint> All() const { return {Places.data(), Used}; }
     int Side(std::size_t i) const { return Sides[i]; }
-    std::size_t Count() const { return Places.size(); }
+    std::size_t Count() const { return Used; }
 
   private:
     std::vector<PixelPoint> Places;
     std::vector<signed char> Sides;
+    std::size_t Used = 0;
 };
 
 /// Draws traces in one style: lobes (runs of samples on one side of the axis) as filled polygons, the trace

@@ -2,7 +2,9 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "core/ports/picture.h"
@@ -48,6 +50,16 @@ int Agc_Samples(const RecordView& view) {
     return CLng(view.AgcWindow * 1000 / view.SampleInterval).value_or(0);
 }
 
+/// The part of a trace that the levelling of the samples shown takes; all of it where all of it is measured.
+std::span<float> Needed(const RecordView& view, std::vector<float>& samples, int window) {
+    const auto count = static_cast<int>(samples.size());
+    if (!view.EqualiseTraces || !view.EqualiseInSight) return samples;
+    const int half = std::min(window, count);
+    const int begin = std::clamp(view.FirstSample - 1 - half, 0, count);
+    const int end = std::clamp(view.LastSample + half, begin, count);
+    return std::span(samples).subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+}
+
 /// What is the same for all traces of one drawing.
 struct Layout {
     double UnitsPerPixelX = 0;
@@ -71,26 +83,24 @@ Layout Lay_Out(const RecordView& view, const Frame& frame, int available) {
     return layout;
 }
 
-/// Nearest pixel, halves to even, as CLng gives it; nothing for what is no number or far too large. Goes over
-/// every sample of a record: adding this number leaves the whole part in the low bits.
-std::optional<int> Nearest_Pixel(double place) {
-    constexpr double beyond_fractions = 6755399441055744.0;  // 1.5 * 2^52
-    if (!(std::abs(place) < 2147483647.0)) return std::nullopt;
-    return static_cast<int>(std::bit_cast<std::int64_t>(place + beyond_fractions));
-}
-
 void Draw_One(const std::vector<float>& samples, const Layout& layout, double axis, double gain, bool clip,
               bool dead, TracePoints& points, TracePainter& painter) {
     const auto axis_pixel = CLng(axis / layout.UnitsPerPixelX);
     if (!axis_pixel) return;
-    points.Empty();
+    points.Start(layout.Samples.size());
+    // Nearest pixel, halves to even, as CLng gives it: adding this number leaves the whole part in the low
+    // bits.
+    constexpr double beyond_fractions = 6755399441055744.0;  // 1.5 * 2^52
+    const double units = layout.UnitsPerPixelX;
+    const double most = clip ? amplitude_reference : std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i < layout.Samples.size(); ++i) {
-        double value = samples[static_cast<std::size_t>(layout.Samples[i] - 1)] * gain;
-        if (clip) value = std::clamp(value, -amplitude_reference, amplitude_reference);
+        const double value = samples[static_cast<std::size_t>(layout.Samples[i] - 1)] * gain;
+        const double limited = value > most ? most : value < -most ? -most : value;
+        const double place = (axis + limited) / units;
         // A sample that is no number, or far too large, has no place on the picture.
-        if (const auto x = Nearest_Pixel((axis + value) / layout.UnitsPerPixelX)) {
-            points.Add(value, *x, layout.Rows[i]);
-        }
+        if (!(std::abs(place) < 2147483647.0)) continue;
+        const auto x = static_cast<int>(std::bit_cast<std::int64_t>(place + beyond_fractions));
+        points.Add(limited, x, layout.Rows[i]);
     }
     painter.Draw(points, *axis_pixel, dead);
 }
@@ -194,7 +204,7 @@ void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
         if (size == 0) size = 1;
         const SuTraces::Trace read = file.Read_Trace(trace, samples);
         std::fill(samples.begin() + read.SamplesRead, samples.end(), 0.0F);
-        Level_Amplitudes(samples, levelled);
+        Level_Amplitudes(Needed(view, samples, levelled), levelled);
         Take_Scale(view, samples, row == 0);
         const double gain = size * view.DisplayPolarity * view.AmplitudeGain * view.TraceScale;
         const double axis = static_cast<double>(row) * trace_width + amplitude_reference;

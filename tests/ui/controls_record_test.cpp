@@ -17,6 +17,15 @@ class RecordPageControls : public Controls {
     double Word(int trace, int word) { return SuTraces(Folder / "demo1.su").Word_Or_Zero(trace, word); }
     Effect Draws() { return Redraws("Ecran"); }
 
+    /// A pane that stays open for the rows behind it, in place of the one before.
+    std::function<void(QWidget*)> Opens(const char* inside) {
+        return [this, inside](QWidget* control) {
+            if (QWidget* other = QApplication::activePopupWidget()) other->close();
+            Click(control);
+            EXPECT_TRUE(Page->findChild<QWidget*>(inside)->isVisible());
+        };
+    }
+
     RecordView& View = Program.Work.Record;
     QWidget* Page = nullptr;
 };
@@ -80,6 +89,7 @@ TEST_F(RecordPageControls, each_does_its_work) {
                   [&] { return View.PickTimeShift == 7; }})},
         {"Spectre_Frequency", Clicked({[] {}, [&] { return View.SpectrumRequest == 1; }})},
         {"Check16", Ticked(View.ReverseOnClick)},
+        {"RecordPane", Opens("Check8")},
         {"Text9", Finished<std::int32_t>(View.FirstTrace, 2, 5, Draws())},
         {"Text10",
          Finished<std::int32_t>(
@@ -113,6 +123,7 @@ TEST_F(RecordPageControls, each_does_its_work) {
              EXPECT_EQ(Word(1, words::tracl), 5);
              Ticked(View.SeveralSpreads, Draws())(control);
          }},
+        {"DisplayPane", Opens("clip")},
         {"Combo1",
          [&](QWidget* control) {
              auto* style = qobject_cast<QComboBox*>(control);
@@ -138,9 +149,8 @@ TEST_F(RecordPageControls, each_does_its_work) {
              Display.Show_Fields();
              Ticked(View.EqualiseInSight, Draws())(control);
          }},
-        {"CrossHair", Clicked({[] {}, [&] { return !View.CrossHair; }})},
-        {"RecordPane", Clicked({[] {}, [&] { return Page->findChild<QWidget*>("Check8")->isVisible(); }})},
-        {"DisplayPane", Clicked({[] {}, [&] { return Page->findChild<QWidget*>("clip")->isVisible(); }})},
+        {"CrossHair",
+         Clicked({[] { QApplication::activePopupWidget()->close(); }, [&] { return !View.CrossHair; }})},
         {"RecordDown",
          [&](QWidget* control) {
              Program.RecordWheel.Enlarge_Time(1, 4);

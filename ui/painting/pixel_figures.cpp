@@ -65,13 +65,6 @@ class Brush {
         }
     }
 
-    /// A segment of at most one row down as two level runs: among hundreds of its like smoothing is not seen.
-    void Step(int x1, int y1, int x2, int y2) {
-        const int middle = x1 + (x2 - x1) / 2;
-        Span(y1, x1, middle);
-        Span(y2, y1 == y2 ? x1 : middle, x2);
-    }
-
   private:
     static std::int64_t Slope(int across, int along) {
         if (along == 0) return 0;
@@ -137,6 +130,28 @@ bool Is_Dense(std::span<const PixelPoint> points) {
     return true;
 }
 
+/// A dense line row by row, each as far as the line goes in it: among hundreds of its like smoothing is not
+/// seen. A segment changes its row in its middle.
+void Draw_Dense_Line(Brush& brush, const PixelPaper& paper, std::span<const PixelPoint> points) {
+    int row = points.front().Y;
+    int least = Near(points.front().X);
+    int most = least;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const int x = Near(points[i].X);
+        if (points[i].Y != row) {
+            const int before = Near(points[i - 1].X);
+            const int middle = before + (x - before) / 2;
+            brush.Span(Near(row) + paper.Top, std::min(least, middle) + paper.Left,
+                       std::max(most, middle) + paper.Left);
+            row = points[i].Y;
+            least = most = middle;
+        }
+        least = std::min(least, x);
+        most = std::max(most, x);
+    }
+    brush.Span(Near(row) + paper.Top, least + paper.Left, most + paper.Left);
+}
+
 }  // namespace
 
 bool Is_Lobe(std::span<const PixelPoint> points) {
@@ -166,10 +181,7 @@ void Fill_Lobe(const PixelPaper& paper, std::span<const PixelPoint> lobe, QRgb c
 void Draw_Thin_Line(const PixelPaper& paper, std::span<const PixelPoint> points, QRgb colour) {
     Brush brush(paper, colour);
     if (Is_Dense(points)) {
-        for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-            brush.Step(Near(points[i].X) + paper.Left, Near(points[i].Y) + paper.Top,
-                       Near(points[i + 1].X) + paper.Left, Near(points[i + 1].Y) + paper.Top);
-        }
+        Draw_Dense_Line(brush, paper, points);
         return;
     }
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
