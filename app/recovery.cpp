@@ -113,10 +113,11 @@ std::string Journal_Folder(const std::string& settings_file) {
 std::string Lost_Work_Question(const JournalContent& journal) {
     const std::string file = journal.ProjectFile.empty() ? "A new profile" : journal.ProjectFile;
     const std::size_t edits = journal.Edits_Of_Project();
-    std::string text =
-        file + " : the program ended at " + Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
-        CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
-        " not in the project file (last: " + journal.Last_Name() + "). Bring " + (edits == 1 ? "it" : "them") + " back ?";
+    std::string text = file + " : the program ended at " +
+                       Local_Time_Text(journal.Last_Time(), "%Y-%m-%d %H:%M:%S") + "; " +
+                       CStr(static_cast<double>(edits)) + (edits == 1 ? " edit is" : " edits are") +
+                       " not in the project file (last: " + journal.Last_Name() + "). Bring " +
+                       (edits == 1 ? "it" : "them") + " back ?";
     const std::string filed = Filed_Block(journal.ProjectFile);
     if (!filed.empty() && !Same_Filed_Content(filed, As_Filed(journal.Base)))
         text += "\r\nThe project file has been changed since.";

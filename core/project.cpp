@@ -12,6 +12,7 @@ void Redimension_Project(Project& project) {
     if (shots < 0 || receivers < 0) return;
     if (static_cast<std::int64_t>(shots) * receivers > max_picks) return;
     project.ShotTimes = {shots, receivers};
+    project.PickOrigins = {shots, receivers};
     project.ReceiverData = {ReceiverScratch, receivers};
     project.GrmData = {Project::GrmRows, receivers};
     project.ShotElevation = Array1<double>(shots);
@@ -32,6 +33,7 @@ void Erase_Project(Project& project) {
     project.ShotElevation = {};
     project.ShotThickness = {};
     project.ShotTimes = {};
+    project.PickOrigins = {};
     project.ReceiverData = {};
     project.InterceptB = {};
     project.VelocityA = {};

@@ -25,7 +25,15 @@ enum ReceiverRow : int {
     ReceiverScratch = 13,    ///< scratch of the delay computation, not filed
 };
 
-/// One refraction line: exactly what the project file holds, plus GrmData and the names of its files. Indices
+/// How a first break came to be.
+enum class PickOrigin : std::uint8_t {
+    Hand,       ///< picked by the user, or not known otherwise
+    Automatic,  ///< by the automatic picking
+    Moved,      ///< dragged by the user to where it is
+};
+
+/// One refraction line: exactly what the project file holds, plus GrmData, the origins of the picks and the
+/// names of its files. Indices
 /// run from 1; shots come first, then receivers or layers. Times in ms, distances, elevations and depths in
 /// the project's length unit, velocities in that unit per second. 0 means "no value" everywhere.
 struct Project {
@@ -62,8 +70,9 @@ struct Project {
     Array2<double> InterceptB;
     Array2<double> CritDistA;  ///< (shot, refractor 1..4)
     Array2<double> CritDistB;
-    Array2<double> ShotThickness;  ///< (shot, layer 1..4) under the shot
-    Array2<double> GrmData;        ///< (row 1..9, receiver), kept in a file of its own
+    Array2<double> ShotThickness;    ///< (shot, layer 1..4) under the shot
+    Array2<double> GrmData;          ///< (row 1..9, receiver), kept in a file of its own
+    Array2<PickOrigin> PickOrigins;  ///< (shot, receiver), likewise
 
     /// The only storage of the remarks: rows 2 to 9, columns "X loc", "Y loc", "Vertical shift", text.
     TextGrid remark_grid{RemarkLastRow + 1, 4};

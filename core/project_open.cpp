@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "core/files.h"
+#include "core/pick_origins.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 
@@ -42,6 +43,7 @@ ReadingReport Read_Project(Workspace& workspace, const std::string& path) {
     workspace.Fields.Text25 = CStr(project.TotalTime);
     Look_For_Offset_Shots(workspace);
     Split_Project_Path(project, path);
+    Read_Pick_Origins(project, workspace.CompanionFolder);
     workspace.FileOnDisk = path;
     workspace.Edits.Start(project, true);
     return report;

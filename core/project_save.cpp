@@ -6,6 +6,7 @@
 
 #include "core/fault.h"
 #include "core/files.h"
+#include "core/pick_origins.h"
 #include "core/project_file.h"
 #include "core/text/number.h"
 
@@ -59,6 +60,8 @@ void After_Save(Workspace& workspace, Ports& ports, SaveNotice notice = SaveNoti
     workspace.Project.TotalTime += 1;
     workspace.Edits.Saved(workspace.Project);
     workspace.FileOnDisk = workspace.Project.CurrentFile;
+    const std::string reason = Write_Pick_Origins(workspace.Project, workspace.CompanionFolder);
+    if (!reason.empty()) workspace.Fields.Status = "Where the picks come from is not kept: " + reason;
     workspace.Fields.Caption = workspace.Project.CurrentFile + " [" + workspace.AppTitle + "]";
     if (notice == SaveNotice::Told) {
         ports.Ask.Say("File: " + workspace.Project.CurrentFile + " has been recorded", workspace.AppTitle,

@@ -234,6 +234,8 @@ struct Workspace {
     tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
     DisplayChoices Choices;  ///< how each project is looked at
+    /// Where the program keeps small files about projects; empty while none are kept.
+    std::string CompanionFolder;
     std::string AppTitle = "Tarnvik 16.5";
     PictureMode Mode;  ///< what the Dromo picture shows and what a press on it means
     /// The file that the project in memory was read from or written to, or whose replacement the user agreed

@@ -195,7 +195,7 @@ void AutoPik::Pick_auto() {
     EditScope edit(Work, "Automatic picking of record " + CStr(Work.Record.Record),
                    "automatic picking " + CStr(Work.Record.Record));
     try {
-        PickSetter setter(Work);
+        PickSetter setter(Work, PickOrigin::Automatic);
         RecordFiles& files = setter.Files();
         if (!files.Is_Open()) throw Fault(files.Traces().Reason());
         const AutomaticPickingParameters with = Read_Parameters(files);

@@ -12,7 +12,7 @@ namespace {
 /// Picks of ShotTimes above 0 move; a pick moved to 0 or below is kept as it is. In the file every trace
 /// moves.
 void Shift_Receivers(Workspace& workspace, int record, int first, int last, double shift) {
-    PickSetter picks(workspace);
+    PickSetter picks(workspace, std::nullopt);
     RecordFiles& files = picks.Files();
     const std::int64_t before = picks.Layout().First_Trace(record) - 1;
     for (std::int64_t trace = before + first; trace <= before + last; ++trace) {

@@ -149,7 +149,7 @@ void RecordPointer::Drag(const RecordEvent& event) {
     if (!trace) return;
     if (!Dragged) ++Drags;
     Dragged = true;
-    PickSetter picks(Work);
+    PickSetter picks(Work, PickOrigin::Moved);
     const EditScope edit(Work, Trace_Edit_Name("Drag pick of", picks.Layout(), *trace),
                          "drag on record " + CStr(Drags));
     picks.Set_Trace(*trace, Int(std::max(event.Y, 0.0) * Work.Record.SampleInterval / 1000 * 100) / 100);

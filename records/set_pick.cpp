@@ -1,6 +1,6 @@
 #include "records/set_pick.h"
 
-#include <algorithm>
+#include <cmath>
 
 #include "core/ports/picture.h"
 #include "core/text/number.h"
@@ -10,19 +10,37 @@ namespace tarnvik {
 namespace {
 constexpr const char* stored_format = "##00.00";
 constexpr const char* cell_format = "###0.00";
+constexpr double word_rounding = 0.051;  ///< ms that a header word may take from a time
 }  // namespace
 
-PickSetter::PickSetter(Workspace& workspace)
-    : Work(workspace), Records(workspace), Spread(workspace, Records.Traces()) {}
+PickSetter::PickSetter(Workspace& workspace, std::optional<PickOrigin> origin)
+    : Work(workspace), Origin(origin), Records(workspace), Spread(workspace, Records.Traces()) {}
 
 void PickSetter::Set_Time(PickPlace place, double ms, PickDigits digits) {
     const double time = digits == PickDigits::All ? ms : Val(Format(ms, stored_format));
     if (place.Shot < 1 || place.Receiver < 1 || !Work.Project.ShotTimes.Has(place.Shot, place.Receiver))
         return;
     Work.Project.ShotTimes(place.Shot, place.Receiver) = static_cast<float>(time);
+    if (Work.Project.PickOrigins.Has(place.Shot, place.Receiver)) {
+        PickOrigin& origin = Work.Project.PickOrigins(place.Shot, place.Receiver);
+        if (!(time > 0)) {
+            origin = PickOrigin::Hand;
+        } else if (Origin) {
+            origin = *Origin;
+        }
+    }
     TextGrid& table = Work.Grids.Buildgrid;
     if (!table.Has(place.Receiver, place.Shot)) return;
     Show_Time(table.At(place.Receiver, place.Shot), static_cast<float>(time));
+}
+
+void PickSetter::Take_Word(PickPlace place, double word) {
+    const Project& project = Work.Project;
+    if (!project.PickOrigins.Has(place.Shot, place.Receiver)) return;
+    const PickOrigin former = project.PickOrigins(place.Shot, place.Receiver);
+    const bool same = std::abs(project.ShotTimes(place.Shot, place.Receiver) - word / 10) < word_rounding;
+    Set_Time(place, word / 10);
+    if (same) Work.Project.PickOrigins(place.Shot, place.Receiver) = former;
 }
 
 bool PickSetter::Set_Trace(std::int64_t trace, double ms, PickDigits digits) {
@@ -52,9 +70,9 @@ bool PickSetter::Set_Place(PickPlace place, double ms, PickDigits digits) {
     return false;
 }
 
-void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits) {
+void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits, PickOrigin origin) {
     const EditScope edit(workspace, Pick_Name(place));
-    PickSetter picks(workspace);
+    PickSetter picks(workspace, origin);
     picks.Set_Place(place, ms, digits);
     picks.Tell_Faults("Pick");
 }
@@ -82,7 +100,7 @@ void Take_Header_Picks(PickSetter& picks) {
     for (std::int64_t trace = 1; trace <= traces; ++trace) {
         const auto word = file.Word(trace, words::First_Breaks);
         if (!word) return;  // the file ends here
-        if (const auto place = picks.Layout().Place_Of(trace)) picks.Set_Time(*place, *word / 10.0);
+        if (const auto place = picks.Layout().Place_Of(trace)) picks.Take_Word(*place, *word);
     }
 }
 

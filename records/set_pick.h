@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "core/pick_place.h"
 #include "core/workspace.h"
 #include "records/record_files.h"
@@ -16,7 +18,8 @@ enum class PickDigits { Hundredths, All };
 class PickSetter {
   public:
     /// Opens the project's records for one operation. A project without any has its picks in ShotTimes alone.
-    explicit PickSetter(Workspace& workspace);
+    /// What is set gets this origin, or keeps the one it has.
+    explicit PickSetter(Workspace& workspace, std::optional<PickOrigin> origin = PickOrigin::Hand);
 
     /// The pick of a trace. False when a file missed it; where the project has no such shot and receiver, the
     /// status field tells that it went to the file alone.
@@ -26,6 +29,9 @@ class PickSetter {
     /// The pick in ShotTimes and Buildgrid alone, for words that the file has already.
     void Set_Time(PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
 
+    /// The same from header word 86. A pick that stood for that word already keeps its origin.
+    void Take_Word(PickPlace place, double word);
+
     const SpreadLayout& Layout() const { return Spread; }
     RecordFiles& Files() { return Records; }
     /// Tells in the status field what could not be written; see RecordFiles.
@@ -33,12 +39,14 @@ class PickSetter {
 
   private:
     Workspace& Work;
+    std::optional<PickOrigin> Origin;
     RecordFiles Records;
     SpreadLayout Spread;
 };
 
 /// One pick as an edit of its own.
-void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths);
+void Set_Pick(Workspace& workspace, PickPlace place, double ms, PickDigits digits = PickDigits::Hundredths,
+              PickOrigin origin = PickOrigin::Hand);
 
 /// How the table shows a time: two decimals, and red below 0, which is no pick.
 void Show_Time(TextGrid::Cell& cell, float time);
@@ -50,7 +58,7 @@ std::string Pick_Name(PickPlace place);
 std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread, std::int64_t trace);
 
 /// ShotTimes and Buildgrid take the picks of all headers of the file, zeros too, each at the place of its
-/// trace. Places whose trace the file lacks keep theirs.
+/// trace. Places whose trace the file lacks keep theirs, and a pick that has that time already its origin.
 void Take_Header_Picks(PickSetter& picks);
 
 }  // namespace tarnvik

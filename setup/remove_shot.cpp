@@ -45,6 +45,7 @@ Array2<T> Without(const Array2<T>& of_shots, int shot) {
 bool Take_Out_Shot(Project& project, int shot) {
     if (shot < 1 || shot > project.NbShots) return false;
     project.ShotTimes = Without(project.ShotTimes, shot);
+    project.PickOrigins = Without(project.PickOrigins, shot);
     project.ShotElevation = Without(project.ShotElevation, shot);
     project.ShotDistance = Without(project.ShotDistance, shot);
     project.ShotDistanceZ = Without(project.ShotDistanceZ, shot);

@@ -17,6 +17,7 @@
 #include <unistd.h>
 #endif
 
+#include "core/check_sum.h"
 #include "core/files.h"
 
 namespace tarnvik {
@@ -89,14 +90,6 @@ bool Write_All(int handle, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(put));
     }
     return true;
-}
-
-/// A sum over the bytes of a record, so that one cut short by a kill is known (FNV-1a, public domain).
-std::uint32_t Check_Sum(std::string_view bytes) {
-    std::uint32_t sum = 2166136261U;
-    for (const char byte : bytes)
-        sum = (sum ^ static_cast<unsigned char>(byte)) * 16777619U;
-    return sum;
 }
 
 std::string Free_Name(const std::string& folder, const std::string& project_file, int number) {

@@ -34,6 +34,7 @@ void For_Each_Member(P& project, Visit visit) {
     visit(ProjectPart::Line, project.GeoSpace);
     visit(ProjectPart::Shots, project.ShotDistanceZ);
     visit(ProjectPart::Grm, project.GrmData);
+    visit(ProjectPart::Origins, project.PickOrigins);
 }
 
 struct BlockWriter {
@@ -168,10 +169,11 @@ TouchedParts Touched_By(const ByteChanges& changes, const Project& project) {
         for (const Member& member : members) {
             if (member.First >= run_end || member.End <= run.Position) continue;
             touched.Parts.Add(member.Part);
-            if (member.Part != ProjectPart::Times || run.Before.size() != run.After.size() || columns <= 0)
-                continue;
+            const bool times = member.Part == ProjectPart::Times;
+            if (!times && member.Part != ProjectPart::Origins) continue;
+            if (run.Before.size() != run.After.size() || columns <= 0) continue;
             const std::int64_t values = member.First + 2 * static_cast<std::int64_t>(sizeof(std::int32_t));
-            const auto size = static_cast<std::int64_t>(sizeof(float));
+            const auto size = static_cast<std::int64_t>(times ? sizeof(float) : sizeof(PickOrigin));
             for (std::int64_t i = std::max(run.Position - values, std::int64_t{0}) / size;
                  values + i * size < std::min(run_end, member.End); ++i) {
                 // Equal bytes between two changes belong to the run and are no change.
@@ -196,7 +198,8 @@ bool Same_Filed_Content(std::string_view one, std::string_view other) {
         For_Each_Member(project, BlockReader{bytes});
         const auto unfiled = sizeof(double) + sizeof(std::int32_t) +
                              project.ShotDistanceZ.Values().size_bytes() + 2 * sizeof(std::int32_t) +
-                             project.GrmData.Values().size_bytes();
+                             project.GrmData.Values().size_bytes() + 2 * sizeof(std::int32_t) +
+                             project.PickOrigins.Values().size_bytes();
         return block.substr(0, block.size() - std::min(block.size(), unfiled));
     };
     if (one.size() < total_time_at + sizeof(double) || other.size() < total_time_at + sizeof(double))

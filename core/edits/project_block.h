@@ -24,6 +24,7 @@ enum class ProjectPart : unsigned {
     Grm = 1U << 9U,            ///< GrmData
     FieldRecords = 1U << 10U,  ///< SuFile
     Remarks = 1U << 11U,       ///< texts of remark_grid
+    Origins = 1U << 12U,       ///< PickOrigins
 };
 
 /// Any number of parts.
@@ -45,8 +46,8 @@ std::string Project_Block(const Project& project);
 /// Puts such a row back. False for bytes that are no whole block; the project is then unchanged.
 bool Take_Project_Block(std::string_view block, Project& project);
 
-/// What `changes` touch in a block of this project. The picks are listed one by one unless the counts
-/// changed.
+/// What `changes` touch in a block of this project. The picks whose time or origin changed are listed one by
+/// one unless the counts changed.
 struct TouchedParts {
     ProjectParts Parts;
     std::vector<PickPlace> Picks;

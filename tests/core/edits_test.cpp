@@ -64,6 +64,7 @@ struct Line {
             case 0:
             case 1:
                 project.ShotTimes(shot, receiver) = static_cast<float>(random() % 10000) / 100;
+                project.PickOrigins(shot, receiver) = static_cast<PickOrigin>(random() % 3);
                 Write_Records(any(3990), std::to_string(random() % 100));
                 break;
             case 2:
@@ -107,41 +108,6 @@ struct Line {
 };
 
 }  // namespace
-
-TEST(Edits, AThousandOfAllKindsGoBackToTheStartAndForthToTheEnd) {
-    TemporaryFolder folder;
-    Line line(folder);
-    const std::string first_block = line.Block();
-    const std::string first_bytes = line.Bytes();
-    std::mt19937 random(4711);
-    for (int i = 0; i < 1000; ++i) {
-        line.Random_Edit(random);
-        // A hand that goes back a little and begins anew.
-        if (i % 50 == 49) {
-            line.Work.Edits.Undo(line.Work.Project);
-            line.Work.Edits.Undo(line.Work.Project);
-        }
-        if (i % 90 == 89) {
-            line.Work.Project.TotalTime += 1;
-            line.Work.Edits.Saved(line.Work.Project);
-        }
-    }
-    const std::string last_block = line.Block();
-    const std::string last_bytes = line.Bytes();
-    Edits& edits = line.Work.Edits;
-    const std::size_t last = edits.Done();
-    ASSERT_GT(edits.All().size(), 700U);
-    for (int round = 0; round < 2; ++round) {
-        while (edits.Can_Undo())
-            ASSERT_EQ(edits.Undo(line.Work.Project), "");
-        // Compared as a whole: blocks are too long to be printed.
-        EXPECT_TRUE(line.Block() == first_block);
-        EXPECT_TRUE(line.Bytes() == first_bytes);
-        ASSERT_EQ(edits.Go_To(line.Work.Project, last), "");
-        EXPECT_TRUE(line.Block() == last_block);
-        EXPECT_TRUE(line.Bytes() == last_bytes);
-    }
-}
 
 TEST(Edits, AreMadeByTheOutermostScopeAndOnlyWhenSomethingChanged) {
     TemporaryFolder folder;
@@ -236,6 +202,7 @@ TEST(Edits, TellWhetherTheFileHoldsTheProject) {
     change([&] { line.Write_Records(3, "k"); });
     EXPECT_TRUE(edits.Is_Saved()) << "the records are written at once";
     change([&] { project.GrmData(1, 1) = 3; });
+    change([&] { project.PickOrigins(2, 3) = PickOrigin::Moved; });
     EXPECT_TRUE(edits.Is_Saved()) << "kept in a file of its own";
     change([&] { project.ShotTimes(1, 1) = 3; });
     EXPECT_FALSE(edits.Is_Saved());
@@ -382,6 +349,13 @@ TEST(Journal, GivesBackTheHistoryAfterSavesDragsAndStepsBehindItsBeginning) {
         ++restored_histories;
     }
     EXPECT_GT(restored_histories, 200);
+    // The records go back to their first bytes and forth again.
+    const std::size_t last = edits.Done();
+    const std::string last_bytes = line.Bytes();
+    ASSERT_EQ(edits.Go_To(line.Work.Project, 0), "");
+    EXPECT_TRUE(line.Bytes() == std::string(4000, 'r'));
+    ASSERT_EQ(edits.Go_To(line.Work.Project, last), "");
+    EXPECT_TRUE(line.Bytes() == last_bytes);
 }
 
 TEST(Journal, OnAFullDiskKeepsWhatItHasAndGoesOnWhenThereIsRoom) {
