@@ -8,6 +8,7 @@
 #include "core/text/number.h"
 #include "output/profile_painting.h"
 #include "records/record_files.h"
+#include "records/record_header.h"
 #include "records/su_loading.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curves.h"
@@ -121,6 +122,7 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             Draw_Traces(session.Work, pictures.Main, Su_Path(session.Work.Project),
                         Curve_Colours(session.Work));
             Draw_Time_Scale(session.Work.Record, pictures.Beside);
+            Draw_Record_Header(session.Work, pictures.Below, Su_Path(session.Work.Project));
             break;
     }
 }

@@ -12,7 +12,8 @@ namespace tarnvik {
 
 class Session;
 
-/// What a page is drawn on: its picture and the scale strips that belong to it, below and on the left. A
+/// What a page is drawn on: its picture and the scale strips that belong to it, below (of a field record the
+/// header above) and on the left. A
 /// strip that the page does not use is left alone.
 struct PagePictures {
     Picture& Main;

@@ -2,10 +2,12 @@
 
 #include "app/commands.h"
 #include "app/dialog_commands.h"
+#include "app/record_choices.h"
 #include "app/refusals.h"
 #include "app/session.h"
 #include "records/record_buttons.h"
 #include "records/record_choice.h"
+#include "records/record_readout.h"
 
 namespace tarnvik {
 
@@ -42,6 +44,9 @@ bool Picking_Open(const Session& session) {
 bool Shifted(const Session& session) {
     return session.Work.Record.PickTimeShift != 0;
 }
+bool Lines_Shown(const Session& session) {
+    return session.Work.Record.CrossHair;
+}
 bool Spectrum_Armed(const Session& session) {
     return session.Work.Record.SpectrumRequest == 1;
 }
@@ -59,6 +64,10 @@ void Show_Whole_Record(Session& session) {
 void Refresh_Record(Session& session) {
     session.RecordArea.Refresh();
 }
+void Switch_Lines(Session& session) {
+    Switch_Cross_Hair(session.Work, session.Outside);
+    Note_Record_Choices(session.Work);
+}
 template <void (*Routine)(Workspace&, Ports&)>
 void On_Record(Session& session) {
     Routine(session.Work, session.Outside);
@@ -74,8 +83,9 @@ const std::array record_page_commands = {
     Command{.Name = "Command24", .Tooltip = "Move to previous shot", .Icon = "record-previous", .Shortcut = "PgUp", .Run = Show_Neighbour<-1>, .Refusal = No_Neighbour<-1>},
     Command{.Name = "Command23", .Tooltip = "Move to next shot", .Icon = "record-next", .Shortcut = "PgDown", .Run = Show_Neighbour<1>, .Refusal = No_Neighbour<1>},
     Command{.Name = "Command4", .Caption = "Z", .Tooltip = "Press Z button, then draw an area on the record display", .Icon = "magnifier", .Shortcut = "Z", .Run = Arm_Zoom, .Refusal = Zoom_Armed},
-    Command{.Name = "Command17", .Caption = "UZ", .Tooltip = "Press UZ to display thecomplete record", .Icon = "record-whole", .Shortcut = "U", .Run = Show_Whole_Record, .Refusal = Whole_Already},
+    Command{.Name = "Command17", .Caption = "UZ", .Tooltip = "Press UZ to display thecomplete record", .Icon = "record-whole", .Shortcut = "U; Home", .Run = Show_Whole_Record, .Refusal = Whole_Already},
     Command{.Name = "Command21", .Tooltip = "Refresh display, no zoom", .Icon = "record-refresh", .Shortcut = "R", .Run = Refresh_Record, .Refusal = Without_Shown_Records},
+    Command{.Name = "CrossHair", .Tooltip = "Lines through the pointer", .Icon = "cross-hair", .Shortcut = "C", .Run = Switch_Lines, .Checked = Lines_Shown},
     Command{.Name = "Command10", .Tooltip = "Click here to reduce trace size of the record", .Icon = "gain-down", .Shortcut = "-", .Run = On_Record<Reduce_Trace_Size>, .Refusal = Without_Shown_Records},
     Command{.Name = "Command15", .Tooltip = "Click here to enlarge trace size of the record", .Icon = "gain-up", .Shortcut = "+", .Run = On_Record<Enlarge_Trace_Size>, .Refusal = Without_Shown_Records},
     Command{.Name = "Command25", .Tooltip = "Polarity of the display", .Icon = "polarity", .Run = On_Record<Turn_Display_Polarity>, .Checked = Turned, .Refusal = Without_Shown_Records},

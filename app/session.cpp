@@ -23,6 +23,7 @@ Session::Session(Ports outside, std::string settings_file)
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
       RecordArea(Work, Outside),
+      RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
       RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
       TraceSizeMouse(Work, Outside),
@@ -42,6 +43,10 @@ void Session::Keep_Journals() {
     JournalFolder = Journal_Folder(SettingsFile);
     Work.Edits.Keep_Journals_In(JournalFolder);
     Work.CompanionFolder = Folder_Of(SettingsFile) + "projects";
+}
+
+void Session::Keep_Display_Choices() {
+    Work.Choices.Keep_In(Display_Choices_File(SettingsFile));
 }
 
 }  // namespace tarnvik

@@ -12,6 +12,7 @@
 #include "depth/fcalcul_pointer.h"
 #include "records/auto_pik.h"
 #include "records/picking.h"
+#include "records/record_scroll.h"
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
 #include "setup/elevations.h"
@@ -38,6 +39,9 @@ class Session {
 
     /// From now on each edit is written to a journal beside the settings, for the next start after a kill.
     void Keep_Journals();
+    /// From now on it is remembered beside the settings how each project is looked at, and records met for
+    /// the first time are shown so that they can be read.
+    void Keep_Display_Choices();
 
     Workspace Work;
     Ports Outside;
@@ -57,6 +61,7 @@ class Session {
 
     // Field records.
     RecordZoom RecordArea;
+    RecordScroll RecordWheel;
     AutoPik AutomaticPicking;
     RecordPointer RecordMouse;
     SizeGridMouse TraceSizeMouse;

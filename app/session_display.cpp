@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/pages.h"
+#include "app/record_choices.h"
 #include "app/session.h"
 #include "core/ports/silent_picture.h"
 #include "output/profile_painting.h"
@@ -122,7 +123,9 @@ void SessionDisplay::Draw_Curves() {
 
 void SessionDisplay::Draw_Record() {
     const Project& project = Owner->Work.Project;
+    Take_Up_Record_Choices(Owner->Work);
     tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(Owner->Work));
+    Note_Record_Choices(Owner->Work);
 }
 
 void SessionDisplay::Draw_Profile() {

@@ -7,6 +7,7 @@
 #include "records/picking.h"
 #include "records/record_choice.h"
 #include "records/record_display.h"
+#include "records/record_scroll.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "support/su_builder.h"
@@ -82,6 +83,34 @@ void Painted_Record(benchmark::State& state) {
 BENCHMARK(Painted_Record)
     ->ArgNames({"style", "noise"})
     ->ArgsProduct({{VariableArea, WiggleOnly, TwoColours}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+
+/// One step of the wheel through an enlarged record of noise, with and without levelled amplitudes.
+void Panned_Record(benchmark::State& state) {
+    test::TemporaryFolder folder;
+    Workspace workspace;
+    workspace.Project.SuFile = Line(folder, true);
+    test::ScriptedPrompts prompts;
+    ImageDisplay display;
+    test::RecordingLauncher launcher;
+    Ports ports{prompts, display, launcher};
+    display.Draw = [&] { Display_Record(workspace, ports, workspace.Project.SuFile); };
+    RecordView& view = workspace.Record;
+    view.EqualiseTraces = view.EqualiseInSight = view.ClipAmplitude = true;
+    view.AmplitudeGain = 2;
+    view.AgcWindow = static_cast<double>(state.range(0));
+    Open_Records(workspace, ports);
+    RecordScroll scroll(workspace, ports);
+    scroll.Enlarge_Time(2000, static_cast<double>(state.range(1)));
+    int steps = 0;
+    for (auto _ : state) {
+        scroll.Pan(steps++ % 20 < 10 ? -1 : 1);
+        benchmark::DoNotOptimize(display.Screen.Image().constBits());
+    }
+}
+BENCHMARK(Panned_Record)
+    ->ArgNames({"agc", "enlarged"})
+    ->ArgsProduct({{0, 100}, {1, 5}})
     ->Unit(benchmark::kMillisecond);
 
 /// From the click to the redrawn record: the pick into file and project, its mark on the picture. With the

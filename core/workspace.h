@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/awaited_field.h"
+#include "core/display_choices.h"
 #include "core/display_mode.h"
 #include "core/edits/edits.h"
 #include "core/pick_place.h"
@@ -214,6 +215,9 @@ struct RecordView {
     std::int16_t DisplayPolarity = 1;
     bool ClipAmplitude = false;
     bool EqualiseTraces = false;
+    bool EqualiseInSight = false;    ///< by the samples shown, of either sign, and not by the whole trace
+    double AgcWindow = 0;            ///< ms over which amplitudes are levelled on the picture; 0 for none
+    bool CrossHair = true;           ///< lines through the pointer
     bool Overdraw = false;           ///< the next record is drawn over this one
     bool ShowTravelTimes = false;    ///< curves of the other shots over the traces
     std::int32_t CurveOnRecord = 0;  ///< shot whose curve that is; below 1 all
@@ -222,6 +226,8 @@ struct RecordView {
     float ScaleLeft = 0;
     float ScaleRight = 0;
     double TraceScale = 0;                  ///< amplitude scale of the record drawn last, 0 before the first
+    std::string TakenUp;                    ///< records and project whose display choices are in force
+    std::map<int, std::string> TraceSizes;  ///< size factors by the trace's place in its record, from 0
     std::vector<std::int16_t> TracesDrawn;  ///< `trid` of the traces in the picture, from FirstTrace
 
     // What a click means.
@@ -265,6 +271,7 @@ struct Workspace {
     tarnvik::Project Project;
     tarnvik::Edits Edits;  ///< the door for all changes by the user's hand
     tarnvik::Settings Settings;
+    DisplayChoices Choices;  ///< how each project is looked at
     /// Where the program keeps small files about projects; empty while none are kept.
     std::string CompanionFolder;
     std::string AppTitle = "Tarnvik 16.5";

@@ -7,6 +7,7 @@
 #include "core/text/number.h"
 #include "records/polarity_reversal.h"
 #include "records/record_files.h"
+#include "records/record_readout.h"
 #include "records/set_pick.h"
 #include "records/spectrum_area.h"
 
@@ -52,6 +53,7 @@ void RecordPointer::Press(const RecordEvent& event) {
 void RecordPointer::Move(const RecordEvent& event) {
     if (Band.Active()) Band.Move_To(Outside.Show.Canvas_Of(Canvas::Ecran), event.X, event.Y);
     Read_Out(event);
+    Show_Cross_Hair(Work, Outside, event.X, event.Y);
     if (RightHeld && event.Button == 2) Drag(event);
 }
 
@@ -129,9 +131,8 @@ void RecordPointer::Read_Out(const RecordEvent& event) {
     const RecordView& record = Work.Record;
     const auto trace = Trace_At(record, event.X);
     if (!trace) return;
-    const double ms = Int(event.Y * record.SampleInterval / 1000 * 100) / 100;
     const int position = *trace - record.FirstTrace + 1;
-    Work.Fields.RecordReadout = CStr(ms) + "ms   Trace:" + CStr(*trace);
+    Work.Fields.RecordReadout = Record_Read_Out(Work, event.X, event.Y).value_or("");
     // The row beside the pointer is the one that the question before a kill names.
     if (position >= 1 && position <= Work.Grids.size_grid.Rows())
         Work.Grids.size_grid.CurrentRow = position - 1;

@@ -7,6 +7,7 @@
 #include "core/text/number.h"
 #include "records/record_files.h"
 #include "records/spread_layout.h"
+#include "records/trace_range.h"
 
 namespace tarnvik {
 
@@ -49,8 +50,9 @@ void Select_Record(Workspace& workspace, int record) {
     view.Record = std::clamp(record, 1, std::max(1, int{view.NbRecords}));
     Take_Shot(workspace, view.Record);
     if (view.ChannelsPerRecord < 1) return;
-    view.WholeLast = view.LastTrace = view.Record * view.ChannelsPerRecord;
-    view.WholeFirst = view.FirstTrace = view.LastTrace - view.ChannelsPerRecord + 1;
+    view.WholeLast = view.Record * view.ChannelsPerRecord;
+    const int first = view.WholeLast - view.ChannelsPerRecord + 1;
+    Show_Trace_Range(workspace, first, view.WholeLast, first);
 }
 
 void Go_To_Record(Workspace& workspace, Ports& ports, int record) {

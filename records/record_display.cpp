@@ -5,15 +5,16 @@
 #include "core/files.h"
 #include "core/ports/picture.h"
 #include "core/text/number.h"
+#include "records/record_header.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
+#include "records/trace_range.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr std::int64_t shortest_file = 1000;      // bytes
-constexpr std::int64_t most_size_rows = 100'000;  // a range typed in error must not fill the memory
+constexpr std::int64_t shortest_file = 1000;  // bytes
 
 /// Stations of the record that the first trace shown is of. They stand in the header of the record's first
 /// trace; a trace behind it counts on from there.
@@ -79,6 +80,7 @@ void Display_Record(Workspace& workspace, Ports& ports, const std::string& path,
     Measure_Record(workspace, ecran.Current_Frame(), path);
     Fill_Size_Grid(workspace);
     Draw_Traces(workspace, ecran, path, shot_colour);
+    Draw_Record_Header(workspace, ports.Show.Canvas_Of(Canvas::RecordHeader), path);
     Draw_Time_Scale(workspace.Record, ports.Show.Canvas_Of(Canvas::Echelle3));
     ecran.Set_Pointer(PointerShape::Cross);
     ecran.Set_Draw_Width(2);

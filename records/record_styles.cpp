@@ -9,19 +9,12 @@ namespace tarnvik {
 namespace {
 
 constexpr Colour area_blue = 0xFF8080;
+constexpr std::size_t most_line_points = 10001;
 
-/// False for a lobe too small to leave the axis: it has no area and most lobes of a quiet trace are such.
-bool Leaves_Axis(std::span<const PixelPoint> lobe, int axis_pixel) {
-    return std::any_of(lobe.begin(), lobe.end(),
-                       [axis_pixel](const PixelPoint& point) { return point.X != axis_pixel; });
-}
-
-constexpr std::size_t Most_Fill_Points(int style) {
+constexpr std::size_t Most_Lobe_Points(int style) {
     switch (style) {
         case VariableArea:
             return 20000;
-        case WiggleOnly:
-            return 10000;
         case TwoColours:
             return 5001;
         default:
@@ -31,77 +24,44 @@ constexpr std::size_t Most_Fill_Points(int style) {
 
 }  // namespace
 
-TracePainter::TracePainter(int style, Picture& picture)
-    : Style(style),
-      Target(picture),
-      FillPoints(Most_Fill_Points(style)),
-      NegativePoints(5001),
-      TracePoints(10001) {}
-
-void TracePainter::Begin(int axis_pixel, bool dead) {
-    AxisPixel = axis_pixel;
-    Dead = dead;
-    FillPoints.Empty();
-    NegativePoints.Empty();
-    TracePoints.Empty();
-}
-
-void TracePainter::Sample(double value, int x, int y) {
-    LastY = y;
-    if (Style == WiggleOnly) {
-        FillPoints.Add(x, y);
-        return;
+void TracePainter::Draw(const TracePoints& trace, int axis_pixel, bool dead) {
+    if (trace.Count() == 0 || Style < VariableArea || Style > AreaOnly) return;
+    if (Style != WiggleOnly) {
+        const Colour live = Style == TwoColours ? colours::Red : area_blue;
+        Lobes(trace, axis_pixel, 1, dead ? colours::Grey : live);
     }
-    if (Style < VariableArea || Style > AreaOnly) return;
-    if (Style == VariableArea) TracePoints.Add(x, y);
-    if (value > 0) {
-        Close_Negative(y);
-        if (FillPoints.Is_Empty()) FillPoints.Add(AxisPixel, y);
-        FillPoints.Add(x, y);
-        return;
-    }
-    Close_Positive(y);
-    if (Style != TwoColours) return;
-    if (value < 0) {
-        if (NegativePoints.Is_Empty()) NegativePoints.Add(AxisPixel, y);
-        NegativePoints.Add(x, y);
-    } else {
-        Close_Negative(y);
+    if (Style == TwoColours) Lobes(trace, axis_pixel, -1, dead ? colours::Grey : colours::Blue);
+    if (Style == VariableArea || Style == WiggleOnly) {
+        const std::size_t count = std::min(trace.Count(), most_line_points - (Style == WiggleOnly ? 1 : 0));
+        Target.Polyline(trace.All().first(count), dead ? colours::Grey : colours::Black);
     }
 }
 
-void TracePainter::End() {
-    if (Style == WiggleOnly) {
-        Line_Through(FillPoints, Dead ? colours::Grey : colours::Black);
-        return;
+void TracePainter::Lobes(const TracePoints& trace, int axis_pixel, int side, Colour fill) {
+    const std::size_t count = trace.Count();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (trace.Side(i) != side) continue;
+        const std::size_t first = i;
+        // A lobe too small to leave the axis has no area, and most lobes of a quiet trace are such.
+        bool leaves_axis = false;
+        for (; i < count && trace.Side(i) == side; ++i)
+            leaves_axis = leaves_axis || trace.All()[i].X != axis_pixel;
+        if (leaves_axis) Lobe(trace, first, i, axis_pixel, fill);
     }
-    Close_Positive(LastY);
-    Close_Negative(LastY);
-    Line_Through(TracePoints, colours::Black);
 }
 
-void TracePainter::Close_Positive(int y) {
-    if (FillPoints.Is_Empty()) return;
-    FillPoints.Add(AxisPixel, y);
-    const Colour live = Style == TwoColours ? colours::Red : area_blue;
-    if (Leaves_Axis(FillPoints.All(), AxisPixel)) {
-        Target.Polygon(FillPoints.All(), Dead ? colours::Grey : live);
-    }
-    FillPoints.Empty();
-}
-
-void TracePainter::Close_Negative(int y) {
-    if (NegativePoints.Is_Empty()) return;
-    NegativePoints.Add(AxisPixel, y);
-    if (Leaves_Axis(NegativePoints.All(), AxisPixel)) {
-        Target.Polygon(NegativePoints.All(), Dead ? colours::Grey : colours::Blue);
-    }
-    NegativePoints.Empty();
-}
-
-void TracePainter::Line_Through(PointList& points, Colour colour) {
-    if (!points.Is_Empty()) Target.Polyline(points.All(), colour);
-    points.Empty();
+/// Samples `first` to before `end`, from the axis and back to it: at the sample behind the lobe, or at the
+/// end of the trace.
+void TracePainter::Lobe(const TracePoints& trace, std::size_t first, std::size_t end, int axis_pixel,
+                        Colour fill) {
+    const std::span<const PixelPoint> points = trace.All();
+    Outline.clear();
+    Outline.push_back({axis_pixel, points[first].Y});
+    for (std::size_t i = first; i < end; ++i)
+        Outline.push_back(points[i]);
+    Outline.push_back({axis_pixel, points[std::min(end, points.size() - 1)].Y});
+    if (Outline.size() > Most_Lobe_Points(Style)) Outline.resize(Most_Lobe_Points(Style));
+    Target.Polygon(Outline, fill);
 }
 
 }  // namespace tarnvik

@@ -8,50 +8,50 @@
 
 namespace tarnvik {
 
-/// Points of a lobe or a trace up to a fixed number; a point more than that is left out.
-class PointList {
+/// The samples of one trace as pixels, in their order; one list serves all traces of a drawing.
+class TracePoints {
   public:
-    explicit PointList(std::size_t most) : Most(most) {}
-    void Add(int x, int y) {
-        if (Points.size() < Most) Points.push_back({x, y});
+    /// Empties the list, with room for `most` samples.
+    void Start(std::size_t most) {
+        if (Places.size() < most) {
+            Places.resize(most);
+            Sides.resize(most);
+        }
+        Used = 0;
     }
-    void Empty() { Points.clear(); }
-    bool Is_Empty() const { return Points.empty(); }
-    std::span<const PixelPoint> All() const { return Points; }
+    /// The next sample: its place, and by the sign of its value the side of the axis that it lies on.
+    void Add(double value, int x, int y) {
+        Places[Used] = {x, y};
+        Sides[Used] = static_cast<signed char>((value > 0) - (value < 0));
+        ++Used;
+    }
+    std::span<const PixelPoint> All() const { return {Places.data(), Used}; }
+    int Side(std::size_t i) const { return Sides[i]; }
+    std::size_t Count() const { return Used; }
 
   private:
-    std::size_t Most;
-    std::vector<PixelPoint> Points;
+    std::vector<PixelPoint> Places;
+    std::vector<signed char> Sides;
+    std::size_t Used = 0;
 };
 
-/// Draws traces in one style, sample by sample in pixels: lobes (runs of samples on one side of the axis) as
-/// filled polygons, the trace itself as a polyline. One object draws all traces of a record and reuses its
-/// lists.
+/// Draws traces in one style: lobes (runs of samples on one side of the axis) as filled polygons, the trace
+/// itself as a polyline. A lobe or a trace ends at a fixed number of points; those beyond are left out.
 class TracePainter {
   public:
     /// `style` is the index of the list; one that has no drawing draws nothing.
-    TracePainter(int style, Picture& picture);
+    TracePainter(int style, Picture& picture) : Style(style), Target(picture) {}
 
-    /// Starts a trace on the axis at `axis_pixel`.
-    void Begin(int axis_pixel, bool dead);
-    /// The next sample; `value` decides the side, `x` and `y` are its place.
-    void Sample(double value, int x, int y);
-    /// Closes what is open with a point on the axis and draws it.
-    void End();
+    /// A trace whose axis stands at `axis_pixel`; dead ones are grey.
+    void Draw(const TracePoints& trace, int axis_pixel, bool dead);
 
   private:
-    void Close_Positive(int y);
-    void Close_Negative(int y);
-    void Line_Through(PointList& points, Colour colour);
+    void Lobe(const TracePoints& trace, std::size_t first, std::size_t end, int axis_pixel, Colour fill);
+    void Lobes(const TracePoints& trace, int axis_pixel, int side, Colour fill);
 
     int Style;
     Picture& Target;
-    PointList FillPoints;
-    PointList NegativePoints;
-    PointList TracePoints;
-    int AxisPixel = 0;
-    int LastY = 0;
-    bool Dead = false;
+    std::vector<PixelPoint> Outline;
 };
 
 }  // namespace tarnvik

@@ -2,12 +2,17 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "core/ports/picture.h"
 #include "core/text/number.h"
+#include "records/agc.h"
+#include "records/axis_steps.h"
 #include "records/record_display.h"
+#include "records/record_geometry.h"
 #include "records/record_styles.h"
 #include "records/su_file.h"
 
@@ -16,7 +21,7 @@ namespace tarnvik {
 namespace {
 
 constexpr double half_pick_mark = 750;
-constexpr double shot_marker_shift = 3000;
+constexpr Colour time_line = 0xDCDCDC;
 constexpr double least_pixels_apart = 16;  ///< a trace: the marks' ends are then more than a pen apart
 
 /// Largest of samples 1, 1 + step, ...; 0 when none is above it.
@@ -26,6 +31,33 @@ double Largest(const std::vector<float>& samples, int step) {
         if (samples[i] > largest) largest = samples[i];
     }
     return largest;
+}
+
+/// Largest amplitude of either sign of the samples shown.
+double Largest_In_Sight(const std::vector<float>& samples, const RecordView& view) {
+    const auto count = static_cast<int>(samples.size());
+    float largest = 0;
+    const int last = std::min<int>(view.LastSample, count);
+    for (int s = std::max<int>(view.FirstSample, 1); s <= last; ++s) {
+        const float size = std::abs(samples[static_cast<std::size_t>(s - 1)]);
+        if (size > largest && std::isfinite(size)) largest = size;
+    }
+    return largest;
+}
+
+int Agc_Samples(const RecordView& view) {
+    if (!(view.AgcWindow > 0) || view.SampleInterval <= 0) return 0;
+    return CLng(view.AgcWindow * 1000 / view.SampleInterval).value_or(0);
+}
+
+/// The part of a trace that the levelling of the samples shown takes; all of it where all of it is measured.
+std::span<float> Needed(const RecordView& view, std::vector<float>& samples, int window) {
+    const auto count = static_cast<int>(samples.size());
+    if (!view.EqualiseTraces || !view.EqualiseInSight) return samples;
+    const int half = std::min(window, count);
+    const int begin = std::clamp(view.FirstSample - 1 - half, 0, count);
+    const int end = std::clamp(view.LastSample + half, begin, count);
+    return std::span(samples).subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
 }
 
 /// What is the same for all traces of one drawing.
@@ -51,28 +83,26 @@ Layout Lay_Out(const RecordView& view, const Frame& frame, int available) {
     return layout;
 }
 
-/// Nearest pixel, halves to even, as CLng gives it; nothing for what is no number or far too large. Goes over
-/// every sample of a record: adding this number leaves the whole part in the low bits.
-std::optional<int> Nearest_Pixel(double place) {
-    constexpr double beyond_fractions = 6755399441055744.0;  // 1.5 * 2^52
-    if (!(std::abs(place) < 2147483647.0)) return std::nullopt;
-    return static_cast<int>(std::bit_cast<std::int64_t>(place + beyond_fractions));
-}
-
 void Draw_One(const std::vector<float>& samples, const Layout& layout, double axis, double gain, bool clip,
-              bool dead, TracePainter& painter) {
+              bool dead, TracePoints& points, TracePainter& painter) {
     const auto axis_pixel = CLng(axis / layout.UnitsPerPixelX);
     if (!axis_pixel) return;
-    painter.Begin(*axis_pixel, dead);
+    points.Start(layout.Samples.size());
+    // Nearest pixel, halves to even, as CLng gives it: adding this number leaves the whole part in the low
+    // bits.
+    constexpr double beyond_fractions = 6755399441055744.0;  // 1.5 * 2^52
+    const double units = layout.UnitsPerPixelX;
+    const double most = clip ? amplitude_reference : std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i < layout.Samples.size(); ++i) {
-        double value = samples[static_cast<std::size_t>(layout.Samples[i] - 1)] * gain;
-        if (clip) value = std::clamp(value, -amplitude_reference, amplitude_reference);
+        const double value = samples[static_cast<std::size_t>(layout.Samples[i] - 1)] * gain;
+        const double limited = value > most ? most : value < -most ? -most : value;
+        const double place = (axis + limited) / units;
         // A sample that is no number, or far too large, has no place on the picture.
-        if (const auto x = Nearest_Pixel((axis + value) / layout.UnitsPerPixelX)) {
-            painter.Sample(value, *x, layout.Rows[i]);
-        }
+        if (!(std::abs(place) < 2147483647.0)) continue;
+        const auto x = static_cast<int>(std::bit_cast<std::int64_t>(place + beyond_fractions));
+        points.Add(limited, x, layout.Rows[i]);
     }
-    painter.End();
+    painter.Draw(points, *axis_pixel, dead);
 }
 
 void Mark_Pick(const RecordView& view, Picture& ecran, std::int64_t trace, double pick_ms) {
@@ -83,19 +113,20 @@ void Mark_Pick(const RecordView& view, Picture& ecran, std::int64_t trace, doubl
     ecran.Line(axis - half_pick_mark, *sample, axis + half_pick_mark, *sample, colours::Red);
 }
 
-/// Vertical line beside the two receivers that the shot lies between, from the tables of the spread.
-void Mark_Shot(const Workspace& workspace, Picture& ecran, const SpreadLayout& spread, std::int64_t trace) {
-    const Project& project = workspace.Project;
-    const auto here = spread.Place_Of(trace);
-    if (!here || here->Shot < 1 || here->Shot > project.NbShots) return;
-    const int lower = workspace.Record.DirectionInverted ? here->Receiver - 1 : here->Receiver;
-    if (lower < 1 || here->Receiver > project.NbReceivers) return;
-    const TextGrid& grid = workspace.Grids.Buildgrid;
-    const int distances = project.NbShots + 1;
-    const double shot = grid.Value(project.NbReceivers + 1, here->Shot);
-    if (shot < grid.Value(lower, distances) || shot >= grid.Value(lower + 1, distances)) return;
-    const double x = static_cast<double>(trace) * trace_width + 1001 + shot_marker_shift;
-    ecran.Line(x, workspace.Record.FirstSample, x, workspace.Record.LastSample, colours::Black);
+/// Vertical line where the shot stands between the receivers.
+void Mark_Shots(const Workspace& workspace, Picture& ecran, const SpreadLayout& spread, std::int64_t first,
+                std::int64_t last) {
+    const RecordView& view = workspace.Record;
+    for (const ShotMark& mark : RecordGeometry(workspace, spread).Shots(first, last)) {
+        if (mark.Beyond == 0) ecran.Line(mark.X, view.FirstSample, mark.X, view.LastSample, colours::Black);
+    }
+}
+
+/// Faint lines at the times that the scale beside the record names.
+void Draw_Time_Lines(const RecordView& view, Picture& ecran) {
+    ecran.Set_Font_Size(scale_font);
+    for (const TimeTick& tick : TimeTicks(view, ecran).Named)
+        ecran.Line(view.ScaleLeft, tick.Sample, view.ScaleRight, tick.Sample, time_line);
 }
 
 /// Picks and travel times of the record on ecran, on the background that its traces are.
@@ -133,7 +164,8 @@ class Overlay {
 /// samples sets it.
 void Take_Scale(RecordView& view, const std::vector<float>& samples, bool first) {
     if (view.EqualiseTraces) {
-        const double largest = Largest(samples, view.SampleStep);
+        const double largest =
+            view.EqualiseInSight ? Largest_In_Sight(samples, view) : Largest(samples, view.SampleStep);
         view.TraceScale = largest == 0 ? 1 : amplitude_reference / largest;
     } else if (first || view.TraceScale == 0) {
         const double largest = Largest(samples, view.SampleStep);
@@ -151,6 +183,7 @@ void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
     // that its marks and the pointer mean its traces.
     ecran.Scale(view.ScaleLeft, view.FirstSample, view.ScaleRight, view.LastSample);
     ecran.Set_Draw_Width(1);
+    if (!view.Overdraw) Draw_Time_Lines(view, ecran);
     view.TracesDrawn.clear();
 
     SuTraces file(path);
@@ -160,23 +193,27 @@ void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
     std::vector<float> samples(static_cast<std::size_t>(count));
     std::vector<double> picks;
     TracePainter painter(view.Style, ecran);
+    TracePoints points;
     const std::int64_t first = std::max(1, view.FirstTrace);
     const std::int64_t last = std::min<std::int64_t>(view.LastTrace, file.Nb_Traces().value_or(0));
     const SpreadLayout spread(workspace, file, first, last);
+    const int levelled = Agc_Samples(view);
     for (std::int64_t trace = first; trace <= last; ++trace) {
         const std::int64_t row = trace - view.FirstTrace;
         double size = workspace.Grids.size_grid.Value(static_cast<int>(row), 0);
         if (size == 0) size = 1;
         const SuTraces::Trace read = file.Read_Trace(trace, samples);
         std::fill(samples.begin() + read.SamplesRead, samples.end(), 0.0F);
+        Level_Amplitudes(Needed(view, samples, levelled), levelled);
         Take_Scale(view, samples, row == 0);
         const double gain = size * view.DisplayPolarity * view.AmplitudeGain * view.TraceScale;
         const double axis = static_cast<double>(row) * trace_width + amplitude_reference;
-        Draw_One(samples, layout, axis, gain, view.ClipAmplitude, read.Identification == dead_trace, painter);
-        Mark_Shot(workspace, ecran, spread, trace);
+        Draw_One(samples, layout, axis, gain, view.ClipAmplitude, read.Identification == dead_trace, points,
+                 painter);
         view.TracesDrawn.push_back(read.Identification);
         picks.push_back(read.PickMs);
     }
+    Mark_Shots(workspace, ecran, spread, first, last);
     ecran.Keep_Background();
     Overlay overlay(workspace, ecran, file, spread);
     overlay.Mark(first, picks);

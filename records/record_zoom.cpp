@@ -5,6 +5,7 @@
 
 #include "core/text/number.h"
 #include "records/record_files.h"
+#include "records/record_scroll.h"
 
 namespace tarnvik {
 
@@ -29,8 +30,7 @@ void RecordZoom::Show_All() {
     record.FirstSample = 1;
     Store_If_It_Fits(record.LastSample, record.NbSamples);
     record.ZoomMode = 0;
-    record.FirstTrace = record.WholeFirst;
-    record.LastTrace = record.WholeLast;
+    Show_Trace_Range(Work, record.WholeFirst, record.WholeLast);
 }
 
 void RecordZoom::Show_Whole() {
@@ -41,6 +41,7 @@ void RecordZoom::Show_Whole() {
 
 void RecordZoom::Refresh() {
     Show_All();
+    Work.Record.TraceSizes.clear();
     TextGrid& sizes = Work.Grids.size_grid;
     for (int row = 0; row < sizes.Rows(); ++row)
         sizes.Set_Text(row, 0, "1");
@@ -67,8 +68,7 @@ void RecordZoom::Zoom_To(const RecordArea& dragged) {
         Outside.Show.Show_Fields();
         return;
     }
-    record.FirstTrace = *first;
-    record.LastTrace = *last;
+    Show_Trace_Range(Work, *first, *last);
     const auto top = CInt(std::max(area.Y1, 0.0));
     const auto bottom = CInt(std::min<double>(area.Y2, record.NbSamples));
     if (top && bottom && *top < *bottom) {  // a flat area keeps the samples shown

@@ -103,6 +103,14 @@ std::int32_t SuTraces::Samples(std::int64_t trace, std::span<float> target) {
     return static_cast<std::int32_t>(File.Read_Some(position, target.data(), wanted * 4) / 4);
 }
 
+std::optional<float> SuTraces::Sample(std::int64_t trace, std::int32_t sample) {
+    float value = 0;
+    if (sample < 1 || sample > Nb_Samples()) return std::nullopt;
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + header_length + (sample - 1) * 4;
+    if (File.Read_Some(position, &value, 4) != 4) return std::nullopt;
+    return value;
+}
+
 Stored SuWriter::Set_Samples(std::int64_t trace, std::span<const float> source) {
     const auto count = std::clamp<std::int64_t>(Nb_Samples(), 0, std::ssize(source));
     const std::int64_t position = Trace_Position(trace, Nb_Samples()) + header_length;

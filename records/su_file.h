@@ -56,6 +56,9 @@ class SuTraces {
     /// First-break pick in ms, in tenths; 0 means none, also beyond the end of the file.
     double Pick_Ms(std::int64_t trace) { return Word_Or_Zero(trace, words::First_Breaks) / 10.0; }
 
+    /// One sample; nothing beyond the trace or the file.
+    std::optional<float> Sample(std::int64_t trace, std::int32_t sample);
+
     /// Samples 1 to `target.size()` of a trace, at most Nb_Samples; tells how many were read. The others keep
     /// what the target held.
     std::int32_t Samples(std::int64_t trace, std::span<float> target);

@@ -200,6 +200,7 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
     Store_If_It_Fits(view.LastSample, view.NbSamples);
     view.ZoomMode = 0;
     view.TraceScale = 0;
+    view.TraceSizes.clear();
     view.StationsTyped.clear();
     view.LastStations.reset();
     workspace.Grids.size_grid.Clear();
@@ -224,6 +225,9 @@ void Close_Records(Workspace& workspace, Ports& ports) {
     none.DisplayPolarity = view.DisplayPolarity;
     none.ClipAmplitude = view.ClipAmplitude;
     none.EqualiseTraces = view.EqualiseTraces;
+    none.EqualiseInSight = view.EqualiseInSight;
+    none.AgcWindow = view.AgcWindow;
+    none.CrossHair = view.CrossHair;
     none.Overdraw = view.Overdraw;
     none.ShowTravelTimes = view.ShowTravelTimes;
     none.CurveOnRecord = view.CurveOnRecord;
@@ -239,6 +243,7 @@ void Close_Records(Workspace& workspace, Ports& ports) {
     workspace.Fields.Label16 = workspace.Project.SuFile;
     ports.Show.Canvas_Of(Canvas::Ecran).Clear();
     ports.Show.Canvas_Of(Canvas::Echelle3).Clear();
+    ports.Show.Canvas_Of(Canvas::RecordHeader).Clear();
     ports.Show.Show_Fields();
 }
 

@@ -63,6 +63,7 @@ int main(int argc, char** argv) {
     prompts.Set_Parent(&window);
     launcher.Set_Parent(&window);
     session.Keep_Journals();
+    session.Keep_Display_Choices();
     window.show();
     const std::string command_line = Command_Line(QApplication::arguments());
     // The window stands before the first question comes.

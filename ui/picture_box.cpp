@@ -158,10 +158,15 @@ void PictureBox::Paint_Mark(QPainter& painter, const Mark& mark) const {
 
 PictureEvent PictureBox::At(QPointF place, Qt::MouseButtons buttons) const {
     const Frame frame = Paper.Current_Frame();
-    const double across = std::clamp(place.x() * Ratio - Paper.Window().left(), 0.0, frame.Width);
-    const double down = std::clamp(place.y() * Ratio - Paper.Window().top(), 0.0, frame.Height);
-    return {frame.To_World_X(across), frame.To_World_Y(down), buttons.testFlag(Qt::LeftButton),
-            buttons.testFlag(Qt::RightButton)};
+    const double across = place.x() * Ratio - Paper.Window().left();
+    const double down = place.y() * Ratio - Paper.Window().top();
+    return {frame.To_World_X(std::clamp(across, 0.0, frame.Width)),
+            frame.To_World_Y(std::clamp(down, 0.0, frame.Height)),
+            buttons.testFlag(Qt::LeftButton),
+            buttons.testFlag(Qt::RightButton),
+            buttons.testFlag(Qt::MiddleButton),
+            across,
+            down};
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
@@ -192,8 +197,14 @@ void PictureBox::keyPressEvent(QKeyEvent* event) {
 void PictureBox::wheelEvent(QWheelEvent* event) {
     constexpr double angle_a_step = 120;
     const QPoint angle = event->angleDelta();
-    emit Wheel_Turned((angle.y() != 0 ? angle.y() : angle.x()) / angle_a_step, event->modifiers());
+    emit Wheel_Turned((angle.y() != 0 ? angle.y() : angle.x()) / angle_a_step, event->modifiers(),
+                      At(event->position(), event->buttons()));
     event->accept();
+}
+
+void PictureBox::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    emit Left();
 }
 
 void PictureBox::Show_Pointer(PointerShape shape) {

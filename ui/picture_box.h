@@ -16,6 +16,10 @@ struct PictureEvent {
     double Y = 0;
     bool LeftButton = false;
     bool RightButton = false;
+    bool MiddleButton = false;
+    /// The same place in pixels from the world window's top left corner, wherever it is.
+    double Across = 0;
+    double Down = 0;
 };
 
 /// A picture on the screen: what is drawn on its canvas stands until it is drawn over. Paper-white whatever
@@ -45,7 +49,10 @@ class PictureBox : public QWidget {
     void Released(const PictureEvent& event);
     void Double_Clicked(const PictureEvent& event);
     void Key_Pressed(int key_code);
-    void Wheel_Turned(double steps, Qt::KeyboardModifiers modifiers);
+    /// Steps of the wheel, away from the user above 0, and the place of the pointer.
+    void Wheel_Turned(double steps, Qt::KeyboardModifiers modifiers, const tarnvik::PictureEvent& at);
+    /// The pointer has left the picture.
+    void Left();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -57,6 +64,7 @@ class PictureBox : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
   private:
     void Fit_Paper();

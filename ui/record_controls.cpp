@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +17,7 @@
 #include "records/record_display.h"
 #include "ui/flow_layout.h"
 #include "ui/icon_family.h"
+#include "ui/popup_pane.h"
 
 namespace tarnvik {
 
@@ -34,9 +34,9 @@ QWidget* Row_Of_Buttons(QHBoxLayout*& row) {
     return pane;
 }
 
-QGridLayout* Grid_In(QGroupBox* group) {
-    auto* grid = new QGridLayout(group);
-    grid->setContentsMargins(8, 2, 8, 4);
+QGridLayout* Grid_In(QWidget* pane) {
+    auto* grid = new QGridLayout(pane);
+    grid->setContentsMargins(8, 6, 8, 6);
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(2);
     return grid;
@@ -45,19 +45,12 @@ QGridLayout* Grid_In(QGroupBox* group) {
 }  // namespace
 
 RecordControls::RecordControls(Session& session) : Program(session) {
-    auto* lines = new QVBoxLayout(this);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(2);
-    const std::vector<QWidget*> commands = {Record_Commands(), Zoom_Commands(), Size_Commands(),
-                                            Pick_Commands()};
-    const std::vector<QWidget*> groups = {Record_Group(), Display_Group()};
-    for (const auto& line : {commands, groups}) {
-        auto* flow = new FlowLayout;
-        flow->setSpacing(group_gap);
-        for (QWidget* item : line)
-            flow->addWidget(item);
-        lines->addLayout(flow);
-    }
+    auto* flow = new FlowLayout(this);
+    flow->setContentsMargins(0, 0, 0, 0);
+    flow->setSpacing(group_gap);
+    for (QWidget* item :
+         {Record_Commands(), Zoom_Commands(), Size_Commands(), Pick_Commands(), Pane_Buttons()})
+        flow->addWidget(item);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -95,11 +88,15 @@ void RecordControls::Button(QBoxLayout* row, const char* name) {
     button->setFocusPolicy(Qt::TabFocus);
     QString tooltip = from(command->Tooltip);
     if (!command->Shortcut.empty()) {
-        const QKeySequence key(from(command->Shortcut), QKeySequence::PortableText);
-        tooltip += " (" + key.toString(QKeySequence::NativeText) + ")";
-        // Acts wherever the focus is, as long as the record is in sight.
-        auto* shortcut = new QShortcut(key, button);
-        connect(shortcut, &QShortcut::activated, button, &QToolButton::click);
+        const auto keys = QKeySequence::listFromString(from(command->Shortcut), QKeySequence::PortableText);
+        QStringList names;
+        for (const QKeySequence& key : keys) {
+            names << key.toString(QKeySequence::NativeText);
+            // Acts wherever the focus is, as long as the record is in sight.
+            auto* shortcut = new QShortcut(key, button);
+            connect(shortcut, &QShortcut::activated, button, &QToolButton::click);
+        }
+        tooltip += " (" + names.join(", ") + ")";
     }
     Fields.Command(button, [this, name] {
         Run_Command(Program, name);
@@ -166,7 +163,7 @@ QWidget* RecordControls::Record_Commands() {
 QWidget* RecordControls::Zoom_Commands() {
     QHBoxLayout* row = nullptr;
     QWidget* pane = Row_Of_Buttons(row);
-    for (const char* name : {"Command4", "Command17", "Command21"})
+    for (const char* name : {"Command4", "Command17", "Command21", "CrossHair"})
         Button(row, name);
     return pane;
 }
@@ -189,18 +186,28 @@ QWidget* RecordControls::Pick_Commands() {
     QWidget* pane = Row_Of_Buttons(row);
     for (const char* name : {"Command5", "Command16", "Pick_Time_Shift", "Spectre_Frequency"})
         Button(row, name);
-    QCheckBox* reverse =
-        Tick("Check16", "Reverse picked traces", tr("A click turns the polarity of the trace in the SU file"),
-             Program.Work.Record.ReverseOnClick);
-    Fields.Enabled(reverse, [this] { return Has_Record(); });
-    row->addWidget(reverse);
     return pane;
 }
 
-QWidget* RecordControls::Record_Group() {
+QWidget* RecordControls::Pane_Buttons() {
+    QHBoxLayout* row = nullptr;
+    QWidget* pane = Row_Of_Buttons(row);
+    const auto add = [&](const char* name, const QString& caption, const QString& tooltip) {
+        auto* button = new QToolButton;
+        button->setObjectName(name);
+        button->setText(caption + QString::fromUtf8(" \u25be"));
+        button->setToolTip(tooltip);
+        row->addWidget(button);
+        return new PopupPane(button);
+    };
+    Record_Pane(add("RecordPane", tr("Record"), tr("Traces, stations and spread of the record")));
+    Display_Pane(add("DisplayPane", tr("Display"), tr("How the traces are drawn")));
+    return pane;
+}
+
+void RecordControls::Record_Pane(QWidget* pane) {
     RecordView& record = Program.Work.Record;
-    auto* group = new QGroupBox(tr("Record"));
-    QGridLayout* grid = Grid_In(group);
+    QGridLayout* grid = Grid_In(pane);
     const auto typed = [this] {
         Take_Typed_Range(Program.Work);
         Redraw();
@@ -231,14 +238,17 @@ QWidget* RecordControls::Record_Group() {
     grid->addWidget(Tick("Check2", "Multi spead profile", "Click hre if you have many spread conseccutively",
                          record.SeveralSpreads, spreads),
                     1, 4);
-    return group;
+    QCheckBox* reverse =
+        Tick("Check16", "Reverse picked traces", tr("A click turns the polarity of the trace in the SU file"),
+             record.ReverseOnClick);
+    Fields.Enabled(reverse, [this] { return Has_Record(); });
+    grid->addWidget(reverse, 2, 0, 1, 5);
 }
 
-QWidget* RecordControls::Display_Group() {
+void RecordControls::Display_Pane(QWidget* pane) {
     RecordView& record = Program.Work.Record;
     const auto redraw = [this] { Redraw(); };
-    auto* group = new QGroupBox(tr("Display"));
-    QGridLayout* grid = Grid_In(group);
+    QGridLayout* grid = Grid_In(pane);
     auto* style = new QComboBox;
     style->setObjectName("Combo1");
     style->setToolTip(tr("How the traces are drawn"));
@@ -260,7 +270,18 @@ QWidget* RecordControls::Display_Group() {
         Tick("Check7", "Overdraw records", "You can display 2 files together, just srcoll on next shot",
              record.Overdraw, redraw),
         1, 3);
-    return group;
+    grid->addWidget(new QLabel(tr("AGC ms")), 2, 0);
+    grid->addWidget(Number_Field("AgcWindow",
+                                 tr("Levels the amplitudes within this window, ms, on the picture alone; 0 "
+                                    "for none"),
+                                 record.AgcWindow, redraw),
+                    2, 1);
+    QCheckBox* in_sight =
+        Tick("EqualiseInSight", tr("By what is shown"),
+             tr("Traces are equalised by their largest amplitude of either sign in the time shown"),
+             record.EqualiseInSight, redraw);
+    Fields.Enabled(in_sight, [&record] { return record.EqualiseTraces; });
+    grid->addWidget(in_sight, 2, 2, 1, 2);
 }
 
 }  // namespace tarnvik

@@ -12,8 +12,8 @@ namespace tarnvik {
 
 class Session;
 
-/// What stands above the field record: the commands, the record and its stations, and the way of drawing.
-/// Goes on in a second line where the window is narrow.
+/// What stands above the field record, in one row: the commands, and behind two buttons the record with its
+/// stations and the way of drawing. Goes on in a second line where the window is narrow.
 class RecordControls : public QWidget {
     Q_OBJECT
 
@@ -36,8 +36,9 @@ class RecordControls : public QWidget {
     QWidget* Zoom_Commands();
     QWidget* Size_Commands();
     QWidget* Pick_Commands();
-    QWidget* Record_Group();
-    QWidget* Display_Group();
+    QWidget* Pane_Buttons();
+    void Record_Pane(QWidget* pane);
+    void Display_Pane(QWidget* pane);
     bool Has_Record() const;
     void Redraw();
 

@@ -2,9 +2,12 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 
 #include "app/session.h"
+#include "records/record_readout.h"
 #include "ui/notice_label.h"
 #include "ui/painting/picture_file.h"
 #include "ui/qt_display.h"
@@ -19,6 +22,17 @@ RecordEvent On_Record(const PictureEvent& event) {
     constexpr int left_button = 1;
     constexpr int right_button = 2;
     return {event.X, event.Y, event.RightButton ? right_button : event.LeftButton ? left_button : 0};
+}
+
+QScrollBar* Bar(Qt::Orientation orientation, const char* name, const QString& tooltip) {
+    auto* bar = new QScrollBar(orientation);
+    bar->setObjectName(name);
+    bar->setToolTip(tooltip);
+    QSizePolicy policy = bar->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    bar->setSizePolicy(policy);
+    bar->hide();
+    return bar;
 }
 
 }  // namespace
@@ -44,12 +58,14 @@ RecordPage::RecordPage(Session& session, QtDisplay& display) : Program(session) 
     Fields.Text(path, session.Work.Fields.Label16);
 
     Wire_Record();
+    Wire_Scrolling();
     Wire_Time_Scale();
     Resized.setSingleShot(true);
     Resized.setInterval(0);
     connect(&Resized, &QTimer::timeout, this, &RecordPage::Redraw);
     connect(Ecran, &PictureBox::Resized, this, [this] { Resized.start(); });
     connect(Echelle3, &PictureBox::Resized, this, [this] { Resized.start(); });
+    connect(Above, &PictureBox::Resized, this, [this] { Resized.start(); });
     Refresh();
 }
 
@@ -75,28 +91,47 @@ QWidget* RecordPage::Pictures(QtDisplay& display) {
     display.Register(Canvas::Ecran, Ecran);
     display.Register(Canvas::Echelle3, Echelle3);
     Sizes = new TraceSizeStrip(Program, *Ecran);
+    Above = new PictureBox;
+    Above->setObjectName("RecordHeader");
+    const double points = 72.0 / logicalDpiX();
+    Above->Canvas().Set_Margins({.Left = Echelle3->minimumWidth() * points, .Right = page.Margins.Right});
+    Above->setFixedHeight(static_cast<int>(std::lround(page.Header / points)));
+    Above->setFocusPolicy(Qt::NoFocus);
+    display.Register(Canvas::RecordHeader, Above);
+    Down = Bar(Qt::Vertical, "RecordDown", tr("Time shown"));
+    Across = Bar(Qt::Horizontal, "RecordAcross", tr("Traces shown"));
 
     auto* grid = new QGridLayout(pane);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
+    auto* sizes = new QLabel(tr("Size"));
+    sizes->setToolTip(tr("Size factors of the traces: left click doubles, right click halves"));
+    sizes->setFont(Sizes->font());
+    grid->addWidget(sizes, 0, 0);
     grid->addWidget(Sizes, 0, 1);
-    grid->addWidget(Echelle3, 1, 0);
-    grid->addWidget(Ecran, 1, 1);
-    grid->setRowStretch(1, 1);
+    grid->addWidget(Above, 1, 0, 1, 2);
+    grid->addWidget(Echelle3, 2, 0);
+    grid->addWidget(Ecran, 2, 1);
+    grid->addWidget(Down, 2, 2);
+    grid->addWidget(Across, 3, 1);
+    grid->setRowStretch(2, 1);
     grid->setColumnStretch(1, 1);
     return pane;
 }
 
 void RecordPage::Wire_Record() {
     RecordPointer& mouse = Program.RecordMouse;
-    const auto press = [&mouse](const PictureEvent& event) { mouse.Press(On_Record(event)); };
+    const auto press = [&mouse](const PictureEvent& event) {
+        if (!event.MiddleButton) mouse.Press(On_Record(event));
+    };
     connect(Ecran, &PictureBox::Pressed, this, press);
     // Two picks in quick succession are no double click.
     connect(Ecran, &PictureBox::Double_Clicked, this, press);
     connect(Ecran, &PictureBox::Moved, this,
             [&mouse](const PictureEvent& event) { mouse.Move(On_Record(event)); });
-    connect(Ecran, &PictureBox::Released, this,
-            [&mouse](const PictureEvent& event) { mouse.Release(On_Record(event)); });
+    connect(Ecran, &PictureBox::Released, this, [&mouse](const PictureEvent& event) {
+        if (!event.MiddleButton) mouse.Release(On_Record(event));
+    });
     connect(Ecran, &PictureBox::Key_Pressed, this, [this](int code) {
         constexpr int left = 37;
         constexpr int up = 38;
@@ -106,10 +141,66 @@ void RecordPage::Wire_Record() {
         if (code == up) Controls->Run("Command15");
         if (code == down) Controls->Run("Command10");
     });
-    connect(Ecran, &PictureBox::Wheel_Turned, this, [this](double steps, Qt::KeyboardModifiers modifiers) {
-        if (!modifiers.testFlag(Qt::ControlModifier) || steps == 0) return;
-        Controls->Run(steps > 0 ? "Command15" : "Command10");
+    connect(Ecran, &PictureBox::Left, this, [this] { Hide_Cross_Hair(Program.Outside); });
+}
+
+/// The wheel alone goes through the time, with Ctrl it enlarges the time and with Shift the traces at the
+/// pointer, with Alt it turns the gain; the record follows the middle button.
+void RecordPage::Wire_Scrolling() {
+    RecordScroll& scroll = Program.RecordWheel;
+    const auto turned = [&scroll](double steps, Qt::KeyboardModifiers modifiers, const PictureEvent& at) {
+        if (modifiers.testFlag(Qt::ControlModifier)) {
+            scroll.Enlarge_Time(at.Y, steps);
+        } else if (modifiers.testFlag(Qt::ShiftModifier)) {
+            scroll.Enlarge_Traces(at.X, steps);
+        } else if (modifiers.testFlag(Qt::AltModifier)) {
+            scroll.Turn_Gain(steps);
+        } else {
+            scroll.Pan(steps);
+        }
+    };
+    connect(Ecran, &PictureBox::Wheel_Turned, this, turned);
+    connect(Echelle3, &PictureBox::Wheel_Turned, this,
+            [turned](double steps, Qt::KeyboardModifiers modifiers, const PictureEvent& at) {
+                // Beside the record there are no traces to enlarge.
+                turned(steps, modifiers & ~Qt::ShiftModifier, at);
+            });
+    connect(Ecran, &PictureBox::Pressed, this, [this, &scroll](const PictureEvent& event) {
+        if (!event.MiddleButton) return;
+        scroll.Grab(event.Across, event.Down);
+        Ecran->setCursor(Qt::ClosedHandCursor);
     });
+    connect(Ecran, &PictureBox::Moved, this, [&scroll](const PictureEvent& event) {
+        if (event.MiddleButton) scroll.Drag_To(event.Across, event.Down);
+    });
+    connect(Ecran, &PictureBox::Released, this, [this, &scroll](const PictureEvent& event) {
+        if (!event.MiddleButton || !scroll.Is_Held()) return;
+        scroll.Let_Go();
+        Ecran->setCursor(Qt::CrossCursor);
+    });
+    connect(Down, &QScrollBar::valueChanged, this, [this, &scroll](int first) {
+        if (!Following) scroll.Go_To_Sample(first);
+    });
+    connect(Across, &QScrollBar::valueChanged, this, [this, &scroll](int first) {
+        if (!Following) scroll.Go_To_Trace(first);
+    });
+}
+
+/// The bars stand beside and below what is enlarged; their room stays, so that the record keeps its size.
+void RecordPage::Refresh_Bars() {
+    Following = true;
+    const bool shown = Program.Work.Record.RecordWidth > 0;
+    const auto follow = [shown](QScrollBar* bar, const Stretch& part, const Stretch& whole) {
+        bar->setRange(whole.First, std::max(whole.First, whole.End - part.Length()));
+        bar->setPageStep(std::max(1, part.Length()));
+        bar->setSingleStep(std::max(1, part.Length() / 10));
+        bar->setValue(part.First);
+        bar->setVisible(shown && bar->maximum() > bar->minimum());
+    };
+    const RecordScroll& scroll = Program.RecordWheel;
+    follow(Down, scroll.Samples(), scroll.All_Samples());
+    follow(Across, scroll.Traces(), scroll.All_Traces());
+    Following = false;
 }
 
 void RecordPage::Wire_Time_Scale() {
@@ -126,6 +217,7 @@ void RecordPage::Refresh() {
     Fields.Refresh();
     Controls->Refresh();
     Sizes->Refresh();
+    Refresh_Bars();
 }
 
 }  // namespace tarnvik

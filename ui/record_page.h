@@ -6,6 +6,8 @@
 #include "ui/field_binder.h"
 #include "ui/picture_box.h"
 
+class QScrollBar;
+
 namespace tarnvik {
 
 class QtDisplay;
@@ -24,13 +26,19 @@ class RecordPage : public QWidget {
   private:
     QWidget* Pictures(QtDisplay& display);
     void Wire_Record();
+    void Wire_Scrolling();
     void Wire_Time_Scale();
+    void Refresh_Bars();
     void Redraw();
 
     Session& Program;
     RecordControls* Controls = nullptr;
     PictureBox* Ecran = nullptr;
     PictureBox* Echelle3 = nullptr;
+    PictureBox* Above = nullptr;   ///< RecordHeader
+    QScrollBar* Down = nullptr;    ///< through the time
+    QScrollBar* Across = nullptr;  ///< through the traces
+    bool Following = false;        ///< the bars are being set
     TraceSizeStrip* Sizes = nullptr;
     FieldBinder Fields;
     QTimer Resized;

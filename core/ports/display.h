@@ -19,10 +19,12 @@ enum class Canvas {
     EchelleY1,  ///< its elevation scale
     Ecran,      ///< field record
     Echelle3,   ///< its time scale
-    Regle,      ///< floating ruler strip
-    Profile2,   ///< sketch of the spread of a new profile
-    Sketch,     ///< small sketch of the line
-    SpeedEnd,   ///< Picture2 of SpeedF
+    /// Its title, receivers and distances, above it.
+    RecordHeader,
+    Regle,     ///< floating ruler strip
+    Profile2,  ///< sketch of the spread of a new profile
+    Sketch,    ///< small sketch of the line
+    SpeedEnd,  ///< Picture2 of SpeedF
 };
 
 /// The dialogs of the program, by the names of their forms.

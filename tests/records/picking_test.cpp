@@ -168,7 +168,7 @@ TEST_F(Picking, DragMovesThePickWithoutAskingAsOneEdit) {
     Expect_Only(SuBuilder(File).Put16(2, pick_offset, 134), Work.Project.SuFile);  // 13.45 ms
     Expect_Only(SuBuilder(File).Put16(2, pick_offset, 134), Work.Record.TwinSuFile);
     EXPECT_EQ(Work.Project.ShotTimes(1, 2), 13.45F);
-    EXPECT_EQ(Work.Fields.RecordReadout, "3ms   Trace:2");
+    EXPECT_EQ(Work.Fields.RecordReadout, "3ms   Trace:2   Geophone:2   Amplitude:0   Pick:13.4ms");
     // The next drag of the same trace is an edit of its own.
     Expect_Edit("Drag pick of shot 1, receiver 2", [this] {
         Pointer.Press({Middle(2), 13, 2});

@@ -4,7 +4,9 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 
+#include "core/text/number.h"
 #include "records/record_choice.h"
 #include "records/record_styles.h"
 #include "records/su_file.h"
@@ -161,24 +163,45 @@ TEST_F(RecordDisplay, SamplesAreThinnedToAboutOneAPixelRow) {
 
 TEST_F(RecordDisplay, PicksAndTheShotAreMarked) {
     File.Put16(1, 222, 45).Put16(2, 222, -30);
-    Work.Project.NbShots = 1;
-    Work.Project.NbReceivers = 2;
-    TextGrid& grid = Work.Grids.Buildgrid;
-    grid.Resize(5, 5);
-    grid.Set_Text(1, 2, "0");
-    grid.Set_Text(2, 2, "5");
+    Project& line = Work.Project;
+    line.NbShots = 1;
+    line.NbReceivers = 2;
+    line.LineLength = 5;
+    Redimension_Project(line);
+    line.ReceiverData(ReceiverDistance, 2) = 5;
+    RecordingPicture& header = Outside.Display.Pictures[Canvas::RecordHeader];
     struct Case {
-        const char* Shot;
-        bool Marked;
+        double Shot;
+        std::optional<double> X;  ///< of the line over the traces
+        const char* Arrow;        ///< where the header's wedge points
     };
-    for (const Case& c : {Case{"-0.1", false}, Case{"0", true}, Case{"4.9", true}, Case{"5", false}}) {
-        grid.Set_Text(3, 1, c.Shot);
+    // The axes stand at 3000 and 5000, 400 world units a metre.
+    const Case cases[] = {{0, 3000, "down"},
+                          {5, 5000, "down"},
+                          {3.25, 4300, "down"},
+                          {-2.5, 2000, "down"},
+                          {-2.6, std::nullopt, "left"},
+                          {90, std::nullopt, "right"}};
+    for (const Case& c : cases) {
+        line.ShotDistance(1) = c.Shot;
         Show();
         // 4.5 ms is sample 4.5, half to even; a negative word is no pick.
         const auto marks = Ecran().Of(Verb::Line, colours::Red);
         ASSERT_EQ(marks.size(), 1U);
         EXPECT_TRUE(Ecran().Has_Line(2251, 4, 3751, 4, colours::Red));
-        EXPECT_EQ(Ecran().Has_Line(6001, 1, 6001, 11, colours::Black), c.Marked) << c.Shot;
+        const auto shots = Ecran().Of(Verb::Line, colours::Black);
+        ASSERT_EQ(shots.size(), c.X ? 1U : 0U) << c.Shot;
+        if (c.X) {
+            EXPECT_TRUE(Ecran().Has_Line(*c.X, 1, *c.X, 11, colours::Black)) << c.Shot;
+        }
+        const auto wedges = header.Of(Verb::Polygon, colours::Red);
+        ASSERT_EQ(wedges.size(), 1U);
+        const Points& wedge = wedges[0].Points;
+        const std::string arrow = wedge[0].Y == wedge[1].Y  ? "down"
+                                  : wedge[1].X < wedge[0].X ? "left"
+                                                            : "right";
+        EXPECT_EQ(arrow, c.Arrow) << c.Shot;
+        EXPECT_NE(header.Printed("shot 1 at " + CStr(c.Shot) + " m"), nullptr);
     }
 }
 
@@ -304,44 +327,6 @@ TEST_F(RecordDisplay, TravelTimesOfOtherShotsLieOverTheTraces) {
     Show();
     EXPECT_TRUE(Ecran().Of(Verb::Line, 1002).empty());
     EXPECT_EQ(Ecran().Of(Verb::Line, 1003).size(), 3U);
-}
-
-TEST(TimeScale, TicksStandAtRoundTimesOnce) {
-    struct Case {
-        int First;
-        int Last;
-        int Interval;
-        std::vector<std::pair<int, std::string>> Ticks;  ///< sample and text
-    };
-    const Case cases[] = {
-        // 200 ms: every 50. At 0.25 ms, 49.5 rounds to 50 (half to even) two samples early.
-        {1, 800, 250, {{198, "50ms"}, {398, "100ms"}, {598, "150ms"}, {798, "200ms"}}},
-        // Above 500 ms: every 100 only.
-        {1,
-         602,
-         1000,
-         {{100, "100ms"}, {200, "200ms"}, {300, "300ms"}, {400, "400ms"}, {500, "500ms"}, {600, "600ms"}}},
-        {120, 160, 1000, {{150, "150ms"}}},
-        {1, 40, 1000, {}},
-        {1, 800, 0, {}},
-    };
-    for (const Case& c : cases) {
-        RecordView view;
-        view.FirstSample = static_cast<std::int16_t>(c.First);
-        view.LastSample = static_cast<std::int16_t>(c.Last);
-        view.SampleInterval = static_cast<std::int16_t>(c.Interval);
-        RecordingPicture picture;
-        Draw_Time_Scale(view, picture);
-        std::vector<std::pair<int, std::string>> ticks;
-        for (const Drawn& text : picture.Of(Verb::Print)) {
-            EXPECT_EQ(text.X1, 3);
-            EXPECT_EQ(text.FontSize, 7);
-            const int sample = static_cast<int>(text.Y1) + 15;
-            EXPECT_TRUE(picture.Has_Line(1, sample, 3, sample, colours::Grey));
-            ticks.emplace_back(sample, text.Text);
-        }
-        EXPECT_EQ(ticks, c.Ticks) << c.First << " " << c.Interval;
-    }
 }
 
 TEST_F(RecordDisplay, SamplesThatAreNoNumbersHaveNoPlace) {

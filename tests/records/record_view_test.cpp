@@ -115,7 +115,8 @@ TEST_F(RecordViewTools, TimeScaleSelectsSamples) {
         EXPECT_EQ(Work.Record.FirstSample, each.First);
         EXPECT_EQ(Work.Record.LastSample, each.Last);
     }
-    EXPECT_EQ(Ports.Display.Pictures[Canvas::Echelle3].List.size() % 2, 0U);
+    const auto lines = Ports.Display.Pictures[Canvas::Echelle3].Of(Drawn::Verb::Line, colours::White);
+    EXPECT_EQ(lines.size() % 2, 0U) << "each is drawn a second time and gone";
 }
 
 TEST_F(RecordViewTools, NeighbouringShots) {

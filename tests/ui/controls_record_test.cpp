@@ -17,6 +17,15 @@ class RecordPageControls : public Controls {
     double Word(int trace, int word) { return SuTraces(Folder / "demo1.su").Word_Or_Zero(trace, word); }
     Effect Draws() { return Redraws("Ecran"); }
 
+    /// A pane that stays open for the rows behind it, in place of the one before.
+    std::function<void(QWidget*)> Opens(const char* inside) {
+        return [this, inside](QWidget* control) {
+            if (QWidget* other = QApplication::activePopupWidget()) other->close();
+            Click(control);
+            EXPECT_TRUE(Page->findChild<QWidget*>(inside)->isVisible());
+        };
+    }
+
     RecordView& View = Program.Work.Record;
     QWidget* Page = nullptr;
 };
@@ -80,6 +89,7 @@ TEST_F(RecordPageControls, each_does_its_work) {
                   [&] { return View.PickTimeShift == 7; }})},
         {"Spectre_Frequency", Clicked({[] {}, [&] { return View.SpectrumRequest == 1; }})},
         {"Check16", Ticked(View.ReverseOnClick)},
+        {"RecordPane", Opens("Check8")},
         {"Text9", Finished<std::int32_t>(View.FirstTrace, 2, 5, Draws())},
         {"Text10",
          Finished<std::int32_t>(
@@ -113,6 +123,7 @@ TEST_F(RecordPageControls, each_does_its_work) {
              EXPECT_EQ(Word(1, words::tracl), 5);
              Ticked(View.SeveralSpreads, Draws())(control);
          }},
+        {"DisplayPane", Opens("clip")},
         {"Combo1",
          [&](QWidget* control) {
              auto* style = qobject_cast<QComboBox*>(control);
@@ -131,6 +142,33 @@ TEST_F(RecordPageControls, each_does_its_work) {
         {"Check6", Ticked(View.ShowTravelTimes, Draws())},
         {"Check3", Ticked(View.EqualiseTraces, Draws())},
         {"Check7", Ticked(View.Overdraw, Draws())},
+        {"AgcWindow", Finished(View.AgcWindow, 0.0, 40.0, Draws())},
+        {"EqualiseInSight",
+         [&](QWidget* control) {
+             View.EqualiseTraces = true;
+             Display.Show_Fields();
+             Ticked(View.EqualiseInSight, Draws())(control);
+         }},
+        {"CrossHair",
+         Clicked({[] { QApplication::activePopupWidget()->close(); }, [&] { return !View.CrossHair; }})},
+        {"RecordDown",
+         [&](QWidget* control) {
+             Program.RecordWheel.Enlarge_Time(1, 4);
+             auto* bar = qobject_cast<QScrollBar*>(control);
+             EXPECT_EQ(bar->value(), 1);
+             bar->triggerAction(QAbstractSlider::SliderToMaximum);
+             EXPECT_EQ(View.LastSample, View.NbSamples);
+         }},
+        {"RecordAcross",
+         [&](QWidget* control) {
+             Select_Record(Work, 2);
+             Program.RecordWheel.Enlarge_Traces(25 * 2000, 4);
+             auto* bar = qobject_cast<QScrollBar*>(control);
+             EXPECT_EQ(bar->value(), 25);
+             bar->triggerAction(QAbstractSlider::SliderToMaximum);
+             EXPECT_EQ(View.LastTrace, 48);
+             EXPECT_GT(View.FirstTrace, 25);
+         }},
     };
     Check_All([&] { return Page; }, rows);
 

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 #include <cmath>
 #include <filesystem>
 
@@ -183,6 +184,96 @@ TEST_F(RecordTab, the_zoom_takes_an_area_and_gives_the_record_back) {
     QTest::mouseRelease(scale, Qt::LeftButton, {}, QPoint(20, Place(1, 100).y()));
     EXPECT_NEAR(Program.Work.Record.FirstSample, 50, 1);
     EXPECT_NEAR(Program.Work.Record.LastSample, 100, 1);
+}
+
+TEST_F(RecordTab, wheel_drag_and_bars_show_any_part_and_each_pick_lands_in_its_cell) {
+    const RecordView& view = Program.Work.Record;
+    const auto turn = [this](QPoint place, int steps, Qt::KeyboardModifiers keys) {
+        QWheelEvent event(QPointF(place), QPointF(Ecran->mapToGlobal(place)), {}, QPoint(0, 120 * steps),
+                          Qt::NoButton, keys, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(Ecran, &event);
+    };
+    const auto span = [&view] { return view.LastSample - view.FirstSample; };
+    auto* down = Find<QScrollBar>("RecordDown");
+    auto* across = Find<QScrollBar>("RecordAcross");
+    EXPECT_FALSE(down->isVisible() || across->isVisible());
+    const QSize size = Ecran->size();
+
+    // Enlarged at the pointer: what lies there stays there.
+    const QPoint held = Place(7, 120);
+    turn(held, 4, Qt::ControlModifier);
+    EXPECT_LT(span(), 90);
+    EXPECT_LT((Place(7, 120) - held).manhattanLength(), 12);
+    EXPECT_TRUE(down->isVisible());
+    turn(held, 3, Qt::ShiftModifier);
+    EXPECT_EQ(view.LastTrace - view.FirstTrace + 1, 6);
+    EXPECT_LT((Place(7, 120) - held).manhattanLength(), 90);
+    EXPECT_TRUE(across->isVisible());
+    QApplication::processEvents();
+    EXPECT_EQ(Ecran->size(), size) << "the bars take no room from the record";
+
+    const int first = view.FirstSample;
+    turn(held, -1, {});
+    EXPECT_GT(view.FirstSample, first);
+    const double gain = view.AmplitudeGain;
+    turn(held, 1, Qt::AltModifier);
+    EXPECT_GT(view.AmplitudeGain, gain);
+
+    // The record follows the hand.
+    const QPoint from = Place(6, view.FirstSample + 10);
+    const int trace = view.FirstTrace;
+    const QPoint by(int(Ecran->Canvas().Window().width() / 6), -40);
+    QTest::mousePress(Ecran, Qt::MiddleButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, from + by, Ecran->mapToGlobal(from + by), Qt::NoButton,
+                     Qt::MiddleButton, {});
+    QApplication::sendEvent(Ecran, &move);
+    QTest::mouseRelease(Ecran, Qt::MiddleButton, {}, from + by);
+    EXPECT_EQ(view.FirstTrace, trace - 1);
+    EXPECT_EQ(Program.Work.Edits.Done(), 0U) << "looking is no edit";
+
+    across->setValue(4);
+    EXPECT_EQ(view.FirstTrace, 4);
+    down->setValue(60);
+    EXPECT_EQ(view.FirstSample, 60);
+    for (const int picked : {4, 6, 9}) {
+        const double pixel_ms = span() / Ecran->Canvas().Current_Frame().Height;
+        QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(picked, 70 + picked));
+        EXPECT_NEAR(Program.Work.Project.ShotTimes(1, picked), 70 + picked, pixel_ms);
+        EXPECT_NEAR(Program.Work.Grids.Buildgrid.Value(picked, 1), 70 + picked, pixel_ms);
+    }
+
+    QTest::mouseMove(Ecran, Place(6, 75));
+    EXPECT_TRUE(Find<QLabel>("RecordReadout")->text().contains("Geophone:6   Distance:25 m   Offset:25 m"));
+    const auto lines = [this] { return Ecran->grab(QRect(Place(5, 75), QSize(1, 1))).toImage().pixel(0, 0); };
+    const QRgb with = lines();
+    QTest::keyClick(Ecran, Qt::Key_C);
+    QTest::mouseMove(Ecran, Place(6, 75) + QPoint(1, 0));
+    EXPECT_NE(lines(), with);
+    QTest::keyClick(Ecran, Qt::Key_Home);
+    EXPECT_EQ(view.FirstTrace, 1);
+    EXPECT_EQ(view.LastSample, samples);
+    EXPECT_FALSE(down->isVisible() || across->isVisible());
+}
+
+TEST_F(RecordTab, one_row_of_tools_and_panes_that_count_what_was_typed) {
+    Screen->resize(1280, 800);
+    QApplication::processEvents();
+    EXPECT_NEAR(Find<QToolButton>("Command18")->mapTo(Screen.get(), QPoint()).y(),
+                Find<QToolButton>("DisplayPane")->mapTo(Screen.get(), QPoint()).y(), 8);
+    EXPECT_GT(Ecran->height(), 470);
+    auto* window = Find<QLineEdit>("AgcWindow");
+    EXPECT_FALSE(window->isVisible());
+    Find<QToolButton>("DisplayPane")->click();
+    ASSERT_TRUE(window->isVisible());
+    window->setFocus();
+    window->selectAll();
+    QTest::keyClicks(window, "50");
+    window->window()->close();
+    EXPECT_EQ(Program.Work.Record.AgcWindow, 50);
+    Find<QToolButton>("RecordPane")->click();
+    EXPECT_TRUE(Find<QCheckBox>("Check16")->isVisible());
+    QTest::keyClick(Find<QCheckBox>("Check16"), Qt::Key_Escape);
+    EXPECT_FALSE(Find<QCheckBox>("Check16")->isVisible());
 }
 
 TEST_F(RecordTab, a_factor_stands_above_its_trace_and_a_click_there_doubles_or_halves_it) {

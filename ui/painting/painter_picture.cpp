@@ -492,19 +492,21 @@ QVector<QPointF> PainterPicture::Device_Points(std::span<const PixelPoint> point
     return device;
 }
 
-/// Pixels for the figures of a record; none on paper and in XOR.
-std::optional<PixelPaper> PainterPicture::Direct_Paper() {
-    if (!Raster || Inverting()) return std::nullopt;
-    QImage* image = Pixels();
-    if (image == nullptr) return std::nullopt;
-    return PixelPaper{image, static_cast<int>(Inner.left()), static_cast<int>(Inner.top()),
-                      Kept ? Within_Clip(FigureClip).toAlignedRect() : FigurePixels};
+/// Pixels for the figures of a record; false on paper and in XOR.
+bool PainterPicture::Direct_Paper(PixelPaper& paper) {
+    if (!Raster || Inverting()) return false;
+    paper.Image = Pixels();
+    if (paper.Image == nullptr) return false;
+    paper.Left = static_cast<int>(Inner.left());
+    paper.Top = static_cast<int>(Inner.top());
+    paper.Clip = Kept ? Within_Clip(FigureClip).toAlignedRect() : FigurePixels;
+    return true;
 }
 
 void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
     if (points.size() < 3) return;
-    if (const auto paper = Direct_Paper(); paper && Is_Lobe(points)) {
-        Fill_Lobe(*paper, points, To_Rgb(fill));
+    if (PixelPaper paper; Is_Lobe(points) && Direct_Paper(paper)) {
+        Fill_Lobe(paper, points, To_Rgb(fill));
         Touch(Inner);
         return;
     }
@@ -520,8 +522,8 @@ void PainterPicture::Polygon(std::span<const PixelPoint> points, Colour fill) {
 
 void PainterPicture::Polyline(std::span<const PixelPoint> points, Colour colour) {
     if (points.size() < 2) return;
-    if (const auto paper = Direct_Paper(); paper && Device_Width(Width) == 1) {
-        Draw_Thin_Line(*paper, points, To_Rgb(colour));
+    if (PixelPaper paper; Device_Width(Width) == 1 && Direct_Paper(paper)) {
+        Draw_Thin_Line(paper, points, To_Rgb(colour));
         Touch(Inner);
         return;
     }

@@ -124,7 +124,7 @@ class PainterPicture : public Picture {
     void Ellipse_Arc(double x, double y, double radius, Colour colour, double start, double sweep,
                      double aspect);
     const Stamp& Circle_Stamp(double radius, Colour colour);
-    std::optional<PixelPaper> Direct_Paper();
+    bool Direct_Paper(PixelPaper& paper);
     QVector<QPointF> Device_Points(std::span<const PixelPoint> points) const;
 
     QPainter* Painter = nullptr;

@@ -68,28 +68,36 @@ PageLayout Profile_Layout() {
 }
 
 PageLayout Record_Layout() {
-    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24};
+    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24, 50};
 }
 
 void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
                const PageLayout& layout, const QString& font_family, const DrawPage& draw) {
     double below = layout.StripX * pixels_per_point;
     double beside = layout.StripY * pixels_per_point;
+    double above = layout.Header * pixels_per_point;
     if (raster) {
         below = std::round(below);
         beside = std::round(beside);
+        above = std::round(above);
     }
-    const QRectF main_area = area.adjusted(beside, 0, 0, -below);
-    const QRectF x_area(main_area.left(), main_area.bottom(), main_area.width(), below);
-    const QRectF y_area(area.left(), area.top(), beside, main_area.height());
+    const bool has_header = above > 0;
+    const QRectF main_area = area.adjusted(beside, above, 0, -below);
+    const QRectF x_area = has_header ? QRectF(area.left(), area.top(), area.width(), above)
+                                     : QRectF(main_area.left(), main_area.bottom(), main_area.width(), below);
+    const QRectF y_area(area.left(), main_area.top(), beside, main_area.height());
 
     SharedPicture* holder = nullptr;
     SharedPicture main(painter, holder);
     SharedPicture strip_x(painter, holder);
     SharedPicture strip_y(painter, holder);
-    strip_x.Hidden = layout.StripX <= 0;
+    strip_x.Hidden = layout.StripX <= 0 && !has_header;
     strip_y.Hidden = layout.StripY <= 0;
-    strip_x.Follow_Columns_Of(&main);
+    if (has_header) {
+        strip_x.Set_Margins({.Left = beside / pixels_per_point, .Right = layout.Margins.Right});
+    } else {
+        strip_x.Follow_Columns_Of(&main);
+    }
     strip_y.Follow_Rows_Of(&main);
     main.Set_Margins(layout.Margins);
     strip_y.Set_Margins({.Right = layout.StripYRoom});

@@ -119,6 +119,39 @@ class Brush {
     int Bottom = -1;
 };
 
+/// True for a line that goes down by one row a point at most.
+bool Is_Dense(std::span<const PixelPoint> points) {
+    constexpr std::size_t fewest = 64;  // a short line is no trace of a record
+    if (points.size() < fewest) return false;
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        const std::int64_t down = std::int64_t{points[i + 1].Y} - points[i].Y;
+        if (down < 0 || down > 1) return false;
+    }
+    return true;
+}
+
+/// A dense line row by row, each as far as the line goes in it: among hundreds of its like smoothing is not
+/// seen. A segment changes its row in its middle.
+void Draw_Dense_Line(Brush& brush, const PixelPaper& paper, std::span<const PixelPoint> points) {
+    int row = points.front().Y;
+    int least = Near(points.front().X);
+    int most = least;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const int x = Near(points[i].X);
+        if (points[i].Y != row) {
+            const int before = Near(points[i - 1].X);
+            const int middle = before + (x - before) / 2;
+            brush.Span(Near(row) + paper.Top, std::min(least, middle) + paper.Left,
+                       std::max(most, middle) + paper.Left);
+            row = points[i].Y;
+            least = most = middle;
+        }
+        least = std::min(least, x);
+        most = std::max(most, x);
+    }
+    brush.Span(Near(row) + paper.Top, least + paper.Left, most + paper.Left);
+}
+
 }  // namespace
 
 bool Is_Lobe(std::span<const PixelPoint> points) {
@@ -147,6 +180,10 @@ void Fill_Lobe(const PixelPaper& paper, std::span<const PixelPoint> lobe, QRgb c
 
 void Draw_Thin_Line(const PixelPaper& paper, std::span<const PixelPoint> points, QRgb colour) {
     Brush brush(paper, colour);
+    if (Is_Dense(points)) {
+        Draw_Dense_Line(brush, paper, points);
+        return;
+    }
     for (std::size_t i = 0; i + 1 < points.size(); ++i) {
         brush.Segment(Near(points[i].X) + paper.Left, Near(points[i].Y) + paper.Top,
                       Near(points[i + 1].X) + paper.Left, Near(points[i + 1].Y) + paper.Top);
