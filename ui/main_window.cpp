@@ -229,16 +229,15 @@ void MainWindow::Arrange_Docks() {
     }
 }
 
+Tab MainWindow::Tab_In_Sight() const {
+    return static_cast<Tab>(SSTab1->currentIndex());
+}
+
 void MainWindow::Place_Dock(QDockWidget* dock, std::optional<Tab> home) {
     if (home) {
         dock->setProperty(home_tab, static_cast<int>(*home));
         if (!In_Sight(*home)) Select_Tab(*home);
     }
-Tab MainWindow::Tab_In_Sight() const {
-    return static_cast<Tab>(SSTab1->currentIndex());
-}
-
-void MainWindow::Place_Dock(QDockWidget* dock) {
     addDockWidget(Qt::RightDockWidgetArea, dock);
     Places.beginGroup("Tool windows/" + dock->objectName());
     const bool known = Places.contains("Area");
