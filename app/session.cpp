@@ -5,6 +5,7 @@
 #include "app/recovery.h"
 #include "app/show_changes.h"
 #include "app/view_commands.h"
+#include "core/files.h"
 #include "core/project_save.h"
 #include "records/su_loading.h"
 

@@ -18,6 +18,7 @@ enum class Canvas {
     EchelleY1,  ///< its elevation scale
     Ecran,      ///< field record
     Echelle3,   ///< its time scale
+    Magnifier,  ///< a few traces around the pointer, enlarged
     Regle,      ///< floating ruler strip
     Profile2,   ///< sketch of the spread of a new profile
     Sketch,     ///< small sketch of the line
