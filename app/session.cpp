@@ -25,6 +25,7 @@ Session::Session(Ports outside, std::string settings_file)
       RecordArea(Work, Outside),
       AutomaticPicking(Work, Outside),
       RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
+      PickKeys(Work, Outside),
       TraceSizeMouse(Work, Outside),
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),

@@ -8,6 +8,7 @@
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "records/auto_pik.h"
+#include "records/keyboard_picking.h"
 #include "records/picking.h"
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
@@ -55,6 +56,7 @@ class Session {
     RecordZoom RecordArea;
     AutoPik AutomaticPicking;
     RecordPointer RecordMouse;
+    KeyboardPicking PickKeys;
     SizeGridMouse TraceSizeMouse;
 
     // Set-up of a line.

@@ -121,6 +121,7 @@ void SessionDisplay::Draw_Curves() {
 void SessionDisplay::Draw_Record() {
     const Project& project = Owner->Work.Project;
     tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(project));
+    Owner->PickKeys.Follow();
 }
 
 void SessionDisplay::Draw_Profile() {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/text/number.h"
+#include "records/record_files.h"
 
 namespace tarnvik {
 

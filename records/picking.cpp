@@ -20,11 +20,6 @@ namespace {
 
 constexpr double drag_pixels = 3;  ///< a hand that trembles less than this has not dragged
 
-/// Sample interval in ms; 0 while none is known.
-double Interval(const RecordView& record) {
-    return record.SampleInterval / 1000.0;
-}
-
 /// Trace under a place, if it is one of those on screen: a held pointer may leave the picture.
 std::optional<int> Shown_Trace_At(const RecordView& record, double x) {
     const auto trace = Trace_At(record, x);
@@ -134,7 +129,7 @@ void RecordPointer::Pick(int trace, double y) {
     // The keys go on from where the mouse was.
     keys.Trace = trace;
     keys.Sample = y;
-    Pick_Trace(Work, trace, y * Interval(Work.Record) + Work.Record.PickTimeShift);
+    Pick_Trace(Work, trace, y * Work.Record.SampleInterval / 1000 + Work.Record.PickTimeShift);
     Outside.Show.Show_Fields();
     if (first_pick) Go_On_To_Next_Record(Work, Outside, trace);
 }

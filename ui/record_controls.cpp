@@ -18,6 +18,7 @@
 #include "records/record_display.h"
 #include "ui/flow_layout.h"
 #include "ui/icon_family.h"
+#include "ui/picking_menu.h"
 
 namespace tarnvik {
 
@@ -189,6 +190,7 @@ QWidget* RecordControls::Pick_Commands() {
     QWidget* pane = Row_Of_Buttons(row);
     for (const char* name : {"Command5", "Command16", "Pick_Time_Shift", "Spectre_Frequency"})
         Button(row, name);
+    row->addWidget(Picking_Menu(Program, Fields));
     QCheckBox* reverse =
         Tick("Check16", "Reverse picked traces", tr("A click turns the polarity of the trace in the SU file"),
              Program.Work.Record.ReverseOnClick);

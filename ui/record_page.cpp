@@ -5,10 +5,13 @@
 #include <cmath>
 
 #include "app/session.h"
+#include "ui/magnifier_box.h"
 #include "ui/notice_label.h"
 #include "ui/painting/picture_file.h"
 #include "ui/qt_display.h"
+#include "ui/picking_menu.h"
 #include "ui/record_controls.h"
+#include "ui/record_keys.h"
 #include "ui/trace_size_strip.h"
 
 namespace tarnvik {
@@ -33,6 +36,7 @@ RecordPage::RecordPage(Session& session, QtDisplay& display) : Program(session) 
 
     auto* reminder = new QLabel("Click Right mouse button to  cancel FBP");
     reminder->setObjectName("Label13");
+    reminder->setToolTip("<qt>" + Pick_Legend() + "</qt>");
     auto* path = new NoticeLabel(false);
     path->setObjectName("Label16");
     path->setToolTip(tr("SU file of the record"));
@@ -44,6 +48,8 @@ RecordPage::RecordPage(Session& session, QtDisplay& display) : Program(session) 
     Fields.Text(path, session.Work.Fields.Label16);
 
     Wire_Record();
+    Magnifier = new MagnifierBox(session, display, Ecran);
+    new RecordKeys(session, this, Ecran);
     Wire_Time_Scale();
     Resized.setSingleShot(true);
     Resized.setInterval(0);
@@ -97,15 +103,6 @@ void RecordPage::Wire_Record() {
             [&mouse](const PictureEvent& event) { mouse.Move(On_Record(event)); });
     connect(Ecran, &PictureBox::Released, this,
             [&mouse](const PictureEvent& event) { mouse.Release(On_Record(event)); });
-    connect(Ecran, &PictureBox::Key_Pressed, this, [this](int code) {
-        constexpr int left = 37;
-        constexpr int up = 38;
-        constexpr int right = 39;
-        constexpr int down = 40;
-        if (code == left || code == right) Controls->Run(code == left ? "Command24" : "Command23");
-        if (code == up) Controls->Run("Command15");
-        if (code == down) Controls->Run("Command10");
-    });
     connect(Ecran, &PictureBox::Wheel_Turned, this, [this](double steps, Qt::KeyboardModifiers modifiers) {
         if (!modifiers.testFlag(Qt::ControlModifier) || steps == 0) return;
         Controls->Run(steps > 0 ? "Command15" : "Command10");
@@ -126,6 +123,13 @@ void RecordPage::Refresh() {
     Fields.Refresh();
     Controls->Refresh();
     Sizes->Refresh();
+    Magnifier->Follow();
+}
+
+/// The keys belong to the picture as soon as the page is in sight.
+void RecordPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Ecran->setFocus();
 }
 
 }  // namespace tarnvik

@@ -8,6 +8,7 @@
 
 namespace tarnvik {
 
+class MagnifierBox;
 class QtDisplay;
 class RecordControls;
 class Session;
@@ -21,6 +22,9 @@ class RecordPage : public QWidget {
     RecordPage(Session& session, QtDisplay& display);
     void Refresh();
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     QWidget* Pictures(QtDisplay& display);
     void Wire_Record();
@@ -32,6 +36,7 @@ class RecordPage : public QWidget {
     PictureBox* Ecran = nullptr;
     PictureBox* Echelle3 = nullptr;
     TraceSizeStrip* Sizes = nullptr;
+    MagnifierBox* Magnifier = nullptr;
     FieldBinder Fields;
     QTimer Resized;
 };
