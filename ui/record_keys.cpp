@@ -143,6 +143,10 @@ bool RecordKeys::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         }
+        case QEvent::WindowDeactivate:
+            // The key may be let go in another window.
+            if (watched == Page->window()) Program.Work.Record.Picking.Painting = false;
+            break;
         case QEvent::FocusOut:
             if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason && Is_Field(watched))
                 FieldLeft = true;

@@ -65,6 +65,7 @@ class RandomPrompts : public Prompts {
 class UnseenDisplay : public SessionDisplay {
   public:
     Picture& Canvas_Of(Canvas canvas) override { return Pictures[canvas]; }
+    void Show_Marks(Canvas, MarkLayer, std::vector<Mark>) override {}
     void Show_Grids() override {}
     void Show_Fields() override {}
     void Select_Tab(Tab) override {}

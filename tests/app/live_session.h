@@ -19,6 +19,7 @@ namespace tarnvik::test {
 class LiveDisplay : public SessionDisplay {
   public:
     Picture& Canvas_Of(Canvas canvas) override { return Pictures[canvas]; }
+    void Show_Marks(Canvas, MarkLayer, std::vector<Mark>) override {}
     void Select_Tab(Tab tab) override { Selected = tab; }
     void Open_Dialog(Dialog dialog, bool) override {
         Open.insert(dialog);
