@@ -48,13 +48,30 @@ class Moveout {
     double Shift = 0;
 };
 
-/// Samples more for each unit of distance; later arrivals never come from nearer receivers.
-double Slowness(const Arrival& last, const Arrival& before) {
+/// Samples more for each unit of distance; later arrivals never come from nearer receivers. Across the shot,
+/// where the distance hardly changes, what is known stays.
+double Slowness(const Arrival& last, const Arrival& before, double known) {
     const double apart = last.Distance - before.Distance;
-    return apart == 0 ? 0 : std::max((last.Sample - before.Sample) / apart, 0.0);
+    if (std::abs(apart) < std::max(last.Distance, before.Distance) * 0.05) return known;
+    const double seen = std::max((last.Sample - before.Sample) / apart, 0.0);
+    // A curve bends down with the distance; one pick that is off must not carry the next ones away.
+    constexpr double steeper = 1.3;
+    return known > 0 ? (known + std::min(seen, steeper * known)) / 2 : seen;
 }
 
-std::optional<double> From_Last_Picks(Moveout& moveout, RecordReading& record, int trace, int step) {
+/// Onset near a place that is the less certain the longer the step to it was; the place itself without one.
+double Onset_Beside(std::span<const float> samples, double expected, double step_length, double reach) {
+    constexpr double uncertain = 0.6;
+    const double place = std::max(expected, 1.0);
+    for (const double within : {std::max(reach, uncertain * step_length), 3 * reach}) {
+        if (const auto onset = Find_Onset(samples, place, within)) return *onset;
+    }
+    return place;
+}
+
+/// Continues the moveout of the two picks before.
+std::optional<double> From_Last_Picks(Moveout& moveout, RecordReading& record, int trace, int step,
+                                      double reach) {
     if (step == 0) return std::nullopt;
     std::optional<Arrival> last;
     int last_trace = 0;
@@ -69,7 +86,9 @@ std::optional<double> From_Last_Picks(Moveout& moveout, RecordReading& record, i
             continue;
         }
         if (!moveout.Same_Side(other, last_trace)) break;
-        return Moveout::Continued(*last, Slowness(*last, *pick), moveout.Distance(trace));
+        const double expected =
+            Moveout::Continued(*last, Slowness(*last, *pick, 0), moveout.Distance(trace));
+        return Onset_Beside(record.Samples(trace), expected, std::abs(expected - last->Sample), reach);
     }
     return std::nullopt;
 }
@@ -80,7 +99,9 @@ std::optional<double> Followed(Moveout& moveout, RecordReading& record, int trac
     if (!nearest) return std::nullopt;
     Arrival last = moveout.Picked(nearest->Trace)
                        .value_or(Arrival{moveout.Distance(nearest->Trace), nearest->Sample});
-    double slowness = 0;
+    // As long as there is one arrival alone, it came straight from the shot.
+    double slowness =
+        record.Offset(nearest->Trace) && last.Distance > 0 ? std::max(last.Sample, 0.0) / last.Distance : 0;
     bool slope_known = false;
     const int step = trace < nearest->Trace ? -1 : 1;
     for (int at = nearest->Trace; at != trace;) {
@@ -90,11 +111,12 @@ std::optional<double> Followed(Moveout& moveout, RecordReading& record, int trac
         if (!next) {
             const double expected = Moveout::Continued(last, slowness, moveout.Distance(at));
             // The first step, whose slope is not known yet, may be a long one.
-            const double within = slope_known ? reach : 3 * reach;
-            const auto onset = Find_Onset(record.Samples(at), std::max(expected, 1.0), within);
-            next = Arrival{moveout.Distance(at), onset.value_or(expected)};
+            const double step_length = std::abs(expected - last.Sample);
+            next = Arrival{moveout.Distance(at),
+                           Onset_Beside(record.Samples(at), expected, slope_known ? step_length : 3 * reach,
+                                        reach)};
         }
-        slowness = Slowness(*next, last);
+        slowness = Slowness(*next, last, slowness);
         slope_known = true;
         last = *next;
     }
@@ -125,9 +147,10 @@ double Proposed_Sample(const Workspace& workspace, RecordReading& record, int tr
     Moveout moveout(workspace, record);
     if (const auto own = moveout.Picked(trace)) return own->Sample;
     const double reach = Snap_Reach(record.Sample_Ms());
-    auto expected = From_Last_Picks(moveout, record, trace, step);
+    auto expected = From_Last_Picks(moveout, record, trace, step, reach);
     if (!expected) expected = Followed(moveout, record, trace, reach);
     if (!expected) return 1;
+    if (workspace.Record.Picking.Feature == SnapTo::Onset) return std::max(*expected, 1.0);
     return Snapped(workspace, record, trace, std::max(*expected, 1.0));
 }
 

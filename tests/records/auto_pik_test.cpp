@@ -75,7 +75,7 @@ TEST_F(AutoPikDialog, PicksMadeByHandStayUnlessTheyAreAskedFor) {
     Write();
     Click(4, 17);
     Mark_Start(2, 7);
-    EXPECT_EQ(Times(1), (std::vector<float>{12, 10, 9.5F, 17, 13}));  // 9: below both neighbours
+    EXPECT_EQ(Times(1), (std::vector<float>{12, 10, 13.5F, 17, 13}));  // 9 lay below both neighbours
     EXPECT_EQ(Work.Project.PickOrigins(1, 4), PickOrigin::Hand);
     EXPECT_EQ(Work.Project.PickOrigins(1, 3), PickOrigin::Automatic);
     EXPECT_EQ(File_Words()[3], 170);
@@ -93,7 +93,7 @@ TEST_F(AutoPikDialog, AllRecordsAreOneEditThatCanBeStopped) {
         Work.Project.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(receiver);
     Work.Project.ShotDistance(1) = 2;
     Work.Project.ShotDistance(2) = 6;
-    Automatic.Frequency = "50";
+    Automatic.StartShift = "-3";
     Write_With_Twin();
     const std::string before = State();
     Automatic.Pick_All([](int done, int) { return done == 0; });

@@ -47,7 +47,7 @@ TEST(Onset, IsFoundWithinASampleOrTwoWhereverTheCursorStands) {
         {"clean, slow rise", {.Onset = 200.4, .Power = 2}, 0.8},
         {"downward", {.Onset = 123.7, .Sign = -1}, 0.5},
         {"noise of 2 %", {.Onset = 250.2, .Noise = 0.02}, 1.2},
-        {"noise of 2 %, slow rise", {.Onset = 250.2, .Power = 2, .Noise = 0.02}, 2},
+        {"noise of 2 %, slow rise", {.Onset = 250.2, .Power = 2, .Noise = 0.02}, 2.5},
         {"noise of 5 %", {.Onset = 250.2, .Noise = 0.05}, 2},
         {"early", {.Onset = 9.5}, 0.8},
         {"a strong arrival behind a weak one",
