@@ -247,23 +247,23 @@ void AutoPik::Pick_auto() {
     Outside.Show.Show_Fields();
 }
 
-/// Reference trace and start of the search of a record whose traces stand in the parameters. False where no
-/// trace has anything to start from.
-bool AutoPik::Start_Of(const PickSetter& setter, AutomaticPickingParameters& with) {
+/// Sets reference trace and start of the search of a record whose traces stand in the parameters. Where its
+/// nearest trace shows no arrival the first one is searched from the time that was marked elsewhere.
+void AutoPik::Take_Start(const PickSetter& setter, AutomaticPickingParameters& with) {
     const RecordView& view = Work.Record;
     const int marked = Trace_At(view, view.DownX).value_or(0);
-    if (!FirstTime.empty() && setter.Layout().Record_Of(marked) == setter.Layout().Record_Of(with.FirstTrace)) {
-        with.ReferenceTrace = marked;
-        with.FirstStart = Samples_In(Val(FirstTime), Sample_Ms(view));
-        return true;
-    }
+    const SpreadLayout& spread = setter.Layout();
+    const bool here = !FirstTime.empty() && spread.Record_Of(marked) == spread.Record_Of(with.FirstTrace);
+    with.ReferenceTrace = here ? marked : with.FirstTrace;
+    with.FirstStart = Samples_In(Val(FirstTime), Sample_Ms(view));
+    if (here) return;
     RecordReading record(Work, with.FirstTrace, with.LastTrace);
     const auto nearest = Nearest_Arrival(record);
-    if (!nearest) return false;
+    if (!nearest) return;
     constexpr double before_onset_ms = 1;
     with.ReferenceTrace = nearest->Trace;
-    with.FirstStart = std::max(0, Samples_In(nearest->Sample, 1) - Samples_In(before_onset_ms, Sample_Ms(view)));
-    return true;
+    with.FirstStart =
+        std::max(0, Samples_In(nearest->Sample, 1) - Samples_In(before_onset_ms, Sample_Ms(view)));
 }
 
 void AutoPik::Pick_All(const Progress& progress) {
@@ -285,7 +285,8 @@ void AutoPik::Pick_All(const Progress& progress) {
             }
             with.FirstTrace = static_cast<int>(setter.Layout().First_Trace(record));
             with.LastTrace = static_cast<int>(setter.Layout().Last_Trace(record));
-            if (Start_Of(setter, with)) Run(setter, with);
+            Take_Start(setter, with);
+            Run(setter, with);
         }
         if (!files.Failed()) Take_Header_Picks(setter, !ReplaceHand);
         files.Tell_Faults("Automatic picks");

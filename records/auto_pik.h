@@ -72,7 +72,7 @@ class AutoPik {
     void Store_Picks(PickSetter& setter, const AutomaticPicks& picks, int first);
     void Repair_Spikes(PickSetter& setter, int first, int last);
     void Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, int first);
-    bool Start_Of(const PickSetter& setter, AutomaticPickingParameters& with);
+    void Take_Start(const PickSetter& setter, AutomaticPickingParameters& with);
     void Tell_Kept();
     int Kept = 0;  ///< picks made by hand that the last run met
     Workspace& Work;

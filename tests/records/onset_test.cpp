@@ -44,7 +44,7 @@ TEST(Onset, IsFoundWithinASampleOrTwoWhereverTheCursorStands) {
     };
     const std::vector<Case> cases = {
         {"clean", {.Onset = 200.4}, 0.5},
-        {"clean, slow rise", {.Onset = 200.4, .Power = 2}, 0.8},
+        {"clean, slow rise", {.Onset = 200.4, .Power = 2}, 1.2},
         {"downward", {.Onset = 123.7, .Sign = -1}, 0.5},
         {"noise of 2 %", {.Onset = 250.2, .Noise = 0.02}, 1.2},
         {"noise of 2 %, slow rise", {.Onset = 250.2, .Power = 2, .Noise = 0.02}, 2.5},
