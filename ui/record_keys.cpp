@@ -108,6 +108,13 @@ bool RecordKeys::Key_Pressed(QWidget* at, int key, bool plain) {
     return false;
 }
 
+/// After the control has done what it was clicked for.
+void RecordKeys::Give_Back_Later() {
+    QTimer::singleShot(0, Record, [this] {
+        if (In_Charge() && Page->isAncestorOf(QApplication::focusWidget())) Record->setFocus();
+    });
+}
+
 bool RecordKeys::Pressed_On_Record(Qt::MouseButton button) {
     const RecordView& view = Program.Work.Record;
     const bool awaited = view.ZoomMode == 1 || view.SpectrumRequest == 1 ||
@@ -157,6 +164,17 @@ bool RecordKeys::eventFilter(QObject* watched, QEvent* event) {
             break;
         case QEvent::MouseButtonRelease:
             FieldLeft = false;
+            // A tick that was set by the mouse would take the next Space for itself.
+            if (const auto* tick = qobject_cast<QAbstractButton*>(watched);
+                tick != nullptr && Page->isAncestorOf(tick))
+                Give_Back_Later();
+            break;
+        case QEvent::FocusIn:
+            // The list of a choice has closed.
+            if (const auto* list = qobject_cast<QComboBox*>(watched);
+                list != nullptr && Page->isAncestorOf(list) &&
+                static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason)
+                Give_Back_Later();
             break;
         default:
             break;

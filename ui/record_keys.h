@@ -24,6 +24,7 @@ class RecordKeys : public QObject {
   private:
     bool In_Charge() const;
     bool Key_Pressed(QWidget* at, int key, bool plain);
+    void Give_Back_Later();
     bool Pressed_On_Record(Qt::MouseButton button);
 
     Session& Program;
