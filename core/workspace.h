@@ -147,9 +147,9 @@ enum class SnapTo { Onset, ZeroCrossing, Peak, Trough };
 
 /// Picking on the record by keys, and what is shown beside the picks.
 struct PickingView {
-    bool Active = false;      ///< the cursor shows: keys have been used
-    std::int32_t Trace = 0;   ///< active trace of the file, 0 before the first use
-    double Sample = 0;        ///< time cursor, in samples
+    bool Active = false;     ///< the cursor shows: keys have been used
+    std::int32_t Trace = 0;  ///< active trace of the file, 0 before the first use
+    double Sample = 0;       ///< time cursor, in samples
     SnapTo Feature = SnapTo::Onset;
     bool SnapEvery = false;   ///< every pick of mouse and keys is snapped
     bool NextRecord = false;  ///< the pick of a record's last trace brings the next record

@@ -39,8 +39,8 @@ class AutoPik {
     void Form_Load();
     void Form_Unload();
 
-    /// Right click on the record: its X marks the reference trace, its Y the time of the smallest pick. Picks,
-    /// once a window to search in is given.
+    /// Right click on the record: its X marks the reference trace, its Y the time of the smallest pick.
+    /// Picks, once a window to search in is given.
     void Set_Start(double x, double y);
 
     void Sensitivity_Changed();  ///< by its scroll bar; picks

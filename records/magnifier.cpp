@@ -67,9 +67,9 @@ void Show_Magnifier(Workspace& workspace, Ports& ports) {
         TextGrid& sizes = workspace.Grids.size_grid;
         for (int row = 0; row < sizes.Rows(); ++row) {
             const int former = row + view.FirstTrace - former_first;
-            sizes.Set_Text(row, 0, borrowed.Former_Sizes().Has(former, 0)
-                                       ? borrowed.Former_Sizes().Text(former, 0)
-                                       : "1");
+            sizes.Set_Text(
+                row, 0,
+                borrowed.Former_Sizes().Has(former, 0) ? borrowed.Former_Sizes().Text(former, 0) : "1");
         }
         Draw_Traces(workspace, picture, path);
     }

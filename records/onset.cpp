@@ -11,7 +11,7 @@ namespace tarnvik {
 namespace {
 
 constexpr double above_noise = 4;        ///< standard deviations of what the trend does not foresee
-constexpr double least_share = 0.02;    ///< of the stretch's largest surprise, where there is no noise
+constexpr double least_share = 0.02;     ///< of the stretch's largest surprise, where there is no noise
 constexpr double rise_over_noise = 1.5;  ///< of the lobe's top over the threshold
 constexpr double least_bump = 0.1;       ///< of the stretch's largest amplitude
 constexpr std::ptrdiff_t noise_samples = 400;
@@ -146,7 +146,8 @@ double Foot_Of(std::span<const float> samples, std::ptrdiff_t crossing, const Tr
     const Foot parabola = flank.size() > 2 ? Fit(flank, 2) : Foot{};
     const Foot& best = parabola.Error < line.Error ? parabola : line;
     if (!std::isfinite(best.Error)) return earliest;
-    return std::clamp(static_cast<double>(crossing) + best.Place, earliest - 1, static_cast<double>(crossing));
+    return std::clamp(static_cast<double>(crossing) + best.Place, earliest - 1,
+                      static_cast<double>(crossing));
 }
 
 /// True where a lobe begins that goes on and up: one sample that sticks out is no arrival.
@@ -208,13 +209,14 @@ std::optional<double> Find_Onset(std::span<const float> samples, double near, do
     const Stretch stretch = Around(samples, near, reach);
     if (stretch.Empty()) return std::nullopt;
     const Trend trend(samples, reach);
-    // At the trace's beginning, where there is little before the stretch, the first few samples have to serve.
+    // At the trace's beginning, where there is little before the stretch, the first few samples have to
+    // serve.
     constexpr std::ptrdiff_t least_noise = 6;
     const std::ptrdiff_t quiet_end = std::max(stretch.First, least_noise);
     const std::ptrdiff_t quiet_start =
         std::min(std::max(trend.First_Foreseen(), quiet_end - noise_samples), quiet_end - least_noise);
-    const double noise = Noise_Of(trend, std::max<std::ptrdiff_t>(quiet_start, 0),
-                                  std::min(quiet_end, std::ssize(samples)));
+    const double noise =
+        Noise_Of(trend, std::max<std::ptrdiff_t>(quiet_start, 0), std::min(quiet_end, std::ssize(samples)));
     double largest = 0;
     for (std::ptrdiff_t i = stretch.First; i <= stretch.Last; ++i)
         largest = std::max(largest, std::abs(trend.Surprise(i)));
@@ -244,7 +246,8 @@ std::optional<double> Find_Trough(std::span<const float> samples, double near, d
     return Extreme(samples, near, reach, -1);
 }
 
-std::optional<double> Find_Feature(SnapTo feature, std::span<const float> samples, double near, double reach) {
+std::optional<double> Find_Feature(SnapTo feature, std::span<const float> samples, double near,
+                                   double reach) {
     switch (feature) {
         case SnapTo::Onset:
             return Find_Onset(samples, near, reach);
@@ -280,8 +283,8 @@ std::optional<double> First_Arrival(std::span<const float> samples, double reach
         if (count < least_noise) continue;
         const double noise = std::sqrt(squares / static_cast<double>(count));
         const double threshold = std::max(arrival_above_noise * noise, least_share * largest);
-        if (const auto onset = First_Above(samples, i, i, trend, threshold,
-                                           arrival_share * largest, early_share * largest))
+        if (const auto onset =
+                First_Above(samples, i, i, trend, threshold, arrival_share * largest, early_share * largest))
             return onset;
     }
     return std::nullopt;

@@ -10,10 +10,10 @@ namespace tarnvik {
 /// Places on one trace that a pick may be meant for. Samples count from 1, places are fractions of samples;
 /// nothing is found in a trace of zeros or where a place lies outside the trace.
 
-/// First sample above the noise before it, within `reach` samples of `near`. The noise is what a straight line
-/// through the samples before each does not foresee, measured before that stretch: a slow swing is none. The
-/// rise behind the first sample is fitted, once as a line and once as a parabola, and the better fit tells
-/// where it began. Nothing where no sample stands out.
+/// First sample above the noise before it, within `reach` samples of `near`. The noise is what a straight
+/// line through the samples before each does not foresee, measured before that stretch: a slow swing is none.
+/// The rise behind the first sample is fitted, once as a line and once as a parabola, and the better fit
+/// tells where it began. Nothing where no sample stands out.
 std::optional<double> Find_Onset(std::span<const float> samples, double near, double reach);
 
 /// Change of sign, largest or smallest value next to `near`, within `reach` samples of it. Bumps of less than

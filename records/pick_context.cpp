@@ -104,7 +104,8 @@ class Context {
             if (!ms || !(*ms > 0) || !x) continue;
             const double y = *ms / Record.Sample_Ms();
             Line({*x - trace_width / 2, y}, {*x + trace_width / 2, y}, reciprocal_colour, false);
-            Found.push_back({.Shape = Mark::Kind::Dot, .X1 = *x, .Y1 = y, .InColour = reciprocal_colour, .Width = 2});
+            Found.push_back(
+                {.Shape = Mark::Kind::Dot, .X1 = *x, .Y1 = y, .InColour = reciprocal_colour, .Width = 2});
             Found.push_back({.Shape = Mark::Kind::Text,
                              .X1 = *x + trace_width / 2,
                              .Y1 = y,

@@ -66,7 +66,8 @@ void PickPainting::End() {
     if (Line.size() > 1 && painted.size() > 1) {
         for (const Point& end : {Line.front(), Line.back()}) {
             const auto trace = Trace_At(view, end.X);
-            if (trace && *trace >= view.FirstTrace && *trace <= view.LastTrace) painted.emplace(*trace, end.Y);
+            if (trace && *trace >= view.FirstTrace && *trace <= view.LastTrace)
+                painted.emplace(*trace, end.Y);
         }
     }
     Line.clear();

@@ -86,8 +86,7 @@ std::optional<double> From_Last_Picks(Moveout& moveout, RecordReading& record, i
             continue;
         }
         if (!moveout.Same_Side(other, last_trace)) break;
-        const double expected =
-            Moveout::Continued(*last, Slowness(*last, *pick, 0), moveout.Distance(trace));
+        const double expected = Moveout::Continued(*last, Slowness(*last, *pick, 0), moveout.Distance(trace));
         return Onset_Beside(record.Samples(trace), expected, std::abs(expected - last->Sample), reach);
     }
     return std::nullopt;
@@ -97,8 +96,8 @@ std::optional<double> From_Last_Picks(Moveout& moveout, RecordReading& record, i
 std::optional<double> Followed(Moveout& moveout, RecordReading& record, int trace, double reach) {
     const auto nearest = Nearest_Arrival(record);
     if (!nearest) return std::nullopt;
-    Arrival last = moveout.Picked(nearest->Trace)
-                       .value_or(Arrival{moveout.Distance(nearest->Trace), nearest->Sample});
+    Arrival last =
+        moveout.Picked(nearest->Trace).value_or(Arrival{moveout.Distance(nearest->Trace), nearest->Sample});
     // As long as there is one arrival alone, it came straight from the shot.
     double slowness =
         record.Offset(nearest->Trace) && last.Distance > 0 ? std::max(last.Sample, 0.0) / last.Distance : 0;
@@ -112,9 +111,8 @@ std::optional<double> Followed(Moveout& moveout, RecordReading& record, int trac
             const double expected = Moveout::Continued(last, slowness, moveout.Distance(at));
             // The first step, whose slope is not known yet, may be a long one.
             const double step_length = std::abs(expected - last.Sample);
-            next = Arrival{moveout.Distance(at),
-                           Onset_Beside(record.Samples(at), expected, slope_known ? step_length : 3 * reach,
-                                        reach)};
+            next = Arrival{moveout.Distance(at), Onset_Beside(record.Samples(at), expected,
+                                                              slope_known ? step_length : 3 * reach, reach)};
         }
         slowness = Slowness(*next, last, slowness);
         slope_known = true;

@@ -17,8 +17,8 @@ RecordReading::RecordReading(const Workspace& workspace, std::int64_t first, std
     : Work(workspace),
       File(Su_Path(workspace.Project)),
       FirstTrace(static_cast<int>(std::max<std::int64_t>(first, 1))),
-      LastTrace(static_cast<int>(
-          std::min<std::int64_t>(last, File.Is_Open() ? File.Nb_Traces().value_or(0) : 0))),
+      LastTrace(
+          static_cast<int>(std::min<std::int64_t>(last, File.Is_Open() ? File.Nb_Traces().value_or(0) : 0))),
       Interval(File.Sample_Interval() / 1000.0),
       Spread(workspace, File, FirstTrace, std::max(FirstTrace, LastTrace)) {}
 

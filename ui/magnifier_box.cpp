@@ -45,7 +45,9 @@ void MagnifierBox::Follow() {
     const bool on_the_left = x > frame.Width / 2;
     resize(std::min(preferred_size.width(), Record->width() / 2 - 2 * from_edge),
            std::min(preferred_size.height(), Record->height() / 2));
-    move(on_the_left ? from_edge : Record->width() - width() - from_edge, from_edge);
+    // First breaks lie in the upper part of most records.
+    move(on_the_left ? from_edge : Record->width() - width() - from_edge,
+         Record->height() - height() - from_edge);
     if (isHidden()) {
         show();
         raise();

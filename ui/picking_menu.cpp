@@ -75,8 +75,9 @@ QToolButton* Picking_Menu(Session& session, FieldBinder& fields) {
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setPopupMode(QToolButton::InstantPopup);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setToolTip("<qt>" + Tr("Picking by keys: arrows move, Space picks and goes on, Del takes a pick "
-                                   "away, K kills or revives, S snaps, P held paints") +
+    button->setToolTip("<qt>" +
+                       Tr("Picking by keys: arrows move, Space picks and goes on, Del takes a pick "
+                          "away, K kills or revives, S snaps, P held paints") +
                        "<br>" + Pick_Legend() + "</qt>");
     auto* menu = new QMenu(button);
     menu->setToolTipsVisible(true);

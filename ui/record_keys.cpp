@@ -53,8 +53,9 @@ bool Is_Picking_Key(int key, Qt::KeyboardModifiers modifiers) {
     const QKeySequence pressed(key | static_cast<int>(modifiers & ~Qt::KeypadModifier));
     for (const Command& command : Picking_Commands()) {
         if (command.Shortcut.empty()) continue;
-        const QKeySequence known(QString::fromUtf8(command.Shortcut.data(), qsizetype(command.Shortcut.size())),
-                                 QKeySequence::PortableText);
+        const QKeySequence known(
+            QString::fromUtf8(command.Shortcut.data(), qsizetype(command.Shortcut.size())),
+            QKeySequence::PortableText);
         if (known == pressed) return true;
     }
     return false;
@@ -78,7 +79,8 @@ RecordKeys::RecordKeys(Session& session, QWidget* page, PictureBox* record)
 }
 
 bool RecordKeys::In_Charge() const {
-    return Page->isVisible() && Page->window()->isActiveWindow() && QApplication::activePopupWidget() == nullptr;
+    return Page->isVisible() && Page->window()->isActiveWindow() &&
+           QApplication::activePopupWidget() == nullptr;
 }
 
 bool RecordKeys::Key_Pressed(QWidget* at, int key, bool plain) {
@@ -160,7 +162,8 @@ bool RecordKeys::eventFilter(QObject* watched, QEvent* event) {
             break;
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            if (watched == Record && Pressed_On_Record(static_cast<QMouseEvent*>(event)->button())) return true;
+            if (watched == Record && Pressed_On_Record(static_cast<QMouseEvent*>(event)->button()))
+                return true;
             break;
         case QEvent::MouseButtonRelease:
             FieldLeft = false;

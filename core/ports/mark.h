@@ -6,9 +6,9 @@
 
 namespace tarnvik {
 
-/// What stands on top of a picture for the moment and belongs neither to it nor to a print of it: a cross-hair,
-/// a cursor, the line through neighbouring picks. In the world coordinates that the picture has when it is
-/// shown.
+/// What stands on top of a picture for the moment and belongs neither to it nor to a print of it: a
+/// cross-hair, a cursor, the line through neighbouring picks. In the world coordinates that the picture has
+/// when it is shown.
 struct Mark {
     enum class Kind {
         Line,  ///< from (X1, Y1) to (X2, Y2)

@@ -16,7 +16,7 @@ struct Arrival {
     double Power = 1;
     double Noise = 0;  ///< standard deviation; the wavelet's top is 1
     double Sign = 1;
-    double Later = 0;       ///< amplitude of a stronger arrival
+    double Later = 0;  ///< amplitude of a stronger arrival
     double LaterOnset = 0;
 };
 

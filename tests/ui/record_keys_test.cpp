@@ -67,9 +67,7 @@ class RecordKeysTest : public Window {
         return Pixel(Ecran, trace * trace_width + trace_width / 2, ms / interval);
     }
     double Cursor_Ms() const { return Program.Work.Record.Picking.Sample * interval; }
-    std::string State() const {
-        return test::Content_Of(Path) + Project_Block(Program.Work.Project);
-    }
+    std::string State() const { return test::Content_Of(Path) + Project_Block(Program.Work.Project); }
 
     std::string Path;
     PictureBox* Ecran = nullptr;

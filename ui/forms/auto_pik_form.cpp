@@ -48,7 +48,8 @@ AutoPikForm::AutoPikForm(Session& session, QtDisplay&) : Logic(session.Automatic
     Grey_Out(controls.LabelText52, tr("The search has no step for it: the bar only picks again"));
     Grey_Out(controls.Text52, controls.LabelText52->toolTip());
     controls.HScroll4->setToolTip(controls.HScroll4->toolTip() + "\n" + controls.LabelText52->toolTip());
-    Grey_Out(controls.LabelText56, tr("Computed from the frequency: a value typed here would have no effect"));
+    Grey_Out(controls.LabelText56,
+             tr("Computed from the frequency: a value typed here would have no effect"));
     Grey_Out(controls.Text56, controls.LabelText56->toolTip());
     Logic.Form_Load();
 }
