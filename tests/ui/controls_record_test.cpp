@@ -1,3 +1,7 @@
+#include <QAction>
+#include <QMenu>
+#include <QToolButton>
+
 // Each control above the field record and of the automatic picking beside it.
 
 #include "control_table.h"
