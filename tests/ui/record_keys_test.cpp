@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <random>
 
+#include "app/commands.h"
 #include "core/edits/project_block.h"
 #include "records/header_words.h"
 #include "records/record_files.h"
