@@ -129,7 +129,7 @@ bool RecordKeys::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::ShortcutOverride: {
             auto* at = qobject_cast<QWidget*>(watched);
             const auto* key = static_cast<QKeyEvent*>(event);
-            if (at != nullptr && at != Record && at->hasFocus() && In_Charge() && Needs(at, key->key()) &&
+            if (at != nullptr && at != Record && In_Charge() && Needs(at, key->key()) &&
                 Is_Picking_Key(key->key(), key->modifiers())) {
                 event->accept();
                 return true;
