@@ -6,6 +6,7 @@
 #include "app/edit_commands.h"
 #include "app/file_commands.h"
 #include "app/pages.h"
+#include "app/refusals.h"
 #include "app/session.h"
 #include "app/start.h"
 #include "app/tool_launches.h"
@@ -31,14 +32,6 @@ template <char letter>
 void Choose_Language(Session& session) {
     Set_Language(session.Work.Settings, letter);
     session.Outside.Show.Show_Fields();
-}
-
-std::string Without_Project(const Session& session) {
-    return session.Work.Project.ShotTimes.Last_Row() > 0 ? "" : "There is no project in memory";
-}
-
-std::string Without_Records(const Session& session) {
-    return session.Work.Project.SuFile.empty() ? "No field records are loaded" : "";
 }
 
 std::string Without_Picture(const Session& session) {
@@ -121,7 +114,7 @@ const std::array command_table = {
     // Toolbar, in the order of the buttons.
     Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
-    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Records},
+    Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Shown_Records},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4", .Run = Start_New_Profile},
     Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
@@ -226,7 +219,7 @@ const std::array command_table = {
     Command{.Name = "Font_Mnu", .Menu = utility_menu, .Caption = "Font selection", .Run = Choose_Font},
     Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift", .Run = Scale_Or_Shift_Picks},
     Separator(utility_menu),
-    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Records},
+    Command{.Name = "FS", .Menu = utility_menu, .Caption = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Shown_Records},
     Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
     Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
     Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},

@@ -74,6 +74,7 @@ void Show_Curves_And_Profile(Session& session) {
 void Start_New_Profile(Session& session) {
     if (!May_Leave_Project(session)) return;
     if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
@@ -148,7 +149,9 @@ void Take_Out_Current_Shot(Session& session) {
     }
     Close_Computing_Dialogs(session);
     const EditScope edit(work, "Take out shot " + CStr(shot));
+    session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;
     Remove_Colonne(work, session.Outside, shot);
+    session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;
 }
 
 }  // namespace tarnvik

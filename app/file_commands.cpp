@@ -55,7 +55,7 @@ void Ask_For_Backup(Session& session) {
 void Convert_Bak_To_Tv5(Session& session) {
     if (!May_Leave_Project(session)) return;
     if (!Backup_To_Project(session.Work, session.Outside, session.Hooks)) return;
-    Close_Computing_Dialogs(session);
+    Show_Opened_Project(session);
     Offer_Lost_Work_Of(session, session.Work.Project.CurrentFile);
 }
 

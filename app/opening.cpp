@@ -54,8 +54,7 @@ std::string Refusal_Of(const std::string& path) {
 bool May_Be_Opened(const Workspace& workspace, Ports& ports, const std::string& path,
                    const ReadingReport& report) {
     if (!report.Refusal.empty()) {
-        ports.Ask.Say(path + " is no project file: " + report.Refusal + ".", workspace.AppTitle,
-                      Icon::Critical);
+        ports.Ask.Say(No_Project_Text(path, report), workspace.AppTitle, Icon::Critical);
         return false;
     }
     if (report.Missing.empty()) return true;
@@ -89,6 +88,8 @@ bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
     if (!just_opened && !May_Be_Opened(workspace, ports, path, report)) return false;
     workspace.Fields.Caption = Last_Letters(path, caption_letters) + "  [" + workspace.AppTitle + "]";
     Erase_Project(workspace.Project);
+    // A file cut before it names its records must not take those of the former line.
+    workspace.Project.SuFile.clear();
     Check_Project_Name(workspace, ports, path);
     Read_Project(workspace, path);
     workspace.Fields.FirstTabCaption = path;
@@ -106,13 +107,13 @@ bool Open_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
 }
 
 bool Open_Named_Project(Workspace& workspace, Ports& ports, const OpeningHooks& hooks,
-                        const std::string& path) {
+                        const std::string& path, bool agreed) {
     Project& project = workspace.Project;
     const std::string former_file = project.CurrentFile;
     const std::string former_folder = project.ProjectDir;
     const std::string former_name = project.ProjectName;
     project.CurrentFile = path;
-    if (Open_Project(workspace, ports, hooks)) return true;
+    if (Open_Project(workspace, ports, hooks, agreed)) return true;
     project.CurrentFile = former_file;
     project.ProjectDir = former_folder;
     project.ProjectName = former_name;
@@ -142,21 +143,19 @@ bool Backup_To_Project(Workspace& workspace, Ports& ports, const OpeningHooks& h
     const std::string backup = ports.Ask.Open_File(
         {"Tarnvik BAK TV5 selection", "File Tarnvik TV5 |*.BAK|", "*.BAK", workspace.Project.ProjectDir});
     if (backup.empty()) return false;
+    // A copy that is no project, or cut, must not go over a whole file unasked.
+    Project ignored;
+    if (!May_Be_Opened(workspace, ports, backup, Parse_Project(Read_File(backup).value_or(""), ignored)))
+        return false;
     const std::string path = Folder_Of(backup) + Replace_First(Name_Of(backup), ".bak", ".tv5");
     const std::string reason = path == backup ? std::string() : Copy_File(backup, path);
     if (!reason.empty()) {
         ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
         return false;
     }
-    Run(hooks.ClearDisplay);
-    const bool opened = Open_Named_Project(workspace, ports, hooks, path);
-    workspace.Mode.Display(DisplayMode::Dromo);
-    ports.Show.Show_Curves();
-    if (opened) {
-        Take_Records_Beside(workspace, hooks);
-        Run(hooks.LoadSuFile);
-    }
-    return opened;
+    if (!Open_Named_Project(workspace, ports, hooks, path, true)) return false;
+    Take_Records_Beside(workspace, hooks);
+    return true;
 }
 
 bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks) {
@@ -172,6 +171,8 @@ bool Take_Records_Beside(Workspace& workspace, const OpeningHooks& hooks) {
     }
     project.SuFile = su_file;
     workspace.Fields.Label16 = su_file;
+    // What opening finds out by itself is no unsaved work.
+    if (workspace.Edits.All().empty()) workspace.Edits.Start(project, workspace.Edits.Is_Saved());
     Run(hooks.OfferSuFile);
     return true;
 }

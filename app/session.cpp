@@ -4,7 +4,6 @@
 
 #include "app/recovery.h"
 #include "app/show_changes.h"
-#include "app/view_commands.h"
 #include "core/files.h"
 #include "core/project_save.h"
 #include "records/su_loading.h"
@@ -33,7 +32,6 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
-    Hooks.ClearDisplay = [this] { Clear_Display(*this); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };

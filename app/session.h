@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <set>
 #include <string>
 
 #include "app/opening.h"
@@ -65,6 +67,9 @@ class Session {
     GridEditor RemarkTable;                                            ///< remark_grid
     ElevationUpdate Elevations = ElevationUpdate::ShotsFromReceivers;  ///< what Command3 computes
     bool ElevationsChosen = false;                                     ///< the user has chosen that once
+
+    /// ShotsLeftOut of the line with so many shots: as shots are taken out and come back, so do their marks.
+    std::map<int, std::set<int>> LeftOutByCount;
 };
 
 }  // namespace tarnvik

@@ -6,26 +6,16 @@
 
 #include "app/pages.h"
 #include "app/session.h"
+#include "core/ports/held_redraws.h"
 #include "core/text/number.h"
 #include "records/record_display.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
 namespace {
-
-/// Redraws wait until the whole notice has been gone through.
-class HeldRedraws {
-  public:
-    explicit HeldRedraws(Display& display) : Screen(display) { Screen.Hold_Redraws(); }
-    ~HeldRedraws() { Screen.Release_Redraws(); }
-    HeldRedraws(const HeldRedraws&) = delete;
-    HeldRedraws& operator=(const HeldRedraws&) = delete;
-
-  private:
-    Display& Screen;
-};
 
 bool Has_Any(const ProjectParts& parts, std::initializer_list<ProjectPart> any) {
     return std::any_of(any.begin(), any.end(), [&parts](ProjectPart part) { return parts.Has(part); });
@@ -41,6 +31,15 @@ void Follow_Project(Workspace& work) {
     const Project& project = work.Project;
     work.Fields.Text25 = CStr(project.TotalTime);
     work.Fields.Label16 = project.SuFile;
+}
+
+/// A shot that comes back with an undo, or goes with a redo, takes its mark along.
+void Bring_Back_Left_Out_Shots(Session& session) {
+    Workspace& work = session.Work;
+    session.LeftOutByCount[work.Grids.Grille_Shot.Rows()] = work.Curves.ShotsLeftOut;
+    Fill_Shot_Grid(work);  // forgets the marks of another count of shots
+    const auto kept = session.LeftOutByCount.find(work.Project.NbShots);
+    if (kept != session.LeftOutByCount.end()) work.Curves.ShotsLeftOut = kept->second;
 }
 
 void Show_Table(Session& session, const ChangeNotice& notice) {
@@ -100,6 +99,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
         work.Velocity.CurrentShot =
             static_cast<std::int16_t>(std::clamp<int>(work.Velocity.CurrentShot, 1, shots));
     }
+    if (notice.Parts.Has(ProjectPart::Counts)) Bring_Back_Left_Out_Shots(session);
     if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Times})) Scale_Time_Grid(work);
     if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::TotalTime, ProjectPart::FieldRecords})) {
         Follow_Project(work);

@@ -44,11 +44,8 @@ void Open_Given_Project(Session& session, const std::string& path) {
     if (!Open_File_Named(session, path)) return;
     // Shown once more when the records beside the project are others than those it names.
     const std::string shown = work.Project.SuFile;
-    if (Take_Records_Beside(work, session.Hooks) && work.Project.SuFile != shown) {
-        // What opening finds out by itself is no unsaved work.
-        if (work.Edits.All().empty()) work.Edits.Start(work.Project, work.Edits.Is_Saved());
-        if (session.Hooks.LoadSuFile) session.Hooks.LoadSuFile();
-    }
+    if (Take_Records_Beside(work, session.Hooks) && work.Project.SuFile != shown && session.Hooks.LoadSuFile)
+        session.Hooks.LoadSuFile();
 }
 
 }  // namespace
@@ -113,6 +110,7 @@ bool Open_File_Named(Session& session, const std::string& path) {
 }
 
 void Show_Opened_Project(Session& session) {
+    session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);
     Clear_Display(session);
     Clear_Selection(session.Work.Curves);

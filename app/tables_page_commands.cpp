@@ -4,27 +4,20 @@
 #include "app/commands.h"
 #include "app/dialog_commands.h"
 #include "app/file_commands.h"
+#include "app/refusals.h"
 #include "app/session.h"
 
 namespace tarnvik {
 
 namespace {
 
-std::string Without_Line(const Session& session) {
-    const Project& project = session.Work.Project;
-    const bool has_line = project.NbShots > 0 && project.NbReceivers > 0 &&
-                          project.ShotTimes.Has(project.NbShots, project.NbReceivers);
-    return has_line ? "" : "There is no project in memory";
-}
-
-std::string Without_Records(const Session& session) {
-    const std::string refusal = Without_Line(session);
-    if (!refusal.empty()) return refusal;
-    return session.Work.Project.SuFile.empty() ? "The project has no field records" : "";
+std::string Without_Line_And_Records(const Session& session) {
+    const std::string refusal = Without_Project(session);
+    return refusal.empty() ? Without_Records(session) : refusal;
 }
 
 std::string Without_Shot(const Session& session) {
-    const std::string refusal = Without_Line(session);
+    const std::string refusal = Without_Project(session);
     if (!refusal.empty()) return refusal;
     const int shot = session.Work.Grids.Buildgrid.CurrentColumn;
     return shot >= 1 && shot <= session.Work.Project.NbShots ? "" : "Select a cell of the shot first";
@@ -77,22 +70,22 @@ constexpr std::string_view coordinates_group = "Surveyed coordinates";
 
 // clang-format off
 const std::array page_commands = {
-    Command{.Name = "Save", .Menu = table_group, .Caption = "Save", .Tooltip = "Writes the project with the values of the tables", .Run = Save_Data, .Refusal = Without_Line},
+    Command{.Name = "Save", .Menu = table_group, .Caption = "Save", .Tooltip = "Writes the project with the values of the tables", .Run = Save_Data, .Refusal = Without_Project},
 
-    Command{.Name = "Command20", .Menu = picks_group, .Caption = "Load FBP from SU header", .Tooltip = "Import into grid  FBP value from SU file", .Run = Load_Header_Picks, .Refusal = Without_Records},
-    Command{.Name = "Grid_2_SU", .Menu = picks_group, .Caption = "Store FBP in SU header", .Tooltip = "Writes the times of the grid into the trace headers of the SU file", .Run = Store_Header_Picks, .Refusal = Without_Records},
+    Command{.Name = "Command20", .Menu = picks_group, .Caption = "Load FBP from SU header", .Tooltip = "Import into grid  FBP value from SU file", .Run = Load_Header_Picks, .Refusal = Without_Line_And_Records},
+    Command{.Name = "Grid_2_SU", .Menu = picks_group, .Caption = "Store FBP in SU header", .Tooltip = "Writes the times of the grid into the trace headers of the SU file", .Run = Store_Header_Picks, .Refusal = Without_Line_And_Records},
 
-    Command{.Name = "Text6", .Menu = line_group, .Tooltip = "From end shot 1 to last end shot. Double click to change", .Run = Line_Length, .Refusal = Without_Line},
-    Command{.Name = "Command6", .Menu = line_group, .Caption = "Distance correction", .Tooltip = "Press here to add or remove distance in order to have distance ZERO at First End Shot", .Run = Correct_Distances, .Refusal = Without_Line},
+    Command{.Name = "Text6", .Menu = line_group, .Tooltip = "From end shot 1 to last end shot. Double click to change", .Run = Line_Length, .Refusal = Without_Project},
+    Command{.Name = "Command6", .Menu = line_group, .Caption = "Distance correction", .Tooltip = "Press here to add or remove distance in order to have distance ZERO at First End Shot", .Run = Correct_Distances, .Refusal = Without_Project},
     Command{.Name = "TakeOutShot", .Menu = line_group, .Caption = "Remove shot", .Tooltip = "Takes the shot of the selected column out of the project in memory; its file is backed up first", .Run = Take_Out_Current_Shot, .Refusal = Without_Two_Shots},
     Command{.Name = "RemoveShot", .Menu = line_group, .Tooltip = "Double click to remove this shot", .Run = Remove_Current_Shot, .Refusal = Without_Two_Shots},
 
     Command{.Name = "ShotsFromGeophones", .Menu = elevations_group, .Caption = "Shots from geophones", .Tooltip = "Each shot between the two geophones beside it", .Run = Choose_Shots_From_Geophones, .Checked = Shots_From_Geophones},
     Command{.Name = "GeophonesFromShots", .Menu = elevations_group, .Caption = "Geophones from shots", .Tooltip = "Each geophone between the two shots beside it", .Run = Choose_Geophones_From_Shots, .Checked = Geophones_From_Shots},
-    Command{.Name = "Command3", .Menu = elevations_group, .Caption = "Interpol  Shot Z from Z geo", .Tooltip = "Interpolates elevations along the line, in the direction chosen above", .Run = Interpolate_Elevations, .Text = Caption_Of_Elevations, .Refusal = Without_Line},
-    Command{.Name = "Command11", .Menu = elevations_group, .Caption = "Compute distances  according to Z", .Tooltip = "Compute real  distances according to Geophone elevation", .Run = True_Distances, .Refusal = Without_Line},
+    Command{.Name = "Command3", .Menu = elevations_group, .Caption = "Interpol  Shot Z from Z geo", .Tooltip = "Interpolates elevations along the line, in the direction chosen above", .Run = Interpolate_Elevations, .Text = Caption_Of_Elevations, .Refusal = Without_Project},
+    Command{.Name = "Command11", .Menu = elevations_group, .Caption = "Compute distances  according to Z", .Tooltip = "Compute real  distances according to Geophone elevation", .Run = True_Distances, .Refusal = Without_Project},
 
-    Command{.Name = "Command7", .Menu = coordinates_group, .Caption = "Enter XYZ files", .Tooltip = "<p>Read 2 ASCII files with geophone and shot XYZ location</p>" TARNVIK_XYZ_FORM, .Run = Enter_Xyz, .Refusal = Without_Line},
+    Command{.Name = "Command7", .Menu = coordinates_group, .Caption = "Enter XYZ files", .Tooltip = "<p>Read 2 ASCII files with geophone and shot XYZ location</p>" TARNVIK_XYZ_FORM, .Run = Enter_Xyz, .Refusal = Without_Project},
     Command{.Name = "Command9", .Menu = coordinates_group, .Caption = "Check XYZ text file", .Tooltip = TARNVIK_XYZ_FORM, .Run = Check_Xyz},
 };
 // clang-format on

@@ -146,8 +146,7 @@ void Superpose_File(Session& session) {
     Project other;
     const ReadingReport report = Parse_Project(*content, other);
     if (!report.Refusal.empty()) {
-        session.Outside.Ask.Say(path + " is no project file: " + report.Refusal + ".", session.Work.AppTitle,
-                                Icon::Critical);
+        session.Outside.Ask.Say(No_Project_Text(path, report), session.Work.AppTitle, Icon::Critical);
         return;
     }
     Superpose(session.Work, session.Outside, other);

@@ -45,7 +45,7 @@ bool BatchRun::Load() {
     if (LCase(Right(path, 4)) != ".tv5") return Refuse("No TV5 file selected ");
     if (!Read_File(path)) return Refuse("This file does not exist !");
     const ReadingReport report = Read_Project(work, path);
-    if (!report.Refusal.empty()) return Refuse(path + " is no project file: " + report.Refusal + ".");
+    if (!report.Refusal.empty()) return Refuse(No_Project_Text(path, report));
     // Opened all the same, as the window does when the user agrees.
     if (!report.Missing.empty()) Prompts.Say(path + ": " + report.Missing, work.AppTitle, Icon::Warning);
     Scale_Time_Grid(work);

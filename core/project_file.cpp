@@ -235,6 +235,10 @@ std::string Refusal_Of_Counts(const Project& project, bool number_read, std::siz
 
 }  // namespace
 
+std::string No_Project_Text(const std::string& path, const ReadingReport& report) {
+    return path + " is no project file: " + report.Refusal + ".";
+}
+
 ReadingReport Parse_Project(std::string_view bytes, Project& project) {
     ReadingReport report;
     if (Has_Bytes_Of_No_Text(bytes)) report.Refusal = "it holds bytes that stand in no text";

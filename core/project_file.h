@@ -19,6 +19,9 @@ struct ReadingReport {
     bool Whole() const { return Refusal.empty() && Missing.empty(); }
 };
 
+/// What the user is told of a file that is no project.
+std::string No_Project_Text(const std::string& path, const ReadingReport& report);
+
 /// Takes the bytes of a TV5 file into the project and allocates its arrays. Tolerant: what cannot be read
 /// keeps the value it had, and the report tells what was missing. Of bytes that are no project at all the
 /// report tells so, for the caller to refuse; counts that such a file cannot hold leave 0 shots. From the

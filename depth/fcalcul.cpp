@@ -132,6 +132,7 @@ void Fcalcul::Save() {
 bool Fcalcul::Display_Shot(int shot) {
     Work.Velocity.Awaited.reset();
     Computed = false;
+    Corrected = false;
     const int shots = Work.Project.NbShots;
     HScroll1.Min = 1;
     HScroll1.Max = std::max(1, shots);

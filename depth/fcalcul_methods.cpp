@@ -88,7 +88,8 @@ void Fcalcul::Compute_By_Intercept() {
     for (std::size_t refractor = 1; refractor <= Project::MaxRefractors; ++refractor)
         work.IT[refractor] = Val(MeanIntercept[refractor]) / ms_per_second;
     if (Sum(work.IT) == 0) return Say("Intercepts are missing", Icon::Critical);
-    if (!Intercepts_In_Order(work.NbLayers)) return;
+    // The means of what was corrected before the user gave up follow their sides.
+    if (!Intercepts_In_Order(work.NbLayers)) return Show_Side_Rows(work.NbLayers);
 
     work.HalfShotDepth = Val(ShotDepth) * 0.5;
     Intercept_Thicknesses({work.NbLayers, work.TrueV, work.AngleCritique, work.IT, work.HalfShotDepth},

@@ -106,7 +106,8 @@ void Ask_Stations(Workspace& workspace, Ports& ports) {
     const RecordStations offered = view.LastStations.value_or(RecordStations{double(view.Record), 1, false});
     const auto shot = ask("Enter shot station: ", offered.Shot);
     const auto geophone = ask("Enter 1st geophone number: ", offered.FirstGeophone);
-    view.LastStations = {shot.value_or(offered.Shot), geophone.value_or(offered.FirstGeophone), false};
+    if (shot || geophone)
+        view.LastStations = {shot.value_or(offered.Shot), geophone.value_or(offered.FirstGeophone), false};
     Store_Stations(workspace, ports, view.Record, shot, geophone);
 }
 

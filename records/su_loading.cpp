@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/files.h"
+#include "core/ports/held_redraws.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "records/record_choice.h"
@@ -258,8 +259,11 @@ bool Load_SU_File(Workspace& workspace, Ports& ports) {
             return false;
         }
     }
+    // Whoever is told of the edit takes the records up already; they are drawn once, with their stations.
+    const HeldRedraws held(ports.Show);
+    view.ChannelsPerRecord = 0;
     edit.End();
-    Scan_Channels(workspace, path);
+    if (view.ChannelsPerRecord == 0) Scan_Channels(workspace, path);
     Ask_Stations(workspace, ports);
     ports.Show.Show_Fields();
     ports.Show.Display_Record();

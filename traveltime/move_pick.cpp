@@ -81,12 +81,14 @@ void MovePick::Store(double time_ms) {
     const PickPlace place{Work.Curves.PickShot, Work.Curves.PickReceiver};
     // Another project may have been opened between the double click and the release.
     if (!Work.Project.ShotTimes.Has(place.Shot, place.Receiver)) return;
+    const float& time = Work.Project.ShotTimes(place.Shot, place.Receiver);
+    const float before = time;
     EditScope edit(Work, "Move pick of shot " + CStr(place.Shot) + ", receiver " + CStr(place.Receiver));
     Set_Pick(Work, place, static_cast<float>(time_ms), PickDigits::All, PickOrigin::Moved);
     edit.End();
+    // The notice of the edit draws a pick that has moved; the ring around one whose time stays goes too.
+    if (time == before) Refresh_Curves(Work, Outside, std::span(&place, 1));
     if (Save) Save();
-    // The ring around the pick goes, also where its time stays.
-    Refresh_Curves(Work, Outside, std::span(&place, 1));
     Outside.Show.Show_Fields();
 }
 

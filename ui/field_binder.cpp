@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "core/text/number.h"
-#include "ui/text_grid_model.h"
 
 namespace tarnvik {
 
@@ -236,21 +235,6 @@ void FieldBinder::Finished_Number(QLineEdit* control, double& field, Reaction fi
 void FieldBinder::Finished_Number(QLineEdit* control, std::int32_t& field, Reaction finished) {
     Typed_Number(
         control, field, [](double value) { return CLng(value); }, std::move(finished));
-}
-
-TextGridModel* FieldBinder::Grid(QTableView* view, TextGrid& grid, Reaction edited) {
-    auto* model = new TextGridModel(grid, view);
-    view->setModel(model);
-    view->horizontalHeader()->hide();
-    view->verticalHeader()->hide();
-    model->OnEdited = [edited](int, int) { React(edited); };
-    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
-                     [&grid](const QModelIndex& current) {
-                         grid.CurrentRow = current.row();
-                         grid.CurrentColumn = current.column();
-                     });
-    Follow([model] { model->Refresh(); });
-    return model;
 }
 
 void FieldBinder::Command(QAbstractButton* button, Reaction run) {

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QTableView>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -54,8 +53,6 @@ class FieldBinder {
     /// cannot hold leaves it as it was.
     void Finished_Number(QLineEdit* control, double& field, Reaction finished);
     void Finished_Number(QLineEdit* control, std::int32_t& field, Reaction finished);
-    /// The view gets a model of its own; `edited` runs after the user changed a cell.
-    class TextGridModel* Grid(QTableView* view, TextGrid& grid, Reaction edited = {});
 
     /// A button that runs a command.
     void Command(QAbstractButton* button, Reaction run);

@@ -3,7 +3,9 @@
 #include "app/start.h"
 #include "live_session.h"
 #include "records/set_pick.h"
+#include "records/su_file.h"
 #include "setup/build_grid.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik::test {
 
@@ -57,6 +59,7 @@ TEST_F(Changes, undoing_the_loading_of_other_records_gives_the_project_its_file_
     };
     load();
     EXPECT_EQ(Line.CurrentFile, Folder / "other.TV5");
+    EXPECT_EQ(Display.Count("record"), 1);
     Undo_Edit(Program);
     EXPECT_EQ(Line.SuFile, "demo1.su");
     EXPECT_EQ(Line.CurrentFile, Path);
@@ -148,6 +151,37 @@ TEST_F(Changes, records_of_another_file_are_scanned_again_by_undo) {
     EXPECT_EQ(Line.SuFile, former);
     EXPECT_EQ(Program.Work.Fields.Label16, former.empty() ? former : Program.Work.Fields.Label16);
     EXPECT_EQ(Program.Work.Record.NbTraces, traces);
+}
+
+TEST_F(Changes, a_pick_moved_on_the_curves_is_drawn_once) {
+    CurveView& view = Program.Work.Curves;
+    view.MouseDistance = Line.ReceiverData(ReceiverDistance, 5);
+    view.MouseTime = static_cast<std::int16_t>(Line.ShotTimes(2, 5));
+    MovePick& hand = Program.Pointer.Pick_In_Hand();
+    RecordingPicture& dromo = Display.Pictures[Canvas::Dromo];
+    for (const std::size_t strips : {1U, 2U}) {  // to another time, and to the same
+        hand.Catch();
+        ASSERT_EQ(view.PickMoving, 1);
+        hand.Press({.X = 10, .Y = 20});
+        hand.Release({.X = 10, .Y = 33});
+        EXPECT_EQ(dromo.Clips.size(), strips);
+        EXPECT_EQ(SuTraces(Folder / "demo1.su").Pick_Ms(24 + 5), Line.ShotTimes(2, 5));
+        view.MouseTime = static_cast<std::int16_t>(Line.ShotTimes(2, 5));
+    }
+}
+
+TEST_F(Changes, a_shot_that_comes_back_brings_its_mark) {
+    Toggle_Shot(Program.Work, Program.Outside, 2);
+    Toggle_Shot(Program.Work, Program.Outside, 4);
+    Program.Work.Grids.Buildgrid.CurrentColumn = 2;
+    Prompts.Expect("Take shot 2 out of the project in memory ?", Answer::Yes);
+    Run_Command(Program, "TakeOutShot");
+    const std::set<int>& left_out = Program.Work.Curves.ShotsLeftOut;
+    EXPECT_EQ(left_out, std::set{3});
+    Undo_Edit(Program);
+    EXPECT_EQ(left_out, (std::set{2, 4}));
+    Redo_Edit(Program);
+    EXPECT_EQ(left_out, std::set{3});
 }
 
 TEST_F(Changes, a_profile_that_stands_is_painted_and_stays) {

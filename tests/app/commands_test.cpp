@@ -1,11 +1,10 @@
 #include "app/commands.h"
 
-#include <set>
-
 #include "app/dialog_commands.h"
 #include "app/start.h"
 #include "core/project_save.h"
 #include "session_fixture.h"
+#include "support/su_builder.h"
 
 namespace tarnvik::test {
 
@@ -41,6 +40,28 @@ TEST_F(Commands, a_tool_that_cannot_be_started_is_told_in_its_own_words) {
     World.Launcher.Program.clear();
     Run_Command(Program, "help");
     EXPECT_EQ(World.Prompts.Last_Text(), "You must intstall ACROBAT READER from the CD-ROM");
+    World.Launcher.Program = "viewer";
+    World.Launcher.Folder = Folder.Path;
+    std::filesystem::create_directory(Folder / "manual");
+    for (const auto& [name, file] : {std::pair<const char*, std::string>("help", "manual/tv16.pdf"),
+                                     {"REDPATH", "manual/redpath.pdf"},
+                                     {"pps", "manual/tarnvik.ppsx"}}) {
+        ASSERT_EQ(Replace_File(Folder / file, ""), "");
+        Run_Command(Program, name);
+        EXPECT_NE(World.Launcher.Started.back().find(file), std::string::npos) << name;
+    }
+}
+
+TEST_F(Commands, a_new_profile_shows_its_records) {
+    const std::string records = SuBuilder(6, 10).Records(3).Write(Folder / "line.su");
+    World.Prompts.Expect("Did you already convert your field data to SU format", Answer::Yes);
+    World.Prompts.Expect_File("Load ", records);
+    Run_Command(Program, "prop");
+    EXPECT_EQ(Program.Work.Project.NbShots, 2);
+    const auto& calls = World.Display.Calls;
+    const auto taken = std::find(calls.begin(), calls.end(), "Open_Dialog modal");
+    ASSERT_NE(taken, calls.end());
+    EXPECT_NE(std::find(taken, calls.end(), "Display_Record"), calls.end());
 }
 
 TEST_F(Commands, the_notes_of_a_project_keep_the_case_of_its_folder) {
@@ -58,8 +79,11 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
     EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/data/a.su|.");
 }
 
-TEST_F(Commands, the_enlargement_is_refused_in_the_combined_display) {
+TEST_F(Commands, a_missing_file_is_not_superposed_and_the_combined_display_not_enlarged) {
     ASSERT_TRUE(Open_File_Named(Program, Project_File()));
+    World.Prompts.Expect_File("Tarnvik File selection", Folder / "missing.tv5");
+    Run_Command(Program, "Superpose");
+    EXPECT_EQ(World.Prompts.Last_Text(), "This file does not exist !");
     Program.Work.Mode.Display(DisplayMode::Both);
     Run_Command(Program, "find");
     EXPECT_EQ(World.Prompts.Last_Text(), "Not available with this display");
@@ -73,27 +97,6 @@ TEST_F(Commands, a_picture_without_a_printer_is_refused) {
     World.Display.Printable = false;
     Run_Command(Program, "print");
     EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
-}
-
-TEST_F(Commands, a_dialog_takes_the_picture_before_it_opens) {
-    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
-    Run_Command(Program, "vitess1");
-    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Vitesse);
-    Run_Command(Program, "sum");
-    EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Calcul);
-    EXPECT_EQ(World.Display.Opened, (std::vector{Dialog::SpeedF, Dialog::Fcalcul}));
-}
-
-TEST_F(Commands, saving_without_a_name_does_nothing_and_opening_takes_a_recent_file) {
-    Run_Command(Program, "save");
-    EXPECT_TRUE(World.Prompts.Messages.empty());
-    const std::string path = Project_File();
-    Program.Work.Settings.RecentFiles[2] = path;
-    Run_Command(Program, "F3_F");
-    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
-    Program.Work.Project.ShotTimes(1, 2) = 20.5F;
-    Run_Command(Program, "save");
-    EXPECT_NE(Read_File(path)->find("2050"), std::string::npos);
 }
 
 TEST_F(Commands, opening_from_the_menu_asks_for_missing_records_and_leads_to_the_depths) {

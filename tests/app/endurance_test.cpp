@@ -1,20 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <random>
 
 #include "app/commands.h"
 #include "app/session.h"
-#include "app/session_display.h"
 #include "app/start.h"
 #include "core/files.h"
 #include "core/ports/silent_picture.h"
 #include "core/project_file.h"
 #include "demo/demo_line.h"
 #include "demo/demo_records.h"
+#include "live_session.h"
 #include "records/record_choice.h"
-#include "support/test_ports.h"
 
 namespace tarnvik {
 
@@ -62,24 +60,12 @@ class RandomPrompts : public Prompts {
 };
 
 /// Everything is drawn, on pictures that nobody sees.
-class UnseenDisplay : public SessionDisplay {
+class UnseenDisplay : public test::LiveDisplay {
   public:
-    Picture& Canvas_Of(Canvas canvas) override { return Pictures[canvas]; }
-    void Show_Marks(Canvas, MarkLayer, std::vector<Mark>) override {}
-    void Show_Grids() override {}
-    void Show_Fields() override {}
-    void Select_Tab(Tab) override {}
-    void Open_Dialog(Dialog, bool) override {}
-    void Close_Dialog(Dialog) override {}
-    void Bring_To_Front(Dialog) override {}
-    bool Is_Open(Dialog) const override { return false; }
-    bool Print_Page(Page) override { return false; }
-    std::string Save_Page(Page, const std::string&) override { return {}; }
-    void Choose_Printer() override {}
-    void End_Program() override {}
+    Picture& Canvas_Of(Canvas canvas) override { return Unseen[canvas]; }
 
   private:
-    std::map<Canvas, SilentPicture> Pictures;
+    std::map<Canvas, SilentPicture> Unseen;
 };
 
 void Put(const std::string& path, const std::string& bytes) {

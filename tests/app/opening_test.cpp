@@ -27,7 +27,7 @@ class ProjectOpen : public testing::Test {
     ProjectOpen() {
         EXPECT_EQ(Replace_File(Path, Plain_File()), "");
         const auto note = [this](const char* name) { return [this, name] { Hooked.emplace_back(name); }; };
-        Hooks = {note("su"), note("grm"), note("clear"), note("load")};
+        Hooks = {note("su"), note("grm"), note("load")};
         // The backup copy stands between the two companion files.
         Hooks.OfferSuFile = [this] { Hooked.emplace_back(File_Exists(Folder / "line.bak") ? "late" : "su"); };
         Hooks.ReadGrmFile = [this] {
@@ -113,14 +113,17 @@ TEST_F(ProjectOpen, WhatIsMissingIsToldAndCancelKeepsTheFormerProject) {
         "\r\nThe file ends after block 4 of 10 (the shots): missing in whole or in part are the velocities"
         " and what follows.\r\nOpen anyway ?";
     Outside.Prompts.Expect(question, Answer::Cancel);
+    Work.Project.SuFile = "/former/line.su";
     Work.Project.ShotTimes(1, 2) = 77;
     EXPECT_FALSE(Open_Named_Project(Work, Outside.Ports, Hooks, cut));
     EXPECT_EQ(Work.Project.ShotTimes(1, 2), 77);
     EXPECT_EQ(Work.Project.CurrentFile, Path);
+    EXPECT_EQ(Work.Project.SuFile, "/former/line.su");
     Outside.Prompts.Expect(question, Answer::Ok);
     EXPECT_TRUE(Open_Named_Project(Work, Outside.Ports, Hooks, cut));
     EXPECT_EQ(Work.Project.ShotDistance(2), 10.51);
     EXPECT_EQ(*Read_File(Folder / "cut.bak"), "the whole file of yesterday");
+    EXPECT_EQ(Work.Project.SuFile, "") << "not the records of the former line";
 
     std::string words = whole;
     words.replace(words.find("1234"), 4, "pick");
@@ -262,12 +265,14 @@ TEST_F(ProjectOpen, ABackupComesBackAsProjectWithItsFieldRecords) {
     EXPECT_TRUE(Backup_To_Project(Work, Outside.Ports, Hooks));
     EXPECT_EQ(Work.Project.CurrentFile, Folder / "Copy.tv5");
     EXPECT_EQ(Work.Project.SuFile, Folder / "COPY.SU");
-    EXPECT_EQ(Hooked.front(), "clear");
-    EXPECT_EQ(Hooked.back(), "load");
-    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
+    EXPECT_TRUE(Work.Edits.All().empty() && Work.Edits.Is_Saved());
+    // A copy that is no project replaces none.
+    ASSERT_EQ(Replace_File(Folder / "Copy.BAK", std::string("\x89PNG\0\x01", 6)), "");
+    Outside.Prompts.Expect_File("Tarnvik BAK TV5 selection", Folder / "Copy.BAK");
+    EXPECT_FALSE(Backup_To_Project(Work, Outside.Ports, Hooks));
+    EXPECT_EQ(*Read_File(Folder / "Copy.tv5"), Plain_File());
     Outside.Prompts.Expect_File("Tarnvik BAK TV5 selection", "");
     EXPECT_FALSE(Backup_To_Project(Work, Outside.Ports, Hooks));
-    EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
 }
 
 TEST_F(ProjectOpen, AnOlderFileIsConvertedAsAStream) {

@@ -74,6 +74,8 @@ TEST_F(StartAndEnd, of_two_records_of_one_name_the_one_that_the_user_chose_is_sh
         EXPECT_EQ(Program.Work.Edits.All().size(), 1U);
         Program.Work.Edits.Undo(Program.Work.Project);
         EXPECT_TRUE(Program.Work.Edits.Is_Saved());
+        Form_Load(Program, "\"" + path + "\"");
+        EXPECT_EQ(Program.Work.Project.SuFile, answer == Answer::No ? stored : beside) << "asked once";
     }
 }
 
@@ -100,7 +102,7 @@ TEST_F(StartAndEnd, a_path_without_quotes_loses_both_ends_and_is_not_found) {
     EXPECT_EQ(Program.Work.Project.NbShots, 5);  // the default of the settings, nothing was read
 }
 
-TEST_F(StartAndEnd, a_decimal_comma_is_changed_only_with_consent) {
+TEST_F(StartAndEnd, a_decimal_comma_is_changed_only_with_consent_which_lasts) {
     const std::string question =
         " Decimal separator is a comma, TARNVIK can modify the decimal separator\r\n"
         "a point is required to run correctly all modules! \r\n";
@@ -111,6 +113,11 @@ TEST_F(StartAndEnd, a_decimal_comma_is_changed_only_with_consent) {
     World.Prompts.Expect(question, Answer::Ok);
     Form_Load(Program, "");
     EXPECT_EQ(World.Launcher.Separator, ".");
+    const int registered = World.Launcher.Registered;
+    World.Launcher.Separator = ",";
+    Form_Load(Program, "");
+    EXPECT_EQ(World.Launcher.Separator, ".");
+    EXPECT_EQ(World.Launcher.Registered, registered) << "the consent wrote settings: no first start any more";
 }
 
 TEST_F(StartAndEnd, the_end_asks_both_questions_and_writes_the_settings) {
@@ -127,13 +134,6 @@ TEST_F(StartAndEnd, the_end_asks_both_questions_and_writes_the_settings) {
     EXPECT_EQ(*Read_File(Folder / "line.bak"), before);
     EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("Units=feet"), std::string::npos);
     EXPECT_EQ(World.Display.Count("End_Program"), 1);
-}
-
-TEST_F(StartAndEnd, no_at_the_first_question_goes_on_working) {
-    World.Prompts.Expect("This will end your Tarnvik session", Answer::No);
-    Quit(Program, false);
-    EXPECT_EQ(World.Display.Count("End_Program"), 0);
-    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI"));
 }
 
 TEST_F(StartAndEnd, the_toolbar_asks_with_an_ok_button_alone) {
@@ -160,6 +160,9 @@ TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
 TEST_F(StartAndEnd, cancel_and_a_refused_record_keep_the_program_running) {
     const std::string path = Project_File();
     ASSERT_TRUE(Open_File_Named(Program, path));
+    World.Prompts.Expect("This will end your Tarnvik session", Answer::No);
+    Quit(Program, false);
+    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI"));
     World.Prompts.Expect("Record " + path, Answer::Cancel);
     EXPECT_FALSE(Unload_Form(Program));
     World.Prompts.Expect("Record " + path, Answer::No);
@@ -203,19 +206,6 @@ TEST_F(StartAndEnd, unsaved_work_is_asked_for_before_another_project_is_read) {
     EXPECT_TRUE(Program.Work.Edits.Can_Undo());
 }
 
-TEST_F(StartAndEnd, the_consent_about_the_decimal_point_lasts) {
-    const std::string question =
-        " Decimal separator is a comma, TARNVIK can modify the decimal separator\r\n"
-        "a point is required to run correctly all modules! \r\n";
-    World.Launcher.Separator = ",";
-    World.Prompts.Expect(question, Answer::Ok);
-    Form_Load(Program, "");
-    World.Launcher.Separator = ",";
-    Form_Load(Program, "");
-    EXPECT_EQ(World.Launcher.Separator, ".");
-    EXPECT_EQ(World.Launcher.Registered, 1) << "the settings written meanwhile are no second start";
-}
-
 TEST_F(StartAndEnd, the_last_project_is_the_first_recent_file_also_after_a_start_by_command_line) {
     const std::string path = Project_File();
     Form_Load(Program, "\"" + path + "\"");
@@ -230,37 +220,17 @@ TEST_F(StartAndEnd, the_last_project_is_the_first_recent_file_also_after_a_start
     frmSplash splash(next);
     splash.Load();
     EXPECT_EQ(splash.Command5Caption, "Display " + path);
-    world.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Cancel);
-    EXPECT_TRUE(splash.Command5());
-    EXPECT_EQ(next.Work.Project.CurrentFile, path);
-}
-
-class StartDialog : public SessionTest {
-  protected:
-    frmSplash Splash{Program};
-};
-
-TEST_F(StartDialog, the_last_file_is_displayed_with_the_reminder_of_the_thicknesses) {
-    const std::string path = Project_File();
-    Program.Work.Settings.RecentFiles[0] = path;
-    World.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Cancel);
-    EXPECT_TRUE(Splash.Command5());
-    EXPECT_EQ(Program.Work.Project.CurrentFile, path);
-    EXPECT_TRUE(World.Display.Opened.empty());
-    World.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", Answer::Ok);
-    EXPECT_TRUE(Splash.Command5());
-    EXPECT_EQ(World.Display.Opened, std::vector{Dialog::Fcalcul});
-}
-
-TEST_F(StartDialog, its_end_asks_once_and_writes_no_settings) {
-    Splash.Load();
-    EXPECT_EQ(Splash.Command6Caption, "END Tarnvik 16.5");
-    World.Prompts.Expect("Do you stop Tarnvik 16.5?", Answer::No);
-    EXPECT_FALSE(Splash.Command6());
-    World.Prompts.Expect("Do you stop Tarnvik 16.5?", Answer::Yes);
-    EXPECT_TRUE(Splash.Command6());
-    EXPECT_EQ(World.Display.Count("End_Program"), 1);
-    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI"));
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+        EXPECT_EQ(world.Display.Opened.back(), Dialog::frmSplash);
+        world.Prompts.Expect(" You must (re) computecomute thickness to load data in memroy", answer);
+        EXPECT_TRUE(splash.Command5());
+        EXPECT_EQ(next.Work.Project.CurrentFile, path);
+    }
+    EXPECT_EQ(world.Display.Opened.back(), Dialog::Fcalcul);
+    std::filesystem::remove(Folder / "Tarnvik32.INI");
+    world.Prompts.Expect("Do you stop Tarnvik 16.5?", Answer::Yes);
+    EXPECT_TRUE(splash.Command6());
+    EXPECT_FALSE(File_Exists(Folder / "Tarnvik32.INI")) << "its end writes no settings";
 }
 
 }  // namespace tarnvik::test

@@ -1,9 +1,6 @@
 // The tables' tab over the demo line: what is typed, pasted and commanded, in the project, in the SU file and
 // its twin, and back.
 
-#include <algorithm>
-#include <cmath>
-
 #include "app/commands.h"
 #include "core/edits/project_block.h"
 #include "core/project_file.h"
@@ -86,102 +83,75 @@ TEST_F(TablesOfTheDemoLine, typed_pasted_and_cleared_cells_go_everywhere_and_bac
 }
 
 TEST_F(TablesOfTheDemoLine, every_command_is_one_named_edit_and_a_cancelled_one_is_none) {
-    ASSERT_EQ(Replace_File(Folder / "shots.txt",
-                           [&] {
-                               std::string text;
-                               for (int shot = 1; shot <= Line.NbShots; ++shot)
-                                   text += std::to_string(Line.ShotDistance(shot)) + " 0 " +
-                                           std::to_string(shot) + "\n";
-                               return text;
-                           }()),
-              "");
-    ASSERT_EQ(Replace_File(Folder / "geophones.txt",
-                           [&] {
-                               std::string text;
-                               for (const double place : Receiver_Places(Line))
-                                   text += std::to_string(place) + " 0 7\n";
-                               return text;
-                           }()),
+    std::string shots;
+    std::string geophones;
+    for (int shot = 1; shot <= Line.NbShots; ++shot)
+        shots += std::to_string(Line.ShotDistance(shot)) + " 0 " + std::to_string(shot) + "\n";
+    for (const double place : Receiver_Places(Line))
+        geophones += std::to_string(place) + " 0 7\n";
+    ASSERT_EQ(Replace_File(Folder / "shots.txt", shots) + Replace_File(Folder / "geophones.txt", geophones),
               "");
     auto& prompts = World.Prompts;
     const int last = Line.NbShots;
+    const std::string ask_length = "Enter line length (From end shot 1 to End Shot " + CStr(last);
+    // The questions of each; the last one is answered with what is told here, or with a cancel.
     const struct {
         const char* Command;
         const char* Edit;
-        std::function<void()> Answered, Cancelled;
+        std::function<void(bool)> Answers;
     } commands[] = {
         {"Text6", "Line length",
-         [&] {
+         [&](bool go) {
              prompts.Expect_Input(" Enter the End Shot number ", CStr(last));
-             prompts.Expect_Input("Enter line length (From end shot 1 to End Shot " + CStr(last), "99");
-         },
-         [&] {
-             prompts.Expect_Input(" Enter the End Shot number ", CStr(last));
-             prompts.Expect_Input("Enter line length (From end shot 1 to End Shot " + CStr(last), "");
+             prompts.Expect_Input(ask_length, go ? "99" : "");
          }},
         {"Command6", "Distance correction",
-         [&] {
+         [&](bool go) {
              prompts.Expect_Input("Enter the End Shot 1 number", "2");
              prompts.Expect_Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)",
-                                  "3.5");
-         },
-         [&] {
-             prompts.Expect_Input("Enter the End Shot 1 number", "2");
-             prompts.Expect_Input(" Enter the distance to remove or add (End shot 1 must have ZERO distance)",
-                                  "");
+                                  go ? "3.5" : "");
          }},
         {"Command11", "Distances according to Z",
-         [&] {
+         [&](bool go) {
              prompts.Expect_Input("Enter the avearage distance between geophones, ZERO= Exit module", "9");
-             prompts.Expect_Input("Enter the distance between End shot 1 and geophones 1 ", "4");
+             prompts.Expect_Input("Enter the distance between End shot 1 and geophones 1 ", go ? "4" : "");
+             if (!go) return;
              prompts.Expect("Do you want to interplolate Shot elevation from Geophone elevation", Answer::No);
              prompts.Expect("Do you want to save your modifications", Answer::No);
-         },
-         [&] {
-             prompts.Expect_Input("Enter the avearage distance between geophones, ZERO= Exit module", "9");
-             prompts.Expect_Input("Enter the distance between End shot 1 and geophones 1 ", "");
          }},
         {"Command3", "Geophone elevations",
-         [&] { prompts.Expect("Receivers elevation update according shot elevation ?", Answer::Yes); },
-         [&] { prompts.Expect("Receivers elevation update according shot elevation ?", Answer::No); }},
+         [&](bool go) {
+             prompts.Expect("Receivers elevation update according shot elevation ?",
+                            go ? Answer::Yes : Answer::No);
+         }},
         {"Command7", "XYZ files",
-         [&] {
+         [&](bool go) {
              prompts.Expect_File("Tarnvik XYZ Shot", Folder / "shots.txt");
-             prompts.Expect_File("Tarnvik XYZ Geophone", Folder / "geophones.txt");
+             prompts.Expect_File("Tarnvik XYZ Geophone", go ? Folder / "geophones.txt" : "");
+             if (!go) return;
              prompts.Expect("Do you want to check the XYZ file ?", Answer::No);
              prompts.Expect(
                  "Do you want to record the real distance and elevation of geophones in Tarnvik file ?",
                  Answer::Yes);
              prompts.Expect_Input("Enter the avearage distance between two geophones", "5");
-         },
-         [&] {
-             prompts.Expect_File("Tarnvik XYZ Shot", Folder / "shots.txt");
-             prompts.Expect_File("Tarnvik XYZ Geophone", "");
          }},
         {"TakeOutShot", "Take out shot 2",
-         [&] { prompts.Expect("Take shot 2 out of the project in memory ?", Answer::Yes); },
-         [&] { prompts.Expect("Take shot 2 out of the project in memory ?", Answer::No); }},
+         [&](bool go) {
+             prompts.Expect("Take shot 2 out of the project in memory ?", go ? Answer::Yes : Answer::No);
+         }},
         {"shiftFBP", "Scale or shift of all picks",
-         [&] {
+         [&](bool go) {
              prompts.Expect_Input(
                  "Type 1 to scale all FBP time of a travel time, 2 to add/substract a value to all FBP, 0= "
                  "Exit",
                  "1");
              prompts.Expect_File("Tarnvik File selection", Path);
-             prompts.Expect_Input(" Enter the factor to apply to all FBP", "1.5");
-         },
-         [&] {
-             prompts.Expect_Input(
-                 "Type 1 to scale all FBP time of a travel time, 2 to add/substract a value to all FBP, 0= "
-                 "Exit",
-                 "1");
-             prompts.Expect_File("Tarnvik File selection", Path);
-             prompts.Expect_Input(" Enter the factor to apply to all FBP", "");
+             prompts.Expect_Input(" Enter the factor to apply to all FBP", go ? "1.5" : "");
          }},
         {"Command20", "Load FBP from SU header",
-         [&] { prompts.Expect("FBP values of the grid will be replaced by FBP from SU Header", Answer::Ok); },
-         [&] {
-             prompts.Expect("FBP values of the grid will be replaced by FBP from SU Header", Answer::Cancel);
+         [&](bool go) {
+             prompts.Expect("FBP values of the grid will be replaced by FBP from SU Header",
+                            go ? Answer::Ok : Answer::Cancel);
          }},
     };
     // Elevations that differ from those between the shots, and picks that differ from the headers'.
@@ -192,11 +162,11 @@ TEST_F(TablesOfTheDemoLine, every_command_is_one_named_edit_and_a_cancelled_one_
     for (const auto& command : commands) {
         Work.Edits.Start(Line, true);
         const State before = Now();
-        command.Cancelled();
+        command.Answers(false);
         Run_Command(Program, command.Command);
         EXPECT_EQ(Now(), before) << command.Command;
         EXPECT_TRUE(Work.Edits.All().empty()) << command.Command;
-        command.Answered();
+        command.Answers(true);
         Run_Command(Program, command.Command);
         ASSERT_EQ(Work.Edits.All().size(), 1U) << command.Command;
         EXPECT_EQ(Work.Edits.Undo_Name(), command.Edit);
@@ -233,10 +203,13 @@ TEST_F(TablesOfTheDemoLine, the_records_without_a_shot_belong_to_the_project_wit
 }
 
 TEST_F(TablesOfTheDemoLine, an_opened_project_tells_its_times_below_0) {
+    EXPECT_EQ(Work.Fields.Status, "");
     Line.ShotTimes(2, 2) = -3;
-    Line.ShotTimes(3, 2) = -1;
+    Line.ShotTimes(3, 2) = -0.02F;
     Run_Command(Program, "Save");
     Run_Command(Program, "F1_F");
+    EXPECT_EQ(Cell(2, 2), "-3.00");
+    EXPECT_EQ(Work.Grids.Buildgrid.At(2, 2).ForeColour, 255);
     EXPECT_EQ(Work.Fields.Status, "2 times are below 0: they count as no pick, red in the table");
 }
 
@@ -265,7 +238,7 @@ TEST(TablesPage, its_commands_tell_why_they_cannot_be_run) {
     Parse_Project(test::Plain_File(), program.Work.Project);
     program.Work.Project.SuFile.clear();
     const auto refusal = [&](const char* name) { return Refusal_Of(*Find_Command(name), program); };
-    EXPECT_EQ(refusal("Command20"), "The project has no field records");
+    EXPECT_EQ(refusal("Command20"), "No field records are loaded");
     EXPECT_EQ(refusal("TakeOutShot"), "Select a cell of the shot first");
     program.Work.Grids.Buildgrid.CurrentColumn = 2;
     EXPECT_EQ(refusal("TakeOutShot"), "");

@@ -293,37 +293,16 @@ TEST_F(Batch, saved_picks_reach_the_project_which_keeps_its_name_of_the_records)
         EXPECT_NEAR(after["ShotTimes"][3][i].get<double>(), picks[i].get<double>(), 0.001) << i;
 }
 
-TEST_F(Batch, a_new_project_takes_its_geometry_from_the_command_line_and_the_headers) {
-    const std::string records = Demo("demo1.su");
-    const std::string out = Folder / "new.tv5";
-    const Outcome made = Run(
-        "new " + records +
-        " --spacing 5 --first-distance 2.5 --line-length 120 --shot-distances -60,0,60,120,180 --out " + out);
-    ASSERT_EQ(made.Status, 0) << made.Errors;
-    const auto project = nlohmann::json::parse(Run("show " + out + " --json").Output);
-    EXPECT_EQ(project["NbReceivers"], 24);
-    EXPECT_EQ(project["ShotDistance"], (std::vector<double>{-60, 0, 60, 120, 180}));
-    EXPECT_EQ(project["ReceiverData"][9][23], 117.5);
-    EXPECT_EQ(Run("new " + records + " --spacing 5 --shots 73 --out " + (Folder / "large.tv5")).Status, 1);
-    EXPECT_FALSE(File_Exists(Folder / "large.tv5"));
-}
-
 TEST_F(Batch, an_older_file_is_converted) {
     // One shot, one receiver: counts, pick, 12 receiver rows, shot row, 5 velocities, 4 refractors, SU name,
-    // 9 remarks.
-    std::string old_file = " 1  10  1 \r\n 1234 \r\n";
-    for (int row = 1; row <= 12; ++row)
-        old_file += " 25 \r\n";
-    old_file += " 100  0  5 \r\n";
-    for (int line = 1; line <= 5; ++line)
-        old_file += " 300  300 \r\n";
-    for (int line = 1; line <= 4; ++line)
-        old_file += " 0  0  0  0  0 \r\n";
-    old_file += "line.su\r\n";
+    // 9 remarks, total time.
+    const std::string old_file =
+        "1 10 1 1234 25 25 25 25 25 25 25 25 25 25 25 25 100 0 5 300 300 300 300 300 300 "
+        "300 300 300 300 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\r\nline.su\r\n";
+    std::string remarks;
     for (int row = 1; row <= 9; ++row)
-        old_file += " 0             0             0            \r\n";
-    old_file += " 1 \r\n";
-    ASSERT_EQ(Replace_File(Folder / "old.tv4", old_file), "");
+        remarks += "0 0 0 x\r\n";
+    ASSERT_EQ(Replace_File(Folder / "old.tv4", old_file + remarks + " 1 \r\n"), "");
     ASSERT_EQ(Run("convert " + (Folder / "old.tv4") + " " + (Folder / "new.tv5")).Status, 0);
     const auto project = nlohmann::json::parse(Run("show " + (Folder / "new.tv5") + " --json").Output);
     EXPECT_EQ(project["ShotTimes"][0][0], 12.3400002);

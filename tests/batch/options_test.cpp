@@ -260,7 +260,11 @@ TEST_F(Options, each_option_of_a_new_project_stands_in_it) {
     EXPECT_EQ(made("--receivers 12").NbReceivers, 12);
     EXPECT_EQ(made("--line-length 120").LineLength, 120);
     EXPECT_EQ(made("--offsets").ShotDistance(1), -57.5);
+    EXPECT_EQ(made("--first-distance 2.5").ReceiverData(ReceiverDistance, 24), 117.5F);
     EXPECT_EQ(made("--shot-distances=-60,0,60.5,120,180").ShotDistance(3), 60.5);
+    EXPECT_EQ(*Read_File(records), *Read_File(std::string(DEMO_FOLDER) + "/demo1.su")) << "only read";
+    EXPECT_EQ(Run("new " + records + " --spacing 5 --shots 73 --out " + (Folder / "large.tv5")).Status, 1);
+    EXPECT_FALSE(File_Exists(Folder / "large.tv5"));
 
     // A name that the project cannot hold is refused before it is written as question marks.
     const std::string foreign = Folder / "\u65E5\u672C.su";

@@ -109,41 +109,6 @@ struct Line {
 
 }  // namespace
 
-TEST(Edits, AThousandOfAllKindsGoBackToTheStartAndForthToTheEnd) {
-    TemporaryFolder folder;
-    Line line(folder);
-    const std::string first_block = line.Block();
-    const std::string first_bytes = line.Bytes();
-    std::mt19937 random(4711);
-    for (int i = 0; i < 1000; ++i) {
-        line.Random_Edit(random);
-        // A hand that goes back a little and begins anew.
-        if (i % 50 == 49) {
-            line.Work.Edits.Undo(line.Work.Project);
-            line.Work.Edits.Undo(line.Work.Project);
-        }
-        if (i % 90 == 89) {
-            line.Work.Project.TotalTime += 1;
-            line.Work.Edits.Saved(line.Work.Project);
-        }
-    }
-    const std::string last_block = line.Block();
-    const std::string last_bytes = line.Bytes();
-    Edits& edits = line.Work.Edits;
-    const std::size_t last = edits.Done();
-    ASSERT_GT(edits.All().size(), 700U);
-    for (int round = 0; round < 2; ++round) {
-        while (edits.Can_Undo())
-            ASSERT_EQ(edits.Undo(line.Work.Project), "");
-        // Compared as a whole: blocks are too long to be printed.
-        EXPECT_TRUE(line.Block() == first_block);
-        EXPECT_TRUE(line.Bytes() == first_bytes);
-        ASSERT_EQ(edits.Go_To(line.Work.Project, last), "");
-        EXPECT_TRUE(line.Block() == last_block);
-        EXPECT_TRUE(line.Bytes() == last_bytes);
-    }
-}
-
 TEST(Edits, AreMadeByTheOutermostScopeAndOnlyWhenSomethingChanged) {
     TemporaryFolder folder;
     Line line(folder);
@@ -384,6 +349,13 @@ TEST(Journal, GivesBackTheHistoryAfterSavesDragsAndStepsBehindItsBeginning) {
         ++restored_histories;
     }
     EXPECT_GT(restored_histories, 200);
+    // The records go back to their first bytes and forth again.
+    const std::size_t last = edits.Done();
+    const std::string last_bytes = line.Bytes();
+    ASSERT_EQ(edits.Go_To(line.Work.Project, 0), "");
+    EXPECT_TRUE(line.Bytes() == std::string(4000, 'r'));
+    ASSERT_EQ(edits.Go_To(line.Work.Project, last), "");
+    EXPECT_TRUE(line.Bytes() == last_bytes);
 }
 
 TEST(Journal, OnAFullDiskKeepsWhatItHasAndGoesOnWhenThereIsRoom) {

@@ -144,14 +144,13 @@ TEST_F(SettingsFile, OneLanguageIsChosenAndTheLastFlagIsWritten) {
 
 TEST_F(SettingsFile, BackupCopiesAreAskedFor) {
     Workspace workspace;
-    Outside.Prompts.Expect("Would you make a backup copy of your TV5 files ?", Answer::Yes);
-    Ask_For_Backup_Copies(workspace, Outside.Ports);
-    EXPECT_EQ(workspace.Settings.BackupEnabled, -1);
-    EXPECT_EQ(Outside.Prompts.Last_Text(), "Backup copy enable");
-    Outside.Prompts.Expect("Would you make a backup copy of your TV5 files ?", Answer::No);
-    Ask_For_Backup_Copies(workspace, Outside.Ports);
-    EXPECT_EQ(workspace.Settings.BackupEnabled, 0);
-    EXPECT_EQ(Outside.Prompts.Last_Text(), "No Backup copy");
+    for (const auto& [answer, text] :
+         {std::pair(Answer::Yes, "Backup copy enable"), {Answer::No, "No Backup copy"}}) {
+        Outside.Prompts.Expect("Would you make a backup copy of your TV5 files ?", answer);
+        Ask_For_Backup_Copies(workspace, Outside.Ports);
+        EXPECT_EQ(workspace.Settings.BackupEnabled, answer == Answer::Yes ? -1 : 0);
+        EXPECT_EQ(Outside.Prompts.Last_Text(), text);
+    }
 }
 
 }  // namespace tarnvik

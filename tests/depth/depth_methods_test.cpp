@@ -11,29 +11,6 @@
 
 namespace tarnvik {
 
-TEST(TrueVelocity, ArcSinusHasNoAngleForARatioOfOneOrMore) {
-    EXPECT_NEAR(ArcSinus(0.5), std::asin(0.5), 1e-15);
-    EXPECT_EQ(ArcSinus(0), 0);
-    EXPECT_EQ(ArcSinus(-0.5), 0);
-    EXPECT_THROW(ArcSinus(1), Fault);
-    EXPECT_THROW(ArcSinus(1.5), Fault);
-}
-
-TEST(TrueVelocity, TheBranchesOfADippingRefractorGiveItsVelocity) {
-    // Apparent velocities V1 / sin(critical -+ dip) of a refractor of 2000 under 500 at 7 degrees.
-    const double critical = std::asin(0.25);
-    const double dip = 0.122173;
-    ApparentVelocities apparent;
-    apparent.V1 = 500;
-    apparent.A[2] = 500 / std::sin(critical - dip);
-    apparent.B[2] = 500 / std::sin(critical + dip);
-    DepthWork::PerLayer velocity{};
-    DepthWork::LayerMatrix angle{};
-    True_Velocities(2, apparent, velocity, angle);
-    EXPECT_NEAR(velocity[2], 2000, 1e-6);
-    EXPECT_NEAR(angle[2][1], critical, 1e-12);
-}
-
 TEST(TrueVelocity, DeeperAnglesTakeTrueUpperAndApparentLowerVelocities) {
     ApparentVelocities apparent{400, {0, 0, 900, 2000, 4000, 6000}, {0, 0, 1000, 2400, 5000, 7000}};
     DepthWork::PerLayer v{};

@@ -1,64 +1,27 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <optional>
 
 #include "core/project_file.h"
 #include "core/text/number.h"
-#include "depth/fcalcul.h"
+#include "depth_dialog.h"
 #include "support/field_names.h"
-#include "support/test_ports.h"
 
 namespace tarnvik {
 
 namespace {
 
-/// Four shots at 0, 50, 100 and an offset one at 130 of a line of 100; what reaches the project, and when.
-struct DepthStore : testing::Test {
+/// Two layers below shot 2; what reaches the project, and when.
+struct DepthStore : DepthDialog {
     DepthStore() {
-        Project& project = Work.Project;
-        project.NbShots = 4;
-        project.NbReceivers = 24;
-        project.LineLength = 100;
-        Redimension_Project(project);
-        for (int shot = 1; shot <= 4; ++shot)
-            project.ShotDistance(shot) = shot == 4 ? 130 : (shot - 1) * 50;
-        project.ShotTimes(1, 1) = 5;
         Two_Layers(2, 25, 30);
-        Files.SaveProject = [this](Workspace&, tarnvik::Ports&) {
-            ++Saves;
-            return CanSave;
-        };
-        Form.emplace(Work, World.Ports, Files);
         Begin();
     }
     void Two_Layers(int shot, double intercept, double distance) {
-        Project& project = Work.Project;
-        project.VelocityA(shot, 1) = project.VelocityB(shot, 1) = 400;
-        project.VelocityA(shot, 2) = project.VelocityB(shot, 2) = 1600;
-        project.InterceptA(shot, 1) = project.InterceptB(shot, 1) = intercept;
-        project.CritDistA(shot, 1) = project.CritDistB(shot, 1) = distance;
+        Give_Layers(shot, {400, 1600}, {intercept}, {distance});
     }
     /// The history begins here.
     void Begin() { Work.Edits.Start(Work.Project, true); }
-    void Open_At(int shot) {
-        Work.Velocity.CurrentShot = static_cast<std::int16_t>(shot);
-        Form->Load();
-        World.Prompts.Messages.clear();
-    }
-    void Scroll_To(int shot) {
-        Form->HScroll1.Value = shot;
-        Form->HScroll1_Changed();
-    }
     double Thickness(int shot, int layer = 1) const { return Work.Project.ShotThickness(shot, layer); }
     std::string Last_Edit() const { return Work.Edits.Undo_Name(); }
-
-    Workspace Work;
-    test::TestPorts World;
-    FileRoutines Files;
-    int Saves = 0;
-    bool CanSave = true;
-    std::optional<Fcalcul> Form;
 };
 
 const double by_intercept = 5.16;                                    // 400 * 0.025 / (2 * cos(asin 1/4))

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "core/text/number.h"
 #include "support/earth_line.h"
 #include "support/field_names.h"
@@ -16,9 +14,7 @@ namespace {
 /// 24 receivers over 6 m of 500 on 2000, shots at both ends and in the middle.
 struct PickingForDepth : testing::Test {
     PickingForDepth() {
-        const std::array velocities{500.0, 2000.0};
-        const std::array thicknesses{6.0};
-        test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5, {0, 57.5, 115});
+        test::Lay_Two_Layers(Work, {0, 57.5, 115});
         Mouse.Register(DisplayMode::Calcul, &Handler);
         Open_At(2);
     }

@@ -23,16 +23,6 @@ void Set_Row(Project& project, int row, const std::vector<float>& values) {
         project.ReceiverData(row, static_cast<int>(i) + 1) = values[i];
 }
 
-TEST(HorizontalDistances, LeaveAFlatLineAsItIs) {
-    Workspace workspace = Flat_Line();
-    TestPorts ports;
-    Horizontal_Distances(workspace, ports.Ports);
-    EXPECT_EQ(Row(workspace.Project, ReceiverDistance), (std::vector<float>{30, 60, 90, 150}));
-    EXPECT_EQ(workspace.Project.ShotDistanceZ(1), 0);
-    EXPECT_EQ(workspace.Project.ShotDistanceZ(2), 75);
-    EXPECT_EQ(workspace.Project.ShotDistanceZ(3), 180);
-}
-
 TEST(HorizontalDistances, MeasureEachPairFromTheNewPlaceOfTheReceiverBefore) {
     Workspace workspace = Flat_Line();
     Project& project = workspace.Project;
@@ -50,18 +40,6 @@ TEST(HorizontalDistances, MeasureEachPairFromTheNewPlaceOfTheReceiverBefore) {
     // 12.5 lies between 3 (new) and 13 (old), then again between 11 (new) and 13 (old)
     EXPECT_EQ(project.ShotDistanceZ(2), 12.5);
     EXPECT_TRUE(ports.Prompts.Messages.empty());
-}
-
-TEST(HorizontalDistances, ShortenASlopeAgainAtEachCall) {
-    Workspace workspace = Flat_Line();
-    Project& project = workspace.Project;
-    TestPorts ports;
-    Set_Row(project, ReceiverDistance, {0, 5, 10, 15});
-    Set_Row(project, ReceiverElevation, {100, 103, 103, 103});
-    Horizontal_Distances(workspace, ports.Ports);
-    EXPECT_EQ(Row(project, ReceiverDistance), (std::vector<float>{0, 4, 10, 15}));
-    Horizontal_Distances(workspace, ports.Ports);
-    EXPECT_FLOAT_EQ(project.ReceiverData(ReceiverDistance, 2), 2.6457513F);
 }
 
 TEST(HorizontalDistances, PutAPairTooSteepForItsDistanceAtOnePlaceAndSaySo) {

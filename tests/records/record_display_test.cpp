@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 #include <limits>
 
 #include "records/record_choice.h"
@@ -217,6 +216,14 @@ TEST_F(RecordDisplay, StationsAreAskedOnceForEachRecordByWhatSelectsIt) {
     Outside.Display.OnDisplayRecord = [this] { Display_Record(Work, Outside.Ports, Work.Project.SuFile); };
     Work.Record.SeveralSpreads = true;
     Outside.Display.Display_Record();  // a redraw never asks
+    // What was not entered is offered to nobody.
+    Outside.Prompts.Expect_Input("Enter shot station: ", "");
+    Outside.Prompts.Expect_Input("Enter 1st geophone number: ", "");
+    Work.Record.Record = 2;
+    Ask_Stations(Work, Outside.Ports);
+    EXPECT_FALSE(Work.Record.LastStations);
+    Work.Record.StationsTyped.clear();
+    Outside.Prompts.InputDefaults.clear();
     Outside.Prompts.Expect_Input("Enter shot station: ", "7");
     Outside.Prompts.Expect_Input("Enter 1st geophone number: ", "13");
     Go_To_Record(Work, Outside.Ports, 1);

@@ -178,51 +178,30 @@ TEST_F(RecordViewTools, SpectrumOfAnArea) {
     Work.Record.RecordWidth = 400000;
     struct Case {
         const char* What;
-        double X1, Y1, X2, Y2;
+        std::array<double, 4> Area;  ///< traces and samples of two corners
         bool Tool;
         int Result;
         std::vector<std::string> Said;
         std::string Arguments;
     };
+    const std::string from_3 = " First Trace=3 Last Trace=77 Start Time=1ms End Time=2ms";
     const std::vector<Case> cases = {
-        {"flat", Middle(2), 4, Middle(5), 4.2, true, 33, {"Same point, impossible"}, ""},
-        {"no tool", Middle(2), 4, Middle(5), 9, false, 33, {tool + " is missing"}, ""},
+        {"flat", {2, 4, 5, 4.2}, true, 33, {"Same point, impossible"}, ""},
+        {"no tool", {2, 4, 5, 9}, false, 33, {tool + " is missing"}, ""},
         {"not started",
-         Middle(2),
-         4,
-         Middle(5),
-         9,
+         {2, 4, 5, 9},
          true,
          2,
          {"Unable to shell application:" + tool},
          "ftr=2 ltr=5 fpt=4 lpt=9"},
         {"from below, beyond the trace",
-         Middle(5),
-         900,
-         Middle(2),
-         -7,
+         {5, 900, 2, -7},
          true,
          33,
          {" First Trace=2 Last Trace=5 Start Time=0.25ms End Time=125ms"},
          "ftr=2 ltr=5 fpt=1 lpt=500"},
-        {"75 traces",
-         Middle(3),
-         4,
-         Middle(77),
-         8,
-         true,
-         33,
-         {" First Trace=3 Last Trace=77 Start Time=1ms End Time=2ms"},
-         "ftr=3 ltr=77 fpt=4 lpt=8"},
-        {"76 traces",
-         Middle(3),
-         4,
-         Middle(78),
-         8,
-         true,
-         33,
-         {"Maximum 75 traces", " First Trace=3 Last Trace=77 Start Time=1ms End Time=2ms"},
-         "ftr=3 ltr=77 fpt=4 lpt=8"},
+        {"75 traces", {3, 4, 77, 8}, true, 33, {from_3}, "ftr=3 ltr=77 fpt=4 lpt=8"},
+        {"76 traces", {3, 4, 78, 8}, true, 33, {"Maximum 75 traces", from_3}, "ftr=3 ltr=77 fpt=4 lpt=8"},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.What);
@@ -232,7 +211,7 @@ TEST_F(RecordViewTools, SpectrumOfAnArea) {
         Ports.Launcher.Started.clear();
         Ports.Prompts.Messages.clear();
         Spectre_Frequency(Work, Ports.Ports);
-        Drag(each.X1, each.Y1, each.X2, each.Y2);
+        Drag(Middle(int(each.Area[0])), each.Area[1], Middle(int(each.Area[2])), each.Area[3]);
         std::vector<std::string> said;
         for (const auto& message : Ports.Prompts.Messages)
             said.push_back(message.Text);

@@ -25,15 +25,15 @@ class Layout : public testing::Test {
         for (int record = 1; record <= 4; ++record)
             File.Put32(record * 3 - 2, 0, all[record - 1]);
     }
-    /// Shots and receivers of traces 1 to 12.
-    std::vector<std::pair<int, int>> Places() {
+    /// Shot and receiver of traces 1 to 12, the three of a record together.
+    std::vector<std::string> Places() {
         File.Write(Work.Project.SuFile);
         const SpreadLayout spread(Work);
-        std::vector<std::pair<int, int>> places;
+        std::vector<std::string> places;
         for (int trace = 1; trace <= 12; ++trace) {
             const auto place = spread.Place_Of(trace);
             if (!place) return {};
-            places.emplace_back(place->Shot, place->Receiver);
+            places.push_back(std::to_string(place->Shot) + "." + std::to_string(place->Receiver));
             // The way back ends at the first trace of that place.
             const auto back = spread.Trace_Of(*place);
             EXPECT_TRUE(back && *back <= trace && spread.Place_Of(*back)->Shot == place->Shot &&
@@ -42,7 +42,12 @@ class Layout : public testing::Test {
         }
         return places;
     }
-    using All = std::vector<std::pair<int, int>>;
+    std::string All() {
+        std::string all;
+        for (const std::string& place : Places())
+            all += (all.empty() ? "" : " ") + place;
+        return all;
+    }
 
     TemporaryFolder Folder;
     Workspace Work;
@@ -51,34 +56,25 @@ class Layout : public testing::Test {
 
 TEST_F(Layout, ARecordIsAShotAndItsChannelsCountFromItsFirstGeophone) {
     Geophones(1, 4, 0, 7);  // none, and one beyond the line
-    EXPECT_EQ(
-        Places(),
-        (All{
-            {1, 1}, {1, 2}, {1, 3}, {2, 4}, {2, 5}, {2, 6}, {3, 1}, {3, 2}, {3, 3}, {4, 1}, {4, 2}, {4, 3}}));
+    EXPECT_EQ(All(), "1.1 1.2 1.3 2.4 2.5 2.6 3.1 3.2 3.3 4.1 4.2 4.3");
     Work.Record.DirectionInverted = true;
-    EXPECT_EQ(
-        Places(),
-        (All{
-            {1, 3}, {1, 2}, {1, 1}, {2, 6}, {2, 5}, {2, 4}, {3, 3}, {3, 2}, {3, 1}, {4, 3}, {4, 2}, {4, 1}}));
+    EXPECT_EQ(All(), "1.3 1.2 1.1 2.6 2.5 2.4 3.3 3.2 3.1 4.3 4.2 4.1");
 }
 
 TEST_F(Layout, SeveralSpreadsShareTheirShots) {
     Geophones(1, 4, 1, 4);
     File.Put32(1, 16, 1).Put32(4, 16, 1).Put32(7, 16, 2).Put32(10, 16, 2);
     Work.Record.SeveralSpreads = true;
-    EXPECT_EQ(
-        Places(),
-        (All{
-            {1, 1}, {1, 2}, {1, 3}, {1, 4}, {1, 5}, {1, 6}, {2, 1}, {2, 2}, {2, 3}, {2, 4}, {2, 5}, {2, 6}}));
+    EXPECT_EQ(All(), "1.1 1.2 1.3 1.4 1.5 1.6 2.1 2.2 2.3 2.4 2.5 2.6");
     // Stations that could not be stored count before the header, the others do not.
     Work.Record.StationsTyped[3] = {.Shot = 4, .FirstGeophone = 2, .InHeader = false};
     Work.Record.StationsTyped[4] = {.Shot = 4, .FirstGeophone = 2, .InHeader = true};
-    EXPECT_EQ(Places()[6], (std::pair{4, 2}));
-    EXPECT_EQ(Places()[9], (std::pair{2, 4}));
+    EXPECT_EQ(Places()[6], "4.2");
+    EXPECT_EQ(Places()[9], "2.4");
     // Two records of the same place: the first one has its pick.
     Work.Record.StationsTyped.clear();
     Geophones(1, 1, 1, 4);
-    EXPECT_EQ(Places()[3], (std::pair{1, 1}));
+    EXPECT_EQ(Places()[3], "1.1");
     EXPECT_EQ(SpreadLayout(Work).Trace_Of({1, 1}), 1);
     EXPECT_EQ(SpreadLayout(Work).Trace_Of({1, 6}), std::nullopt);
 }
@@ -86,15 +82,12 @@ TEST_F(Layout, SeveralSpreadsShareTheirShots) {
 TEST_F(Layout, ATraclThatRunsOnThroughTheFileIsNoStation) {
     for (int trace = 1; trace <= 12; ++trace)
         File.Put32(trace, 0, trace + 100);
-    EXPECT_EQ(
-        Places(),
-        (All{
-            {1, 1}, {1, 2}, {1, 3}, {2, 1}, {2, 2}, {2, 3}, {3, 1}, {3, 2}, {3, 3}, {4, 1}, {4, 2}, {4, 3}}));
+    EXPECT_EQ(All(), "1.1 1.2 1.3 2.1 2.2 2.3 3.1 3.2 3.3 4.1 4.2 4.3");
 }
 
 TEST_F(Layout, WithoutAChannelCountARecordHasTheLinesReceivers) {
     Work.Record.ChannelsPerRecord = 0;
-    EXPECT_EQ(Places()[6], (std::pair{2, 1}));
+    EXPECT_EQ(Places()[6], "2.1");
     Work.Project.NbReceivers = 0;
     EXPECT_TRUE(Places().empty());
     EXPECT_EQ(SpreadLayout(Work).Record_Of(5), 0);

@@ -31,14 +31,6 @@ TEST(HeaderWords, EveryWordStandsBehindTheOneBeforeWithoutGapOrOverlap) {
     EXPECT_THROW(Header_Word(91), Fault);
 }
 
-TEST(HeaderWords, TheListKeepsItsMisprints) {
-    EXPECT_EQ(Listed_Label(75), "75  first trace location");
-    EXPECT_EQ(Listed_Label(76), "75  negative of power used for dynamic range compression");
-    EXPECT_EQ(Listed_Label(77), "77  reciprocal of scaling factor to normalize range");
-    EXPECT_EQ(Listed_Label(84), "84  Thickness 3");
-    EXPECT_STREQ(Header_Word(36).Label, "Lag time beteen shot and recording start in milliseconds.");
-}
-
 class SuFile : public testing::Test {
   protected:
     TemporaryFolder Folder;
@@ -134,15 +126,6 @@ TEST_F(SuFile, SamplesAreReadAndWrittenInPlace) {
     EXPECT_EQ(samples, (std::vector<float>{1, -2, 3, 9}));
     EXPECT_EQ(file.Set_Samples(1, std::vector<float>{5, 6, 7, 8}), Stored::Yes);
     EXPECT_TRUE(Content_Of(path) == SuBuilder(builder).Samples(1, {5, 6, 7}).Bytes);
-}
-
-TEST_F(SuFile, PicksAreTenthsOfAMillisecond) {
-    const std::string path = Write(SuBuilder(1, 3));
-    SuWriter file(path, nullptr);
-    EXPECT_EQ(file.Set_Word(1, words::First_Breaks, (12.34) * 10), Stored::Yes);
-    EXPECT_EQ(file.Pick_Ms(1), 12.3);
-    EXPECT_EQ(file.Set_Word(1, words::First_Breaks, (3276.8) * 10), Stored::DoesNotFit);
-    EXPECT_EQ(file.Pick_Ms(1), 12.3);
 }
 
 TEST_F(SuFile, TraceCountIsRoundedHalvesToEven) {

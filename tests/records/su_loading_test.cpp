@@ -203,30 +203,6 @@ TEST_F(SuLoading, OnlyTheProjectsFolderCountsForANameWithoutFolder) {
     std::filesystem::current_path(former);
 }
 
-TEST_F(SuLoading, OfTwoFilesOfOneNameTheUserChoosesOnce) {
-    std::filesystem::create_directory(Folder / "stored");
-    const std::string stored = Write(SuBuilder(12, 10).Records(6), "stored/line.su");
-    const std::string beside = Write(SuBuilder(6, 10).Records(3), "line.su");
-    const std::string question = "The project names the field records " + stored +
-                                 ". A file of the same name lies beside the project: " + beside +
-                                 ". Take the one beside the project ?";
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-        Work = Workspace();
-        Work.Project.ProjectDir = Folder.Path + "/";
-        Outside.Prompts.Expect(question, answer);
-        for (int opened = 1; opened <= 2; ++opened) {
-            Work.Project.SuFile = stored;
-            Offer_SU_File(Work, Outside.Ports);
-            EXPECT_EQ(Work.Project.SuFile, answer == Answer::Yes ? beside : stored);
-            EXPECT_EQ(Work.Record.NbTraces, answer == Answer::Yes ? 6 : 12);
-            Close_Records(Work, Outside.Ports);
-        }
-    }
-    // The stored file itself beside the project is no question.
-    Work.Project.SuFile = beside;
-    Offer_SU_File(Work, Outside.Ports);
-}
-
 TEST_F(SuLoading, LoadingIsAnEditAndNumbersTheTracesInIt) {
     const SuBuilder builder(6, 10);
     const std::string path = Write(builder);

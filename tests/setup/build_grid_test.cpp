@@ -68,19 +68,6 @@ TEST(BuildGrid, OneCellFollowsTheModelAndTheOthersStay) {
     EXPECT_EQ(grid.Text(3, 2), "") << "a grid of another size shows another line";
 }
 
-TEST(BuildGrid, TimesBelow0AreRedCountedAndTold) {
-    Workspace workspace;
-    Make_Line(workspace, 2, 3);
-    Tell_Times_Below_0(workspace);
-    EXPECT_EQ(workspace.Fields.Status, "");
-    workspace.Project.ShotTimes(1, 1) = -0.004F;
-    workspace.Project.ShotTimes(2, 2) = -8;
-    Fill_Grid(workspace);
-    EXPECT_EQ(workspace.Grids.Buildgrid.At(2, 2).ForeColour, 255);
-    Tell_Times_Below_0(workspace);
-    EXPECT_EQ(workspace.Fields.Status, "2 times are below 0: they count as no pick, red in the table");
-}
-
 TEST(BuildGrid, AProjectWithoutArraysEmptiesTheGrid) {
     Workspace workspace;
     Make_Line(workspace, 2, 3);

@@ -245,28 +245,13 @@ TEST(LineLength, IsTakenFromAnEndShot) {
     EXPECT_EQ(ports.Prompts.InputDefaults[1], "10");
 }
 
-TEST(AllPicks, AreScaledOrShiftedAndNoPickStaysNone) {
-    Project project;
-    project.NbShots = 1;
-    project.NbReceivers = 3;
-    Redimension_Project(project);
-    project.ShotTimes(1, 1) = 3;
-    project.ShotTimes(1, 2) = 0;
-    project.ShotTimes(1, 3) = 20;
-    Change_All_Picks(project, {1, -5});
-    EXPECT_EQ(project.ShotTimes(1, 1), -2);
-    EXPECT_EQ(project.ShotTimes(1, 2), 0);
-    Change_All_Picks(project, {2, 0});
-    EXPECT_EQ(project.ShotTimes(1, 1), -2);
-    EXPECT_EQ(project.ShotTimes(1, 3), 30);
-}
-
 TEST(AllPicks, CommandChangesTheChosenFile) {
     Workspace workspace;
     TestPorts ports;
     TemporaryFolder folder;
     Make_Line(workspace, 2, 3);
     workspace.Project.CurrentFile = folder / "line.tv5";
+    workspace.Project.ShotTimes(1, 2) = 0;
     ASSERT_TRUE(Save_Geometry(workspace, ports.Ports));
 
     Workspace other;
@@ -300,6 +285,7 @@ TEST(AllPicks, CommandChangesTheChosenFile) {
                                "-1.5");
     shiftFBP(other, ports.Ports, open);
     EXPECT_EQ(other.Project.ShotTimes(2, 3), 48.5);
+    EXPECT_EQ(other.Project.ShotTimes(1, 2), 0) << "no pick stays none";
     EXPECT_EQ(opened, 2);
 
     // A cancelled factor must not scale all picks by 0.

@@ -57,20 +57,6 @@ class BuildgridEditing : public ::testing::Test {
     TextGrid& grid = workspace.Grids.Buildgrid;
 };
 
-TEST_F(BuildgridEditing, CaptionsInterceptsAndTheCornerAreFixed) {
-    const std::string expected[] = {
-        "......", ".xxxx.", ".xxxx.", ".xxxx.", ".xx...", ".xx...",
-    };
-    for (int row = 0; row < 6; ++row) {
-        for (int column = 0; column < 6; ++column) {
-            EXPECT_EQ(editor.Editable(row, column), expected[row][static_cast<std::size_t>(column)] == 'x')
-                << row << ", " << column;
-        }
-    }
-    EXPECT_FALSE(editor.Editable(-1, 1));
-    EXPECT_FALSE(editor.Type(1, 5, "3"));
-}
-
 TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndTheCell) {
     project.ShotTimes(1, 2) = 12.3456F;
     project.ReceiverData(ReceiverDistance, 2) = 5.126F;
@@ -93,31 +79,6 @@ TEST_F(BuildgridEditing, WhatIsTypedIsInTheModelAndTheCell) {
     EXPECT_EQ(workspace.Edits.All().size(), 3U);
     EXPECT_TRUE(editor.Type(1, 1, "0.001"));
     EXPECT_EQ(workspace.Edits.All().size(), 3U) << "no change, no edit";
-}
-
-TEST_F(BuildgridEditing, ABlockBeyondTheEdgeIsCutAndTold) {
-    const auto pasted = editor.Paste(3, 2, "91\t92\t93\t94\t95\r\n81\t82\r\n71\r\n61\r\n");
-    EXPECT_EQ(pasted.Cells, 5);
-    EXPECT_EQ(pasted.Left, 4);
-    EXPECT_EQ(project.ShotTimes(2, 3), 91);
-    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 3), 92);
-    EXPECT_EQ(project.ReceiverData(ReceiverElevation, 3), 93);
-    EXPECT_EQ(project.ReceiverData(ReceiverIntercept, 3), 0);
-    EXPECT_EQ(project.ShotDistance(2), 81);
-    EXPECT_EQ(project.ShotElevation(2), 71);
-    EXPECT_EQ(workspace.Fields.Status,
-              "5 cells pasted, 4 left out: fixed cell, outside the table, or no number");
-    EXPECT_EQ(workspace.Edits.All().size(), 1U) << "one edit for the whole block";
-}
-
-TEST_F(BuildgridEditing, HeadingsOfABlockDoNotErasePicks) {
-    const auto pasted = editor.Paste(1, 1, "Shot1\tShot2\n7\t-8\n");
-    EXPECT_EQ(pasted.Left, 2);
-    EXPECT_EQ(project.ShotTimes(1, 1), 11);
-    EXPECT_EQ(project.ShotTimes(1, 2), 7);
-    EXPECT_EQ(project.ShotTimes(2, 2), -8);
-    editor.Paste(3, 1, "\t5");
-    EXPECT_EQ(project.ShotTimes(1, 3), 0) << "an empty cell of the block empties";
 }
 
 TEST_F(BuildgridEditing, EachIsOneEditWithANameThatTellsIt) {
@@ -170,34 +131,6 @@ class BuildgridWithRecords : public BuildgridEditing {
     double Header(const std::string& path, int trace) { return SuTraces(path).Pick_Ms(trace); }
     test::TemporaryFolder folder;
 };
-
-TEST_F(BuildgridWithRecords, PicksGoIntoTheHeadersOfBothFilesAndBack) {
-    const std::string& su = project.SuFile;
-    const std::string& twin = workspace.Record.TwinSuFile;
-    const auto su_before = Read_File(su);
-    const auto twin_before = Read_File(twin);
-    const std::string block = Project_Block(project);
-    ASSERT_TRUE(editor.Type(2, 2, "31.26"));
-    EXPECT_EQ(project.ShotTimes(2, 2), 31.26F);
-    EXPECT_EQ(Header(su, 5), 31.3);
-    EXPECT_EQ(Header(twin, 5), 31.3);
-    editor.Paste(1, 1, "1.5\t2.5\t3.5\n4.5\n");
-    EXPECT_EQ(Header(su, 1), 1.5);
-    EXPECT_EQ(Header(su, 4), 2.5);
-    EXPECT_EQ(Header(twin, 2), 4.5);
-    EXPECT_EQ(project.ReceiverData(ReceiverDistance, 1), 3.5F);
-    ASSERT_EQ(workspace.Edits.All().size(), 2U);
-
-    const auto su_after = Read_File(su);
-    const std::string block_after = Project_Block(project);
-    ASSERT_EQ(workspace.Edits.Go_To(project, 0), "");
-    EXPECT_EQ(Read_File(su), su_before);
-    EXPECT_EQ(Read_File(twin), twin_before);
-    EXPECT_EQ(Project_Block(project), block);
-    ASSERT_EQ(workspace.Edits.Go_To(project, 2), "");
-    EXPECT_EQ(Read_File(su), su_after);
-    EXPECT_EQ(Project_Block(project), block_after);
-}
 
 TEST_F(BuildgridWithRecords, APickThatTheFileCannotHoldIsToldAlsoAboveWhatAPasteLeftOut) {
     editor.Paste(1, 1, "5000\nnone\n");

@@ -139,23 +139,6 @@ TEST_F(Records, BecomeAProject) {
     EXPECT_EQ(project.NbShots, 3);
 }
 
-TEST_F(Records, CancelAtTheFirstQuestionTouchesNothing) {
-    Make_Line(workspace, 2, 3);
-    workspace.Project.CurrentFile = "old.tv5";
-    const Project before = workspace.Project;
-    prompts.Expect(ask_converted, Answer::Cancel);
-    EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    launcher.Result = 2;
-    prompts.Expect(ask_converted, Answer::No);
-    prompts.Expect("Now pick FBP ", Answer::No);
-    EXPECT_FALSE(New_Profile(workspace, ports, dialog));
-    EXPECT_EQ(launcher.Started, (std::vector<std::string>{"C:\\tarnvik\\SEG2SU.EXE|412|."}));
-    EXPECT_TRUE(prompts.Said("C:\\tarnvik\\SEG2SU.EXEUnable to shell application:"));
-    EXPECT_EQ(workspace.Project.ShotTimes, before.ShotTimes);
-    EXPECT_EQ(workspace.Project.CurrentFile, "old.tv5");
-    EXPECT_TRUE(display.Calls.empty());
-}
-
 TEST_F(Records, GivingUpAtAnyQuestionLeavesTheFormerLineWithItsHistory) {
     const std::string su_file = Field_File();
     ASSERT_EQ(Replace_File(folder / "field.tv5", "mine"), "");
@@ -182,6 +165,17 @@ TEST_F(Records, GivingUpAtAnyQuestionLeavesTheFormerLineWithItsHistory) {
         EXPECT_EQ(Read_File(folder / "field.tv5"), "mine") << where;
         EXPECT_EQ(display.Count("Select_Tab 1"), 0) << where;
     };
+    prompts.Expect(ask_converted, Answer::Cancel);
+    EXPECT_FALSE(New_Profile(workspace, ports, dialog));
+    launcher.Result = 2;
+    prompts.Expect(ask_converted, Answer::No);
+    prompts.Expect("Now pick FBP ", Answer::No);
+    EXPECT_FALSE(New_Profile(workspace, ports, dialog));
+    EXPECT_EQ(launcher.Started, (std::vector<std::string>{"C:\\tarnvik\\SEG2SU.EXE|412|."}));
+    EXPECT_TRUE(prompts.Said("C:\\tarnvik\\SEG2SU.EXEUnable to shell application:"));
+    EXPECT_TRUE(display.Calls.empty());
+    expect_former("not converted");
+
     prompts.Expect(ask_converted, Answer::Yes);
     prompts.Expect_File("Load ", "");
     EXPECT_FALSE(New_Profile(workspace, ports, dialog));
@@ -296,27 +290,6 @@ TEST_F(Records, DialogFollowsOffsetsStationsAndAnOwnLineLength) {
     dialog.Spacing = "";
     dialog.Ok();
     EXPECT_EQ(display.Count("Close_Dialog"), 0) << "a line without spacing is not taken";
-}
-
-TEST_F(Records, BuildWithoutQuestions) {
-    NewProjectRequest request;
-    request.SuFile = Field_File();
-    request.ProjectFile = folder / "out.tv5";
-    request.Spacing = 2;
-    const std::string before = *Read_File(request.SuFile);
-    ASSERT_EQ(Build_New_Project(workspace, request), "");
-    EXPECT_EQ(Shot_Places(workspace.Project), (std::vector<double>{0, 4, 8}));
-    EXPECT_EQ(workspace.Project.NbReceivers, 5);
-    EXPECT_EQ(workspace.Project.ProjectName, "out");
-    EXPECT_EQ(workspace.Record.ChannelsPerRecord, 5);
-    request.ShotDistances = {-3, 0, 8, 11};
-    request.Receivers = 6;
-    request.LineLength = 9;
-    ASSERT_EQ(Build_New_Project(workspace, request), "");
-    EXPECT_EQ(Shot_Places(workspace.Project), request.ShotDistances);
-    EXPECT_EQ(Receiver_Places(workspace.Project).back(), 10);
-    EXPECT_EQ(workspace.Project.LineLength, 9);
-    EXPECT_EQ(*Read_File(request.SuFile), before) << "the records are only read";
 }
 
 TEST_F(Records, TheLastEndShotStaysAtTheEndOfTheLineInTheFile) {

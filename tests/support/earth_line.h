@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "core/workspace.h"
@@ -28,6 +29,13 @@ inline void Lay_Line(Workspace& workspace, const LayeredEarth& earth, int receiv
         }
     }
     Scale_Time_Grid(workspace);
+}
+
+/// 24 receivers at 0, 5 ... 115 over 6 m of 500 on 2000: an intercept of 12 sqrt(1 - 1/16) / 500 s = 23.2 ms.
+inline void Lay_Two_Layers(Workspace& workspace, const std::vector<double>& shots) {
+    const std::array velocities{500.0, 2000.0};
+    const std::array thicknesses{6.0};
+    Lay_Line(workspace, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5, shots);
 }
 
 /// Receivers of one branch of a shot's curve, 0 to -1 when it has none.

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "support/earth_line.h"
 #include "support/test_ports.h"
 
@@ -15,10 +13,7 @@ using test::Drawn;
 
 struct DragTest : testing::Test {
     DragTest() {
-        const std::array velocities{500.0, 2000.0};
-        const std::array thicknesses{6.0};
-        test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5,
-                       {0, 57.5, 115, -40, 2.5});
+        test::Lay_Two_Layers(Work, {0, 57.5, 115, -40, 2.5});
         Work.Mode.Display(DisplayMode::Calcul);
     }
     bool Run(int shot, int first, int last) {

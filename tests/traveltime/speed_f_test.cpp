@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <optional>
 
 #include "core/text/number.h"
@@ -19,10 +18,7 @@ using test::Drawn;
 /// 24 receivers at 0, 5 ... 115 over 6 m of 500 on 2000; shots at both ends, in the middle, and offset.
 struct SpeedTest : testing::Test {
     SpeedTest() {
-        const std::array velocities{500.0, 2000.0};
-        const std::array thicknesses{6.0};
-        test::Lay_Line(Work, LayeredEarth::Horizontal(velocities, thicknesses), 24, 5,
-                       {0, 57.5, 115, -40, 150});
+        test::Lay_Two_Layers(Work, {0, 57.5, 115, -40, 150});
         Files.SaveProject = [this](Workspace&, tarnvik::Ports&) { return ++Saves > 0; };
         Files.LoadProject = [this](Workspace&, tarnvik::Ports&) { return ++Loads > 0; };
         Form.emplace(Work, World.Ports, Files);
@@ -294,11 +290,11 @@ TEST_F(SpeedTest, ConfirmAsksUntilTheLayerIsOneOfFive) {
     Confirm confirm(Work, World.Ports, *Form, Files);
     confirm.Load();
     confirm.Layer = "";
-    for (const char* typed : {"", "0", "x", "-1", "6", "2"})
+    for (const char* typed : {"", "0", "x", "-1", "6", "99999", "2"})
         World.Prompts.Expect_Input(question, typed);
     confirm.Command1();
     EXPECT_EQ(confirm.Layer, "2");
-    EXPECT_EQ(World.Prompts.InputDefaults, std::vector<std::string>(6, "2"));
+    EXPECT_EQ(World.Prompts.InputDefaults, std::vector<std::string>(7, "2"));
     EXPECT_NEAR(Work.Project.VelocityA(1, 2), 2000, 1);
 }
 

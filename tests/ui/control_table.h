@@ -4,13 +4,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSpinBox>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -20,13 +18,9 @@
 #include <vector>
 
 #include "app/commands.h"
-#include "app/session.h"
 #include "core/files.h"
-#include "support/test_ports.h"
 #include "ui/form.h"
-#include "ui/main_window.h"
-#include "ui/picture_box.h"
-#include "ui/qt_display.h"
+#include "window_fixture.h"
 
 namespace tarnvik {
 
@@ -39,7 +33,7 @@ struct Effect {
 
 /// The main window over the demo line and its field records: 5 shots, 24 receivers, the outer shots offset.
 /// Each control of a page is driven as a hand does; the table of a page names all that it has.
-class Controls : public testing::Test {
+class Controls : public WindowTest {
   protected:
     struct Row {
         const char* Name;
@@ -53,17 +47,12 @@ class Controls : public testing::Test {
         for (const char* name : {"/demo1.tv5", "/demo1.su"}) {
             EXPECT_EQ(Copy_File(std::string(TARNVIK_DEMO_FOLDER) + name, Folder.Path + name), "");
         }
-        Display.Attach(Program);
-        Screen =
-            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
-        Screen->resize(1280, 900);
-        Screen->show();
+        Show_Window(1280, 900);
         QApplication::setActiveWindow(Screen.get());
         Work.Settings.RecentFiles[0] = Path;
         Run_Command(Program, "F1_F");
         QApplication::processEvents();
     }
-    ~Controls() override { Display.End_Program(); }
 
     Form* Open(Dialog dialog) {
         Display.Open_Dialog(dialog, false);
@@ -206,25 +195,10 @@ class Controls : public testing::Test {
         }
         return nullptr;
     }
-    static bool Blank(PictureBox* box) {
-        const QImage& image = box->Canvas().Image();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, y) != qRgb(255, 255, 255)) return false;
-            }
-        }
-        return true;
-    }
 
-    test::TemporaryFolder Folder;
     const std::string Path = Folder / "demo1.tv5";
-    test::ScriptedPrompts Prompts;
-    test::RecordingLauncher Launcher;
-    QtDisplay Display;
-    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
     Workspace& Work = Program.Work;
     Project& Line = Program.Work.Project;
-    std::unique_ptr<MainWindow> Screen;
 
   private:
     static bool Is_Control(const QWidget* widget) {

@@ -1,6 +1,7 @@
 // Each control of the dialogs: what the hand does there reaches the logic, and what the logic changes is
 // shown.
 
+#include <QClipboard>
 #include <QListWidget>
 #include <QMouseEvent>
 
@@ -192,8 +193,13 @@ TEST_F(FormControls, of_the_recording_do_their_work) {
         {"Command1", Clicked(Closes(Dialog::confirm, [&] { return Line.VelocityA(2, 3) == 3603; }))},
     };
     Check_All(form, rows);
-    QTest::keyClick(form()->findChild<QLineEdit*>("Text2"), Qt::Key_Escape);
-    EXPECT_FALSE(Display.Is_Open(Dialog::confirm));
+    for (const auto& [key, stored] : {std::pair(Qt::Key_Escape, 3603), {Qt::Key_Return, 2468}}) {
+        form();
+        logic.Velocity = "2468";
+        QTest::keyClick(form()->findChild<QLineEdit*>("Text2"), key);
+        EXPECT_FALSE(Display.Is_Open(Dialog::confirm));
+        EXPECT_EQ(Line.VelocityA(2, 3), stored);
+    }
 }
 
 TEST_F(FormControls, of_the_depths_do_their_work) {
@@ -365,9 +371,12 @@ TEST_F(FormControls, of_the_history_and_the_second_window_do_their_work) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
         EXPECT_EQ(Line.ShotTimes(1, 1), last - 1);
         EXPECT_NE(list->item(second)->foreground(), list->item(second - 1)->foreground());
-        Work.Edits.Redo(Line);
+        QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Return);
+        EXPECT_EQ(Line.ShotTimes(1, 1), last);
+        Work.Edits.Undo(Line);
         Display.Show_Fields();
-        EXPECT_EQ(list->currentRow(), second);
+        EXPECT_EQ(list->currentRow(), second - 1);
     };
     Check_All(Form_Of_Dialog(Dialog::History), {{"Edits", walked}});
 
@@ -377,8 +386,11 @@ TEST_F(FormControls, of_the_history_and_the_second_window_do_their_work) {
     Box("Dromo2")->Canvas().Clear();
     Display.Open_Form(Dialog::Travel_Time_2)->resize(500, 320);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !Blank(Box("Dromo2")); }, 1000));
-    Display.Close_Dialog(Dialog::Travel_Time_2);
+    Display.Open_Form(Dialog::Travel_Time_2)->close();  // by its own control
+    EXPECT_FALSE(Display.Is_Open(Dialog::Travel_Time_2));
     EXPECT_EQ(Work.Curves.DoubleView, 0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Display.Show_Curves();  // the canvas is gone; drawing on it is dropped
 }
 
 TEST_F(FormControls, of_the_start_dialog_do_their_work) {
@@ -506,6 +518,15 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
              QTest::keyClick(editor, Qt::Key_Return);
              EXPECT_EQ(logic.ShotTable.Text(2, 1), "31");
              EXPECT_TRUE(sketched.Done());
+             // Elevations come as a block from another program.
+             auto* shots = qobject_cast<SpreadsheetView*>(table);
+             QApplication::clipboard()->setText("100\n101\n102");
+             shots->setCurrentIndex(shots->model()->index(1, 2));
+             shots->PasteCells->trigger();
+             EXPECT_EQ(logic.Read_Spread().ShotElevations, (std::vector<double>{100, 101, 102, 0, 0, 0, 0}));
+             shots->selectAll();
+             shots->ClearCells->trigger();
+             EXPECT_EQ(logic.Read_Spread().ShotElevations, std::vector<double>(7, 0.0));
          }},
         {"Command2", Clicked(only_sketched)},
         {"Command3", Clicked({[&] {
@@ -542,6 +563,8 @@ TEST_F(FormControls, of_a_new_profile_do_their_work) {
     EXPECT_TRUE(Text(form()->findChild<QLabel*>("DistanceReadout")).startsWith("Distance:"));
     QTest::keyClick(form(), Qt::Key_Escape);
     EXPECT_TRUE(logic.Cancelled) << "Escape gives the profile up";
+    form()->window()->close();
+    EXPECT_TRUE(logic.Cancelled && !Display.Is_Open(Dialog::rechinfo)) << "so does the frame";
 }
 
 }  // namespace

@@ -62,11 +62,13 @@ TEST_F(PageControls, of_the_tables_do_their_work) {
          [&](QWidget* control) {
              auto* table = qobject_cast<QTableView*>(control);
              EXPECT_FALSE(button("TakeOutShot")->isEnabled());
+             EXPECT_EQ(button("TakeOutShot")->toolTip(), "Select a cell of the shot first");
              EXPECT_FALSE(button("Undo")->isEnabled());
              Type_Cell(table, 3, 2, "41.5");
              EXPECT_EQ(Line.ShotTimes(2, 3), 41.5F);
              EXPECT_EQ(cell(table, 3, 2), "41.50");
              EXPECT_TRUE(button("TakeOutShot")->isEnabled());
+             EXPECT_TRUE(button("TakeOutShot")->toolTip().startsWith("Takes the shot"));
              Line.ShotTimes(4, 5) = 77;
              Fill_Grid(Work);
              Display.Show_Grids();
@@ -261,9 +263,13 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
             EXPECT_EQ(Text(control), "75");
             const Effect drawn = Redraws("Dromo1");
             drawn.Before();
-            Type(control, "88");
+            Type(control, "88.");
             EXPECT_EQ(given, 88);
+            EXPECT_EQ(Text(control), "88.") << "what is typed stays as it is typed";
             EXPECT_TRUE(drawn.Done());
+            qobject_cast<QLineEdit*>(control)->selectAll();
+            QTest::keyClick(control, Qt::Key_Delete);
+            EXPECT_FALSE(given.has_value());
         };
     };
     const std::vector<Row> rows = {

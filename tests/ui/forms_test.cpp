@@ -115,30 +115,5 @@ TEST_F(Forms, velocity_takes_receivers_from_the_curves_and_return_computes) {
     EXPECT_EQ(Program.Work.Mode.Current(), DisplayMode::Dromo);
 }
 
-TEST_F(Forms, recording_is_cancelled_by_escape_and_done_by_return) {
-    Form* form = Open(Dialog::SpeedF);
-    form->findChild<QComboBox*>("Combo2")->setEditText("1");
-    form->findChild<QComboBox*>("Combo4")->setEditText("7");
-    form->findChild<QPushButton*>("Command5")->click();
-    int answered = 0;
-    for (const auto& [key, stored] : {std::pair{Qt::Key_Escape, 0}, std::pair{Qt::Key_Return, 500}}) {
-        QTimer::singleShot(0, Screen.get(), [this, &answered, key = key] {
-            ++answered;
-            Form* record = Display.Open_Form(Dialog::confirm);
-            ASSERT_NE(record, nullptr);
-            EXPECT_TRUE(
-                QTest::qWaitFor([record] { return record->isAncestorOf(QApplication::focusWidget()); }));
-            EXPECT_EQ(record->findChild<QLineEdit*>("Text4")->text(), "500");
-            QTest::keyClick(record->findChild<QLineEdit*>("Text2"), key);
-            EXPECT_FALSE(Display.Is_Open(Dialog::confirm));
-            Display.Close_Dialog(Dialog::confirm);
-        });
-        form->findChild<QPushButton*>("Command1")->click();
-        EXPECT_EQ(Program.Work.Project.VelocityA(1, 1), stored);
-        EXPECT_EQ(form->findChild<QPushButton*>("Command1")->isEnabled(), stored == 0);
-    }
-    EXPECT_EQ(answered, 2);
-}
-
 }  // namespace
 }  // namespace tarnvik

@@ -1,6 +1,5 @@
 // The seismic profile in the window: what the user does beside it only paints.
 
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -60,34 +59,6 @@ TEST_F(Profile_pane, is_corrected_by_the_command_alone_and_painted_by_all_else) 
     Run_Command(Program, "S2");
     EXPECT_EQ(frame().Right - frame().Left, 200);
     EXPECT_EQ(Prompts.InputDefaults.back(), "-5");
-}
-
-TEST_F(Profile_pane, draws_the_elevations_that_are_typed_at_once) {
-    Prompts.Expect_Input("Maximum profile elevation", "20");
-    Prompts.Expect_Input("Minimum profile elevation", "-5");
-    Run_Command(Program, "S2");
-    QApplication::processEvents();
-    const QWidget* pane = Find<PictureBox>("Dromo1")->parentWidget();
-    auto* highest = pane->findChild<QLineEdit*>("Text27");
-    auto* lowest = pane->findChild<QLineEdit*>("Text33");
-    auto* height = pane->findChild<QLineEdit*>("Text32");
-    ASSERT_TRUE(highest && lowest && height);
-    EXPECT_EQ(highest->text(), "20");
-    EXPECT_EQ(lowest->text(), "-5");
-    EXPECT_EQ(height->text(), "25");
-    const QImage before = Find<PictureBox>("Dromo1")->Canvas().Image().copy();
-    highest->selectAll();
-    QTest::keyClicks(highest, "45.");
-    EXPECT_EQ(highest->text(), "45.") << "what is typed stays as it is typed";
-    EXPECT_EQ(Program.Work.Profile.ProfileMaxElevation, 50);
-    EXPECT_EQ(height->text(), "50");
-    EXPECT_NE(Find<PictureBox>("Dromo1")->Canvas().Image(), before);
-    lowest->selectAll();
-    QTest::keyClick(lowest, Qt::Key_Delete);
-    EXPECT_FALSE(Program.Work.Profile.GivenMinElevation.has_value());
-    QTest::keyClicks(lowest, "-60");
-    EXPECT_EQ(Program.Work.Profile.ProfileVFactor, 2);
-    EXPECT_TRUE(Program.Work.Edits.All().empty());
 }
 
 TEST_F(Profile_pane, takes_every_enlargement_back_beside_the_curves) {

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -18,17 +16,15 @@
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 #include "support/su_builder.h"
-#include "support/test_ports.h"
-#include "ui/main_window.h"
-#include "ui/qt_display.h"
 #include "ui/trace_size_strip.h"
+#include "window_fixture.h"
 
 namespace tarnvik {
 namespace {
 
 /// The main window over three records of 12 channels, 200 samples at 1 ms: a wave that breaks at sample
 /// 20 + 2 * channel.
-class RecordTab : public testing::Test {
+class RecordTab : public Window {
   protected:
     static constexpr int channels = 12;
     static constexpr int records = 3;
@@ -46,22 +42,9 @@ class RecordTab : public testing::Test {
             }
         }
         Path = File.Write(Folder / "line.su");
-        Display.Attach(Program);
-        Project& line = Program.Work.Project;
-        line.NbShots = records;
-        line.NbReceivers = channels;
-        line.LineLength = 55;
-        Redimension_Project(line);
-        for (int receiver = 1; receiver <= channels; ++receiver) {
-            line.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(5 * (receiver - 1));
-        }
-        line.ShotDistance(2) = 27.5;
-        line.ShotDistance(3) = 55;
-        line.SuFile = Path;
-        Screen =
-            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
+        Program.Work.Project.SuFile = Path;
+        Program.Work.Project.ShotTimes = {records, channels};
         Screen->resize(1100, 800);
-        Screen->show();
         Start_With_SU_File(Program.Work, Path);
         Scan_Channels(Program.Work, Path);
         Fill_Grid(Program.Work);
@@ -70,15 +53,7 @@ class RecordTab : public testing::Test {
         QApplication::processEvents();
         Ecran = Find<PictureBox>("Ecran");
     }
-    ~RecordTab() override { Display.End_Program(); }
-
     static int Break_Of(int channel) { return 20 + 2 * channel; }
-    template <class Control>
-    Control* Find(const char* name) {
-        auto* control = Screen->findChild<Control*>(name);
-        EXPECT_NE(control, nullptr) << name;
-        return control;
-    }
     /// Pixel of a trace's axis at a time, in the picture.
     QPoint Place(int trace, double ms) {
         const Frame frame = Ecran->Canvas().Current_Frame();
@@ -94,14 +69,8 @@ class RecordTab : public testing::Test {
         QTest::keyClicks(edit, text);
     }
 
-    test::TemporaryFolder Folder;
     test::SuBuilder File;
     std::string Path;
-    test::ScriptedPrompts Prompts;
-    test::RecordingLauncher Launcher;
-    QtDisplay Display;
-    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
-    std::unique_ptr<MainWindow> Screen;
     PictureBox* Ecran = nullptr;
 };
 
@@ -120,6 +89,12 @@ TEST_F(RecordTab, a_click_picks_the_trace_under_it_also_the_second_of_two_quick_
     EXPECT_EQ(Find<QScrollBar>("HScroll2")->value(), 2);
     QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(14, 50));
     EXPECT_NEAR(Program.Work.Project.ShotTimes(2, 2), 50, pixel_ms);
+    QTest::keyClick(Ecran, Qt::Key_Left);
+    EXPECT_EQ(Program.Work.Record.Record, 1);
+    QTest::keyClick(Ecran, Qt::Key_Up);
+    EXPECT_EQ(Program.Work.Record.AmplitudeGain, 2);
+    QTest::keyClick(Ecran, Qt::Key_Down);
+    EXPECT_EQ(Program.Work.Record.AmplitudeGain, 1.5);
 }
 
 TEST_F(RecordTab, a_pick_changes_the_picture_exactly_as_a_whole_drawing_would) {
@@ -156,7 +131,7 @@ TEST_F(RecordTab, a_button_that_cannot_be_used_tells_why) {
     Close_Records(Program.Work, Program.Outside);
     for (const char* name : {"Command4", "Command5", "Command10", "Command16", "Command21", "Command25"}) {
         EXPECT_FALSE(Find<QToolButton>(name)->isEnabled()) << name;
-        EXPECT_TRUE(Find<QToolButton>(name)->toolTip().contains("no field records are loaded")) << name;
+        EXPECT_TRUE(Find<QToolButton>(name)->toolTip().contains("No field records are loaded")) << name;
     }
     EXPECT_TRUE(Find<QToolButton>("Command18")->isEnabled());
     EXPECT_EQ(Find<QLabel>("Text12")->text(), "");

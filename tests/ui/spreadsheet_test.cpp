@@ -4,32 +4,25 @@
 #include <QApplication>
 #include <QBrush>
 #include <QClipboard>
-#include <QHeaderView>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTabWidget>
 #include <QTest>
 
 #include "app/commands.h"
 #include "app/session.h"
 #include "setup/build_grid.h"
-#include "support/test_ports.h"
-#include "ui/main_window.h"
-#include "ui/qt_display.h"
 #include "ui/spreadsheet_view.h"
 #include "ui/text_grid_model.h"
+#include "window_fixture.h"
 
 namespace tarnvik {
 namespace {
 
 /// The tables of a line of 3 shots and 6 receivers: pick 10 s + r at shot s and receiver r.
-class Tables : public testing::Test {
+class Tables : public Window {
   protected:
     Tables() {
-        Display.Attach(Program);
         Affiche_Remark_Grid(Line);
-        Line.NbShots = 3;
         Line.NbReceivers = 6;
         Line.LineLength = 25;
         Redimension_Project(Line);
@@ -40,18 +33,12 @@ class Tables : public testing::Test {
         }
         Line.ShotDistance(2) = 12.5;
         Line.ShotDistance(3) = 25;
-        Screen =
-            std::make_unique<MainWindow>(Program, Display, QString::fromStdString(Folder / "Windows.ini"));
-        Screen->show();
         Display.Select_Tab(Tab::Tables);
         Display.Show_Curves();
-        Picks = Screen->findChild<SpreadsheetView*>("Buildgrid");
-        Remarks = Screen->findChild<SpreadsheetView*>("remark_grid");
         Screen->activateWindow();
         QApplication::processEvents();
         Picks->setFocus();
     }
-    ~Tables() override { Display.End_Program(); }
 
     void Go_To(SpreadsheetView* view, int row, int column) {
         view->setFocus();
@@ -78,15 +65,9 @@ class Tables : public testing::Test {
         return times;
     }
 
-    test::TemporaryFolder Folder;
-    test::ScriptedPrompts Prompts;
-    test::RecordingLauncher Launcher;
-    QtDisplay Display;
-    Session Program{{Prompts, Display, Launcher}, Folder / "Tarnvik32.INI"};
     Project& Line = Program.Work.Project;
-    std::unique_ptr<MainWindow> Screen;
-    SpreadsheetView* Picks = nullptr;
-    SpreadsheetView* Remarks = nullptr;
+    SpreadsheetView* Picks = Find<SpreadsheetView>("Buildgrid");
+    SpreadsheetView* Remarks = Find<SpreadsheetView>("remark_grid");
 };
 
 using Column = std::vector<float>;
@@ -192,19 +173,6 @@ TEST_F(Tables, typing_begins_an_edit_and_keys_end_it) {
     EXPECT_EQ(Line.remark_grid.Text(2, 3), "Fault, 12 m");
 }
 
-TEST_F(Tables, a_double_click_on_a_shots_heading_asks_to_remove_that_shot) {
-    Line.CurrentFile = Folder / "line.tv5";
-    QHeaderView* headings = Picks->horizontalHeader();
-    const QPoint place(headings->sectionViewportPosition(2) + headings->sectionSize(2) / 2,
-                       headings->height() / 2);
-    Prompts.Expect("Do you want to remove shot 2", Answer::No);
-    QTest::mouseClick(headings->viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(headings->viewport(), Qt::LeftButton, {}, place);
-    EXPECT_EQ(Prompts.Messages.size(), 1u);
-    emit headings->sectionDoubleClicked(4);  // the receivers' distances are no shot
-    EXPECT_EQ(Prompts.Messages.size(), 1u);
-}
-
 TEST_F(Tables, a_time_below_0_is_red_and_keeps_no_key_of_undo_from_the_window) {
     Go_To(Picks, 2, 2);
     Keys("-4");
@@ -229,96 +197,6 @@ TEST_F(Tables, one_cell_is_shown_anew_without_the_others) {
     EXPECT_EQ(Picks->model()->index(4, 2).data(), "3.50");
     Picks->Refresh();
     EXPECT_EQ(changes.count(), 1) << "and is not shown a second time";
-}
-
-TEST_F(Tables, buttons_tell_why_they_are_disabled) {
-    auto* take_out = Screen->findChild<QAbstractButton*>("TakeOutShot");
-    auto* load = Screen->findChild<QAbstractButton*>("Command20");
-    auto* correct = Screen->findChild<QAbstractButton*>("Command6");
-    EXPECT_FALSE(load->isEnabled());
-    EXPECT_EQ(load->toolTip(), "The project has no field records");
-    Go_To(Picks, 1, 4);
-    EXPECT_FALSE(take_out->isEnabled());
-    EXPECT_EQ(take_out->toolTip(), "Select a cell of the shot first");
-    Go_To(Picks, 1, 2);
-    EXPECT_TRUE(take_out->isEnabled());
-    EXPECT_TRUE(take_out->toolTip().startsWith("Takes the shot"));
-    EXPECT_TRUE(correct->isEnabled());
-    for (const Command& command : Tables_Page_Commands()) {
-        const auto name = QString::fromUtf8(command.Name.data(), qsizetype(command.Name.size()));
-        if (!command.Caption.empty()) {
-            EXPECT_NE(Screen->findChild<QAbstractButton*>(name), nullptr) << name.toStdString();
-        }
-    }
-    Line.NbShots = 0;
-    Display.Show_Fields();
-    EXPECT_FALSE(correct->isEnabled());
-    EXPECT_EQ(correct->toolTip(), "There is no project in memory");
-    EXPECT_EQ(Screen->findChild<QLineEdit*>("Text6")->text(), "");
-    Line.NbShots = 3;
-}
-
-/// The geometry dialog over a spread without an SU file.
-class New_profile_form : public Tables {
-  protected:
-    New_profile_form() {
-        Logic.Spacing = "5";
-        Logic.FirstDistance = "2";
-        Logic.Geophones = "12";
-        Logic.Shots = "5";
-        Logic.Focus = rechinfo::Field::FirstDistance;
-        Logic.Offset_or_Not();
-        Display.Open_Dialog(Dialog::rechinfo, false);
-        Dialog_Form = Display.Open_Form(Dialog::rechinfo);
-        QApplication::processEvents();
-    }
-    QLineEdit* Field(const char* name) { return Dialog_Form->findChild<QLineEdit*>(name); }
-
-    rechinfo& Logic = Program.NewProfile;
-    Form* Dialog_Form = nullptr;
-};
-
-TEST_F(New_profile_form, length_shots_and_caption_follow_the_fields) {
-    EXPECT_EQ(Dialog_Form->window()->focusWidget(), Field("Text2"));
-    EXPECT_EQ(Field("Text6")->text(), "55");
-    Field("Text1")->selectAll();
-    QTest::keyClicks(Field("Text1"), "2");
-    EXPECT_EQ(Field("Text6")->text(), "22");
-    Dialog_Form->findChild<QAbstractButton*>("Check1")->click();
-    EXPECT_EQ(Dialog_Form->findChild<QLabel*>("Label2")->text(), "Distance from Geophone1 to shot 2");
-    auto* shots = Dialog_Form->findChild<SpreadsheetView*>("DataGrid");
-    EXPECT_EQ(shots->model()->rowCount(), 6);
-    EXPECT_EQ(shots->model()->index(1, 1).data(), "-11");
-
-    // A length of his own is typed without being derived anew on the way, and then stays.
-    Field("Text6")->setFocus();
-    Field("Text6")->selectAll();
-    QTest::keyClick(Field("Text6"), Qt::Key_Delete);
-    QTest::keyClicks(Field("Text6"), "30");
-    Field("Text1")->setFocus();
-    EXPECT_EQ(shots->model()->index(1, 1).data(), "-15");
-    EXPECT_EQ(Logic.LineLength, "30");
-
-    // Elevations come as a block from another program.
-    QApplication::clipboard()->setText("100\n101\n102\n103\n104\n105");
-    shots->setCurrentIndex(shots->model()->index(1, 2));
-    shots->PasteCells->trigger();
-    EXPECT_EQ(Logic.Read_Spread().ShotElevations, (std::vector<double>{100, 101, 102, 103, 104}));
-    shots->setCurrentIndex(shots->model()->index(1, 2));
-    shots->selectionModel()->select(QItemSelection(shots->model()->index(1, 2), shots->model()->index(5, 2)),
-                                    QItemSelectionModel::ClearAndSelect);
-    shots->ClearCells->trigger();
-    EXPECT_EQ(Logic.Read_Spread().ShotElevations, std::vector<double>(5, 0.0));
-}
-
-TEST_F(New_profile_form, closing_it_by_its_frame_gives_up_and_ok_does_not) {
-    Dialog_Form->findChild<QPushButton*>("Command1")->click();
-    EXPECT_FALSE(Display.Is_Open(Dialog::rechinfo));
-    EXPECT_FALSE(Logic.Cancelled);
-    Display.Open_Dialog(Dialog::rechinfo, false);
-    Display.Open_Form(Dialog::rechinfo)->window()->close();
-    EXPECT_FALSE(Display.Is_Open(Dialog::rechinfo));
-    EXPECT_TRUE(Logic.Cancelled);
 }
 
 }  // namespace

@@ -4,14 +4,10 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QLineEdit>
-#include <QListView>
-#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QStyle>
-#include <QTabWidget>
 #include <QTest>
 
 #include "app/commands.h"
@@ -70,20 +66,6 @@ TEST_F(Window, every_dialog_with_a_form_opens_refreshes_and_closes) {
     EXPECT_NE(Display.Open_Form(Dialog::frmSplash)->findChild<QPushButton*>("Command6"), nullptr);
 }
 
-TEST_F(Window, a_tool_window_closed_by_its_own_control_is_closed_for_the_logic_too) {
-    Run_Command(Program, "Double");
-    ASSERT_TRUE(Display.Is_Open(Dialog::Travel_Time_2));
-    QApplication::processEvents();
-    auto* second = Find<PictureBox>("Dromo2");
-    ASSERT_NE(second, nullptr);
-    EXPECT_FALSE(Blank(second));
-    Display.Open_Form(Dialog::Travel_Time_2)->close();
-    EXPECT_FALSE(Display.Is_Open(Dialog::Travel_Time_2));
-    EXPECT_EQ(Program.Work.Curves.DoubleView, 0);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    Display.Show_Curves();  // the canvas is gone; drawing on it is dropped
-}
-
 TEST_F(Window, tool_windows_and_windows_come_back_where_they_were) {
     Display.Open_Dialog(Dialog::RulerF, false);
     auto* dock = qobject_cast<QDockWidget*>(Display.Open_Form(Dialog::RulerF)->parentWidget());
@@ -127,34 +109,6 @@ TEST_F(Window, the_pictures_keep_their_drawing_when_the_size_changes_in_any_mode
     }
 }
 
-TEST_F(Window, enlargement_shows_the_scroll_bars_and_the_dialog_takes_typed_factors) {
-    auto* bar = Find<QScrollBar>("HScroll1");
-    EXPECT_FALSE(bar->isVisible());
-    Display.Open_Dialog(Dialog::Zoom, false);
-    Form* form = Display.Open_Form(Dialog::Zoom);
-    form->findChild<QComboBox*>("Combo1")->setEditText("4");
-    form->findChild<QPushButton*>("Command1")->click();
-    EXPECT_FALSE(Display.Is_Open(Dialog::Zoom));
-    EXPECT_EQ(Program.Work.Curves.ZoomX, 4);
-    EXPECT_TRUE(bar->isVisible());
-    EXPECT_EQ(bar->maximum(), 72);
-    bar->setValue(30);
-    EXPECT_EQ(Find<PictureBox>("Dromo")->Canvas().Current_Frame().Left, 30);
-    Run_Command(Program, "nozoom");
-    EXPECT_FALSE(bar->isVisible());
-}
-
-TEST_F(Window, a_shot_is_left_out_by_its_tick) {
-    QAbstractItemModel* shots = Find<QListView>("Grille_Shot")->model();
-    ASSERT_EQ(shots->rowCount(), 3);
-    EXPECT_TRUE(shots->setData(shots->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
-    EXPECT_FALSE(Shot_Displayed(Program.Work, 2));
-    EXPECT_TRUE(Shot_Displayed(Program.Work, 1));
-    EXPECT_FALSE(Find<QCheckBox>("Check11")->isChecked()) << "not all are shown any more";
-    EXPECT_TRUE(shots->setData(shots->index(1, 0), Qt::Checked, Qt::CheckStateRole));
-    EXPECT_TRUE(Shot_Displayed(Program.Work, 2));
-}
-
 TEST_F(Window, undo_takes_back_in_a_field_only_while_it_is_typed_into) {
     Display.Open_Dialog(Dialog::Fcalcul, false);
     Screen->activateWindow();
@@ -182,29 +136,6 @@ TEST_F(Window, undo_takes_back_in_a_field_only_while_it_is_typed_into) {
     EXPECT_EQ(Program.Work.Project.ShotTimes(1, 3), 55);
 }
 
-TEST_F(Window, the_history_is_walked_by_click_and_by_key) {
-    for (int i = 1; i <= 3; ++i) {
-        const EditScope edit(Program.Work, "Pick " + std::to_string(i));
-        Program.Work.Project.ShotTimes(1, i) = 60.0F + static_cast<float>(i);
-    }
-    Run_Command(Program, "History_M");
-    QApplication::processEvents();
-    auto* list = Display.Open_Form(Dialog::History)->findChild<QListWidget*>("Edits");
-    ASSERT_NE(list, nullptr);
-    ASSERT_EQ(list->count(), 4);
-    EXPECT_EQ(list->currentRow(), 3);
-    const QBrush plain = list->item(1)->foreground();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
-    EXPECT_EQ(Program.Work.Edits.Done(), 1U);
-    EXPECT_NE(Program.Work.Project.ShotTimes(1, 2), 62);
-    EXPECT_EQ(list->item(1)->foreground(), plain);
-    EXPECT_NE(list->item(2)->foreground(), plain) << "taken back, so grey";
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_EQ(Program.Work.Edits.Done(), 2U);
-    EXPECT_EQ(Program.Work.Project.ShotTimes(1, 2), 62);
-}
-
 TEST_F(Window, the_tables_have_the_font_that_was_chosen) {
     Program.Work.Settings.FontName = "Courier";
     Display.Show_Fields();
@@ -226,14 +157,6 @@ TEST_F(Window, closing_the_window_asks_both_questions_every_time) {
     EXPECT_TRUE(Display.Ended());
     Display.Open_Dialog(Dialog::Zoom, false);
     EXPECT_FALSE(Display.Is_Open(Dialog::Zoom)) << "nothing opens while the program ends";
-}
-
-TEST(Picture_box, keys_have_the_numbers_of_the_drawing_handlers) {
-    constexpr std::pair<int, int> keys[] = {{Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}, {Qt::Key_Left, 37},
-                                            {Qt::Key_Up, 38},     {Qt::Key_Right, 39},    {Qt::Key_Down, 40},
-                                            {Qt::Key_Plus, 107},  {Qt::Key_Minus, 109},   {Qt::Key_A, 0}};
-    for (const auto& [key, code] : keys)
-        EXPECT_EQ(PictureBox::Key_Code(key), code);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "ui/forms/ruler_form.h"
 
 #include <QButtonGroup>
+#include <QDockWidget>
 #include <QHBoxLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -47,7 +48,12 @@ RulerForm::RulerForm(Session& session, QtDisplay& display)
 void RulerForm::Refresh() {
     Fields.Refresh();
     const QPointer<PictureBox>& beside = Program.Ruler.Against == RulerF::OfRecord ? Record : Curves;
-    regle->Canvas().Follow_Rows_Of(beside ? &beside->Canvas() : nullptr);
+    // In a dock nobody can lay the strip against the picture: its rows stand beside those of the picture.
+    const auto* dock = qobject_cast<const QDockWidget*>(parentWidget());
+    const bool fixed =
+        dock != nullptr && !dock->isFloating() && regle->isVisible() && beside && beside->isVisible();
+    const int down = fixed ? beside->mapToGlobal(QPoint()).y() - regle->mapToGlobal(QPoint()).y() : 0;
+    regle->Canvas().Follow_Rows_Of(beside ? &beside->Canvas() : nullptr, down * devicePixelRatioF());
     Program.Ruler.Draw();
 }
 

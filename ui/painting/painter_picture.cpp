@@ -130,8 +130,8 @@ void PainterPicture::Place_Window() {
         return size > 0 && std::isfinite(size) && std::isfinite(begin) && std::isfinite(end) && end > begin;
     };
     if (RowsOf != nullptr) {
-        const double top = RowsOf->Device_Y(Asked.Top);
-        const double bottom = RowsOf->Device_Y(Asked.Bottom);
+        const double top = RowsOf->Device_Y(Asked.Top) + RowsDown;
+        const double bottom = RowsOf->Device_Y(Asked.Bottom) + RowsDown;
         if (follows(bottom - top, top, bottom)) {
             Inner.setTop(top);
             Inner.setBottom(bottom);

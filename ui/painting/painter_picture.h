@@ -42,7 +42,11 @@ class PainterPicture : public Picture {
     void Set_Font_Family(const QString& family);
     /// A scale strip shows each world height (or place) exactly beside (or under) that of the picture that it
     /// belongs to, whatever window it asks for itself. The picture must outlive the strip.
-    void Follow_Rows_Of(const PainterPicture* picture) { RowsOf = picture; }
+    /// `down`: how far, in device pixels, that picture begins below this one.
+    void Follow_Rows_Of(const PainterPicture* picture, double down = 0) {
+        RowsOf = picture;
+        RowsDown = down;
+    }
     void Follow_Columns_Of(const PainterPicture* picture) { ColumnsOf = picture; }
 
     void Scale(double left, double top, double right, double bottom) override;
@@ -134,6 +138,7 @@ class PainterPicture : public Picture {
     Frame Asked;    ///< window as given to Scale
     Frame InForce;  ///< window on the pixels of Inner
     const PainterPicture* RowsOf = nullptr;
+    double RowsDown = 0;
     const PainterPicture* ColumnsOf = nullptr;
 
     double PenX = 0;

@@ -1,0 +1,27 @@
+#include "app/refusals.h"
+
+#include "app/session.h"
+
+namespace tarnvik {
+
+namespace {
+constexpr const char* no_project = "There is no project in memory";
+constexpr const char* no_records = "No field records are loaded";
+}  // namespace
+
+std::string Without_Project(const Session& session) {
+    const Project& project = session.Work.Project;
+    const bool has_line = project.NbShots > 0 && project.NbReceivers > 0 &&
+                          project.ShotTimes.Has(project.NbShots, project.NbReceivers);
+    return has_line ? "" : no_project;
+}
+
+std::string Without_Records(const Session& session) {
+    return session.Work.Project.SuFile.empty() ? no_records : "";
+}
+
+std::string Without_Shown_Records(const Session& session) {
+    return session.Work.Record.NbTraces < 1 ? no_records : Without_Records(session);
+}
+
+}  // namespace tarnvik

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace tarnvik {
+
+class Session;
+
+// Conditions that commands of several tables share, each with the reason that the user is told; empty while
+// the command can be run.
+
+/// No line is in memory.
+std::string Without_Project(const Session& session);
+/// The line names no field records, whether they are found or not.
+std::string Without_Records(const Session& session);
+/// No field records are on the record page.
+std::string Without_Shown_Records(const Session& session);
+
+}  // namespace tarnvik
