@@ -293,8 +293,8 @@ std::span<const Command> Command_Table() {
 }
 
 const Command* Find_Command(std::string_view name) {
-    for (const auto& table :
-         {Command_Table(), Record_Page_Commands(), Tables_Page_Commands(), Curves_Page_Commands()}) {
+    for (const auto& table : {Command_Table(), Record_Page_Commands(), Tables_Page_Commands(),
+                              Curves_Page_Commands(), Picking_Commands()}) {
         for (const Command& command : table) {
             if (command.Name == name) return &command;
         }

@@ -36,6 +36,8 @@ std::span<const Command> Command_Table();
 std::span<const Command> Record_Page_Commands();
 std::span<const Command> Tables_Page_Commands();
 std::span<const Command> Curves_Page_Commands();
+/// Keys of picking on the record, and the choices of its menu.
+std::span<const Command> Picking_Commands();
 
 /// The command of that toolbar key, menu control or button; null when there is none.
 const Command* Find_Command(std::string_view name);

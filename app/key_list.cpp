@@ -63,7 +63,9 @@ std::vector<KeyRow> Key_List() {
     std::vector<KeyRow> rows;
     Add_Commands(Command_Table(), everywhere, rows);
     Add_Commands(Record_Page_Commands(), on_record, rows);
+    Add_Commands(Picking_Commands(), on_record, rows);
     Add_Commands(Tables_Page_Commands(), on_tables, rows);
+    Add_Commands(Curves_Page_Commands(), on_curves, rows);
     for (const Gesture& gesture : gestures)
         rows.push_back({gesture.Place, gesture.Keys, gesture.Meaning});
     const auto rank = [](const KeyRow& row) {

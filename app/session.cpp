@@ -26,6 +26,7 @@ Session::Session(Ports outside, std::string settings_file)
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
       RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
+      PickKeys(Work, Outside),
       TraceSizeMouse(Work, Outside),
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),

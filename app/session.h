@@ -11,6 +11,7 @@
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "records/auto_pik.h"
+#include "records/keyboard_picking.h"
 #include "records/picking.h"
 #include "records/record_scroll.h"
 #include "records/record_zoom.h"
@@ -64,6 +65,7 @@ class Session {
     RecordScroll RecordWheel;
     AutoPik AutomaticPicking;
     RecordPointer RecordMouse;
+    KeyboardPicking PickKeys;
     SizeGridMouse TraceSizeMouse;
 
     PictureExport SavePicture{*this};

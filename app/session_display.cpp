@@ -126,6 +126,7 @@ void SessionDisplay::Draw_Record() {
     Take_Up_Record_Choices(Owner->Work);
     tarnvik::Display_Record(Owner->Work, Owner->Outside, Su_Path(project), Curve_Colours(Owner->Work));
     Note_Record_Choices(Owner->Work);
+    Owner->PickKeys.Follow();
 }
 
 void SessionDisplay::Draw_Profile() {

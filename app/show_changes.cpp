@@ -106,6 +106,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     }
     Show_Table(session, notice);
     Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work));
+    session.PickKeys.Follow();
     Show_Pictures(session, notice);
     Show_In_Dialogs(session, notice);
     if (work.Edits.Journal_Fails()) {

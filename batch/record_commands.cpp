@@ -150,6 +150,7 @@ void Fill_In(AutoPik& dialog, Workspace& work, const PickOptions& options, int r
     dialog.PickShift = CStr(options.Shift);
     dialog.Negative = options.Negative;
     dialog.Absolute = options.Absolute;
+    dialog.ReplaceHand = true;
     // The middle of the reference trace on the record picture.
     work.Record.DownX = reference * trace_width + trace_width / 2;
     dialog.FirstTime = CStr(options.Start);

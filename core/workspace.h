@@ -180,6 +180,26 @@ struct RecordStations {
     bool InHeader = false;  ///< the record's header holds them too, and counts
 };
 
+/// What a pick goes to when it is snapped, in the order of the choice.
+enum class SnapTo { Onset, ZeroCrossing, Peak, Trough };
+
+/// Picking on the record by keys, and what is shown beside the picks.
+struct PickingView {
+    bool Active = false;     ///< the cursor shows: keys have been used
+    std::int32_t Trace = 0;  ///< active trace of the file, 0 before the first use
+    double Sample = 0;       ///< time cursor, in samples
+    SnapTo Feature = SnapTo::Onset;
+    bool SnapEvery = false;   ///< every pick of mouse and keys is snapped
+    bool NextRecord = false;  ///< the pick of a record's last trace brings the next record
+    bool Neighbours = true;   ///< line through the picks of the record
+    bool Reciprocal = false;  ///< times expected from the shots at the other end
+    bool ShotBefore = false;  ///< picks of the same offset in the shot before
+    bool Magnifier = false;
+    std::int32_t MagnifiedTrace = 0;  ///< place that it shows
+    double MagnifiedSample = 0;
+    bool Painting = false;  ///< a drag of the left button sets the picks along it
+};
+
 /// State of the field-record display and of what is read from the SU file.
 struct RecordView {
     std::int16_t SamplesWord = 0;
@@ -235,6 +255,7 @@ struct RecordView {
     bool DirectionInverted = false;  ///< channels count from the record's last trace
     bool ReverseOnClick = false;     ///< a click turns the polarity of the trace
     double PickTimeShift = 0;        ///< ms added to every click
+    PickingView Picking;
     std::int16_t ZoomMode = 0;
     std::int16_t SpectrumRequest = 0;
     std::int16_t AutoPickMode = 0;  ///< -1 while AutoPik is open

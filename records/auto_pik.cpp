@@ -6,8 +6,10 @@
 #include "core/fault.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
+#include "records/pick_proposal.h"
 #include "records/record_display.h"
 #include "records/record_files.h"
+#include "records/record_reading.h"
 #include "records/set_pick.h"
 
 namespace tarnvik {
@@ -61,6 +63,7 @@ TraceRange Shown_Traces(const RecordView& record, int last_of_file) {
 
 void AutoPik::Form_Load() {
     Work.Record.AutoPickMode = -1;
+    Show_Half_Cycle();
 }
 
 void AutoPik::Form_Unload() {
@@ -71,7 +74,7 @@ void AutoPik::Set_Start(double x, double y) {
     Work.Record.DownX = x;
     Work.Record.DownY = y;
     FirstTime = CStr(Int(y * Work.Record.SampleInterval / 100) / 10);
-    Outside.Show.Show_Fields();
+    Parameter_Changed();
 }
 
 double AutoPik::Frequency_Or_50() const {
@@ -96,7 +99,7 @@ void AutoPik::Frequency_Changed() {
 }
 
 void AutoPik::Parameter_Changed() {
-    if (Val(Window) > 0) {
+    if (Val(Window) > 0 && !FirstTime.empty()) {
         Pick_auto();
     } else {
         Outside.Show.Show_Fields();
@@ -156,27 +159,37 @@ AutomaticPickingParameters AutoPik::Read_Parameters(RecordFiles& files) {
     return with;
 }
 
-void AutoPik::Store_Picks(RecordFiles& files, const AutomaticPicks& picks, int first) {
+bool AutoPik::Keeps(const PickSetter& setter, std::int64_t trace) const {
+    if (ReplaceHand) return false;
+    const auto place = setter.Layout().Place_Of(trace);
+    return place && setter.By_Hand(*place);
+}
+
+void AutoPik::Store_Picks(PickSetter& setter, const AutomaticPicks& picks, int first) {
+    RecordFiles& files = setter.Files();
     int trace = first;
     for (const auto& word : picks.Words) {
         // A fragment at the end of the file may count as a trace and have no room for a pick.
         const bool has_room = files.Traces().Word(trace, words::First_Breaks).has_value();
-        if (word && has_room) files.Set_Word(trace, words::First_Breaks, *word);
+        const bool kept = Keeps(setter, trace);
+        if (kept) ++Kept;
+        if (word && has_room && !kept) files.Set_Word(trace, words::First_Breaks, *word);
         ++trace;
     }
 }
 
-void AutoPik::Repair_Spikes(RecordFiles& files) {
-    const TraceRange range = Shown_Traces(Work.Record, files.Last_Trace());
+void AutoPik::Repair_Spikes(PickSetter& setter, int first, int last) {
+    RecordFiles& files = setter.Files();
     std::vector<std::int16_t> found;
-    for (int trace = range.First; trace <= range.Last; ++trace) {
+    for (int trace = first; trace <= last; ++trace) {
         found.push_back(static_cast<std::int16_t>(files.Traces().Word_Or_Zero(trace, words::First_Breaks)));
     }
     std::vector<std::int16_t> repaired = found;
     Repair_Low_Spikes(repaired);
     for (std::size_t i = 0; i < found.size(); ++i) {
-        if (repaired[i] == found[i]) continue;
-        files.Set_Word(range.First + static_cast<int>(i), words::First_Breaks, repaired[i]);
+        const int trace = first + static_cast<int>(i);
+        if (repaired[i] == found[i] || Keeps(setter, trace)) continue;
+        files.Set_Word(trace, words::First_Breaks, repaired[i]);
     }
 }
 
@@ -186,34 +199,98 @@ void AutoPik::Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, 
         found.push_back(word.value_or(0));
     Repair_Low_Spikes(found);
     for (std::size_t i = 0; i < found.size(); ++i) {
-        const auto place = setter.Layout().Place_Of(first + static_cast<std::int64_t>(i));
-        if (place && picks.Words[i]) setter.Set_Time(*place, found[i] / 10.0);
+        const std::int64_t trace = first + static_cast<std::int64_t>(i);
+        const auto place = setter.Layout().Place_Of(trace);
+        if (place && picks.Words[i] && !Keeps(setter, trace)) setter.Set_Time(*place, found[i] / 10.0);
     }
+}
+
+/// Picks the traces of one record into the file, or into the project where the file does not take them.
+void AutoPik::Run(PickSetter& setter, const AutomaticPickingParameters& with) {
+    RecordFiles& files = setter.Files();
+    FileSource source(files.Traces());
+    const AutomaticPicks picks = Pick_Record(with, source);
+    if (picks.ProcessedTrace != 0) {
+        Work.Record.ReferenceTrace = picks.ReferenceTrace;
+        ReferenceTrace = CStr(picks.ReferenceTrace);
+        ProcessedTrace = CStr(picks.ProcessedTrace);
+    }
+    Store_Picks(setter, picks, with.FirstTrace);
+    if (!files.Failed()) Repair_Spikes(setter, with.FirstTrace, with.LastTrace);
+    if (files.Failed()) Unsaved_To_Times(setter, picks, with.FirstTrace);
+}
+
+void AutoPik::Tell_Kept() {
+    if (Kept == 0 || !Work.Fields.Status.empty()) return;
+    Work.Fields.Status = "Automatic picking: " + CStr(Kept) +
+                         (Kept == 1 ? " pick made by hand stays" : " picks made by hand stay") +
+                         " (tick \"Replace picks made by hand\" to pick them too)";
 }
 
 void AutoPik::Pick_auto() {
     EditScope edit(Work, "Automatic picking of record " + CStr(Work.Record.Record),
                    "automatic picking " + CStr(Work.Record.Record));
+    Kept = 0;
     try {
         PickSetter setter(Work, PickOrigin::Automatic);
         RecordFiles& files = setter.Files();
         if (!files.Is_Open()) throw Fault(files.Traces().Reason());
-        const AutomaticPickingParameters with = Read_Parameters(files);
-        FileSource source(files.Traces());
-        const AutomaticPicks picks = Pick_Record(with, source);
-        Work.Record.ReferenceTrace = picks.ReferenceTrace;
-        if (picks.ProcessedTrace != 0) {
-            ReferenceTrace = CStr(picks.ReferenceTrace);
-            ProcessedTrace = CStr(picks.ProcessedTrace);
-        }
-        Store_Picks(files, picks, with.FirstTrace);
-        if (!files.Failed()) Repair_Spikes(files);
-        if (files.Failed()) {
-            Unsaved_To_Times(setter, picks, with.FirstTrace);
-        } else {
-            Take_Header_Picks(setter);
-        }
+        Work.Record.ReferenceTrace = 0;
+        Run(setter, Read_Parameters(files));
+        if (!files.Failed()) Take_Header_Picks(setter, !ReplaceHand);
         files.Tell_Faults("Automatic picks");
+        Tell_Kept();
+    } catch (const Fault& fault) {
+        Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
+    }
+    edit.End();
+    Outside.Show.Show_Fields();
+}
+
+/// Sets reference trace and start of the search of a record whose traces stand in the parameters. Where its
+/// nearest trace shows no arrival the first one is searched from the time that was marked elsewhere.
+void AutoPik::Take_Start(const PickSetter& setter, AutomaticPickingParameters& with) {
+    const RecordView& view = Work.Record;
+    const int marked = Trace_At(view, view.DownX).value_or(0);
+    const SpreadLayout& spread = setter.Layout();
+    const bool here = !FirstTime.empty() && spread.Record_Of(marked) == spread.Record_Of(with.FirstTrace);
+    with.ReferenceTrace = here ? marked : with.FirstTrace;
+    with.FirstStart = Samples_In(Val(FirstTime), Sample_Ms(view));
+    if (here) return;
+    RecordReading record(Work, with.FirstTrace, with.LastTrace);
+    const auto nearest = Nearest_Arrival(record);
+    if (!nearest) return;
+    constexpr double before_onset_ms = 1;
+    with.ReferenceTrace = nearest->Trace;
+    with.FirstStart =
+        std::max(0, Samples_In(nearest->Sample, 1) - Samples_In(before_onset_ms, Sample_Ms(view)));
+}
+
+void AutoPik::Pick_All(const Progress& progress) {
+    EditScope edit(Work, "Automatic picking of all records");
+    Kept = 0;
+    try {
+        PickSetter setter(Work, PickOrigin::Automatic);
+        RecordFiles& files = setter.Files();
+        if (!files.Is_Open()) throw Fault(files.Traces().Reason());
+        AutomaticPickingParameters with = Read_Parameters(files);
+        const int channels = setter.Layout().Channels();
+        const int records = channels > 0 ? files.Last_Trace() / channels : 0;
+        for (int record = 1; record <= records; ++record) {
+            if (progress && !progress(record - 1, records)) {
+                edit.Give_Up();
+                Work.Fields.Status = "Automatic picking stopped: all picks are as they were";
+                Outside.Show.Show_Fields();
+                return;
+            }
+            with.FirstTrace = static_cast<int>(setter.Layout().First_Trace(record));
+            with.LastTrace = static_cast<int>(setter.Layout().Last_Trace(record));
+            Take_Start(setter, with);
+            Run(setter, with);
+        }
+        if (!files.Failed()) Take_Header_Picks(setter, !ReplaceHand);
+        files.Tell_Faults("Automatic picks");
+        Tell_Kept();
     } catch (const Fault& fault) {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }

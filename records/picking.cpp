@@ -5,22 +5,21 @@
 #include <optional>
 
 #include "core/text/number.h"
+#include "records/keyboard_picking.h"
+#include "records/magnifier.h"
 #include "records/polarity_reversal.h"
 #include "records/record_files.h"
+#include "records/record_reading.h"
 #include "records/record_readout.h"
 #include "records/set_pick.h"
 #include "records/spectrum_area.h"
+#include "records/trace_edits.h"
 
 namespace tarnvik {
 
 namespace {
 
 constexpr double drag_pixels = 3;  ///< a hand that trembles less than this has not dragged
-
-/// Sample interval in ms; 0 while none is known.
-double Interval(const RecordView& record) {
-    return record.SampleInterval / 1000.0;
-}
 
 /// Trace under a place, if it is one of those on screen: a held pointer may leave the picture.
 std::optional<int> Shown_Trace_At(const RecordView& record, double x) {
@@ -41,6 +40,10 @@ void RecordPointer::Press(const RecordEvent& event) {
         Band.Start(event.X, event.Y);
         return;
     }
+    if (event.Button == 1 && Work.Record.Picking.Painting && !Work.Record.ReverseOnClick) {
+        if (Work.Record.RecordWidth > 0) Painting.Start(event.X, event.Y);
+        return;
+    }
     if (event.Button == 2) {
         RightHeld = true;
         Dragged = false;
@@ -52,8 +55,13 @@ void RecordPointer::Press(const RecordEvent& event) {
 
 void RecordPointer::Move(const RecordEvent& event) {
     if (Band.Active()) Band.Move_To(Outside.Show.Canvas_Of(Canvas::Ecran), event.X, event.Y);
+    Painting.Move_To(event.X, event.Y);
     Read_Out(event);
     Show_Cross_Hair(Work, Outside, event.X, event.Y);
+    if (Work.Record.Picking.Magnifier) {
+        if (const auto trace = Shown_Trace_At(Work.Record, event.X)) Magnify(Work, *trace, event.Y);
+        Show_Magnifier(Work, Outside);
+    }
     if (RightHeld && event.Button == 2) Drag(event);
 }
 
@@ -74,6 +82,10 @@ void RecordPointer::Release(const RecordEvent& event) {
         }
         return;
     }
+    if (Painting.Active()) {
+        Painting.End();
+        return;
+    }
     if (!RightHeld) return;
     RightHeld = false;
     if (Dragged) {
@@ -91,7 +103,6 @@ void RecordPointer::Click(double x, double y, int button) {
         Reverse_Polarity(Work, Outside, *trace);
         return;
     }
-    if (Interval(record) > 0) y += record.PickTimeShift / Interval(record);
     if (button == 2) {
         const double row = Work.Record.FirstGeophone + Work.Grids.size_grid.CurrentRow;
         // The answer No places a pick, as users know it; a box that was closed does nothing.
@@ -99,32 +110,30 @@ void RecordPointer::Click(double x, double y, int button) {
                                                   Buttons::YesNoCancel);
         if (answer == Answer::Cancel) return;
         if (answer == Answer::Yes) {
-            Kill(*trace);
+            Kill_Trace(Work, *trace);
+            Outside.Show.Show_Fields();
             return;
         }
     }
     Pick(*trace, y);
 }
 
-void RecordPointer::Kill(int trace) {
-    PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Kill", picks.Layout(), trace));
-    picks.Files().Set_Word(trace, words::trid, dead_trace);
-    picks.Set_Trace(trace, 0);
-    picks.Tell_Faults("Kill");
-    edit.End();
-    Outside.Show.Show_Fields();
-}
-
 void RecordPointer::Pick(int trace, double y) {
-    PickSetter picks(Work);
-    EditScope edit(Work, Trace_Edit_Name("Pick", picks.Layout(), trace));
-    // A pick brings a dead trace back to life.
-    picks.Files().Set_Word(trace, words::trid, live_trace);
-    picks.Set_Trace(trace, y * Work.Record.SampleInterval / 1000);
-    picks.Tell_Faults("Pick");
-    edit.End();
+    PickingView& keys = Work.Record.Picking;
+    bool first_pick = false;
+    if (keys.SnapEvery || keys.NextRecord) {
+        RecordReading record(Work);
+        if (record.Has(trace)) {
+            if (keys.SnapEvery) y = Snapped(Work, record, trace, y);
+            first_pick = !record.Pick_Ms(trace);
+        }
+    }
+    // The keys go on from where the mouse was.
+    keys.Trace = trace;
+    keys.Sample = y;
+    Pick_Trace(Work, trace, y * Work.Record.SampleInterval / 1000 + Work.Record.PickTimeShift);
     Outside.Show.Show_Fields();
+    if (first_pick) Go_On_To_Next_Record(Work, Outside, trace);
 }
 
 void RecordPointer::Read_Out(const RecordEvent& event) {

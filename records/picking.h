@@ -4,6 +4,7 @@
 #include "core/workspace.h"
 #include "records/area_band.h"
 #include "records/auto_pik.h"
+#include "records/pick_painting.h"
 #include "records/record_zoom.h"
 
 namespace tarnvik {
@@ -24,7 +25,7 @@ struct RecordEvent {
 class RecordPointer {
   public:
     RecordPointer(Workspace& workspace, Ports& ports, AutoPik& automatic, RecordZoom& zoom)
-        : Work(workspace), Outside(ports), Automatic(automatic), Zoom(zoom) {}
+        : Work(workspace), Outside(ports), Automatic(automatic), Zoom(zoom), Painting(workspace, ports) {}
 
     /// The left button picks at once. The right one waits for its release, since it may become a drag.
     void Press(const RecordEvent& event);
@@ -34,7 +35,6 @@ class RecordPointer {
   private:
     bool Area_Armed() const { return Work.Record.SpectrumRequest == 1 || Work.Record.ZoomMode == 1; }
     void Click(double x, double y, int button);
-    void Kill(int trace);
     void Pick(int trace, double y);
     void Read_Out(const RecordEvent& event);
     void Drag(const RecordEvent& event);
@@ -43,6 +43,7 @@ class RecordPointer {
     Ports& Outside;
     AutoPik& Automatic;
     RecordZoom& Zoom;
+    PickPainting Painting;
     AreaBand Band;
     bool RightHeld = false;
     bool Dragged = false;

@@ -71,6 +71,9 @@ void Show_Change_On_Record(Workspace& workspace, Ports& ports, const ChangeNotic
         Show_Picks_On_Record(workspace, ports, view.FirstTrace, view.LastTrace, shot_colour);
     } else if (changed.FirstPick <= changed.LastPick) {
         Show_Picks_On_Record(workspace, ports, changed.FirstPick, changed.LastPick, shot_colour);
+    } else if (notice.Parts.Has(ProjectPart::Origins)) {
+        // Where a pick comes from shows in its colour.
+        Show_Picks_On_Record(workspace, ports, view.FirstTrace, view.LastTrace, shot_colour);
     }
 }
 

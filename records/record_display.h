@@ -14,6 +14,9 @@ namespace tarnvik {
 /// Colour of a shot's travel-time curve, so that the record shows it as the curves do.
 using ShotColour = std::function<Colour(int shot)>;
 
+/// Colour of a pick's mark: red by hand, blue by the automatic picking, green where it was dragged to.
+Colour Pick_Colour(PickOrigin origin);
+
 /// Drawing styles by their index in the list, which itself offers the first three.
 enum RecordStyle : int { VariableArea = 0, WiggleOnly = 1, TwoColours = 2, AreaOnly = 3 };
 

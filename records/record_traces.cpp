@@ -105,12 +105,19 @@ void Draw_One(const std::vector<float>& samples, const Layout& layout, double ax
     painter.Draw(points, *axis_pixel, dead);
 }
 
-void Mark_Pick(const RecordView& view, Picture& ecran, std::int64_t trace, double pick_ms) {
+PickOrigin Origin_Of(const Project& project, const SpreadLayout& spread, std::int64_t trace) {
+    const auto place = spread.Place_Of(trace);
+    if (!place || place->Shot < 1 || place->Receiver < 1) return PickOrigin::Hand;
+    if (!project.PickOrigins.Has(place->Shot, place->Receiver)) return PickOrigin::Hand;
+    return project.PickOrigins(place->Shot, place->Receiver);
+}
+
+void Mark_Pick(const RecordView& view, Picture& ecran, std::int64_t trace, double pick_ms, Colour colour) {
     if (!(pick_ms > 0) || view.SampleInterval == 0) return;
     const auto sample = CInt(pick_ms / (view.SampleInterval / 1000.0));
     if (!sample) return;
     const double axis = static_cast<double>(trace) * trace_width + 1001;
-    ecran.Line(axis - half_pick_mark, *sample, axis + half_pick_mark, *sample, colours::Red);
+    ecran.Line(axis - half_pick_mark, *sample, axis + half_pick_mark, *sample, colour);
 }
 
 /// Vertical line where the shot stands between the receivers.
@@ -138,8 +145,11 @@ class Overlay {
     /// Picks of traces first to last; ms, in their order.
     void Mark(std::int64_t first, const std::vector<double>& picks) {
         Ecran.Set_Draw_Width(2);
-        for (std::size_t i = 0; i < picks.size(); ++i)
-            Mark_Pick(Work.Record, Ecran, first + static_cast<std::int64_t>(i), picks[i]);
+        for (std::size_t i = 0; i < picks.size(); ++i) {
+            const std::int64_t trace = first + static_cast<std::int64_t>(i);
+            Mark_Pick(Work.Record, Ecran, trace, picks[i],
+                      Pick_Colour(Origin_Of(Work.Project, Spread, trace)));
+        }
     }
     void Mark(std::int64_t first, std::int64_t last) {
         std::vector<double> picks;
@@ -174,6 +184,12 @@ void Take_Scale(RecordView& view, const std::vector<float>& samples, bool first)
 }
 
 }  // namespace
+
+Colour Pick_Colour(PickOrigin origin) {
+    constexpr Colour automatic = 0xE65A00;  // blue
+    constexpr Colour moved = 0x2D9100;      // green
+    return origin == PickOrigin::Automatic ? automatic : origin == PickOrigin::Moved ? moved : colours::Red;
+}
 
 void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
                  const ShotColour& shot_colour) {

@@ -34,6 +34,14 @@ void PickSetter::Set_Time(PickPlace place, double ms, PickDigits digits) {
     Show_Time(table.At(place.Receiver, place.Shot), static_cast<float>(time));
 }
 
+bool PickSetter::By_Hand(PickPlace place) const {
+    const Project& project = Work.Project;
+    return place.Shot >= 1 && place.Receiver >= 1 && project.ShotTimes.Has(place.Shot, place.Receiver) &&
+           project.ShotTimes(place.Shot, place.Receiver) > 0 &&
+           project.PickOrigins.Has(place.Shot, place.Receiver) &&
+           project.PickOrigins(place.Shot, place.Receiver) != PickOrigin::Automatic;
+}
+
 void PickSetter::Take_Word(PickPlace place, double word) {
     const Project& project = Work.Project;
     if (!project.PickOrigins.Has(place.Shot, place.Receiver)) return;
@@ -94,13 +102,14 @@ std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread,
     return what + " shot " + CStr(place->Shot) + ", receiver " + CStr(place->Receiver);
 }
 
-void Take_Header_Picks(PickSetter& picks) {
+void Take_Header_Picks(PickSetter& picks, bool keep_hand) {
     SuTraces& file = picks.Files().Traces();
     const std::int64_t traces = picks.Files().Last_Trace();
     for (std::int64_t trace = 1; trace <= traces; ++trace) {
         const auto word = file.Word(trace, words::First_Breaks);
         if (!word) return;  // the file ends here
-        if (const auto place = picks.Layout().Place_Of(trace)) picks.Take_Word(*place, *word);
+        const auto place = picks.Layout().Place_Of(trace);
+        if (place && !(keep_hand && picks.By_Hand(*place))) picks.Take_Word(*place, *word);
     }
 }
 

@@ -32,6 +32,9 @@ class PickSetter {
     /// The same from header word 86. A pick that stood for that word already keeps its origin.
     void Take_Word(PickPlace place, double word);
 
+    /// True where the project has a pick that no automatic picking made.
+    bool By_Hand(PickPlace place) const;
+
     const SpreadLayout& Layout() const { return Spread; }
     RecordFiles& Files() { return Records; }
     /// Tells in the status field what could not be written; see RecordFiles.
@@ -59,6 +62,7 @@ std::string Trace_Edit_Name(const std::string& what, const SpreadLayout& spread,
 
 /// ShotTimes and Buildgrid take the picks of all headers of the file, zeros too, each at the place of its
 /// trace. Places whose trace the file lacks keep theirs, and a pick that has that time already its origin.
-void Take_Header_Picks(PickSetter& picks);
+/// With `keep_hand` picks made by hand stay as the project has them.
+void Take_Header_Picks(PickSetter& picks, bool keep_hand = false);
 
 }  // namespace tarnvik

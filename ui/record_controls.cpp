@@ -17,6 +17,7 @@
 #include "records/record_display.h"
 #include "ui/flow_layout.h"
 #include "ui/icon_family.h"
+#include "ui/picking_menu.h"
 #include "ui/popup_pane.h"
 
 namespace tarnvik {
@@ -186,6 +187,7 @@ QWidget* RecordControls::Pick_Commands() {
     QWidget* pane = Row_Of_Buttons(row);
     for (const char* name : {"Command5", "Command16", "Pick_Time_Shift", "Spectre_Frequency"})
         Button(row, name);
+    row->addWidget(Picking_Menu(Program, Fields));
     return pane;
 }
 

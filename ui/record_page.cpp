@@ -8,10 +8,13 @@
 
 #include "app/session.h"
 #include "records/record_readout.h"
+#include "ui/magnifier_box.h"
 #include "ui/notice_label.h"
 #include "ui/painting/picture_file.h"
+#include "ui/picking_menu.h"
 #include "ui/qt_display.h"
 #include "ui/record_controls.h"
+#include "ui/record_keys.h"
 #include "ui/trace_size_strip.h"
 
 namespace tarnvik {
@@ -47,6 +50,7 @@ RecordPage::RecordPage(Session& session, QtDisplay& display) : Program(session) 
 
     auto* reminder = new QLabel("Click Right mouse button to  cancel FBP");
     reminder->setObjectName("Label13");
+    reminder->setToolTip("<qt>" + Pick_Legend() + "</qt>");
     auto* path = new NoticeLabel(false);
     path->setObjectName("Label16");
     path->setToolTip(tr("SU file of the record"));
@@ -59,6 +63,8 @@ RecordPage::RecordPage(Session& session, QtDisplay& display) : Program(session) 
 
     Wire_Record();
     Wire_Scrolling();
+    Magnifier = new MagnifierBox(session, display, Ecran);
+    new RecordKeys(session, this, Ecran);
     Wire_Time_Scale();
     Resized.setSingleShot(true);
     Resized.setInterval(0);
@@ -131,15 +137,6 @@ void RecordPage::Wire_Record() {
             [&mouse](const PictureEvent& event) { mouse.Move(On_Record(event)); });
     connect(Ecran, &PictureBox::Released, this, [&mouse](const PictureEvent& event) {
         if (!event.MiddleButton) mouse.Release(On_Record(event));
-    });
-    connect(Ecran, &PictureBox::Key_Pressed, this, [this](int code) {
-        constexpr int left = 37;
-        constexpr int up = 38;
-        constexpr int right = 39;
-        constexpr int down = 40;
-        if (code == left || code == right) Controls->Run(code == left ? "Command24" : "Command23");
-        if (code == up) Controls->Run("Command15");
-        if (code == down) Controls->Run("Command10");
     });
     connect(Ecran, &PictureBox::Left, this, [this] { Hide_Cross_Hair(Program.Outside); });
 }
@@ -218,6 +215,13 @@ void RecordPage::Refresh() {
     Controls->Refresh();
     Sizes->Refresh();
     Refresh_Bars();
+    Magnifier->Follow();
+}
+
+/// The keys belong to the picture as soon as the page is in sight.
+void RecordPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Ecran->setFocus();
 }
 
 }  // namespace tarnvik

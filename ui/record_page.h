@@ -10,6 +10,7 @@ class QScrollBar;
 
 namespace tarnvik {
 
+class MagnifierBox;
 class QtDisplay;
 class RecordControls;
 class Session;
@@ -22,6 +23,9 @@ class RecordPage : public QWidget {
   public:
     RecordPage(Session& session, QtDisplay& display);
     void Refresh();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 
   private:
     QWidget* Pictures(QtDisplay& display);
@@ -40,6 +44,7 @@ class RecordPage : public QWidget {
     QScrollBar* Across = nullptr;  ///< through the traces
     bool Following = false;        ///< the bars are being set
     TraceSizeStrip* Sizes = nullptr;
+    MagnifierBox* Magnifier = nullptr;
     FieldBinder Fields;
     QTimer Resized;
 };

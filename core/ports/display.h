@@ -21,10 +21,11 @@ enum class Canvas {
     Echelle3,   ///< its time scale
     /// Its title, receivers and distances, above it.
     RecordHeader,
-    Regle,     ///< floating ruler strip
-    Profile2,  ///< sketch of the spread of a new profile
-    Sketch,    ///< small sketch of the line
-    SpeedEnd,  ///< Picture2 of SpeedF
+    Magnifier,  ///< a few traces around the pointer, enlarged
+    Regle,      ///< floating ruler strip
+    Profile2,   ///< sketch of the spread of a new profile
+    Sketch,     ///< small sketch of the line
+    SpeedEnd,   ///< Picture2 of SpeedF
 };
 
 /// The dialogs of the program, by the names of their forms.

@@ -24,7 +24,7 @@ struct Mark {
     Colour InColour = 0;
     int Width = 1;  ///< of the pen, in points
     bool Dashed = false;
-    std::string Words;  ///< of a text
+    std::string Words{};  ///< of a text
 
     bool operator==(const Mark&) const = default;
 };

@@ -304,7 +304,8 @@ TEST(CommandTable, names_and_shortcuts_are_given_once_and_each_entry_has_words) 
             << command.Name;
     }
     // The pages' keys act beside those of the window, each while its page is in sight.
-    for (const auto& page : {Record_Page_Commands(), Tables_Page_Commands()}) {
+    for (const auto& page :
+         {Record_Page_Commands(), Picking_Commands(), Tables_Page_Commands(), Curves_Page_Commands()}) {
         std::set<std::string_view> of_page = shortcuts;
         for (const Command& command : page) {
             if (!command.Shortcut.empty()) {

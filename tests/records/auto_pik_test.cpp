@@ -20,6 +20,7 @@ class AutoPikDialog : public RecordOnScreen {
         Automatic.Frequency = "250";  // half a period: 2 samples
         Automatic.StartShift = "-4";
         Automatic.Window = "8";
+        Automatic.ReplaceHand = true;
     }
     /// Marks the reference trace and the start on the record, as the right button does while the dialog is
     /// open.
@@ -33,9 +34,8 @@ TEST_F(AutoPikDialog, PicksTheRecordAndTakesAllShotsFromTheFile) {
     File.Put16(8, pick_offset, 61);
     Work.Project.ShotTimes(2, 1) = 5;  // the file has none
     Write_With_Twin();
-    Mark_Start(2, 7);
+    Expect_Edit("Automatic picking of record 1", [this] { Mark_Start(2, 7); });
     EXPECT_EQ(Automatic.FirstTime, "7");
-    Expect_Edit("Automatic picking of record 1", [this] { Automatic.Parameter_Changed(); });
     // Trace 3 lies below both its neighbours and is repaired: (100 + 110) / 2.
     const SuBuilder expected = SuBuilder(File)
                                    .Put16(1, pick_offset, 120)
@@ -70,10 +70,51 @@ TEST_F(AutoPikDialog, PicksTheRecordAndTakesAllShotsFromTheFile) {
     EXPECT_EQ(File_Words()[5], 100);
 }
 
-TEST_F(AutoPikDialog, NothingIsPickedBeforeAWindowIsGiven) {
+TEST_F(AutoPikDialog, PicksMadeByHandStayUnlessTheyAreAskedFor) {
+    Automatic.ReplaceHand = false;
     Write();
-    Automatic.Window = "";
+    Click(4, 17);
+    Mark_Start(2, 7);
+    EXPECT_EQ(Times(1), (std::vector<float>{12, 10, 13.5F, 17, 13}));  // 9 lay below both neighbours
+    EXPECT_EQ(Work.Project.PickOrigins(1, 4), PickOrigin::Hand);
+    EXPECT_EQ(Work.Project.PickOrigins(1, 3), PickOrigin::Automatic);
+    EXPECT_EQ(File_Words()[3], 170);
+    EXPECT_TRUE(Work.Fields.Status.starts_with("Automatic picking: 1 pick made by hand stays"));
+    const RecordingPicture& ecran = Ports.Display.Pictures[Canvas::Ecran];
+    EXPECT_EQ(ecran.Of(Drawn::Verb::Line, Pick_Colour(PickOrigin::Hand)).size(), 1U);
+    EXPECT_EQ(ecran.Of(Drawn::Verb::Line, Pick_Colour(PickOrigin::Automatic)).size(), 4U);
+    Automatic.ReplaceHand = true;
     Automatic.Parameter_Changed();
+    EXPECT_EQ(Times(1)[3], 11);
+}
+
+TEST_F(AutoPikDialog, AllRecordsAreOneEditThatCanBeStopped) {
+    for (int receiver = 1; receiver <= channels; ++receiver)
+        Work.Project.ReceiverData(ReceiverDistance, receiver) = static_cast<float>(receiver);
+    Work.Project.ShotDistance(1) = 2;
+    Work.Project.ShotDistance(2) = 6;
+    Automatic.StartShift = "-3";
+    Write_With_Twin();
+    const std::string before = State();
+    Automatic.Pick_All([](int done, int) { return done == 0; });
+    EXPECT_EQ(State(), before);
+    EXPECT_FALSE(Work.Edits.Can_Undo());
+    EXPECT_TRUE(Work.Fields.Status.starts_with("Automatic picking stopped"));
+
+    Work.Fields.Status.clear();
+    Expect_Edit("Automatic picking of all records", [this] { Automatic.Pick_All(); });
+    const std::vector<int> words = File_Words();
+    const std::vector<int> expected = {120, 100, 105, 110, 130, 80, 70, 60, 50, 40};
+    EXPECT_EQ(words, expected);
+    EXPECT_EQ(Work.Project.PickOrigins(2, 5), PickOrigin::Automatic);
+}
+
+TEST_F(AutoPikDialog, NothingIsPickedBeforeAStartAndAWindowAreGiven) {
+    Write();
+    Automatic.Parameter_Changed();
+    EXPECT_EQ(Content_Of(Work.Project.SuFile), Before);
+    Automatic.Window = "";
+    Mark_Start(2, 7);
     EXPECT_EQ(Content_Of(Work.Project.SuFile), Before);
 }
 
@@ -95,6 +136,7 @@ TEST_F(AutoPikDialog, PicksThatCannotBeSavedStayInTheProject) {
     Work.Project.ShotTimes(2, 3) = 4;
     Write();
     Mark_Start(2, 7);
+    Work.Edits.Undo(Work.Project);
     {
         const NothingCanBeWritten disk;
         Automatic.Pick_auto();

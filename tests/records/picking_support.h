@@ -139,12 +139,16 @@ class RecordOnScreen : public ::testing::Test {
             times.push_back(Work.Project.ShotTimes(shot, receiver));
         return times;
     }
-    /// Sample of the pick mark of a trace on ecran, 0 without one; -1 with several.
+    /// Sample of the pick mark of a trace on ecran, in the colour of any origin; 0 without one; -1 with
+    /// several.
     double Mark(int trace) {
         double found = 0;
-        for (const Drawn& line : Ports.Display.Pictures[Canvas::Ecran].Of(Drawn::Verb::Line, colours::Red)) {
-            if (line.X1 != trace * 2000.0 + 251) continue;
-            found = found == 0 ? line.Y1 : -1;
+        for (const PickOrigin origin : {PickOrigin::Hand, PickOrigin::Automatic, PickOrigin::Moved}) {
+            for (const Drawn& line :
+                 Ports.Display.Pictures[Canvas::Ecran].Of(Drawn::Verb::Line, Pick_Colour(origin))) {
+                if (line.X1 != trace * 2000.0 + 251) continue;
+                found = found == 0 ? line.Y1 : -1;
+            }
         }
         return found;
     }

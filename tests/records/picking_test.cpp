@@ -177,11 +177,12 @@ TEST_F(Picking, DragMovesThePickWithoutAskingAsOneEdit) {
     });
 }
 
-TEST_F(Picking, RightClickOnlyMarksTheStartWhileAutoPikIsOpen) {
+TEST_F(Picking, RightClickMarksTheStartWhileAutoPikIsOpenAndKillsNothing) {
     File = SuBuilder(traces, samples, 250).Records(channels).Put16(2, life_offset, 2);
     Write();
     Open_Or_Close_AutoPik(Work, Ports.Ports);
     EXPECT_TRUE(Ports.Display.Is_Open(Dialog::AutoPik));
+    Automatic.Window = "";
     Pointer.Press({Middle(2), 13.9, 2});
     Pointer.Move({Middle(3), 19, 2});
     Pointer.Release({Middle(3), 19, 2});

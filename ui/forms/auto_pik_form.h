@@ -16,6 +16,7 @@ class AutoPikForm : public Form {
     void Closed() override;
 
   private:
+    void Pick_All();
     AutoPik& Logic;
 };
 
