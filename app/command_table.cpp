@@ -62,6 +62,10 @@ bool Side_By_Side(const Session& session) {
     return session.Work.Fields.SideBySide;
 }
 
+bool Dark_Windows(const Session& session) {
+    return session.Work.Fields.DarkWindows;
+}
+
 bool Multi_Screen(const Session& session) {
     return session.Work.Settings.MultiScreen;
 }
@@ -258,6 +262,7 @@ const std::array command_table = {
     Command{.Name = "ZZ", .Menu = options_menu, .Caption = "Enlargement factors", .Icon = "find", .Shortcut = "F4", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "Intercept_M", .Menu = time_menu, .Caption = "Intercept times at receivers", .Run = Toggle_Receiver_Intercepts, .Checked = Receiver_Intercepts},
     Command{.Name = "LeadIn_M", .Menu = time_menu, .Caption = "Lead-in strokes", .Run = Toggle_Lead_In_Strokes, .Checked = Lead_In_Strokes},
+    Command{.Name = "Dark_M", .Menu = options_menu, .Caption = "Dark windows", .Run = Toggle_Dark_Windows, .Checked = Dark_Windows},
     Command{.Name = "Vel_line_Col_Mnu", .Menu = line_menu, .Caption = "Line Color", .Run = Choose_Velocity_Line_Colour},
     Command{.Name = "Large_Mnu", .Menu = line_menu, .Caption = "Large", .Run = Wide_Velocity_Line, .Checked = Wide_Line},
     Command{.Name = "Thin_Mnu", .Menu = line_menu, .Caption = "Thin", .Run = Thin_Velocity_Line, .Checked = Thin_Line},

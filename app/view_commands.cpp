@@ -105,6 +105,11 @@ void Toggle_Side_By_Side(Session& session) {
     session.Outside.Show.Show_Fields();
 }
 
+void Toggle_Dark_Windows(Session& session) {
+    session.Work.Fields.DarkWindows = !session.Work.Fields.DarkWindows;
+    session.Outside.Show.Show_Fields();
+}
+
 void Toggle_Multi_Screen(Session& session) {
     session.Work.Settings.MultiScreen = !session.Work.Settings.MultiScreen;
     session.Outside.Show.Show_Fields();

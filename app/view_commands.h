@@ -17,6 +17,7 @@ void Toggle_Zero_On_Top(Session& session);
 void Toggle_Multi_Screen(Session& session);
 /// Record and travel times beside each other in the main window.
 void Toggle_Side_By_Side(Session& session);
+void Toggle_Dark_Windows(Session& session);
 void Toggle_Receiver_Intercepts(Session& session);
 /// Strokes from (0, 0) to the first pick of every curve.
 void Toggle_Lead_In_Strokes(Session& session);

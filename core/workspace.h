@@ -277,6 +277,7 @@ struct MainFields {
     std::string ProfileReadout;   ///< X and Z under the pointer of the profile
     bool Check11 = true;          ///< Display all shot
     bool SideBySide = false;      ///< record and curves stand beside each other
+    bool DarkWindows = false;     ///< windows are dark whatever the desktop is
 };
 
 /// Grids of the main form beside the project's own remark_grid.

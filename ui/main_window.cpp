@@ -12,6 +12,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QUrl>
+#include <utility>
 
 #include "app/file_commands.h"
 #include "app/pages.h"
@@ -25,6 +26,7 @@
 #include "ui/qt_display.h"
 #include "ui/record_page.h"
 #include "ui/tables_page.h"
+#include "ui/window_colours.h"
 
 namespace tarnvik {
 
@@ -87,6 +89,7 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     setCentralWidget(Panes);
     setAcceptDrops(true);
     session.Work.Fields.SideBySide = Places.value("Window/SideBySide").toBool();
+    session.Work.Fields.DarkWindows = Places.value("Window/Dark").toBool();
 
     Bars = new CommandBars(session, *this);
     Build_Status_Bar();
@@ -152,7 +155,10 @@ void MainWindow::Build_Status_Bar() {
         Arrange_Docks();
         Fields.Refresh();
     });
-    Fields.Follow([this] { Arrange_Pages(); });
+    Fields.Follow([this] {
+        Arrange_Pages();
+        if (std::exchange(Dark, Program.Work.Fields.DarkWindows) != Dark) Show_Dark_Windows(Dark);
+    });
     Fields.Follow([this] {
         const Workspace& work = Program.Work;
         setWindowTitle(From(work.Fields.Caption.empty() ? work.AppTitle : work.Fields.Caption));
@@ -287,6 +293,7 @@ void MainWindow::Remember_Window(QWidget* window) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     Places.setValue("Window/Geometry", saveGeometry());
     Places.setValue("Window/SideBySide", Program.Work.Fields.SideBySide);
+    Places.setValue("Window/Dark", Program.Work.Fields.DarkWindows);
     if (!Screen.Ended()) {
         // Both questions come every time, as users know them.
         if (!Unload_Form(Program)) {

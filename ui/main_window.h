@@ -74,6 +74,7 @@ class MainWindow : public QMainWindow {
     QLabel* Units = nullptr;
     FieldBinder Fields;
     QTimer ResizeDone;
+    bool Dark = false;  ///< windows stand in dark colours
 };
 
 }  // namespace tarnvik

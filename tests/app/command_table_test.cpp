@@ -236,6 +236,7 @@ const std::vector<Row>& Rows() {
 
         {"Keys_M", nothing, Opens(Dialog::Keys)},
         {"Mnu_Info", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
+        {"Dark_M", nothing, [](W& w) { return w.Program.Work.Fields.DarkWindows; }},
         {"SideBySide_M", nothing, [](W& w) { return w.Program.Work.Fields.SideBySide; }},
         {"WSH", nothing, [](W& w) { return w.Said("You must install Tarnvik_History.pdf"); }},
         {"video", [](W& w) { w.Prompts.Expect_File("Tarnvik Video selection", w.Folder / "a.avi"); },
