@@ -192,9 +192,6 @@ QWidget* CurvesPage::Curves_Pane() {
     QPalette paper = pane->palette();
     paper.setColor(QPalette::Window, Qt::white);
     pane->setPalette(paper);
-    const QPalette usual = palette();
-    HScroll1->setPalette(usual);
-    VScroll1->setPalette(usual);
     for (PictureBox* box : {Dromo, EchelleX, EchelleY}) {
         box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
@@ -210,6 +207,9 @@ QWidget* CurvesPage::Curves_Pane() {
     Fields.Shown(HScroll1, [&view] { return Scroll_Bar_Shown(view.ZoomX); });
     Fields.Shown(VScroll1, [&view] { return Scroll_Bar_Shown(view.ZoomY); });
     Fields.Follow([this, &view] {
+        for (QScrollBar* bar : {HScroll1, VScroll1}) {
+            if (bar->palette() != palette()) bar->setPalette(palette());
+        }
         HScroll1->setPageStep(std::max(1, static_cast<int>(curve_picture_width / std::max(view.ZoomX, 1.0))));
         VScroll1->setPageStep(
             std::max(1, static_cast<int>(curve_picture_height / std::max(view.ZoomY, 1.0))));

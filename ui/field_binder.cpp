@@ -157,14 +157,20 @@ void FieldBinder::Entries(QComboBox* control, const std::vector<std::string>& en
     });
 }
 
-void FieldBinder::Result(QLineEdit* control, const std::string& field) {
-    control->setReadOnly(true);
-    control->setFocusPolicy(Qt::ClickFocus);
-    Follow([control, &field] {
+void FieldBinder::Flat(QLineEdit* control) {
+    Follow([control] {
         const QPalette usual = control->parentWidget()->palette();
         QPalette flat = usual;
         flat.setColor(QPalette::Base, usual.color(QPalette::Window));
         if (control->palette() != flat) control->setPalette(flat);
+    });
+}
+
+void FieldBinder::Result(QLineEdit* control, const std::string& field) {
+    control->setReadOnly(true);
+    control->setFocusPolicy(Qt::ClickFocus);
+    Flat(control);
+    Follow([control, &field] {
         const QString text = QString::fromStdString(field);
         if (control->text() != text) control->setText(text);
     });

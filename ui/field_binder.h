@@ -41,6 +41,8 @@ class FieldBinder {
     void Finished_Text(QComboBox* control, std::string& field, Reaction finished);
     /// The entries of a list, kept while they do not change. Comes before the text of the same control.
     void Entries(QComboBox* control, const std::vector<std::string>& entries);
+    /// A field that cannot be typed into has the ground of the window, light or dark.
+    void Flat(QLineEdit* control);
     /// A result: it can be selected and copied, not typed over, and looks unlike an input.
     void Result(QLineEdit* control, const std::string& field);
     /// One of several option buttons; the button's id in the group is the value.

@@ -283,7 +283,10 @@ void MainWindow::Remember_Dock(QDockWidget* dock) {
 }
 
 void MainWindow::Place_Window(QWidget* window) {
-    window->restoreGeometry(Places.value("Windows/" + window->objectName()).toByteArray());
+    const QByteArray place = Places.value("Windows/" + window->objectName()).toByteArray();
+    if (window->restoreGeometry(place)) return;
+    window->adjustSize();
+    window->move(frameGeometry().center() - window->rect().center());
 }
 
 void MainWindow::Remember_Window(QWidget* window) {

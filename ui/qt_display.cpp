@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/dialog_rows.h"
 #include "app/pages.h"
@@ -181,7 +182,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
-    scroll->setMinimumWidth(least_dock_width);
+    scroll->setMinimumWidth(std::min(least_dock_width, form->minimumSizeHint().width()));
     scroll->setWidget(made.release());
     dock->setWidget(scroll);
     Open[dialog] = {form, dock};

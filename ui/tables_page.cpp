@@ -178,9 +178,7 @@ QLineEdit* TablesPage::Shown_Value(const char* name, const QString& tooltip) {
     edit->setReadOnly(true);
     edit->setAlignment(Qt::AlignRight);
     edit->setMaximumWidth(fontMetrics().horizontalAdvance("-888888.88") + 14);
-    QPalette shown = edit->palette();
-    shown.setBrush(QPalette::Base, shown.brush(QPalette::Window));
-    edit->setPalette(shown);
+    Fields.Flat(edit);
     return edit;
 }
 

@@ -61,6 +61,8 @@ TEST_F(PageControls, of_the_tables_do_their_work) {
         {"Buildgrid",
          [&](QWidget* control) {
              auto* table = qobject_cast<QTableView*>(control);
+             Program.Work.Grids.Buildgrid.CurrentColumn = 0;
+             Display.Show_Fields();
              EXPECT_FALSE(button("TakeOutShot")->isEnabled());
              EXPECT_EQ(button("TakeOutShot")->toolTip(), "Select a cell of the shot first");
              EXPECT_FALSE(button("Undo")->isEnabled());

@@ -90,11 +90,11 @@ TEST_F(RecordTab, a_click_picks_the_trace_under_it_also_the_second_of_two_quick_
     EXPECT_EQ(Find<QScrollBar>("HScroll2")->value(), 2);
     QTest::mouseClick(Ecran, Qt::LeftButton, {}, Place(14, 50));
     EXPECT_NEAR(Program.Work.Project.ShotTimes(2, 2), 50, pixel_ms);
-    QTest::keyClick(Ecran, Qt::Key_Left);
+    QTest::keyClick(Ecran, Qt::Key_PageUp);
     EXPECT_EQ(Program.Work.Record.Record, 1);
-    QTest::keyClick(Ecran, Qt::Key_Up);
+    QTest::keyClick(Ecran, Qt::Key_Plus);
     EXPECT_EQ(Program.Work.Record.AmplitudeGain, 2);
-    QTest::keyClick(Ecran, Qt::Key_Down);
+    QTest::keyClick(Ecran, Qt::Key_Minus);
     EXPECT_EQ(Program.Work.Record.AmplitudeGain, 1.5);
 }
 

@@ -4,6 +4,7 @@
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStringList>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -15,12 +16,15 @@ namespace tarnvik {
 
 namespace {
 
-/// Key texts as the desktop writes them; a gesture is no key and stays.
+/// Key texts as the desktop writes them; several stand behind each other. A gesture is no key and stays.
 QString Shown_Keys(const std::string& keys) {
-    const QString text = QString::fromStdString(keys);
-    const QKeySequence sequence(text, QKeySequence::PortableText);
-    const bool is_key = !sequence.isEmpty() && sequence[0].key() != Qt::Key_unknown;
-    return is_key ? sequence.toString(QKeySequence::NativeText) : text;
+    QStringList shown;
+    for (const QString& text : QString::fromStdString(keys).split("; ")) {
+        const QKeySequence sequence(text, QKeySequence::PortableText);
+        const bool is_key = !sequence.isEmpty() && sequence[0].key() != Qt::Key_unknown;
+        shown << (is_key ? sequence.toString(QKeySequence::NativeText) : text);
+    }
+    return shown.join(", ");
 }
 
 void Show_Matching(QTreeWidget& list, const QString& words) {
