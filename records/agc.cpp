@@ -27,15 +27,26 @@ void Level_Amplitudes(std::span<float> samples, int window) {
         for (std::size_t i = end - 1; i > block; --i)
             to_end[i - 1] += to_end[i];
     }
-    std::size_t in_block = 0;  // of the sample whose window begins here
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t last = i + width - 1;  // of the padded window, which begins at i
-        const double energy = in_block == 0 ? from_start[last] : to_end[i] + from_start[last];
-        if (++in_block == width) in_block = 0;
+    // A window that begins with a block is that block, which the growing sum behind it tells alone.
+    for (std::size_t block = 0; block < padded; block += width)
+        to_end[block] = 0;
+    const auto level = [&](std::size_t first, std::size_t end, auto samples_within) {
+        for (std::size_t i = first; i < end; ++i) {
+            const double energy = to_end[i] + from_start[i + width - 1];
+            const double within = samples_within(i);
+            if (energy > 0) samples[i] = static_cast<float>(samples[i] * std::sqrt(within / energy));
+        }
+    };
+    const auto at_an_edge = [count, half](std::size_t i) {
         const std::size_t begin = i < half ? 0 : i - half;
-        const auto within = static_cast<double>(std::min(count, i + half + 1) - begin);
-        if (energy > 0) samples[i] = static_cast<float>(samples[i] * std::sqrt(within / energy));
-    }
+        return static_cast<double>(std::min(count, i + half + 1) - begin);
+    };
+    // Away from the ends each window is whole.
+    const std::size_t whole_from = std::min(half, count);
+    const std::size_t whole_end = std::max(whole_from, count - half);
+    level(0, whole_from, at_an_edge);
+    level(whole_from, whole_end, [width](std::size_t) { return static_cast<double>(width); });
+    level(whole_end, count, at_an_edge);
 }
 
 }  // namespace tarnvik
