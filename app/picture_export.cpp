@@ -58,7 +58,7 @@ std::string PictureExport::Refusal() const {
     if (!(Val(Dpi) >= least_dpi && Val(Dpi) <= most_dpi)) {
         return "The resolution must be " + CStr(least_dpi) + " to " + CStr(most_dpi) + " pixels an inch";
     }
-    const auto [low, high] = std::minmax(Typed_Width(), Typed_Height());
+    const auto [low, high] = std::minmax({Typed_Width(), Typed_Height()});
     if (!(low >= least_pixels && high <= most_pixels) || low * high > most_area) {
         return "Width and height must be " + CStr(least_pixels) + " to " + CStr(most_pixels) +
                " pixels, 200 million together";

@@ -25,6 +25,16 @@ constexpr Named switches[] = {
     {"record.equalise_in_sight", &RecordView::EqualiseInSight},
     {"record.cross_hair", &RecordView::CrossHair},
 };
+struct NamedPicking {
+    const char* Name;
+    bool PickingView::*Field;
+};
+constexpr NamedPicking picking_switches[] = {
+    {"picking.snap_every", &PickingView::SnapEvery},   {"picking.next_record", &PickingView::NextRecord},
+    {"picking.neighbours", &PickingView::Neighbours},  {"picking.reciprocal", &PickingView::Reciprocal},
+    {"picking.shot_before", &PickingView::ShotBefore},
+};
+constexpr const char* snap_name = "picking.snap_to";
 constexpr const char* gain_name = "record.gain";
 constexpr const char* style_name = "record.style";
 constexpr const char* agc_name = "record.agc";
@@ -34,6 +44,13 @@ constexpr int last_style = 3;
 void Apply(const DisplayChoices& choices, const std::string& key, RecordView& view) {
     for (const Named& each : switches) {
         if (const auto value = choices.Number(key, each.Name)) view.*each.Field = *value != 0;
+    }
+    for (const NamedPicking& each : picking_switches) {
+        if (const auto value = choices.Number(key, each.Name)) view.Picking.*each.Field = *value != 0;
+    }
+    if (const auto snap = choices.Number(key, snap_name)) {
+        view.Picking.Feature =
+            static_cast<SnapTo>(std::clamp(static_cast<int>(*snap), 0, static_cast<int>(SnapTo::Trough)));
     }
     if (const auto gain = choices.Number(key, gain_name); gain && *gain != 0) view.AmplitudeGain = *gain;
     if (const auto style = choices.Number(key, style_name))
@@ -65,6 +82,9 @@ void Note_Record_Choices(Workspace& workspace) {
     if (!choices.Are_Kept() || view.TakenUp.empty() || view.TakenUp != Key_Of(workspace.Project)) return;
     for (const Named& each : switches)
         choices.Set_Number(view.TakenUp, each.Name, view.*each.Field ? 1 : 0);
+    for (const NamedPicking& each : picking_switches)
+        choices.Set_Number(view.TakenUp, each.Name, view.Picking.*each.Field ? 1 : 0);
+    choices.Set_Number(view.TakenUp, snap_name, static_cast<double>(view.Picking.Feature));
     choices.Set_Number(view.TakenUp, gain_name, view.AmplitudeGain);
     choices.Set_Number(view.TakenUp, style_name, view.Style);
     choices.Set_Number(view.TakenUp, agc_name, view.AgcWindow);

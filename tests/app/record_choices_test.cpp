@@ -24,6 +24,8 @@ TEST(RecordChoices, RecordsStartReadableAndComeBackAsTheyWereLeft) {
     first.Program.Work.Record.ClipAmplitude = false;
     first.Program.RecordWheel.Turn_Gain(3);
     Run_Command(first.Program, "CrossHair");
+    Run_Command(first.Program, "Snap_Every");
+    Run_Command(first.Program, "Snap_Peak");
     const double chosen = view.AmplitudeGain;
     const std::string other = first.Folder / "other.tv5";
     ASSERT_EQ(Copy_File(first.Path, other), "");
@@ -40,6 +42,7 @@ TEST(RecordChoices, RecordsStartReadableAndComeBackAsTheyWereLeft) {
     EXPECT_EQ(again.AmplitudeGain, chosen);
     EXPECT_EQ(again.AgcWindow, 40);
     EXPECT_FALSE(again.ClipAmplitude || again.CrossHair);
+    EXPECT_TRUE(again.Picking.SnapEvery && again.Picking.Feature == SnapTo::Peak);
     EXPECT_TRUE(again.EqualiseTraces);
     second.Work.Record.AmplitudeGain = 9;
     RecordZoom(second.Work, second.Outside).Show_Whole();
