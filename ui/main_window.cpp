@@ -94,7 +94,9 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     Bars = new CommandBars(session, *this);
     Build_Status_Bar();
 
-    resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
+    // At a first start most of the screen is the pictures'.
+    const QSize room = screen()->availableSize();
+    resize(QSize(1280, 800).expandedTo(room * 9 / 10).boundedTo(room));
     restoreGeometry(Places.value("Window/Geometry").toByteArray());
     // With its title bar the window would reach below a small screen, and the status bar with it.
     const int title_bar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
