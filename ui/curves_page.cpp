@@ -129,7 +129,8 @@ CurvesPage::CurvesPage(Session& session, QtDisplay& display) : Program(session),
     Profile->hide();
 
     auto* across = new QSplitter(Qt::Horizontal);
-    across->addWidget(Shots_Pane());
+    ShotsPane = Shots_Pane();
+    across->addWidget(ShotsPane);
     across->addWidget(Panes);
     across->setStretchFactor(0, 0);
     across->setStretchFactor(1, 1);
@@ -325,6 +326,13 @@ void CurvesPage::Wire_Gestures() {
     gestures->Whole_Height = [&view] { return view.ZoomY <= 1; };
     gestures->Show_All = [this] { Run_Command(Program, "WholePicture"); };
     gestures->Left = [this] { Program.Pointer.Leave(); };
+}
+
+void CurvesPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // Beside the record and a tool window the curves need the room more than the list.
+    constexpr int least_with_list = 400;
+    ShotsPane->setVisible(width() >= least_with_list);
 }
 
 void CurvesPage::Repaint() {

@@ -46,6 +46,9 @@ class CurvesPage : public QWidget {
     void Refresh();
     void Refresh_Shots();
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     QWidget* Curves_Pane();
     QWidget* Shots_Pane();
@@ -63,6 +66,7 @@ class CurvesPage : public QWidget {
     PictureBox* EchelleY = nullptr;
     QScrollBar* HScroll1 = nullptr;
     QScrollBar* VScroll1 = nullptr;
+    QWidget* ShotsPane = nullptr;
     QSplitter* Panes = nullptr;
     QWidget* CurvesPane = nullptr;
     ProfilePane* Profile = nullptr;
