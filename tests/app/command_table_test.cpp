@@ -317,7 +317,7 @@ TEST(CommandTable, names_and_shortcuts_are_given_once_and_each_entry_has_words) 
     EXPECT_EQ(Shortcut_Of(*Find_Command("open")), "");
     EXPECT_EQ(Shortcut_Of(*Find_Command("save")), "Ctrl+S") << "as the entry of the menu";
     const std::vector<KeyRow> keys = Key_List();
-    for (const char* key : {"Ctrl+S", "PgDown", "Ctrl+Z", "Ctrl + wheel"}) {
+    for (const char* key : {"Ctrl+S", "PgDown", "Ctrl+Z", "Ctrl + wheel", "Space", "L", "Ctrl+C, Ctrl+V"}) {
         EXPECT_TRUE(std::any_of(keys.begin(), keys.end(), [key](const KeyRow& row) {
             return row.Keys == key;
         })) << key;

@@ -49,6 +49,35 @@ TEST(ProjectSave, EachSaveLeavesTotalTimeOneHigherAndTheFileTwice) {
     EXPECT_EQ(again.Fields.Text25, "56.5");
 }
 
+TEST(ProjectSave, KeepsBesideTheSettingsWhereItsPicksComeFrom) {
+    TemporaryFolder folder;
+    TestPorts outside;
+    const std::string path = folder / "line.tv5";
+    Workspace workspace = Small_Workspace(path);
+    workspace.CompanionFolder = folder / "projects";
+    Project& line = workspace.Project;
+    line.ShotTimes(1, 2) = 12.34F;
+    line.ShotTimes(2, 1) = 56.78F;
+    line.ShotTimes(2, 3) = 9.5F;
+    line.PickOrigins(1, 2) = PickOrigin::Automatic;
+    line.PickOrigins(2, 1) = PickOrigin::Moved;
+    line.PickOrigins(2, 3) = PickOrigin::Automatic;
+    ASSERT_TRUE(Write_Project(workspace, outside.Ports));
+
+    // Another program has changed one of the picks.
+    workspace.CompanionFolder.clear();
+    line.ShotTimes(2, 3) = 9;
+    ASSERT_TRUE(Write_Project(workspace, outside.Ports));
+    Workspace again;
+    again.CompanionFolder = folder / "projects";
+    ASSERT_TRUE(Read_Project(again, path).Whole());
+    EXPECT_EQ(again.Project.PickOrigins(1, 2), PickOrigin::Automatic);
+    EXPECT_EQ(again.Project.PickOrigins(2, 1), PickOrigin::Moved);
+    EXPECT_EQ(again.Project.PickOrigins(2, 3), PickOrigin::Hand);
+    EXPECT_EQ(again.Project.PickOrigins(1, 1), PickOrigin::Hand);
+    EXPECT_TRUE(again.Edits.Is_Saved());
+}
+
 TEST(ProjectSave, IsConfirmedWhereThatIsAskedFor) {
     TemporaryFolder folder;
     for (const SaveNotice notice : {SaveNotice::None, SaveNotice::Told}) {

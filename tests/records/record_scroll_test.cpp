@@ -108,6 +108,14 @@ TEST_F(Scrolling, TheWheelPansThroughTheTimeOrTheTracesAndTurnsTheGain) {
     for (int part = 0; part < 11; ++part)
         Scroll.Pan(-0.1);
     EXPECT_EQ(View.FirstTrace, before + 1) << "small steps add up, through the traces";
+    // The picture follows the hand: dragged by two traces to the left it shows two more on the right.
+    const Frame frame = Ports.Display.Pictures[Canvas::Ecran].Current_Frame();
+    const double trace = frame.Width / (View.LastTrace - View.FirstTrace + 1);
+    Scroll.Grab(frame.Width / 2, 5);
+    Scroll.Drag_To(frame.Width / 2 + 2 * trace, 5);
+    EXPECT_EQ(View.FirstTrace, std::max(1, before - 1));
+    Scroll.Let_Go();
+    Scroll.Go_To_Trace(before + 1);
     Scroll.Enlarge_Time(10, 2);
     const int first = View.FirstSample;
     Scroll.Pan(-1);
