@@ -5,8 +5,7 @@
 
 namespace tarnvik {
 
-/// A sum over bytes that tells two rows apart by chance only once in four thousand million (FNV-1a, public
-/// domain).
+/// A sum over bytes, the same for two different rows once in four thousand million (FNV-1a, public domain).
 inline std::uint32_t Check_Sum(std::string_view bytes) {
     std::uint32_t sum = 2166136261U;
     for (const char byte : bytes)

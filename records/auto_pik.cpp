@@ -227,6 +227,13 @@ void AutoPik::Tell_Kept() {
                          " (tick \"Replace picks made by hand\" to pick them too)";
 }
 
+/// What follows when the words of all records picked are in the file.
+void AutoPik::Finish(PickSetter& setter) {
+    if (!setter.Files().Failed()) Take_Header_Picks(setter, !ReplaceHand);
+    setter.Tell_Faults("Automatic picks");
+    Tell_Kept();
+}
+
 void AutoPik::Pick_auto() {
     EditScope edit(Work, "Automatic picking of record " + CStr(Work.Record.Record),
                    "automatic picking " + CStr(Work.Record.Record));
@@ -237,9 +244,7 @@ void AutoPik::Pick_auto() {
         if (!files.Is_Open()) throw Fault(files.Traces().Reason());
         Work.Record.ReferenceTrace = 0;
         Run(setter, Read_Parameters(files));
-        if (!files.Failed()) Take_Header_Picks(setter, !ReplaceHand);
-        files.Tell_Faults("Automatic picks");
-        Tell_Kept();
+        Finish(setter);
     } catch (const Fault& fault) {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }
@@ -288,9 +293,7 @@ void AutoPik::Pick_All(const Progress& progress) {
             Take_Start(setter, with);
             Run(setter, with);
         }
-        if (!files.Failed()) Take_Header_Picks(setter, !ReplaceHand);
-        files.Tell_Faults("Automatic picks");
-        Tell_Kept();
+        Finish(setter);
     } catch (const Fault& fault) {
         Work.Fields.Status = "No automatic picks: " + Work.Project.SuFile + ", " + fault.what();
     }

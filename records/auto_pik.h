@@ -74,6 +74,7 @@ class AutoPik {
     void Unsaved_To_Times(PickSetter& setter, const AutomaticPicks& picks, int first);
     void Take_Start(const PickSetter& setter, AutomaticPickingParameters& with);
     void Tell_Kept();
+    void Finish(PickSetter& setter);
     int Kept = 0;  ///< picks made by hand that the last run met
     Workspace& Work;
     Ports& Outside;

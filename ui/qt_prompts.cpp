@@ -30,15 +30,13 @@ QString Either_Case(const QString& pattern) {
     return either;
 }
 
-QString Start_Place(const FileRequest& request, const QString& last_folder, bool with_name) {
+QString Start_Place(const FileRequest& request, const QString& last_folder) {
     // The folder asked for may be one of another machine.
     QString folder = QString::fromStdString(request.Directory);
     if (folder.isEmpty() || !QDir(folder).exists()) folder = last_folder;
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (!QDir(folder).exists()) folder = QDir::homePath();
-    const QString name = QString::fromStdString(request.DefaultName);
-    if (!with_name || name.contains('*')) return folder;
-    return QDir(folder).filePath(name);
+    return folder;
 }
 
 }  // namespace
@@ -138,7 +136,7 @@ std::string QtPrompts::Input(const std::string& prompt, const std::string& title
 
 std::string QtPrompts::Open_File(const FileRequest& request) {
     return Chosen(QFileDialog::getOpenFileName(
-        Owner(), QString::fromStdString(request.Title), Start_Place(request, LastFolder, false),
+        Owner(), QString::fromStdString(request.Title), Start_Place(request, LastFolder),
         File_Filters(request.Filter).join(";;"), nullptr, QFileDialog::HideNameFilterDetails));
 }
 
@@ -148,8 +146,7 @@ std::string QtPrompts::Chosen(const QString& path) {
 }
 
 std::string QtPrompts::Save_File(const FileRequest& request) {
-    QFileDialog dialog(Owner(), QString::fromStdString(request.Title),
-                       Start_Place(request, LastFolder, false));
+    QFileDialog dialog(Owner(), QString::fromStdString(request.Title), Start_Place(request, LastFolder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(File_Filters(request.Filter));
