@@ -19,6 +19,7 @@ struct PagePictures {
     Picture& Main;
     Picture& Below;
     Picture& Beside;
+    bool OnPaper = true;  ///< or on the screen, where what moves under the hand stands as marks
 };
 
 /// The colours of the travel-time curves, for the record that shows them too. The project must outlive the

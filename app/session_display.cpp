@@ -12,6 +12,7 @@
 #include "setup/build_grid.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curve_labels.h"
+#include "traveltime/curve_overlays.h"
 #include "traveltime/curve_selection.h"
 #include "traveltime/curves.h"
 
@@ -142,15 +143,16 @@ void SessionDisplay::Paint_Curves() {
     Unlight_Curve(Owner->Work, Owner->Outside);
     SilentPicture none;
     Draw_Page(*Owner, Page::Curves,
-              {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY)});
+              {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY), false});
     Workspace& work = Owner->Work;
     work.Curves.Labels = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo));
     // On the screen alone: a print has no pick on the pointer.
     Draw_Caught_Pick(Canvas_Of(Canvas::Dromo), Owner->Work);
     if (work.Curves.DoubleView == 1) {
-        Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none});
+        Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none, false});
         work.Curves.Labels2 = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo2));
     }
+    Show_Moving_Marks(work, Owner->Outside);
 }
 
 void SessionDisplay::Refresh_Cell(int, int) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -14,10 +15,13 @@
 #include "core/display_mode.h"
 #include "core/edits/edits.h"
 #include "core/pick_place.h"
+#include "core/ports/mark.h"
 #include "core/project.h"
 #include "core/settings.h"
 
 namespace tarnvik {
+
+class Picture;
 
 /// Position of a scroll bar.
 struct ScrollBar {
@@ -73,6 +77,15 @@ struct FittedLine {
     std::optional<double> ShotX;  ///< it goes on from there at time 0
 };
 
+/// What a dialog adds to the travel-time curves while it is open. Either part may be missing.
+struct CurveOverlay {
+    /// Drawn over the curves with every painting of them, on each device. The scale of the curves is in
+    /// force.
+    std::function<void(Picture&)> Standing;
+    /// What moves under the hand: marks on the screen, so that nothing is drawn again, and drawn on paper.
+    std::function<std::vector<Mark>()> Moving;
+};
+
 /// State of the travel-time picture, shared with the dialogs that work on it.
 struct CurveView {
     double TimeFactor = 1;       ///< ms per unit of the picture's height
@@ -96,8 +109,9 @@ struct CurveView {
     bool DistinctColours = false;    ///< a colour of its own for each of a dozen shots
     PickPlace Lit;                   ///< pick under the pointer, its curve is lit; shot 0 while there is none
     std::vector<CurveLabel> Labels;  ///< shots' numbers on the picture
-    std::vector<CurveLabel> Labels2;  ///< and in the second window
-    std::vector<FittedLine> Fitted;   ///< lines of the dialog that is open
+    std::vector<CurveLabel> Labels2;          ///< and in the second window
+    std::vector<FittedLine> Fitted;           ///< lines of the dialog that is open
+    std::map<Dialog, CurveOverlay> Overlays;  ///< of the dialogs that are open
     std::int16_t LastLabelledShot = 0;
     Colour LastColour = 0;  ///< of the curve drawn last; a shot without a colour rule takes it over
 

@@ -26,6 +26,7 @@ struct CurvePictures {
     Picture& Dromo;
     Picture* EchelleX = nullptr;
     Picture* EchelleY = nullptr;
+    bool OnPaper = true;  ///< what stands as marks on the screen is drawn too
 };
 
 /// The time grid in force: lines `Step` ms apart from `Step` to `Last`.

@@ -7,6 +7,7 @@
 
 #include "core/text/number.h"
 #include "traveltime/curve_labels.h"
+#include "traveltime/curve_overlays.h"
 #include "traveltime/curves.h"
 #include "traveltime/fitted_lines.h"
 #include "traveltime/shot_grid.h"
@@ -58,7 +59,7 @@ class CurveDrawing {
     }
     double X(int j) const { return Distance(j) * Scale; }
     double Shot_X() const { return Line.ShotDistance(Shot) * Scale; }
-    std::optional<double> Y(int j) const;
+    std::optional<double> Y(int j) const { return Height_Of_Pick(Time(j), Style.TimeFactor, Style.Shift); }
     void Take_Segment_Colour(int j);
     void Take_Velocity(double velocity) { InColour = Couleur_Vitesse(UserSettings, velocity); }
     void Draw_Point(int j);
@@ -77,15 +78,6 @@ class CurveDrawing {
     bool PenOnCurve = false;  ///< the next stroke begins where the pen is
     bool Numbered = false;
 };
-
-/// Height of a pick on the picture; nothing without a pick or for one that the shift carries out of sight.
-std::optional<double> CurveDrawing::Y(int j) const {
-    const double raw = Time(j) / Style.TimeFactor;
-    if (!(raw > 0)) return std::nullopt;  // a time below 0 is no pick
-    double y = raw - Style.Shift;
-    if (y < 0 && Style.Shift > 0) y = 0.5;  // stays visible on the axis
-    return y > 0 ? std::optional(y) : std::nullopt;
-}
 
 void CurveDrawing::Take_Segment_Colour(int j) {
     if (j == 1) {
@@ -171,12 +163,21 @@ bool CurveDrawing::Draw() {
 
 }  // namespace
 
+std::optional<double> Height_Of_Pick(double time, double time_factor, double shift) {
+    const double raw = time / time_factor;
+    if (!(raw > 0)) return std::nullopt;  // a time below 0 is no pick
+    double y = raw - shift;
+    if (y < 0 && shift > 0) y = 0.5;  // stays visible on the axis
+    return y > 0 ? std::optional(y) : std::nullopt;
+}
+
 bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& settings, int shot,
                    const CurveStyle& style) {
     return CurveDrawing(dromo, project, settings, shot, style).Draw();
 }
 
 void Draw_Over_Curves(Picture& picture, const Workspace& workspace, const std::vector<CurveLabel>& labels) {
+    Draw_Standing_Overlays(picture, workspace.Curves);
     Draw_Fitted_Lines(picture, workspace.Curves);
     Draw_Labels(picture, labels);
 }
@@ -248,6 +249,7 @@ bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
         }
     }
     Draw_Over_Curves(pictures.Dromo, workspace, Labels_Of_Curves(workspace, pictures.Dromo));
+    if (pictures.OnPaper) Draw_Moving_Overlays(pictures.Dromo, workspace.Curves);
     return all_drawn;
 }
 

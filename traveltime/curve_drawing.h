@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "core/ports/picture.h"
@@ -29,7 +30,11 @@ struct CurveStyle {
 bool Draw_Curve_On(Picture& dromo, const Project& project, const Settings& settings, int shot,
                    const CurveStyle& style);
 
-/// What stands over the curves: the lines fitted by the dialog that is open, and the shots' numbers.
+/// Height of a pick (ms) on the picture, `shift` units taken off; nothing without a pick or for one that the
+/// shift carries out of sight. A shift upwards in time that would carry it below the axis leaves it at 0.5.
+std::optional<double> Height_Of_Pick(double time, double time_factor, double shift);
+
+/// What stands over the curves: what the open dialogs add, the lines that they fitted, the shots' numbers.
 void Draw_Over_Curves(Picture& picture, const Workspace& workspace, const std::vector<CurveLabel>& labels);
 
 /// Marks the pick that a double click has caught; nothing while none is.

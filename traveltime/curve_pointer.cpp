@@ -130,8 +130,19 @@ void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent
 
 bool CurvePointer::Shows_Curves() const {
     const DisplayMode mode = Work.Mode.Current();
-    return mode == DisplayMode::Dromo || mode == DisplayMode::Both || mode == DisplayMode::Vitesse ||
-           mode == DisplayMode::Calcul;
+    switch (mode) {
+        case DisplayMode::Dromo:
+        case DisplayMode::Both:
+        case DisplayMode::Vitesse:
+        case DisplayMode::Vitesse2:
+        case DisplayMode::Velocity:
+        case DisplayMode::Fantom:
+        case DisplayMode::Delay:
+        case DisplayMode::Calcul:
+            return true;
+        default:
+            return false;
+    }
 }
 
 /// Without a button the curve under the pointer is lit and told.

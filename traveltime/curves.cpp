@@ -7,6 +7,7 @@
 #include "core/text/letters.h"
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curve_labels.h"
+#include "traveltime/curve_overlays.h"
 #include "traveltime/curve_selection.h"
 #include "traveltime/rubber_band.h"
 #include "traveltime/shot_grid.h"
@@ -164,6 +165,7 @@ void Show_Curves(Workspace& workspace, Ports& ports) {
     const bool all_drawn = Draw_All(workspace, ports, {});
     // Told once and not for each of up to 72 shots.
     if (!all_drawn) ports.Ask.Say(curve_fault, workspace.AppTitle, Icon::Critical);
+    Show_Moving_Marks(workspace, ports);
     ports.Show.Show_Grids();
     dromo.Set_Pointer(PointerShape::Cross);
 }

@@ -7,6 +7,7 @@
 #include "core/fault.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "core/text/number.h"
 #include "traveltime/curves.h"
 #include "traveltime/fitted_lines.h"
 #include "traveltime/regression_vitesse.h"
@@ -16,13 +17,6 @@ namespace tarnvik {
 namespace {
 
 constexpr std::size_t correlation_shown = 4;
-
-std::vector<std::string> Numbers_Up_To(int last) {
-    std::vector<std::string> entries;
-    for (int number = 1; number <= last; ++number)
-        entries.push_back(CStr(number));
-    return entries;
-}
 
 }  // namespace
 

@@ -225,6 +225,13 @@ std::string CStr(int value) {
     return std::to_string(value);
 }
 
+std::vector<std::string> Numbers_Up_To(int last) {
+    std::vector<std::string> entries;
+    for (int number = 1; number <= last; ++number)
+        entries.push_back(CStr(number));
+    return entries;
+}
+
 std::string Str(double value) {
     return Signed_Text(value, double_digits, false, " ");
 }

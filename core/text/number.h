@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarnvik {
 
@@ -43,6 +44,9 @@ bool Store_If_It_Fits(std::int16_t& target, double value);
 std::string CStr(double value);
 std::string CStr(float value);
 std::string CStr(int value);
+
+/// "1" to `last`, the entries of a list of shots or receivers; none below 1.
+std::vector<std::string> Numbers_Up_To(int last);
 
 /// Text form with a leading blank for a number that is not negative and no zero before the point (" .9731",
 /// "-.5").
