@@ -7,7 +7,6 @@
 #include "core/fault.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
-#include "core/text/number.h"
 #include "traveltime/curves.h"
 #include "traveltime/fitted_lines.h"
 #include "traveltime/regression_vitesse.h"
