@@ -8,6 +8,8 @@ class Session;
 void Show_Velocity_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
+/// Opens Erase_TT over the curves.
+void Show_Trigger_Correction(Session& session);
 
 /// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
 /// it could not be saved, all stays.

@@ -39,6 +39,10 @@ constexpr Gesture gestures[] = {
     {on_curves, "Ctrl + wheel", "Enlarge the time at the pointer"},
     {on_curves, "Shift + wheel", "Enlarge the distance at the pointer"},
     {on_curves, "Middle drag", "Move the part in sight"},
+    {on_curves, "Drag, Alt + wheel",
+     "With the time break correction open: carry the curve of its shot up and down"},
+    {in_dialogs, "Up, Down, Page Up, Page Down, wheel",
+     "Time break correction: step the curve, by 2 ms with Page and with Shift"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

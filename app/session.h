@@ -17,6 +17,8 @@
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
 #include "setup/elevations.h"
+#include "setup/erase_pointer.h"
+#include "setup/erase_tt.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
@@ -59,6 +61,8 @@ class Session {
     SpeedPointer SpeedMouse;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    Erase_TT TriggerFault;  ///< correction of a shot's trigger
+    ErasePointer TriggerMouse;
 
     // Field records.
     RecordZoom RecordArea;

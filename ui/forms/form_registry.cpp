@@ -4,6 +4,7 @@
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/depth_form.h"
+#include "ui/forms/erase_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -33,6 +34,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::SpeedF, Make<SpeedForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::Erase_TT, Make<EraseForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
