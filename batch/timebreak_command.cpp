@@ -80,8 +80,7 @@ ExitStatus Timebreak(const CommonOptions& common, const TimebreakOptions& option
         } else if (!plan.Refusal.empty()) {
             run.Refuse(plan.Refusal);
         } else {
-            if (!plan.NoRecords.empty())
-                run.Prompts.Say(plan.NoRecords, work.AppTitle, Icon::Warning);
+            if (!plan.NoRecords.empty()) run.Prompts.Say(plan.NoRecords, work.AppTitle, Icon::Warning);
             status = Done;
         }
     }

@@ -80,8 +80,7 @@ std::string Why_Read_Only(const std::string& path) {
     if (!file.Is_Open()) return file.Reason();
     std::error_code failed;
     const auto rights = std::filesystem::status(path, failed).permissions();
-    const bool writable =
-        (rights & std::filesystem::perms::owner_write) != std::filesystem::perms::none;
+    const bool writable = (rights & std::filesystem::perms::owner_write) != std::filesystem::perms::none;
     return writable ? std::string() : "the file is marked read-only";
 }
 
@@ -109,8 +108,8 @@ std::string Replace_Traces(const std::string& path, FileRecorder* recorder, std:
     if (std::string reason = Why_Read_Only(path); !reason.empty()) return reason;
     const std::int32_t samples = SuTraces(path).Nb_Samples();
     PositionedFile file(path, PositionedFile::Access::Read);
-    if (samples < 0 || (!traces.empty() && (traces.front() < 1 || Trace_Position(traces.back() + 1, samples) >
-                                                                      file.Length()))) {
+    if (samples < 0 || (!traces.empty() &&
+                        (traces.front() < 1 || Trace_Position(traces.back() + 1, samples) > file.Length()))) {
         return "beyond the end of the file";
     }
     std::vector<Part> changed;

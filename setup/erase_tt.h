@@ -24,8 +24,8 @@ class Erase_TT {
     bool OnlySelected = false;  ///< Check1, "Display only selected TT"
     std::vector<std::string> ShotEntries;
 
-    void Load();   ///< the form opens
-    void Close();  ///< the form closes; a shift that was not saved is asked for
+    void Load();                            ///< the form opens
+    void Close();                           ///< the form closes; a shift that was not saved is asked for
     void Command1() { Step(-slow_step); }   ///< "Slow up moving"
     void Command2() { Step(slow_step); }    ///< "Slow Down Moving"
     void Command5() { Step(-quick_step); }  ///< "Quick Up Moving"

@@ -8,8 +8,8 @@ namespace tarnvik {
 // A recorder that was triggered too early or too late gives a whole record, and with it a whole travel-time
 // curve, times that are wrong by one amount.
 
-/// Time of a pick when `shift` ms are taken from its record, ms: a positive shift makes it earlier. No pick (0
-/// or below) stays none.
+/// Time of a pick when `shift` ms are taken from its record, ms: a positive shift makes it earlier. No pick
+/// (0 or below) stays none.
 double Corrected_Time(double time, double shift);
 
 /// Samples by which a record moves later for the same shift, nearest, halves to even. Nothing for a number

@@ -32,8 +32,8 @@ std::vector<std::int64_t> Traces_Of(const Workspace& workspace, SuTraces& file, 
     std::vector<std::int64_t> traces;
     for (int receiver = 1; receiver <= workspace.Project.NbReceivers; ++receiver) {
         const auto trace = layout.Trace_Of({shot, receiver});
-        const bool whole = trace && file.Nb_Samples() >= 0 &&
-                           Trace_Position(*trace + 1, file.Nb_Samples()) <= file.Length();
+        const bool whole =
+            trace && file.Nb_Samples() >= 0 && Trace_Position(*trace + 1, file.Nb_Samples()) <= file.Length();
         traces.push_back(whole ? *trace : 0);
     }
     return traces;
@@ -117,8 +117,8 @@ std::uint32_t Sum_Of_Samples(SuTraces& file, const TriggerPlan& plan, int later)
     for (const std::int64_t trace : Without_Gaps(plan.Traces)) {
         file.Samples(trace, samples);
         Move_Samples(samples, later, moved);
-        const std::uint32_t sum = Check_Sum(
-            {reinterpret_cast<const char*>(moved.data()), moved.size() * sizeof(float)});
+        const std::uint32_t sum =
+            Check_Sum({reinterpret_cast<const char*>(moved.data()), moved.size() * sizeof(float)});
         sums.append(reinterpret_cast<const char*>(&sum), sizeof sum);
     }
     return Check_Sum(sums);
@@ -234,8 +234,7 @@ std::string Shift_Records(Workspace& workspace, const TriggerPlan& plan) {
     if (const std::string twin = Twin_Of(workspace); !twin.empty()) files.push_back(twin);
     for (const std::string& file : files) {
         const int interval = SuTraces(file).Sample_Interval();
-        const std::string reason =
-            Replace_Traces(file, &workspace.Edits, traces, Correction(plan, interval));
+        const std::string reason = Replace_Traces(file, &workspace.Edits, traces, Correction(plan, interval));
         if (reason.empty()) continue;
         put_notes_back();
         return file + ": " + reason;

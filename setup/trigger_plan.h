@@ -32,8 +32,8 @@ TriggerPlan Plan_Trigger_Correction(const Workspace& workspace, int shot, double
 double Shifted_Already(const Workspace& workspace, const TriggerPlan& plan);
 
 /// Moves samples and pick words of the shot in the SU file, and in its twin; both stay at any moment either
-/// as they were or as they become. Belongs into an edit, which must be given up when a reason for a failure is
-/// answered. The records carry a note beside them until Forget_Shift_Note tells that the project has been
+/// as they were or as they become. Belongs into an edit, which must be given up when a reason for a failure
+/// is answered. The records carry a note beside them until Forget_Shift_Note tells that the project has been
 /// saved with its picks.
 std::string Shift_Records(Workspace& workspace, const TriggerPlan& plan);
 void Forget_Shift_Note(const Workspace& workspace, int shot);

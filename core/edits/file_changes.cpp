@@ -42,14 +42,13 @@ std::string Refusal_Of(const FileChange& change, PositionedFile& file, bool back
     return {};
 }
 
-/// A row of bytes longer than any header word is samples. Those of several traces, with the words beside them,
-/// belong together: a file where a kill left one half of them would not fit any state of the project.
+/// A row of bytes longer than any header word is samples. Those of several traces, with the words beside
+/// them, belong together: a file where a kill left one half of them would not fit any state of the project.
 bool Belong_Together(const FileChange& change) {
     constexpr std::size_t longest_words = 240;
     const auto& runs = change.Bytes.All();
-    return std::count_if(runs.begin(), runs.end(), [](const ByteChanges::Run& run) {
-               return run.After.size() > longest_words;
-           }) > 1;
+    return std::count_if(runs.begin(), runs.end(),
+                         [](const ByteChanges::Run& run) { return run.After.size() > longest_words; }) > 1;
 }
 
 /// The runs are put into the pieces of a new file, which then takes the place of the old one.
@@ -65,8 +64,7 @@ std::string Replace_All(const FileChange& change, PositionedFile& file, bool bac
                 const ByteChanges::Run& run = back ? runs[runs.size() - 1 - i] : runs[i];
                 const std::string& fresh = back ? run.Before : run.After;
                 const std::int64_t from = std::max(run.Position, start);
-                const std::int64_t to =
-                    std::min(run.Position + std::ssize(fresh), start + std::ssize(piece));
+                const std::int64_t to = std::min(run.Position + std::ssize(fresh), start + std::ssize(piece));
                 if (from < to) {
                     piece.replace(static_cast<std::size_t>(from - start), static_cast<std::size_t>(to - from),
                                   fresh, static_cast<std::size_t>(from - run.Position),

@@ -51,10 +51,10 @@ class TriggerCorrection : public LiveSession {
         const double exact = -1 * (shift * 1000 / Interval);
         const auto later = static_cast<long>(std::nearbyint(exact));
         for (int r = 1; r <= line.NbReceivers; ++r) {
-            const std::size_t start = static_cast<std::size_t>((shot - 1) * line.NbReceivers + r - 1) * length;
+            const std::size_t start =
+                static_cast<std::size_t>((shot - 1) * line.NbReceivers + r - 1) * length;
             const double time = std::round(line.ShotTimes(shot, r) * 100.0) / 100;
-            const auto word =
-                static_cast<std::int16_t>(std::nearbyint(time > 0 ? (time - shift) * 10 : 0));
+            const auto word = static_cast<std::int16_t>(std::nearbyint(time > 0 ? (time - shift) * 10 : 0));
             std::memcpy(after.data() + start + 222, &word, 2);
             for (long i = 0; i < Samples; ++i) {
                 const long from = i - later;
@@ -293,7 +293,7 @@ TEST_F(TriggerCorrection, another_project_is_not_shifted_by_what_was_left) {
 }
 
 /// Many records, so that a kill meets the writing.
-TEST_F(TriggerCorrection, a_kill_at_any_moment_leaves_each_trace_old_or_new) {
+TEST_F(TriggerCorrection, a_kill_while_saving_or_undoing_leaves_all_traces_old_or_new) {
     constexpr int traces = 120;
     constexpr int samples = 8000;
     SuBuilder builder(traces, samples, 250);
@@ -330,15 +330,13 @@ TEST_F(TriggerCorrection, a_kill_at_any_moment_leaves_each_trace_old_or_new) {
             Open_File_Named(program, Path);
             program.TriggerFault.Load();
             program.TriggerFault.Shot = "3";
-            for (const char* shift : {"5", "-5", "5"}) {
-                program.TriggerFault.Shift = shift;
+            [[maybe_unused]] const auto told = write(ready[1], "x", 1);
+            while (true) {
+                program.TriggerFault.Shift = "5";
                 prompts.Expect(record_question, Answer::Yes);
-                if (std::string(shift) == "5" && program.Work.Edits.Can_Undo()) break;
-                [[maybe_unused]] const auto told = write(ready[1], "x", 1);
                 program.TriggerFault.Save_TT_Translation();
                 program.Work.Edits.Undo(program.Work.Project);
             }
-            kill(getpid(), SIGKILL);
         }
         char byte = 0;
         ASSERT_EQ(read(ready[0], &byte, 1), 1);
@@ -352,8 +350,8 @@ TEST_F(TriggerCorrection, a_kill_at_any_moment_leaves_each_trace_old_or_new) {
         ASSERT_TRUE(found == before || found == after) << "round " << round;
         (found == before ? old_files : new_files) += 1;
     }
-    RecordProperty("old", old_files);
-    RecordProperty("new", new_files);
+    EXPECT_GT(old_files, 0);
+    EXPECT_GT(new_files, 0) << "no kill met a record that was written";
 }
 
 }  // namespace tarnvik::test

@@ -35,9 +35,8 @@ EraseForm::EraseForm(Session& session, QtDisplay& display)
     Fields.Command(controls.Command5, [&logic] { logic.Command5(); });
     Fields.Command(controls.Command6, [&logic] { logic.Command6(); });
     Fields.Enabled(controls.Command3, [&logic] { return logic.Save_Enabled(); });
-    Fields.Follow([&logic, label = controls.Samples] {
-        label->setText(QString::fromStdString(logic.Samples_Text()));
-    });
+    Fields.Follow(
+        [&logic, label = controls.Samples] { label->setText(QString::fromStdString(logic.Samples_Text())); });
 
     // A list takes the keys for itself, and a button would hand the focus on.
     for (QWidget* control : std::initializer_list<QWidget*>{
