@@ -52,7 +52,7 @@ void Plan_Picks(const Project& project, TriggerPlan& plan) {
         const auto word = CInt(corrected * 10);
         if (!word && plan.Refusal.empty()) {
             plan.Refusal = "Impossible, receiver " + CStr(receiver) + " would get " + CStr(corrected) +
-                           " ms: the SU header holds at most 3276.7 ms";
+                           " ms: a header word holds -3276.8 to 3276.7 ms";
         }
         plan.Times.push_back(corrected);
         plan.Words.push_back(word.value_or(0));

@@ -110,6 +110,7 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Display.Selected == Tab::Curves && w.Display.Count("curves") == 1; }},
         {"prop", cancel_new, still_there},
         {"vitess1", nothing, [](W& w) { return w.Shows(Dialog::SpeedF) && w.Mode_Is(DisplayMode::Vitesse); }},
+        {"erase", nothing, [](W& w) { return w.Shows(Dialog::Erase_TT) && w.Mode_Is(DisplayMode::Dromo); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
