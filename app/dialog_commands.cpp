@@ -21,6 +21,7 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
+#include "traveltime/velocity_ruler.h"
 
 namespace tarnvik {
 
@@ -52,6 +53,24 @@ void Save_Velocity_And_Go_On(Session& session) {
     session.Record.Load();
     session.Record.Command1();
     if (!session.Speed.SaveEnabled) session.Speed.Next_Layer();
+}
+
+void Show_True_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF2);
+}
+
+void Show_Hand_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF3);
+}
+
+void Toggle_Velocity_Ruler(Session& session) {
+    if (!session.Work.Curves.RulerShown) session.Outside.Show.Select_Tab(Tab::Curves);
+    Velocity_Ruler(session.Work, session.Outside);
+    session.Outside.Show.Show_Fields();
+}
+
+void Show_Dip_Dialog(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::dip, false);
 }
 
 void Show_Depth_Dialog(Session& session) {

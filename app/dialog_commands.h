@@ -6,6 +6,13 @@ class Session;
 
 /// Opens SpeedF over the curves.
 void Show_Velocity_Dialog(Session& session);
+/// Opens SpeedF2 over the curves.
+void Show_True_Velocity_Dialog(Session& session);
+/// Opens SpeedF3 over the curves.
+void Show_Hand_Velocity_Dialog(Session& session);
+/// Opens or closes vELINE, the velocities of the cross at the pointer.
+void Toggle_Velocity_Ruler(Session& session);
+void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
 

@@ -8,8 +8,10 @@
 #include "app/picture_export.h"
 #include "core/ports/ports.h"
 #include "core/workspace.h"
+#include "depth/dip.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
+#include "depth/velocity_line.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -24,6 +26,10 @@
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
+#include "traveltime/speed_f2.h"
+#include "traveltime/speed_f2_pointer.h"
+#include "traveltime/speed_f3.h"
+#include "traveltime/speed_f3_pointer.h"
 #include "traveltime/speed_pointer.h"
 #include "traveltime/zoom.h"
 
@@ -57,6 +63,12 @@ class Session {
     SpeedF Speed;
     Confirm Record;  ///< dialog `confirm` of SpeedF
     SpeedPointer SpeedMouse;
+    SpeedF2 TrueSpeed;
+    SpeedF2Pointer TrueSpeedMouse;
+    SpeedF3 HandSpeed;
+    SpeedF3Pointer HandSpeedMouse;
+    VelocityLine RulerVelocities;  ///< dialog vELINE
+    DipComputation Dip;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
 
