@@ -15,9 +15,9 @@ class VelocityLine {
 
     std::string Velocity1;
     std::string Velocity2;
-    std::string Dip;       ///< degrees
-    std::string DownDip;   ///< Text4
-    std::string UpDip;     ///< Text5
+    std::string Dip;      ///< degrees
+    std::string DownDip;  ///< Text4
+    std::string UpDip;    ///< Text5
 
     void Load();   ///< the form opens
     void Close();  ///< the form closes

@@ -79,10 +79,10 @@ bool Droite_TMoins(const Project& project, DifferenceQuestion question, Differen
     line.X2 = Place(project, question.Last);
     line.T1 = offset + slope * line.X1;
     line.T2 = offset + slope * line.X2;
-    const auto length = static_cast<float>(
-        (static_cast<double>(project.ReceiverData(ReceiverDistance, question.Last)) -
-         project.ReceiverData(ReceiverDistance, question.First)) *
-        ms_per_second);
+    const auto length =
+        static_cast<float>((static_cast<double>(project.ReceiverData(ReceiverDistance, question.Last)) -
+                            project.ReceiverData(ReceiverDistance, question.First)) *
+                           ms_per_second);
     // The floor is taken before the doubling and before the sign goes, so the velocity is always even.
     // Kept, so that a pair of shots gives the velocity that earlier interpretations recorded.
     line.Velocity = std::abs(-2 * Int(Divide(length, line.T2 - line.T1)));

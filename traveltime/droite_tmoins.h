@@ -8,9 +8,9 @@ namespace tarnvik {
 
 /// Where the straight line through the time differences of two shots is drawn.
 enum class DifferenceMode {
-    Curves = 0,    ///< on the travel-time curves
-    GrmCurves = 1, ///< on the curves of GRM, by their factor
-    GrmChart = 2,  ///< on the chart of GRM, by its own scale
+    Curves = 0,     ///< on the travel-time curves
+    GrmCurves = 1,  ///< on the curves of GRM, by their factor
+    GrmChart = 2,   ///< on the chart of GRM, by its own scale
 };
 
 /// Two shots and the receivers whose time differences are fitted. Shots and receivers may stand in either

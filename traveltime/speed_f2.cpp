@@ -81,8 +81,7 @@ bool SpeedF2::Shots_And_Receivers_Fit(const DifferenceQuestion& question) {
     const int b = question.ShotB;
     if (a > shots || b > shots || a == b) return Refuse(wrong_shot, Icon::Warning);
     if (a == 0 || b == 0) return Refuse("Value missing...", Icon::Warning);
-    if (question.First == question.Last)
-        return Refuse("Same receiver or Shot, impossible...", Icon::None);
+    if (question.First == question.Last) return Refuse("Same receiver or Shot, impossible...", Icon::None);
     return true;
 }
 
@@ -183,7 +182,8 @@ bool SpeedF2::Command3() {
 
 bool SpeedF2::Save(int layer, double velocity, int first, int last) {
     Project& project = Work.Project;
-    EditScope edit(Work, "True velocity of layer " + CStr(layer) + ", shots " + CStr(first) + " to " + CStr(last));
+    EditScope edit(Work,
+                   "True velocity of layer " + CStr(layer) + ", shots " + CStr(first) + " to " + CStr(last));
     for (int shot = first; shot <= last; ++shot)
         project.VelocityA(shot, layer) = project.VelocityB(shot, layer) = CInt_Or_Fault(Int(velocity));
     edit.End();

@@ -27,9 +27,9 @@ class SpeedF2 {
     std::array<std::string, 5> Eliminated;  ///< receivers left out of the fit while Eliminate is ticked
     std::string Velocity;
     std::string Correlation;
-    std::string Layer = "2";    ///< Combo5
-    std::string RecordFrom;     ///< Text7, first shot that the velocity is recorded for
-    std::string RecordTo;       ///< Text8, the last one
+    std::string Layer = "2";                       ///< Combo5
+    std::string RecordFrom;                        ///< Text7, first shot that the velocity is recorded for
+    std::string RecordTo;                          ///< Text8, the last one
     ReceiverBox LastEntered = ReceiverBox::First;  ///< receiver box that a click on the picture fills
 
     /// Entries of the lists.

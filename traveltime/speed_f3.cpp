@@ -124,10 +124,10 @@ bool SpeedF3::Command1() {
     const VelocityWork& work = Work.Velocity;
     const std::string end = "\r\n";
     const std::string shot = CStr(static_cast<int>(work.CurrentShot));
-    const std::string question =
-        "Data for Shot number " + shot + end + "Intercept time           " + CStr(work.InterceptResult) +
-        end + "Layer number             " + CStr(LayerToSave) + end + "Apparent velocity            " +
-        CStr(static_cast<int>(VelocityToSave));
+    const std::string question = "Data for Shot number " + shot + end + "Intercept time           " +
+                                 CStr(work.InterceptResult) + end + "Layer number             " +
+                                 CStr(LayerToSave) + end + "Apparent velocity            " +
+                                 CStr(static_cast<int>(VelocityToSave));
     bool saved = false;
     if (Outside.Ask.Ask_Yes(question, Work.AppTitle)) {
         EditScope edit(Work, "Velocity of shot " + shot + ", layer " + CStr(LayerToSave));

@@ -17,8 +17,8 @@ HandVelocityForm::HandVelocityForm(Session& session, QtDisplay&) : Program(sessi
     Fields.Text(controls.Combo1, logic.Layer);
     Fields.Text(controls.Text2, logic.Velocity);
     Fields.Text(controls.Text4, logic.Intercept);
-    for (QWidget* box : std::initializer_list<QWidget*>{controls.Combo1, controls.Combo2, controls.Text2,
-                                                        controls.Text4}) {
+    for (QWidget* box :
+         std::initializer_list<QWidget*>{controls.Combo1, controls.Combo2, controls.Text2, controls.Text4}) {
         Fields.On_Focus(box, [&logic] { logic.Enter(); });
         box->setFixedWidth(fontMetrics().horizontalAdvance("8888888.8") + 24);
     }

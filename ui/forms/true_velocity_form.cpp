@@ -72,9 +72,9 @@ TrueVelocityForm::TrueVelocityForm(Session& session, QtDisplay&) : Program(sessi
     On_Escape(this, [this] { Close_Me(); });
 
     const int width = fontMetrics().horizontalAdvance("8888888.8") + 24;
-    for (QWidget* box : std::initializer_list<QWidget*>{
-             controls.Combo1, controls.Combo2, controls.Combo3, controls.Combo4, controls.Combo5,
-             controls.Text1, controls.Text7, controls.Text8, controls.Picture2}) {
+    for (QWidget* box : std::initializer_list<QWidget*>{controls.Combo1, controls.Combo2, controls.Combo3,
+                                                        controls.Combo4, controls.Combo5, controls.Text1,
+                                                        controls.Text7, controls.Text8, controls.Picture2}) {
         box->setFixedWidth(width);
     }
     const int label_width = controls.Label4->sizeHint().width();

@@ -16,12 +16,10 @@ VelocityLineForm::VelocityLineForm(Session& session, QtDisplay&) : Program(sessi
     Fields.Text(controls.Text3, logic.Dip);
     Fields.Text(controls.Text4, logic.DownDip, [&logic] { logic.Results_Changed(); });
     Fields.Text(controls.Text5, logic.UpDip, [&logic] { logic.Results_Changed(); });
-    for (QLineEdit* box :
-         {controls.Text1, controls.Text2, controls.Text3, controls.Text4, controls.Text5}) {
+    for (QLineEdit* box : {controls.Text1, controls.Text2, controls.Text3, controls.Text4, controls.Text5}) {
         box->setFixedWidth(fontMetrics().horizontalAdvance("888888.8") + 16);
     }
-    Fields.Follow([this, u1 = controls.Unit1, u2 = controls.Unit2,
-                   u4 = controls.Unit4, u5 = controls.Unit5] {
+    Fields.Follow([this, u1 = controls.Unit1, u2 = controls.Unit2, u4 = controls.Unit4, u5 = controls.Unit5] {
         for (QLabel* unit : {u1, u2, u4, u5})
             unit->setText(Program.Work.Settings.Metric() ? "m/s" : "f/s");
     });
