@@ -13,6 +13,8 @@ struct HandBand {
     double T2 = 0;
     std::int16_t DownDistance = 0;  ///< of the press: distance units
     std::int16_t DownTime = 0;      ///< and ms
+    double Distance = 0;            ///< of its end, as the pointer reads it: distance units
+    double Time = 0;                ///< and ms
     std::int16_t EndX = 0;          ///< of its end: units of the picture across
     std::int16_t EndY = 0;          ///< and up
 };

@@ -187,7 +187,10 @@ bool SpeedF2::Save(int layer, double velocity, int first, int last) {
     for (int shot = first; shot <= last; ++shot)
         project.VelocityA(shot, layer) = project.VelocityB(shot, layer) = CInt_Or_Fault(Int(velocity));
     edit.End();
-    return Files.SaveProject && Files.SaveProject(Work, Outside);
+    if (!Files.SaveProject || !Files.SaveProject(Work, Outside)) return false;
+    Work.Fields.Status = "Velocity " + CStr(Int(velocity)) + " recorded as layer " + CStr(layer) +
+                         " of shots " + CStr(first) + " to " + CStr(last);
+    return true;
 }
 
 void Step_Over_Offset_Shots(const Project& project, int& first, int& last) {

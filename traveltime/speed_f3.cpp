@@ -69,22 +69,24 @@ void SpeedF3::Drop_Band() {
 void SpeedF3::Take_Band(const HandBand& band) {
     Band = band;
     Show_Moving_Marks(Work, Outside);
-    Show_Readings();
+    if (const auto velocity = Band_Velocity(band.DownDistance, band.DownTime, band.Distance, band.Time)) {
+        Work.Fields.Text1 = Velocity_Text(Work.Settings, *velocity);
+        Velocity = Format(*velocity, "##000");
+    }
+    Show_Intercept();
     Outside.Show.Show_Fields();
 }
 
-/// A level band has no velocity; its fields stay.
-void SpeedF3::Show_Readings() {
-    const CurveView& view = Work.Curves;
-    const auto velocity =
-        Band_Velocity(Band->DownDistance, Band->DownTime, view.MouseDistance, view.MouseTime);
-    if (!velocity) return;
-    Work.Fields.Text1 = Velocity_Text(Work.Settings, *velocity);
-    Velocity = Format(*velocity, "##000");
+void SpeedF3::Shot_Changed() {
+    Show_Intercept();
+    Outside.Show.Show_Fields();
+}
+
+void SpeedF3::Show_Intercept() {
     const int shot = CInt(Val(Shot)).value_or(0);
-    if (shot < 1 || shot > Work.Project.NbShots) return;
-    const auto intercept = Band_Intercept(Band->DownDistance, Band->DownTime, view.MouseDistance,
-                                          view.MouseTime, Work.Project.ShotDistance(shot));
+    if (!Band || shot < 1 || shot > Work.Project.NbShots) return;
+    const auto intercept = Band_Intercept(Band->DownDistance, Band->DownTime, Band->Distance, Band->Time,
+                                          Work.Project.ShotDistance(shot));
     if (intercept) Intercept = Format(*intercept, "##00.0");
 }
 

@@ -30,7 +30,10 @@ class SpeedF3 {
     void Close();  ///< the form closes
     /// A box got the focus: the picture serves this dialog again.
     void Enter();
-    /// The band as it stands under the hand, its velocity and intercept to be read off the pointer.
+    /// Another shot: the band's intercept is read there.
+    void Shot_Changed();
+    /// The band as it stands under the hand: its velocity and intercept are shown. A level one has none; the
+    /// fields stay.
     void Take_Band(const HandBand& band);
     /// Nothing is drawn any more.
     void Drop_Band();
@@ -41,7 +44,7 @@ class SpeedF3 {
   private:
     bool Refuse(const char* text);
     std::vector<Mark> Marks_Of_Band() const;
-    void Show_Readings();
+    void Show_Intercept();
 
     Workspace& Work;
     Ports& Outside;

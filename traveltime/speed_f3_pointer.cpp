@@ -38,6 +38,8 @@ void SpeedF3Pointer::Follow(const PointerEvent& event) {
     Store_If_It_Fits(view.DragEndY, event.Y);
     Held->X2 = event.X;
     Held->T2 = event.Y * view.TimeFactor;
+    Held->Distance = view.MouseDistance;
+    Held->Time = view.MouseTime;
     Held->EndX = view.DragEndX;
     Held->EndY = view.DragEndY;
     Form.Take_Band(*Held);

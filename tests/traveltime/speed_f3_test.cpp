@@ -64,6 +64,9 @@ TEST_F(HandVelocity, FollowsTheLineUnderTheHandAndTheLineStays) {
     // The slope from the pointer back: 40 / (40 - 60) + 0.0001, read at 57.5.
     EXPECT_EQ(Form->Velocity, "2000");
     EXPECT_EQ(Form->Intercept, "43.7");
+    Form->Shot = "1";
+    Form->Shot_Changed();
+    EXPECT_EQ(Form->Intercept, "72.5") << "40 + 65 / 1.9999, read at 0";
 
     ASSERT_EQ(Marks().size(), 1U);
     const double factor = Work.Curves.TimeFactor;

@@ -13,7 +13,7 @@ HandVelocityForm::HandVelocityForm(Session& session, QtDisplay&) : Program(sessi
     ShotBox = controls.Combo2;
     Fields.Entries(controls.Combo2, logic.ShotEntries);
     Fields.Entries(controls.Combo1, logic.LayerEntries);
-    Fields.Text(controls.Combo2, logic.Shot);
+    Fields.Text(controls.Combo2, logic.Shot, [&logic] { logic.Shot_Changed(); });
     Fields.Text(controls.Combo1, logic.Layer);
     Fields.Text(controls.Text2, logic.Velocity);
     Fields.Text(controls.Text4, logic.Intercept);
