@@ -4,16 +4,16 @@ namespace tarnvik::test {
 
 TEST_F(Batch, a_true_velocity_is_found_and_recorded_for_the_shots_on_the_line) {
     const std::string demo = Demo("demo1.tv5");
-    const std::string pair = "truevelocity " + demo + " --shots 4,2 --from 18 --to 8 --json ";
+    const std::string pair = "truevelocity " + demo + " --shots 4,2 --from 15 --to 9 --json ";
     const Outcome found = Run(pair + "--save");
     ASSERT_EQ(found.Status, 0) << found.Errors;
     const double velocity = found.Json()["VelocityResult"];
-    EXPECT_NEAR(velocity, 3600, 300);
+    EXPECT_NEAR(velocity, 3800, 100);
     EXPECT_GT(found.Json()["Correlation"], 0.96);
-    // The line rises from receiver 8 to 18 by the time difference over twice the velocity.
+    // The line rises from receiver 9 to 15 by the time difference over twice the velocity.
     const double rise = double(found.Json()["y2"]) - double(found.Json()["y1"]);
     const Project line = Read(demo);
-    const double distance = line.ReceiverData(ReceiverDistance, 18) - line.ReceiverData(ReceiverDistance, 8);
+    const double distance = line.ReceiverData(ReceiverDistance, 15) - line.ReceiverData(ReceiverDistance, 9);
     const auto shown = Run("show " + demo + " --json").Json();
     EXPECT_NEAR(rise * double(shown["TimeFactor"]), 1000 * distance / velocity, 0.02);
     EXPECT_EQ(shown["VelocityA"][2][2], 0) << "--record alone stores it";
