@@ -110,6 +110,10 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Display.Selected == Tab::Curves && w.Display.Count("curves") == 1; }},
         {"prop", cancel_new, still_there},
         {"vitess1", nothing, [](W& w) { return w.Shows(Dialog::SpeedF) && w.Mode_Is(DisplayMode::Vitesse); }},
+        {"velo2", nothing, [](W& w) { return w.Shows(Dialog::SpeedF3) && w.Mode_Is(DisplayMode::Vitesse2); }},
+        {"vitess3", nothing,
+         [](W& w) { return w.Shows(Dialog::SpeedF2) && w.Mode_Is(DisplayMode::Velocity); }},
+        {"ruler", nothing, Opens(Dialog::vELINE)},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
@@ -159,6 +163,11 @@ const std::vector<Row>& Rows() {
         {"History_M", nothing, Opens(Dialog::History)},
 
         {"VelCalcul", nothing, Opens(Dialog::SpeedF)},
+        {"VelCalName", nothing, Opens(Dialog::SpeedF3)},
+        {"Vel2name", nothing, Opens(Dialog::SpeedF2)},
+        {"v_r", [](W& w) { Run_Command(w.Program, "ruler"); },
+         [](W& w) { return !w.Shows(Dialog::vELINE) && !w.Program.Work.Curves.RulerShown; }},
+        {"dipc", nothing, Opens(Dialog::dip)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
 
         {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},
