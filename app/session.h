@@ -10,6 +10,8 @@
 #include "core/workspace.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
+#include "depth/quick_interpret.h"
+#include "depth/quick_pointer.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -59,6 +61,8 @@ class Session {
     SpeedPointer SpeedMouse;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    QuickInterpret Quick;
+    QuickPointer QuickMouse;
 
     // Field records.
     RecordZoom RecordArea;
