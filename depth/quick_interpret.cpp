@@ -132,6 +132,7 @@ void QuickInterpret::Show_Curve() {
     } else {
         Outside.Show.Show_Curves();
     }
+    Outside.Show.Show_Grids();  // the list of shots tells which one is shown
 }
 
 void QuickInterpret::Depart_Quick() {

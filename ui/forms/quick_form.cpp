@@ -88,8 +88,7 @@ void QuickForm::Make_Grid(const Ui::QuickForm& controls) {
     Grid1->setMinimumWidth(6 * (fontMetrics().horizontalAdvance("IT Right") + 10) +
                            fontMetrics().horizontalAdvance("8") + 20);
     Grid1->Cells().Look_Of = [](int, int column) {
-        return column < QuickInterpret::Thickness ? TextGridModel::Look::Plain
-                                                  : TextGridModel::Look::ReadOnly;
+        return column < QuickInterpret::Thickness ? TextGridModel::Look::Plain : TextGridModel::Look::Grouped;
     };
     Grid1->Cells().Heading_Tip = [this](int section, Qt::Orientation orientation) -> QString {
         const bool metric = Program.Work.Settings.Metric();
