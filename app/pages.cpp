@@ -113,7 +113,8 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
 void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
     switch (page) {
         case Page::Curves:
-            Draw_Curves_On(session.Work, {pictures.Main, &pictures.Below, &pictures.Beside, pictures.OnPaper});
+            Draw_Curves_On(session.Work,
+                           {pictures.Main, &pictures.Below, &pictures.Beside, pictures.OnPaper});
             break;
         case Page::Profile:
             Paint_Profile(session.Work, pictures.Main, pictures.Beside);

@@ -1,4 +1,4 @@
-// Writes the demo line, demo1.tv5 and demo1.su, into a folder.
+// Writes the demo lines, demo1.tv5 with demo1.su and demo2.tv5, into a folder.
 
 #include <cstdio>
 #include <exception>
@@ -8,6 +8,7 @@
 #include "core/project_file.h"
 #include "demo/demo_line.h"
 #include "demo/demo_records.h"
+#include "demo/undulating_line.h"
 
 namespace {
 
@@ -27,8 +28,10 @@ int main(int argc, char** argv) {
     try {
         const std::string folder = argv[1];
         const tarnvik::Project project = tarnvik::Demo_Project();
-        const bool written = Write(folder + "/demo1.tv5", tarnvik::Project_Bytes(project)) &&
-                             Write(folder + "/demo1.su", tarnvik::Demo_Records(project));
+        const bool written =
+            Write(folder + "/demo1.tv5", tarnvik::Project_Bytes(project)) &&
+            Write(folder + "/demo1.su", tarnvik::Demo_Records(project)) &&
+            Write(folder + "/demo2.tv5", tarnvik::Project_Bytes(tarnvik::Undulating_Demo_Project()));
         return written ? 0 : 1;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
