@@ -112,6 +112,8 @@ const std::vector<Row>& Rows() {
         {"vitess1", nothing, [](W& w) { return w.Shows(Dialog::SpeedF) && w.Mode_Is(DisplayMode::Vitesse); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"quick", nothing,
+         [](W& w) { return w.Shows(Dialog::quick_interpret) && w.Mode_Is(DisplayMode::Quick); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
         {"drawing", nothing, Profile_In(DisplayMode::Profil)},
         {"find", nothing, Opens(Dialog::Zoom)},
@@ -159,6 +161,7 @@ const std::vector<Row>& Rows() {
         {"History_M", nothing, Opens(Dialog::History)},
 
         {"VelCalcul", nothing, Opens(Dialog::SpeedF)},
+        {"QuickInterpretation", nothing, Opens(Dialog::quick_interpret)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
 
         {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},
