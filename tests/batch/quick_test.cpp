@@ -13,7 +13,7 @@ TEST_F(Batch, quick_gives_the_grid_and_records_it_only_when_it_is_told_to) {
     const auto json = shown.Json();
     EXPECT_EQ(json["limits"], nlohmann::json::parse("[[40.0],[56.5]]"));
     EXPECT_EQ(json["grid"][0].size(), 6U);
-    EXPECT_EQ(json["grid"][0][0], 599);
+    EXPECT_EQ(json["grid"][0][0], 600);
     EXPECT_TRUE(json["grid"][1][4].is_null());
     EXPECT_EQ(json["labels"], nlohmann::json::array());
     EXPECT_EQ(json["message"], "");
