@@ -77,6 +77,10 @@ void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
 }
 
+void Show_Quick_Interpretation(Session& session) {
+    Open_Over_Curves(session, Dialog::quick_interpret);
+}
+
 void Show_Intercept_Profile(Session& session) {
     Show_Profile_In_Mode(session, DisplayMode::Profil);
 }

@@ -16,6 +16,9 @@ void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
 
+/// Opens quick_interpret over the curves.
+void Show_Quick_Interpretation(Session& session);
+
 /// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
 /// it could not be saved, all stays.
 void Save_Velocity_And_Go_On(Session& session);

@@ -23,6 +23,8 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::dip, "Tarnvik Dip computation", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true,
               Tab::Curves},
+    DialogRow{Dialog::quick_interpret, "Quick interpretation", DialogPlace::Dock, DisplayMode::Quick, true,
+              Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
     DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},

@@ -41,6 +41,8 @@ constexpr Gesture gestures[] = {
     {on_curves, "Middle drag", "Move the part in sight"},
     {on_curves, "Drag, with Velocity 2 open", "Draw the line whose velocity and intercept time are shown"},
     {on_curves, "Click, with True Velocity open", "Fill the receiver box entered last"},
+    {on_curves, "Drag of a limit",
+     "Quick interpretation: move the limit between two layers, with either button"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

@@ -28,6 +28,8 @@ Session::Session(Ports outside, std::string settings_file)
       Dip(Work, Outside),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      Quick(Work, Outside),
+      QuickMouse(Quick),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -41,6 +43,7 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Velocity, &TrueSpeedMouse);
     Pointer.Register(DisplayMode::Vitesse2, &HandSpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Quick, &QuickMouse);
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

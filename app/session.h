@@ -12,6 +12,8 @@
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "depth/velocity_line.h"
+#include "depth/quick_interpret.h"
+#include "depth/quick_pointer.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -71,6 +73,8 @@ class Session {
     DipComputation Dip;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    QuickInterpret Quick;
+    QuickPointer QuickMouse;
 
     // Field records.
     RecordZoom RecordArea;

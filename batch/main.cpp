@@ -42,6 +42,7 @@ int Run(int argc, char** argv) {
     Add_Apparent(app, request);
     Add_Dip(app, request);
     Add_Depth(app, request);
+    Add_Quick(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);

@@ -116,6 +116,8 @@ const std::vector<Row>& Rows() {
         {"ruler", nothing, Opens(Dialog::vELINE)},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"quick", nothing,
+         [](W& w) { return w.Shows(Dialog::quick_interpret) && w.Mode_Is(DisplayMode::Quick); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
         {"drawing", nothing, Profile_In(DisplayMode::Profil)},
         {"find", nothing, Opens(Dialog::Zoom)},
@@ -168,6 +170,7 @@ const std::vector<Row>& Rows() {
         {"v_r", [](W& w) { Run_Command(w.Program, "ruler"); },
          [](W& w) { return !w.Shows(Dialog::vELINE) && !w.Program.Work.Curves.RulerShown; }},
         {"dipc", nothing, Opens(Dialog::dip)},
+        {"QuickInterpretation", nothing, Opens(Dialog::quick_interpret)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
 
         {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},

@@ -10,6 +10,7 @@
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/picture_export_form.h"
+#include "ui/forms/quick_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
@@ -41,6 +42,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::dip, Make<DipForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::quick_interpret, Make<QuickForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
