@@ -9,6 +9,11 @@ void Show_Velocity_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
 
+/// Opens FantomF over the curves.
+void Show_Phantom_Dialog(Session& session);
+/// Opens Theoric_F beside the curves; the dialog that has the picture keeps it.
+void Show_Theoretic_Dialog(Session& session);
+
 /// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
 /// it could not be saved, all stays.
 void Save_Velocity_And_Go_On(Session& session);

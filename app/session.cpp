@@ -22,6 +22,9 @@ Session::Session(Ports outside, std::string settings_file)
       SpeedMouse(Work, Outside, Speed),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      Phantom(Work, Outside),
+      PhantomMouse(Work, Outside, Phantom),
+      Theoretic(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -33,6 +36,7 @@ Session::Session(Ports outside, std::string settings_file)
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Fantom, &PhantomMouse);
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

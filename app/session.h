@@ -10,6 +10,7 @@
 #include "core/workspace.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
+#include "depth/theoric_f.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -21,6 +22,8 @@
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
 #include "traveltime/curve_pointer.h"
+#include "traveltime/fantom_f.h"
+#include "traveltime/fantom_pointer.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
@@ -59,6 +62,9 @@ class Session {
     SpeedPointer SpeedMouse;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    FantomF Phantom;
+    FantomPointer PhantomMouse;
+    TheoricF Theoretic;
 
     // Field records.
     RecordZoom RecordArea;

@@ -4,6 +4,7 @@
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/depth_form.h"
+#include "ui/forms/fantom_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -12,6 +13,7 @@
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
+#include "ui/forms/theoric_form.h"
 #include "ui/forms/zoom_form.h"
 
 namespace tarnvik {
@@ -33,6 +35,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::SpeedF, Make<SpeedForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::FantomF, Make<FantomForm>},
+        {Dialog::Theoric_F, Make<TheoricForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
