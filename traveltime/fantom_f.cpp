@@ -32,7 +32,7 @@ FantomF::FantomF(Workspace& workspace, Ports& ports, FileRoutines files)
     : Work(workspace), Outside(ports), Files(std::move(files)) {}
 
 void FantomF::Load() {
-    Work.Mode.Take(Dialog::FantomF, DisplayMode::Fantom);
+    Take_Picture();
     ColoursByVelocity = std::exchange(Work.Settings.ColorChoice, false);
     ShotEntries = Numbers_Up_To(Work.Project.NbShots);
     const int shot = Work.Velocity.CurrentShot;
@@ -114,9 +114,13 @@ void FantomF::Slope_Changed() {
     Work.Velocity.ShotSide = static_cast<std::int16_t>(Slope);
 }
 
+void FantomF::Take_Picture() {
+    Work.Mode.Take(Dialog::FantomF, DisplayMode::Fantom);
+}
+
 void FantomF::Slide_To(double shift) {
     if (Work.Project.NbShots < 1) return;
-    Work.Mode.Take(Dialog::FantomF, DisplayMode::Fantom);
+    Take_Picture();
     const int fixed = Correct_Shot(FixedShot);
     const int moving = Correct_Shot(MovingShot);
     const bool other_fixed = std::exchange(Fixed, fixed) != fixed;

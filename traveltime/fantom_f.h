@@ -42,6 +42,8 @@ class FantomF {
     void Pair_Changed();
     void VScroll1_Changed();
     void Slope_Changed();  ///< Option1 or Option2
+    /// A press on the picture serves this dialog again, whatever served itself of it meanwhile.
+    void Take_Picture();
     /// Moves the curve by so many units of the picture, positive towards earlier times, within the range of
     /// the scroll bar. Shots that do not exist are told and corrected; the slope follows their places.
     void Slide_To(double shift);
