@@ -74,12 +74,14 @@ ExitStatus Phantom(const CommonOptions& common, const PhantomOptions& options, c
         dialog.Slope = options.Slope == "left" ? FantomF::slope_left : FantomF::slope_right;
         dialog.Slope_Changed();
     }
+    std::string message = run.Prompts.Texts();
     if (options.Record) {
         if (options.Number > 0) dialog.InterceptNumber = CStr(options.Number);
         dialog.InterceptTime = CStr(options.Intercept);
         dialog.Command2();
+        // A question that was answered is no reason; one that was not tells why nothing is recorded.
+        if (!dialog.Recorded()) message = run.Prompts.Texts();
     }
-    const std::string message = run.Prompts.Texts();
     const int slope = dialog.Slope;
     Print(To_Json(times, work, message), common);
     if (!common.Json) Print_Times(times, slope);

@@ -33,7 +33,9 @@ TEST_F(CurveTools, a_translated_curve_is_told_and_its_intercept_recorded_when_th
         "phantom " + line +
         " --fixed 2 --moving 1 --shift 11.4 --intercept-number 2 --intercept 35.9 --record";
     EXPECT_EQ(Run(record + " --save").Status, 1) << "not answered";
-    EXPECT_EQ(Run(record + " --slope right --answer yes").Status, 0);
+    const auto answered = Run(record + " --slope right --answer yes --json");
+    EXPECT_EQ(answered.Status, 0);
+    EXPECT_EQ(answered.Json()["message"], "");
     EXPECT_EQ(*Read_File(line), before);
     EXPECT_EQ(Run(record + " --slope left --yes --out " + (Folder / "a.tv5")).Status, 0);
     EXPECT_EQ(Read(Folder / "a.tv5").InterceptA(2, 2), 35.9);
@@ -55,7 +57,7 @@ TEST_F(CurveTools, branches_of_a_model_are_told_and_a_wrong_one_is_refused) {
     EXPECT_EQ(drawn.Status, 0);
     EXPECT_EQ(drawn.Json()["NbLayers"], 3);
     EXPECT_EQ(drawn.Json()["IT"], nlohmann::json({19, 14}));
-    const auto& branches = drawn.Json()["branches"];
+    const nlohmann::json branches = drawn.Json()["branches"];
     ASSERT_EQ(branches.size(), 3U);
     EXPECT_EQ(branches[0], nlohmann::json({0, 0, 48, 100}));
     EXPECT_NEAR(branches[2][3], 33 + 120 / 3.8, 1e-9);
