@@ -43,6 +43,7 @@ constexpr Gesture gestures[] = {
     {on_curves, "Click, with True Velocity open", "Fill the receiver box entered last"},
     {on_curves, "Drag of a limit",
      "Quick interpretation: move the limit between two layers, with either button"},
+    {on_curves, "Drag on the moving curve", "While a shot is translated: slide its curve"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

@@ -30,6 +30,9 @@ Session::Session(Ports outside, std::string settings_file)
       DepthMouse(Work, Outside, Depths),
       Quick(Work, Outside),
       QuickMouse(Quick),
+      Phantom(Work, Outside),
+      PhantomMouse(Work, Outside, Phantom),
+      Theoretic(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -44,6 +47,7 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Vitesse2, &HandSpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
     Pointer.Register(DisplayMode::Quick, &QuickMouse);
+    Pointer.Register(DisplayMode::Fantom, &PhantomMouse);
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

@@ -14,6 +14,7 @@
 #include "depth/velocity_line.h"
 #include "depth/quick_interpret.h"
 #include "depth/quick_pointer.h"
+#include "depth/theoric_f.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -25,6 +26,8 @@
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
 #include "traveltime/curve_pointer.h"
+#include "traveltime/fantom_f.h"
+#include "traveltime/fantom_pointer.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
@@ -75,6 +78,9 @@ class Session {
     FcalculPointer DepthMouse;
     QuickInterpret Quick;
     QuickPointer QuickMouse;
+    FantomF Phantom;
+    FantomPointer PhantomMouse;
+    TheoricF Theoretic;
 
     // Field records.
     RecordZoom RecordArea;

@@ -43,6 +43,8 @@ int Run(int argc, char** argv) {
     Add_Dip(app, request);
     Add_Depth(app, request);
     Add_Quick(app, request);
+    Add_Phantom(app, request);
+    Add_Theoretic(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);

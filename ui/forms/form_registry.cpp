@@ -6,6 +6,7 @@
 #include "ui/forms/depth_form.h"
 #include "ui/forms/dip_form.h"
 #include "ui/forms/hand_velocity_form.h"
+#include "ui/forms/fantom_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -17,6 +18,7 @@
 #include "ui/forms/splash_form.h"
 #include "ui/forms/true_velocity_form.h"
 #include "ui/forms/velocity_line_form.h"
+#include "ui/forms/theoric_form.h"
 #include "ui/forms/zoom_form.h"
 
 namespace tarnvik {
@@ -43,6 +45,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
         {Dialog::quick_interpret, Make<QuickForm>},
+        {Dialog::FantomF, Make<FantomForm>},
+        {Dialog::Theoric_F, Make<TheoricForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
