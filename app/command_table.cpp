@@ -135,7 +135,7 @@ constexpr Command Separator(std::string_view menu) {
 // clang-format off
 const std::array command_table = {
     // Toolbar, in the order of the buttons.
-    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
+    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase", .Run = Show_Trigger_Correction, .Refusal = Without_Project},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
     Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Shown_Records},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},

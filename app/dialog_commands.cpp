@@ -90,6 +90,10 @@ void Show_Theoretic_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Theoric_F);
 }
 
+void Show_Trigger_Correction(Session& session) {
+    Open_Over_Curves(session, Dialog::Erase_TT);
+}
+
 void Show_Intercept_Profile(Session& session) {
     Show_Profile_In_Mode(session, DisplayMode::Profil);
 }

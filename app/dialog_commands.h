@@ -15,6 +15,8 @@ void Toggle_Velocity_Ruler(Session& session);
 void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
+/// Opens Erase_TT over the curves.
+void Show_Trigger_Correction(Session& session);
 
 /// Opens quick_interpret over the curves.
 void Show_Quick_Interpretation(Session& session);

@@ -28,6 +28,8 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::FantomF, "Shot Translation", DialogPlace::Dock, DisplayMode::Fantom, true, Tab::Curves},
     DialogRow{Dialog::Theoric_F, "Tarnvik Theoric travel time", DialogPlace::Dock, DisplayMode::None, true,
               Tab::Curves},
+    DialogRow{Dialog::Erase_TT, "Time Time  break correction", DialogPlace::Dock, DisplayMode::Dromo, true,
+              Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
     DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},

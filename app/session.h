@@ -22,6 +22,8 @@
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
 #include "setup/elevations.h"
+#include "setup/erase_pointer.h"
+#include "setup/erase_tt.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
@@ -81,6 +83,8 @@ class Session {
     FantomF Phantom;
     FantomPointer PhantomMouse;
     TheoricF Theoretic;
+    Erase_TT TriggerFault;  ///< correction of a shot's trigger
+    ErasePointer TriggerMouse;
 
     // Field records.
     RecordZoom RecordArea;

@@ -49,6 +49,7 @@ int Run(int argc, char** argv) {
     Add_Record(app, request);
     Add_New(app, request);
     Add_Pick(app, request);
+    Add_Timebreak(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

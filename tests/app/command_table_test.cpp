@@ -115,6 +115,7 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Shows(Dialog::SpeedF2) && w.Mode_Is(DisplayMode::Velocity); }},
         {"ruler", nothing, Opens(Dialog::vELINE)},
         {"fantom", nothing, [](W& w) { return w.Shows(Dialog::FantomF) && w.Mode_Is(DisplayMode::Fantom); }},
+        {"erase", nothing, [](W& w) { return w.Shows(Dialog::Erase_TT) && w.Mode_Is(DisplayMode::Dromo); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"quick", nothing,

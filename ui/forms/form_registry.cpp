@@ -7,6 +7,7 @@
 #include "ui/forms/dip_form.h"
 #include "ui/forms/hand_velocity_form.h"
 #include "ui/forms/fantom_form.h"
+#include "ui/forms/erase_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -47,6 +48,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::quick_interpret, Make<QuickForm>},
         {Dialog::FantomF, Make<FantomForm>},
         {Dialog::Theoric_F, Make<TheoricForm>},
+        {Dialog::Erase_TT, Make<EraseForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
