@@ -48,6 +48,15 @@ void Open_Given_Project(Session& session, const std::string& path) {
         session.Hooks.LoadSuFile();
 }
 
+/// The colours that the user has chosen for the curves, also while a dialog shows them otherwise.
+void Write_Settings_Chosen(Session& session) {
+    bool& by_velocity = session.Work.Settings.ColorChoice;
+    const bool shown = by_velocity;
+    by_velocity = shown || session.Phantom.ColoursByVelocity;
+    Write_Settings(session.Work, session.Outside, session.SettingsFile);
+    by_velocity = shown;
+}
+
 }  // namespace
 
 void Form_Load(Session& session, const std::string& command_line) {
@@ -149,7 +158,7 @@ void Quit(Session& session, bool only_ok) {
         session.Outside.Ask.Message("This will end your Tarnvik session", session.Work.AppTitle,
                                     Icon::Question, only_ok ? Buttons::Ok : Buttons::YesNo);
     if (answer != Answer::Yes && answer != Answer::Ok) return;
-    Write_Settings(session.Work, session.Outside, session.SettingsFile);
+    Write_Settings_Chosen(session);
     if (Unload_Form(session)) End_Session(session);
 }
 
