@@ -30,6 +30,7 @@ void Show_In_Dialogs(Session& session, int shot) {
         session.Quick.Shot = CStr(shot);
         session.Quick.Shot_Changed();
     }
+    if (session.Outside.Show.Is_Open(Dialog::Erase_TT)) session.TriggerFault.Choose(shot);
 }
 
 }  // namespace

@@ -80,6 +80,8 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
 
 /// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
 void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
+    if (notice.Parts.Has(ProjectPart::Counts) && session.Outside.Show.Is_Open(Dialog::FantomF))
+        session.Phantom.Shots_Changed();
     if (notice.Happened == ChangeNotice::Kind::Made) return;
     if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Line, ProjectPart::Shots,
                                ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses}) &&

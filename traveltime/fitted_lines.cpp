@@ -5,6 +5,7 @@
 
 #include "core/fault.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -73,7 +74,7 @@ void Forget_Fitted_Lines(CurveView& view) {
 
 void Draw_Fitted_Lines(Picture& picture, const CurveView& view) {
     for (const FittedLine& line : view.Fitted) {
-        if (view.ShotAlone == 0 || view.ShotAlone == line.Shot) Draw_One(picture, line, view.TimeFactor);
+        if (view.ShotAlone == 0 || Stands_Alone(view, line.Shot)) Draw_One(picture, line, view.TimeFactor);
     }
 }
 
