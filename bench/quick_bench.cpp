@@ -31,3 +31,5 @@ void Limit_Dragged(benchmark::State& state) {
 BENCHMARK(Limit_Dragged)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+BENCHMARK_MAIN();

@@ -333,9 +333,7 @@ void QuickInterpret::Command1() {
     for (int refractor = 1; refractor <= Project::MaxRefractors; ++refractor) {
         line.InterceptA(shot, refractor) = value(refractor + 1, InterceptLeft);
         line.InterceptB(shot, refractor) = value(refractor + 1, InterceptRight);
-        // The deepest layer has no thickness; with one layer its row counts all the same.
-        const bool stored = refractor == 1 || refractor < Layers();
-        line.ShotThickness(shot, refractor) = stored ? value(refractor, Thickness) : 0;
+        line.ShotThickness(shot, refractor) = value(refractor, Thickness);  // the deepest layer has none
     }
     edit.End();
     if (Files.SaveProject) Files.SaveProject(Work, Outside);

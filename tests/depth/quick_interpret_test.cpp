@@ -176,6 +176,11 @@ TEST(QuickInterpretation, ALimitFollowsTheHandAndSoDoesTheModel) {
     }
     line.Drag(91, 300);
     EXPECT_EQ(line.Form->Limits[2][2], 96) << "it stays on the picture, where it can be caught again";
+    const std::string velocity = line.Form->Grid1.Text(2, Quick::VelocityRight);
+    line.Work.Project.ShotTimes(2, 120) *= 2;
+    line.Form->Picks_Changed();
+    EXPECT_EQ(line.Form->Grid1.Text(2, Quick::VelocityRight), velocity)
+        << "the receiver at the limit is beyond it";
 }
 
 TEST(QuickInterpretation, LimitsAreOrderedByOnePassAndMoveTogetherForAShotAtAnEnd) {
@@ -224,7 +229,7 @@ TEST(QuickInterpretation, DepthsFollowTheGridAndTheShotDepth) {
     const char* values[4][5] = {{},
                                 {"", "500", "0", "500", "0"},
                                 {"", "1900", "10", "2100", "14"},
-                                {"", "4000", "21.5", "4000", "21.5"}};
+                                {"", "4000", "23.9", "4000", "23.9"}};
     for (int row = 1; row <= 3; ++row) {
         for (int column = 1; column <= 4; ++column)
             line.Form->Grid1.Set_Text(row, column, values[row][column]);
@@ -237,7 +242,7 @@ TEST(QuickInterpretation, DepthsFollowTheGridAndTheShotDepth) {
     const double z1 = 0.012 * 500 / (2 * std::cos(i12));
     const double v2 = 500 / std::sin(i12);
     const double delay = 2 * z1 / 500 * std::cos(std::asin(500 / 4000.0));
-    const double z2 = v2 * (0.0215 - delay) / (2 * std::cos(std::asin(v2 / 4000)));
+    const double z2 = v2 * (0.0239 - delay) / (2 * std::cos(std::asin(v2 / 4000)));
     EXPECT_EQ(line.Cell(1, Quick::Thickness), Rounded(10 * (z1 + 1)) / 10);
     EXPECT_EQ(line.Cell(2, Quick::Thickness), Rounded(10 * z2) / 10);
     EXPECT_EQ(line.Cell(2, Quick::Depth), Rounded(10 * (z1 + 1 + z2)) / 10)
