@@ -1,6 +1,7 @@
 // Each control of true velocity, hand-drawn velocity, velocity line and dip.
 
 #include "control_table.h"
+#include "core/text/number.h"
 
 namespace tarnvik {
 namespace {
