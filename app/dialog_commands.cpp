@@ -27,10 +27,11 @@ namespace tarnvik {
 
 namespace {
 
-/// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
-/// profile that shares the picture goes away.
+/// Opens a computing dialog over the curves, or brings it to the front: one that works with presses on the
+/// picture has it from now on. A profile that shares the picture goes away.
 void Open_Over_Curves(Session& session, Dialog dialog) {
-    session.Work.Mode.Take(dialog, Row_Of(dialog)->Mode);
+    const DisplayMode mode = Row_Of(dialog)->Mode;
+    if (mode != DisplayMode::None) session.Work.Mode.Take(dialog, mode);
     if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
@@ -75,6 +76,22 @@ void Show_Dip_Dialog(Session& session) {
 
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
+}
+
+void Show_Quick_Interpretation(Session& session) {
+    Open_Over_Curves(session, Dialog::quick_interpret);
+}
+
+void Show_Phantom_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::FantomF);
+}
+
+void Show_Theoretic_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::Theoric_F);
+}
+
+void Show_Trigger_Correction(Session& session) {
+    Open_Over_Curves(session, Dialog::Erase_TT);
 }
 
 void Show_Intercept_Profile(Session& session) {

@@ -15,6 +15,15 @@ void Toggle_Velocity_Ruler(Session& session);
 void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
+/// Opens Erase_TT over the curves.
+void Show_Trigger_Correction(Session& session);
+
+/// Opens quick_interpret over the curves.
+void Show_Quick_Interpretation(Session& session);
+/// Opens FantomF over the curves.
+void Show_Phantom_Dialog(Session& session);
+/// Opens Theoric_F beside the curves; the dialog that has the picture keeps it.
+void Show_Theoretic_Dialog(Session& session);
 
 /// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
 /// it could not be saved, all stays.

@@ -41,6 +41,13 @@ constexpr Gesture gestures[] = {
     {on_curves, "Middle drag", "Move the part in sight"},
     {on_curves, "Drag, with Velocity 2 open", "Draw the line whose velocity and intercept time are shown"},
     {on_curves, "Click, with True Velocity open", "Fill the receiver box entered last"},
+    {on_curves, "Drag of a limit",
+     "Quick interpretation: move the limit between two layers, with either button"},
+    {on_curves, "Drag on the moving curve", "While a shot is translated: slide its curve"},
+    {on_curves, "Drag, Alt + wheel",
+     "With the time break correction open: carry the curve of its shot up and down"},
+    {in_dialogs, "Up, Down, Page Up, Page Down, wheel",
+     "Time break correction: step the curve, by 2 ms with Page and with Shift"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

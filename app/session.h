@@ -12,6 +12,9 @@
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "depth/velocity_line.h"
+#include "depth/quick_interpret.h"
+#include "depth/quick_pointer.h"
+#include "depth/theoric_f.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -19,10 +22,14 @@
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
 #include "setup/elevations.h"
+#include "setup/erase_pointer.h"
+#include "setup/erase_tt.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
 #include "traveltime/curve_pointer.h"
+#include "traveltime/fantom_f.h"
+#include "traveltime/fantom_pointer.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
@@ -71,6 +78,13 @@ class Session {
     DipComputation Dip;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    QuickInterpret Quick;
+    QuickPointer QuickMouse;
+    FantomF Phantom;
+    FantomPointer PhantomMouse;
+    TheoricF Theoretic;
+    Erase_TT TriggerFault;  ///< correction of a shot's trigger
+    ErasePointer TriggerMouse;
 
     // Field records.
     RecordZoom RecordArea;

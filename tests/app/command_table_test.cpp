@@ -114,8 +114,12 @@ const std::vector<Row>& Rows() {
         {"vitess3", nothing,
          [](W& w) { return w.Shows(Dialog::SpeedF2) && w.Mode_Is(DisplayMode::Velocity); }},
         {"ruler", nothing, Opens(Dialog::vELINE)},
+        {"fantom", nothing, [](W& w) { return w.Shows(Dialog::FantomF) && w.Mode_Is(DisplayMode::Fantom); }},
+        {"erase", nothing, [](W& w) { return w.Shows(Dialog::Erase_TT) && w.Mode_Is(DisplayMode::Dromo); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"quick", nothing,
+         [](W& w) { return w.Shows(Dialog::quick_interpret) && w.Mode_Is(DisplayMode::Quick); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
         {"drawing", nothing, Profile_In(DisplayMode::Profil)},
         {"find", nothing, Opens(Dialog::Zoom)},
@@ -168,7 +172,11 @@ const std::vector<Row>& Rows() {
         {"v_r", [](W& w) { Run_Command(w.Program, "ruler"); },
          [](W& w) { return !w.Shows(Dialog::vELINE) && !w.Program.Work.Curves.RulerShown; }},
         {"dipc", nothing, Opens(Dialog::dip)},
+        {"QuickInterpretation", nothing, Opens(Dialog::quick_interpret)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
+        {"PhantomName", nothing, Opens(Dialog::FantomF)},
+        {"theoric", nothing,
+         [](W& w) { return w.Shows(Dialog::Theoric_F) && w.Mode_Is(DisplayMode::Dromo); }},
 
         {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},
         {"S2", nothing, Profile_In(DisplayMode::Profil)},
@@ -286,8 +294,9 @@ TEST(CommandTable, each_entry_does_what_it_says_on_the_demo_line) {
 TEST(CommandTable, an_entry_that_needs_a_project_is_refused_without_one_and_says_why) {
     LiveWorld world;
     Form_Load(world.Program, "");
-    for (const char* name : {"save", "SaveName", "sum", "IT_Compute", "vitess1", "VelCalcul", "drawing", "S2",
-                             "S5", "BI_M", "Superpose", "find", "ZZ", "nozoom"}) {
+    for (const char* name :
+         {"save", "SaveName", "sum", "IT_Compute", "vitess1", "VelCalcul", "drawing", "S2", "S5", "BI_M",
+          "Superpose", "find", "ZZ", "nozoom", "fantom", "PhantomName", "theoric"}) {
         EXPECT_EQ(Refusal_Of(*Find_Command(name), world.Program), "There is no project in memory") << name;
     }
     for (const char* name : {"herz", "FS"})

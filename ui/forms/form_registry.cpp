@@ -6,16 +6,20 @@
 #include "ui/forms/depth_form.h"
 #include "ui/forms/dip_form.h"
 #include "ui/forms/hand_velocity_form.h"
+#include "ui/forms/fantom_form.h"
+#include "ui/forms/erase_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/picture_export_form.h"
+#include "ui/forms/quick_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
 #include "ui/forms/true_velocity_form.h"
 #include "ui/forms/velocity_line_form.h"
+#include "ui/forms/theoric_form.h"
 #include "ui/forms/zoom_form.h"
 
 namespace tarnvik {
@@ -41,6 +45,10 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::dip, Make<DipForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::quick_interpret, Make<QuickForm>},
+        {Dialog::FantomF, Make<FantomForm>},
+        {Dialog::Theoric_F, Make<TheoricForm>},
+        {Dialog::Erase_TT, Make<EraseForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
