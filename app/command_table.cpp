@@ -66,6 +66,10 @@ bool Dark_Windows(const Session& session) {
     return session.Work.Fields.DarkWindows;
 }
 
+bool Velocity_Ruler_Shown(const Session& session) {
+    return session.Work.Curves.RulerShown;
+}
+
 bool Multi_Screen(const Session& session) {
     return session.Work.Settings.MultiScreen;
 }
@@ -131,15 +135,15 @@ constexpr Command Separator(std::string_view menu) {
 // clang-format off
 const std::array command_table = {
     // Toolbar, in the order of the buttons.
-    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
+    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase", .Run = Show_Trigger_Correction, .Refusal = Without_Project},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
     Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Shown_Records},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4", .Run = Start_New_Profile},
     Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
-    Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick"},
+    Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick", .Run = Show_Quick_Interpretation, .Refusal = Without_Project},
     Command{.Name = "edit", .Tooltip = "EDIT travel time informations", .Icon = "edit", .Run = Edit_Notes},
-    Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler"},
+    Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler", .Run = Toggle_Velocity_Ruler, .Refusal = Without_Project},
     Command{.Name = "tosu", .Tooltip = "Seismograph File conversion", .Icon = "tosu", .Run = Launch_Conversion},
     Command{.Name = "open", .Tooltip = "Open existing TV5 File", .Icon = "open", .Run = Open_From_Toolbar},
     Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data, .Refusal = Without_Project},
@@ -147,8 +151,8 @@ const std::array command_table = {
     Command{.Name = "prop", .Tooltip = "New profile from field records", .Icon = "prop", .Run = Start_New_Profile},
     Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom", .Run = Show_Phantom_Dialog, .Refusal = Without_Project},
     Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
-    Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2"},
-    Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3"},
+    Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2", .Run = Show_Hand_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3", .Run = Show_True_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
@@ -192,13 +196,13 @@ const std::array command_table = {
 
     // Processing
     Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
-    Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2"},
-    Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3"},
-    Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler"},
-    Command{.Name = "dipc", .Menu = processing_menu, .Caption = "Dip computation"},
+    Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2", .Shortcut = "Shift+F5", .Run = Show_Hand_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3", .Shortcut = "Ctrl+F5", .Run = Show_True_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler", .Run = Toggle_Velocity_Ruler, .Checked = Velocity_Ruler_Shown, .Refusal = Without_Project},
+    Command{.Name = "dipc", .Menu = processing_menu, .Caption = "Dip computation", .Run = Show_Dip_Dialog},
     Separator(processing_menu),
     Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom", .Run = Show_Phantom_Dialog, .Refusal = Without_Project},
-    Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick"},
+    Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick", .Run = Show_Quick_Interpretation, .Refusal = Without_Project},
     Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Separator(processing_menu),
     Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap"},

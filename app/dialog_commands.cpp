@@ -21,6 +21,7 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
+#include "traveltime/velocity_ruler.h"
 
 namespace tarnvik {
 
@@ -55,8 +56,30 @@ void Save_Velocity_And_Go_On(Session& session) {
     if (!session.Speed.SaveEnabled) session.Speed.Next_Layer();
 }
 
+void Show_True_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF2);
+}
+
+void Show_Hand_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF3);
+}
+
+void Toggle_Velocity_Ruler(Session& session) {
+    if (!session.Work.Curves.RulerShown) session.Outside.Show.Select_Tab(Tab::Curves);
+    Velocity_Ruler(session.Work, session.Outside);
+    session.Outside.Show.Show_Fields();
+}
+
+void Show_Dip_Dialog(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::dip, false);
+}
+
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
+}
+
+void Show_Quick_Interpretation(Session& session) {
+    Open_Over_Curves(session, Dialog::quick_interpret);
 }
 
 void Show_Phantom_Dialog(Session& session) {
@@ -65,6 +88,10 @@ void Show_Phantom_Dialog(Session& session) {
 
 void Show_Theoretic_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Theoric_F);
+}
+
+void Show_Trigger_Correction(Session& session) {
+    Open_Over_Curves(session, Dialog::Erase_TT);
 }
 
 void Show_Intercept_Profile(Session& session) {

@@ -6,9 +6,20 @@ class Session;
 
 /// Opens SpeedF over the curves.
 void Show_Velocity_Dialog(Session& session);
+/// Opens SpeedF2 over the curves.
+void Show_True_Velocity_Dialog(Session& session);
+/// Opens SpeedF3 over the curves.
+void Show_Hand_Velocity_Dialog(Session& session);
+/// Opens or closes vELINE, the velocities of the cross at the pointer.
+void Toggle_Velocity_Ruler(Session& session);
+void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
+/// Opens Erase_TT over the curves.
+void Show_Trigger_Correction(Session& session);
 
+/// Opens quick_interpret over the curves.
+void Show_Quick_Interpretation(Session& session);
 /// Opens FantomF over the curves.
 void Show_Phantom_Dialog(Session& session);
 /// Opens Theoric_F beside the curves; the dialog that has the picture keeps it.

@@ -20,11 +20,21 @@ Session::Session(Ports outside, std::string settings_file)
       Speed(Work, Outside),
       Record(Work, Outside, Speed),
       SpeedMouse(Work, Outside, Speed),
+      TrueSpeed(Work, Outside),
+      TrueSpeedMouse(Work, TrueSpeed),
+      HandSpeed(Work, Outside),
+      HandSpeedMouse(Work, Outside, HandSpeed),
+      RulerVelocities(Work, Outside),
+      Dip(Work, Outside),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      Quick(Work, Outside),
+      QuickMouse(Quick),
       Phantom(Work, Outside),
       PhantomMouse(Work, Outside, Phantom),
       Theoretic(Work, Outside),
+      TriggerFault(Work, Outside),
+      TriggerMouse(Work, Outside, TriggerFault),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -35,8 +45,12 @@ Session::Session(Ports outside, std::string settings_file)
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
+    Pointer.Register(DisplayMode::Velocity, &TrueSpeedMouse);
+    Pointer.Register(DisplayMode::Vitesse2, &HandSpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Quick, &QuickMouse);
     Pointer.Register(DisplayMode::Fantom, &PhantomMouse);
+    Pointer.Register(Dialog::Erase_TT, &TriggerMouse);
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

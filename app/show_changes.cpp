@@ -90,6 +90,17 @@ void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
     }
 }
 
+/// The quick interpretation fits the curve anew as soon as it changes, whoever has changed it.
+void Follow_In_Quick_Interpretation(Session& session, const ChangeNotice& notice) {
+    if (!session.Outside.Show.Is_Open(Dialog::quick_interpret)) return;
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line})) {
+        session.Quick.Line_Changed();
+    } else if (notice.Parts.Has(ProjectPart::Times)) {
+        session.Quick.Picks_Changed();
+    }
+}
+
 }  // namespace
 
 void Show_Changes(Session& session, const ChangeNotice& notice) {
@@ -111,6 +122,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     session.PickKeys.Follow();
     Show_Pictures(session, notice);
     Show_In_Dialogs(session, notice);
+    Follow_In_Quick_Interpretation(session, notice);
     if (work.Edits.Journal_Fails()) {
         work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
                              session.JournalFolder + ". Save the project.";

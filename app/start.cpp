@@ -90,6 +90,7 @@ void Form_Load(Session& session, const std::string& command_line) {
 }
 
 bool May_Leave_Project(Session& session) {
+    session.TriggerFault.Offer_To_Save();
     const Workspace& work = session.Work;
     if (work.Edits.Is_Saved()) return true;
     const std::string file = work.Project.CurrentFile;
@@ -170,12 +171,14 @@ void Exit_At_Once(Session& session) {
 void End_Session(Session& session) {
     // The user has decided about the work of this session.
     session.Work.Edits.Drop_Journal();
+    session.TriggerFault.Drop_Shift();
     // How the project was looked at is no work that could be lost: a failure is not worth a question.
     session.Work.Choices.Save();
     session.Outside.Show.End_Program();
 }
 
 bool Unload_Form(Session& session) {
+    session.TriggerFault.Offer_To_Save();
     Workspace& work = session.Work;
     const std::string& title = work.AppTitle;
     const std::string path = work.Project.CurrentFile;

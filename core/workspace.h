@@ -106,6 +106,7 @@ struct CurveView {
     bool LeadInStrokes = false;      ///< every curve rises from (0, 0)
     std::set<int> ShotsLeftOut;      ///< shots that Grille_Shot leaves out of the curves, from 1
     int ShotAlone = 0;               ///< the one shot that a dialog shows, in red; 0 while all are shown
+    int ShotBeside = 0;              ///< another one that is shown with it, in red too
     bool DistinctColours = false;    ///< a colour of its own for each of a dozen shots
     PickPlace Lit;                   ///< pick under the pointer, its curve is lit; shot 0 while there is none
     std::vector<CurveLabel> Labels;  ///< shots' numbers on the picture

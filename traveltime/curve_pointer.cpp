@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/text/number.h"
 #include "traveltime/curve_drawing.h"
@@ -65,6 +66,17 @@ void CurvePointer::Register(DisplayMode mode, CurvePointerHandler* handler) {
     Handlers[mode] = handler;
 }
 
+void CurvePointer::Register(Dialog dialog, CurvePointerHandler* handler) {
+    DialogHandlers[dialog] = handler;
+}
+
+CurvePointerHandler* CurvePointer::Of_Dialog() const {
+    for (const auto& [dialog, handler] : DialogHandlers) {
+        if (Work.Mode.Held_By(dialog)) return handler;
+    }
+    return nullptr;
+}
+
 void CurvePointer::Take_Pick_Factor() {
     CurveView& view = Work.Curves;
     const DisplayMode mode = Work.Mode.Current();
@@ -117,7 +129,8 @@ void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent
                             const PointerEvent& event) {
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
-    CurvePointerHandler* handler = found != Handlers.end()      ? found->second
+    CurvePointerHandler* handler = Taken != nullptr             ? Taken
+                                   : found != Handlers.end()    ? found->second
                                    : mode == DisplayMode::Dromo ? DromoMode.get()
                                                                 : nullptr;
     if (handler == nullptr) return;
@@ -176,6 +189,8 @@ void CurvePointer::Press(const PointerEvent& event) {
     if (Work.Curves.PickMoving != 0) {
         Moving->Press(event);
     } else {
+        CurvePointerHandler* dialog = Of_Dialog();
+        Taken = dialog != nullptr && dialog->Takes(event) ? dialog : nullptr;
         Dispatch(&CurvePointerHandler::Press, event);
     }
     Outside.Show.Show_Fields();
@@ -195,7 +210,7 @@ void CurvePointer::Release(const PointerEvent& event) {
         Moving->Release(event);
     } else {
         Dispatch(&CurvePointerHandler::Release, event);
-        Choose(event);
+        if (std::exchange(Taken, nullptr) == nullptr) Choose(event);
     }
     Outside.Show.Show_Fields();
 }
@@ -208,6 +223,10 @@ void CurvePointer::Double_Click(const PointerEvent& event) {
 
 void CurvePointer::Key(int code) {
     if (!Has_Project(Work.Project)) return;
+    if (CurvePointerHandler* dialog = Of_Dialog(); dialog != nullptr && dialog->Key(code)) {
+        Outside.Show.Show_Fields();
+        return;
+    }
     Velocity_Ruler_Key(Work, Outside, code);
 }
 
