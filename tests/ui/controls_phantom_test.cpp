@@ -67,7 +67,10 @@ TEST_F(CurveToolControls, of_the_shot_translation_do_their_work) {
              QTest::keyClick(control, Qt::Key_Down);
              EXPECT_EQ(logic.InterceptNumber, "1");
          }},
-        {"Text3", Typed(logic.InterceptTime, {[&] { Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse); },
+        {"Text3", Typed(logic.InterceptTime, {[&] {
+                                                  Work.Mode.Take(Dialog::SpeedF, DisplayMode::Vitesse);
+                                                  form()->findChild<QWidget*>("Combo3")->setFocus();
+                                              },
                                               [&] { return Work.Mode.Held_By(Dialog::FantomF); }})},
         {"Option1", slope(FantomF::slope_left)},
         {"Option2", slope(FantomF::slope_right)},
@@ -83,6 +86,7 @@ TEST_F(CurveToolControls, of_the_shot_translation_do_their_work) {
          Clicked({[&] { Work.Curves.ShotAlone = 0; }, [&] { return Work.Curves.ShotAlone == 2; }})},
     };
     Check_All(form, rows);
+    Work.Mode.Release(Dialog::SpeedF);
     QTest::keyClick(form(), Qt::Key_Escape);
     EXPECT_FALSE(Display.Is_Open(Dialog::FantomF));
     EXPECT_EQ(Work.Mode.Current(), DisplayMode::Dromo);
