@@ -26,15 +26,6 @@ namespace tarnvik {
 
 namespace {
 
-/// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
-/// profile that shares the picture goes away.
-void Open_Over_Curves(Session& session, Dialog dialog) {
-    session.Work.Mode.Take(dialog, Row_Of(dialog)->Mode);
-    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
-    session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Open_Dialog(dialog, false);
-}
-
 void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
     session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
@@ -42,6 +33,13 @@ void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
 }
 
 }  // namespace
+
+void Open_Over_Curves(Session& session, Dialog dialog) {
+    session.Work.Mode.Take(dialog, Row_Of(dialog)->Mode);
+    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    session.Outside.Show.Open_Dialog(dialog, false);
+}
 
 void Show_Velocity_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::SpeedF);

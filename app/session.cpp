@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/dialog_commands.h"
 #include "app/recovery.h"
 #include "app/shot_choice.h"
 #include "app/show_changes.h"
@@ -22,6 +23,9 @@ Session::Session(Ports outside, std::string settings_file)
       SpeedMouse(Work, Outside, Speed),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      Delay(Work, Outside),
+      DelayMouse(Work, Outside, Delay),
+      Abc(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -33,6 +37,8 @@ Session::Session(Ports outside, std::string settings_file)
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Delay, &DelayMouse);
+    Abc.Show_Profile = [this] { Show_Abc_Profile(*this); };
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

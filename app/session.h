@@ -8,6 +8,9 @@
 #include "app/picture_export.h"
 #include "core/ports/ports.h"
 #include "core/workspace.h"
+#include "depth/abc_grid_f.h"
+#include "depth/delay_f.h"
+#include "depth/delay_pointer.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "records/auto_pik.h"
@@ -59,6 +62,9 @@ class Session {
     SpeedPointer SpeedMouse;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    DelayF Delay;
+    DelayPointer DelayMouse;
+    ABCGridF Abc;
 
     // Field records.
     RecordZoom RecordArea;

@@ -113,13 +113,17 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
     return true;
 }
 
-void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
-                            const PointerEvent& event) {
+/// Of the mode in force; null for one that nothing was registered for.
+CurvePointerHandler* CurvePointer::Handler() const {
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
-    CurvePointerHandler* handler = found != Handlers.end()      ? found->second
-                                   : mode == DisplayMode::Dromo ? DromoMode.get()
-                                                                : nullptr;
+    if (found != Handlers.end()) return found->second;
+    return mode == DisplayMode::Dromo ? DromoMode.get() : nullptr;
+}
+
+void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
+                            const PointerEvent& event) {
+    CurvePointerHandler* handler = Handler();
     if (handler == nullptr) return;
     try {
         (handler->*what)(event);
@@ -208,6 +212,7 @@ void CurvePointer::Double_Click(const PointerEvent& event) {
 
 void CurvePointer::Key(int code) {
     if (!Has_Project(Work.Project)) return;
+    if (CurvePointerHandler* handler = Handler(); handler != nullptr && handler->Key(code)) return;
     Velocity_Ruler_Key(Work, Outside, code);
 }
 

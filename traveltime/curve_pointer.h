@@ -29,6 +29,8 @@ class CurvePointerHandler {
     virtual void Press(const PointerEvent&) {}
     virtual void Move(const PointerEvent&) {}
     virtual void Release(const PointerEvent&) {}
+    /// A key on the picture, by its code as at CurvePointer::Key. False for one that means nothing here.
+    virtual bool Key(int) { return false; }
 };
 
 /// Moments of the pointer; the receiver under it is found differently at each.
@@ -78,6 +80,7 @@ class CurvePointer {
     bool Shows_Curves() const;
     void Hover(const PointerEvent& event);
     void Choose(const PointerEvent& release);
+    CurvePointerHandler* Handler() const;
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
     Workspace& Work;
