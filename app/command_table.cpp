@@ -209,7 +209,7 @@ const std::array command_table = {
     Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
     Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation", .Run = Show_Abc_Dialog, .Refusal = Without_Project},
     Command{.Name = "NEditABC", .Menu = processing_menu, .Caption = "Edit Delay times", .Run = Edit_Delays, .Refusal = Without_Project},
-    Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Refusal = Without_Project, .Checked = Delay_Curve},
+    Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Checked = Delay_Curve, .Refusal = Without_Project},
     Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
     Separator(processing_menu),
     Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM"},

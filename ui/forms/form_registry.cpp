@@ -1,8 +1,10 @@
 #include <map>
 
 #include "ui/form.h"
+#include "ui/forms/abc_grid_form.h"
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
+#include "ui/forms/delay_form.h"
 #include "ui/forms/depth_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
@@ -33,6 +35,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::SpeedF, Make<SpeedForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::DelayF, Make<DelayForm>},
+        {Dialog::ABCGridF, Make<AbcGridForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
