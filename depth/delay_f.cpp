@@ -23,6 +23,7 @@ namespace {
 constexpr int least_scroll = -100;
 constexpr int most_scroll = 250;
 constexpr double point_radius = 0.3;
+constexpr int number_size = 7;  // points: they stand close
 constexpr const char* no_delay = "No delay available !!!";
 
 bool Line_In_Memory(const Project& project) {
@@ -49,7 +50,8 @@ bool Layers_Differ(const Project& project) {
 /// A point and its number, as they stand for a delay on the curves.
 void Draw_Delay(Picture& picture, const CurveView& view, double x, double delay) {
     const double y = Divide(delay, view.TimeFactor);
-    picture.Circle(x, y, point_radius, colours::Magenta);
+    picture.Circle(x, y, point_radius / std::max(view.ZoomX, 1.0), colours::Magenta);
+    picture.Set_Font_Size(number_size);
     if (const auto number = CInt(delay)) picture.Print_At(x + point_radius, y, CStr(*number), colours::Magenta);
 }
 
@@ -298,6 +300,7 @@ void DelayF::Command2() {
     CurvesShown = true;
     Outside.Show.Repaint_Page(Page::Curves);
     Outside.Show.Show_Fields();
+    if (On_Computed && !Delays.empty()) On_Computed();
     if (!Outside.Ask.Ask_Yes("Do you want to save the Delay times", Work.AppTitle)) {
         Close();
         return;

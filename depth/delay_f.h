@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,9 @@ class DelayF {
 
     /// An undo or redo has changed the project.
     void Project_Went_Back();
+
+    /// The delays are found and shown; nothing has been asked about them yet.
+    std::function<void()> On_Computed;
 
     /// Element 1 and on: what the last computation found; empty before.
     const std::vector<ReceiverDelay>& Found() const { return Delays; }

@@ -98,7 +98,11 @@ AbcGridForm::AbcGridForm(Session& session, QtDisplay&) : Program(session) {
     Fields.Follow([this, &logic] { setWindowTitle(tr("ABC Grid  ") + QString::fromStdString(logic.Title)); });
     On_Enter(this, [&logic] { logic.CalculBt(); });
     On_Escape(this, [this] { Close_Me(); });
-    resize(900, 640);
+    // All rows are in sight, and a dozen receivers.
+    const int line = fontMetrics().height() + 8;
+    Receivers->setMinimumHeight(14 * line);
+    Shots->setMinimumHeight(8 * line);
+    setMinimumWidth(fontMetrics().horizontalAdvance("88888.88") * 12);
 }
 
 void AbcGridForm::Add_Grids(QVBoxLayout* upper, QVBoxLayout* lower) {

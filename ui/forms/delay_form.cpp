@@ -47,6 +47,7 @@ void DelayForm::Bind_Shots(const Ui::DelayForm& controls) {
     red.setColor(QPalette::WindowText, QColor(0xd0, 0x20, 0x20));
     controls.Hint->setPalette(red);
     Fields.Text(controls.Hint, logic.Hint);
+    Fields.Shown(controls.Hint, [&logic] { return !logic.Hint.empty(); });
 }
 
 void DelayForm::Bind_Bars(const Ui::DelayForm& controls) {
