@@ -1,6 +1,7 @@
 #include <array>
 
 #include "app/commands.h"
+#include "app/delay_commands.h"
 #include "app/dialog_commands.h"
 #include "app/documents.h"
 #include "app/edit_commands.h"
@@ -68,6 +69,10 @@ bool Dark_Windows(const Session& session) {
 
 bool Velocity_Ruler_Shown(const Session& session) {
     return session.Work.Curves.RulerShown;
+}
+
+bool Delay_Curve(const Session& session) {
+    return session.Delay.Delay_Curve_Shown();
 }
 
 bool Multi_Screen(const Session& session) {
@@ -157,7 +162,7 @@ const std::array command_table = {
     Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
     Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
-    Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap"},
+    Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
     Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
     Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
@@ -205,17 +210,17 @@ const std::array command_table = {
     Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick", .Run = Show_Quick_Interpretation, .Refusal = Without_Project},
     Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Separator(processing_menu),
-    Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap"},
-    Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation"},
-    Command{.Name = "NEditABC", .Menu = processing_menu, .Caption = "Edit Delay times"},
-    Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay"},
+    Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
+    Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation", .Run = Show_Abc_Dialog, .Refusal = Without_Project},
+    Command{.Name = "NEditABC", .Menu = processing_menu, .Caption = "Edit Delay times", .Run = Edit_Delays, .Refusal = Without_Project},
+    Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Checked = Delay_Curve, .Refusal = Without_Project},
     Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
     Separator(processing_menu),
     Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM"},
 
     // Screen Display
     Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},
-    Command{.Name = "TT_IT_MN", .Menu = screen_menu, .Caption = "Travel time and Delay"},
+    Command{.Name = "TT_IT_MN", .Menu = screen_menu, .Caption = "Travel time and Delay", .Run = Show_Curves_And_Delay, .Refusal = Without_Project},
     Command{.Name = "S2", .Menu = screen_menu, .Caption = "Depth with Intercept time", .Icon = "drawing", .Shortcut = "F3", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
     Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC", .Run = Show_Abc_Profile, .Refusal = Without_Project},
     Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM", .Run = Show_Grm_Profile, .Refusal = Without_Project},
@@ -254,7 +259,7 @@ const std::array command_table = {
     Command{.Name = "dp", .Menu = csv_menu, .Caption = "Display Profile", .Run = Launch_Profile_Display},
     Command{.Name = "MF", .Menu = csv_menu, .Caption = "Merge CSV files", .Run = Launch_Merge_Csv},
     Command{.Name = "ASCII", .Menu = ascii_menu, .Caption = "Record Tarnvik data in ASCII files"},
-    Command{.Name = "DT", .Menu = ascii_menu, .Caption = "Delay time"},
+    Command{.Name = "DT", .Menu = ascii_menu, .Caption = "Delay time", .Run = Record_Delay_List, .Refusal = Without_Project},
     Command{.Name = "Z_shot", .Menu = ascii_menu, .Caption = "Depth at shot point"},
     Command{.Name = "Zfile", .Menu = ascii_menu, .Caption = "Delay Depth computations"},
     Separator(utility_menu),

@@ -27,16 +27,6 @@ namespace tarnvik {
 
 namespace {
 
-/// Opens a computing dialog over the curves, or brings it to the front: one that works with presses on the
-/// picture has it from now on. A profile that shares the picture goes away.
-void Open_Over_Curves(Session& session, Dialog dialog) {
-    const DisplayMode mode = Row_Of(dialog)->Mode;
-    if (mode != DisplayMode::None) session.Work.Mode.Take(dialog, mode);
-    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
-    session.Outside.Show.Select_Tab(Tab::Curves);
-    session.Outside.Show.Open_Dialog(dialog, false);
-}
-
 void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
     session.Work.Mode.Display(mode);
     session.Outside.Show.Select_Tab(Tab::Curves);
@@ -44,6 +34,14 @@ void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
 }
 
 }  // namespace
+
+void Open_Over_Curves(Session& session, Dialog dialog) {
+    const DisplayMode mode = Row_Of(dialog)->Mode;
+    if (mode != DisplayMode::None) session.Work.Mode.Take(dialog, mode);
+    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
+    session.Outside.Show.Select_Tab(Tab::Curves);
+    session.Outside.Show.Open_Dialog(dialog, false);
+}
 
 void Show_Velocity_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::SpeedF);

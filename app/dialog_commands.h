@@ -2,7 +2,12 @@
 
 namespace tarnvik {
 
+enum class Dialog;
 class Session;
+
+/// Opens a computing dialog over the curves, or brings it to the front: it has the picture from now on. A
+/// profile that shares the picture goes away.
+void Open_Over_Curves(Session& session, Dialog dialog);
 
 /// Opens SpeedF over the curves.
 void Show_Velocity_Dialog(Session& session);

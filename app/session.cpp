@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/dialog_commands.h"
 #include "app/recovery.h"
 #include "app/shot_choice.h"
 #include "app/show_changes.h"
@@ -35,6 +36,9 @@ Session::Session(Ports outside, std::string settings_file)
       Theoretic(Work, Outside),
       TriggerFault(Work, Outside),
       TriggerMouse(Work, Outside, TriggerFault),
+      Delay(Work, Outside),
+      DelayMouse(Work, Outside, Delay),
+      Abc(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -51,6 +55,8 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Quick, &QuickMouse);
     Pointer.Register(DisplayMode::Fantom, &PhantomMouse);
     Pointer.Register(Dialog::Erase_TT, &TriggerMouse);
+    Pointer.Register(DisplayMode::Delay, &DelayMouse);
+    Abc.Show_Profile = [this] { Show_Abc_Profile(*this); };
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

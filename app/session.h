@@ -9,6 +9,9 @@
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "depth/dip.h"
+#include "depth/abc_grid_f.h"
+#include "depth/delay_f.h"
+#include "depth/delay_pointer.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
 #include "depth/quick_interpret.h"
@@ -85,6 +88,9 @@ class Session {
     TheoricF Theoretic;
     Erase_TT TriggerFault;  ///< correction of a shot's trigger
     ErasePointer TriggerMouse;
+    DelayF Delay;
+    DelayPointer DelayMouse;
+    ABCGridF Abc;
 
     // Field records.
     RecordZoom RecordArea;

@@ -88,6 +88,16 @@ void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Is_Open(Dialog::Fcalcul)) {
         session.Depths.Display_Shot(session.Depths.HScroll1.Value);
     }
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Line, ProjectPart::Times,
+                               ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::TotalTime}) &&
+        session.Outside.Show.Is_Open(Dialog::DelayF)) {
+        session.Delay.Project_Went_Back();
+    }
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
+                               ProjectPart::Refractors}) &&
+        session.Outside.Show.Is_Open(Dialog::ABCGridF)) {
+        session.Abc.Project_Went_Back();
+    }
 }
 
 /// The quick interpretation fits the curve anew as soon as it changes, whoever has changed it.

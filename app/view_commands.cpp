@@ -66,6 +66,8 @@ void Clear_Display(Session& session) {
 }
 
 void Close_Computing_Dialogs(Session& session) {
+    session.Delay.Hide_Delay_Curve();
+    session.Work.Fields.DepthLabel.clear();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);
@@ -78,6 +80,7 @@ void Back_To_Curves(Session& session) {
     if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
     Show_Alone(session.Work.Curves, 0);
+    session.Delay.Hide_Delay_Curve();
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();

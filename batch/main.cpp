@@ -45,6 +45,8 @@ int Run(int argc, char** argv) {
     Add_Quick(app, request);
     Add_Phantom(app, request);
     Add_Theoretic(app, request);
+    Add_Delay(app, request);
+    Add_Abc(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);

@@ -13,15 +13,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// A single-precision value by the nine digits that tell it from every other one.
 Json Number(float value) {
-    constexpr int digits = 9;
-    std::array<char, 32> text{};
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits);
-    double nine_digits = value;
-    std::from_chars(text.data(), end.ptr, nine_digits);
-    return nine_digits;
+    return Json_Number(value);
 }
 
 template <class T>
@@ -57,6 +50,16 @@ Json Table(const Array2<T>& values) {
 constexpr int filed_grm_rows = 9;
 
 }  // namespace
+
+double Json_Number(float value) {
+    constexpr int digits = 9;
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits);
+    double nine_digits = value;
+    std::from_chars(text.data(), end.ptr, nine_digits);
+    return nine_digits;
+}
 
 Json Project_Json(const Workspace& workspace) {
     const Project& project = workspace.Project;

@@ -284,6 +284,8 @@ struct MainFields {
     std::string Caption;
     std::string Text1;            ///< status field: pointer read-out
     std::string Text19;           ///< colour scale file
+    std::string Text23;           ///< added to the first depth below the receivers
+    std::string DepthLabel;       ///< what the depths below the receivers were computed from
     std::string Text25;           ///< TotalTime
     std::string Label16;          ///< path of the SU file
     std::string FirstTabCaption;  ///< path of the project file on the first tab

@@ -125,14 +125,18 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
     return true;
 }
 
-void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
-                            const PointerEvent& event) {
+/// Of the mode in force; null for one that nothing was registered for.
+CurvePointerHandler* CurvePointer::Handler() const {
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
-    CurvePointerHandler* handler = Taken != nullptr             ? Taken
-                                   : found != Handlers.end()    ? found->second
-                                   : mode == DisplayMode::Dromo ? DromoMode.get()
-                                                                : nullptr;
+    if (Taken != nullptr) return Taken;
+    if (found != Handlers.end()) return found->second;
+    return mode == DisplayMode::Dromo ? DromoMode.get() : nullptr;
+}
+
+void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
+                            const PointerEvent& event) {
+    CurvePointerHandler* handler = Handler();
     if (handler == nullptr) return;
     try {
         (handler->*what)(event);
@@ -223,7 +227,9 @@ void CurvePointer::Double_Click(const PointerEvent& event) {
 
 void CurvePointer::Key(int code) {
     if (!Has_Project(Work.Project)) return;
-    if (CurvePointerHandler* dialog = Of_Dialog(); dialog != nullptr && dialog->Key(code)) {
+    CurvePointerHandler* dialog = Of_Dialog();
+    CurvePointerHandler* handler = Handler();
+    if ((dialog != nullptr && dialog->Key(code)) || (handler != nullptr && handler->Key(code))) {
         Outside.Show.Show_Fields();
         return;
     }

@@ -86,6 +86,7 @@ class CurvePointer {
     void Hover(const PointerEvent& event);
     void Choose(const PointerEvent& release);
     CurvePointerHandler* Of_Dialog() const;
+    CurvePointerHandler* Handler() const;
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
     Workspace& Work;

@@ -150,6 +150,20 @@ QWidget* ProfilePane::Side() {
         grid->addWidget(field, row, 1);
     }
     Bind_Elevations(highest, lowest, height);
+    auto* added = number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
+    const int row = grid->rowCount();
+    grid->addWidget(new QLabel(tr("Added to ABC depth")), row, 0);
+    grid->addWidget(added, row, 1);
+    Fields.Text(added, Program.Work.Fields.Text23);
+    auto* source = new QLabel;
+    source->setObjectName("DepthLabel");
+    grid->addWidget(source, row + 1, 0, 1, 2);
+    Fields.Text(source, Program.Work.Fields.DepthLabel);
+    // Only where these depths are drawn.
+    Fields.Shown(source, [this] {
+        const DisplayMode mode = Program.Work.Profile.DrawnMode;
+        return mode == DisplayMode::Profil2 || mode == DisplayMode::Profil3;
+    });
 
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins(4, 0, 4, 0);

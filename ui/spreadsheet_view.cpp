@@ -186,6 +186,11 @@ void SpreadsheetView::Move(Step step) {
 
 bool SpreadsheetView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
     const bool was_editing = state() == EditingState;
+    const bool by_hand = trigger == DoubleClicked || trigger == EditKeyPressed || trigger == AnyKeyPressed;
+    if (On_Refused && by_hand && index.isValid() && !index.flags().testFlag(Qt::ItemIsEditable)) {
+        On_Refused(index.row(), index.column(), trigger == DoubleClicked);
+        return false;
+    }
     const bool editing = QTableView::edit(index, trigger, event);
     if (editing && !was_editing) BegunByTyping = trigger == AnyKeyPressed;
     return editing;

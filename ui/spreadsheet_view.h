@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 #include <memory>
 
 #include "ui/cell_edits.h"
@@ -34,6 +35,9 @@ class SpreadsheetView : public QTableView {
     void Move(Step step);
     /// True while a cell is edited that the user began to type into.
     bool Edit_Begun_By_Typing() const { return BegunByTyping; }
+
+    /// Told of each try to edit a cell that cannot be edited, by a double click or by keys.
+    std::function<void(int row, int column, bool clicked)> On_Refused;
 
     QAction* CutCells = nullptr;
     QAction* CopyCells = nullptr;

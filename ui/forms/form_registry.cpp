@@ -1,8 +1,10 @@
 #include <map>
 
 #include "ui/form.h"
+#include "ui/forms/abc_grid_form.h"
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
+#include "ui/forms/delay_form.h"
 #include "ui/forms/depth_form.h"
 #include "ui/forms/dip_form.h"
 #include "ui/forms/erase_form.h"
@@ -49,6 +51,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::FantomF, Make<FantomForm>},
         {Dialog::Theoric_F, Make<TheoricForm>},
         {Dialog::Erase_TT, Make<EraseForm>},
+        {Dialog::DelayF, Make<DelayForm>},
+        {Dialog::ABCGridF, Make<AbcGridForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
