@@ -18,6 +18,8 @@ constexpr std::array dialog_rows = {
               Tab::Curves},
     DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true,
               Tab::Curves},
+    DialogRow{Dialog::GRM_depth, "GRM  Depth computation", DialogPlace::Window, DisplayMode::None, true},
+    DialogRow{Dialog::GRM, "GRM", DialogPlace::Dock, DisplayMode::GrmV, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},
     DialogRow{Dialog::RulerF, "Ruler", DialogPlace::Dock, DisplayMode::None, false},

@@ -39,6 +39,7 @@ constexpr Gesture gestures[] = {
     {on_curves, "Ctrl + wheel", "Enlarge the time at the pointer"},
     {on_curves, "Shift + wheel", "Enlarge the distance at the pointer"},
     {on_curves, "Middle drag", "Move the part in sight"},
+    {on_curves, "Pointer on a GRM curve", "Tell its XY, receiver and value"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

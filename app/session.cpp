@@ -2,11 +2,13 @@
 
 #include <utility>
 
+#include "app/dialog_commands.h"
 #include "app/recovery.h"
 #include "app/shot_choice.h"
 #include "app/show_changes.h"
 #include "core/files.h"
 #include "core/project_save.h"
+#include "depth/grm_storage.h"
 #include "records/su_loading.h"
 
 namespace tarnvik {
@@ -22,6 +24,9 @@ Session::Session(Ports outside, std::string settings_file)
       SpeedMouse(Work, Outside, Speed),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      GrmAnalysis(Work, Outside),
+      GrmMouse(Work, Outside),
+      GrmDepths(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -33,9 +38,13 @@ Session::Session(Ports outside, std::string settings_file)
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Grm, &GrmMouse);
+    Pointer.Register(DisplayMode::GrmV, &GrmMouse);
+    GrmDepths.OnComputed = [this] { Show_Grm_Profile(*this); };
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
+    Hooks.ReadGrmFile = [this] { Take_Up_GRM_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
 }

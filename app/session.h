@@ -10,6 +10,9 @@
 #include "core/workspace.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
+#include "depth/grm.h"
+#include "depth/grm_depth.h"
+#include "depth/grm_pointer.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -59,6 +62,9 @@ class Session {
     SpeedPointer SpeedMouse;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    GRM GrmAnalysis;
+    GrmPointer GrmMouse;
+    GRM_depth GrmDepths;
 
     // Field records.
     RecordZoom RecordArea;

@@ -77,6 +77,7 @@ void Back_To_Curves(Session& session) {
     if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
     session.Work.Curves.ShotAlone = 0;
+    session.GrmAnalysis.Give_Up_Picture();
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();

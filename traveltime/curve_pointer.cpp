@@ -113,13 +113,16 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
     return true;
 }
 
-void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
-                            const PointerEvent& event) {
+/// What the mode in force makes of the mouse; null for a mode that nothing reacts in.
+CurvePointerHandler* CurvePointer::Handler() const {
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
-    CurvePointerHandler* handler = found != Handlers.end()      ? found->second
-                                   : mode == DisplayMode::Dromo ? DromoMode.get()
-                                                                : nullptr;
+    return found != Handlers.end() ? found->second : mode == DisplayMode::Dromo ? DromoMode.get() : nullptr;
+}
+
+void CurvePointer::Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&),
+                            const PointerEvent& event) {
+    CurvePointerHandler* handler = Handler();
     if (handler == nullptr) return;
     try {
         (handler->*what)(event);
@@ -169,6 +172,7 @@ void CurvePointer::Choose(const PointerEvent& release) {
 
 void CurvePointer::Leave() {
     Unlight_Curve(Work, Outside);
+    if (CurvePointerHandler* handler = Handler()) handler->Leave();
 }
 
 void CurvePointer::Press(const PointerEvent& event) {
@@ -202,7 +206,9 @@ void CurvePointer::Release(const PointerEvent& event) {
 
 void CurvePointer::Double_Click(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
-    Moving->Catch();
+    // Where other curves stand, no pick lies under the pointer.
+    const DisplayMode mode = Work.Mode.Current();
+    if (mode != DisplayMode::Grm && mode != DisplayMode::GrmV) Moving->Catch();
     Outside.Show.Show_Fields();
 }
 

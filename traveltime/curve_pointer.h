@@ -29,6 +29,7 @@ class CurvePointerHandler {
     virtual void Press(const PointerEvent&) {}
     virtual void Move(const PointerEvent&) {}
     virtual void Release(const PointerEvent&) {}
+    virtual void Leave() {}  ///< the pointer has left the picture
 };
 
 /// Moments of the pointer; the receiver under it is found differently at each.
@@ -78,6 +79,7 @@ class CurvePointer {
     bool Shows_Curves() const;
     void Hover(const PointerEvent& event);
     void Choose(const PointerEvent& release);
+    CurvePointerHandler* Handler() const;
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
     Workspace& Work;
