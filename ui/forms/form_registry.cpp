@@ -4,6 +4,8 @@
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/depth_form.h"
+#include "ui/forms/grm_depth_form.h"
+#include "ui/forms/grm_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -33,6 +35,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::SpeedF, Make<SpeedForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::GRM, Make<GrmForm>},
+        {Dialog::GRM_depth, Make<GrmDepthForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
