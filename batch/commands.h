@@ -24,6 +24,8 @@ void Add_Convert(CLI::App& app, Request& request);
 void Add_Draw(CLI::App& app, Request& request);
 void Add_Velocity(CLI::App& app, Request& request);
 void Add_Depth(CLI::App& app, Request& request);
+void Add_Grm(CLI::App& app, Request& request);
+void Add_Grm_Depth(CLI::App& app, Request& request);
 void Add_Record(CLI::App& app, Request& request);
 void Add_New(CLI::App& app, Request& request);
 void Add_Pick(CLI::App& app, Request& request);

@@ -38,6 +38,8 @@ int Run(int argc, char** argv) {
     Add_Convert(app, request);
     Add_Velocity(app, request);
     Add_Depth(app, request);
+    Add_Grm(app, request);
+    Add_Grm_Depth(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);

@@ -47,7 +47,7 @@ void Draw_Curve(const Workspace& workspace, Picture& dromo, std::size_t curve) {
         if (colour) {
             if (before.X > 0) dromo.Line(before.X, before.Y, last.X, last.Y, *colour);
             dromo.Circle(last.X, last.Y, radius, *colour);
-            dromo.Point(last.X, last.Y, *colour);
+            dromo.Circle(last.X, last.Y, radius / 2, *colour);  // filled
         }
         before = last;
     }

@@ -76,7 +76,8 @@ GrmDepthForm::GrmDepthForm(Session& session, QtDisplay&) : Program(session) {
                    : tr("Translated time of the offset shot, ms");
     };
     Grid->horizontalHeader()->setMinimumHeight(2 * fontMetrics().lineSpacing() + 8);
-    Grid->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("Thickness") + 18);
+    Grid->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("Thickness") + 10);
+    Grid->verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("Rec.") + 12);
     connect(Grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [&logic](const QModelIndex& cell) { logic.Enter_Cell(cell.column()); });
 
@@ -108,8 +109,8 @@ GrmDepthForm::GrmDepthForm(Session& session, QtDisplay&) : Program(session) {
 QSize GrmDepthForm::sizeHint() const {
     const QSize least = QWidget::sizeHint();
     const int scroll_bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const int columns = Program.GrmDepths.GRM_Grid.Columns();
-    const int wide = columns * Grid->horizontalHeader()->defaultSectionSize() + 3 * scroll_bar;
+    const int wide = GRM_depth::Vref * Grid->horizontalHeader()->defaultSectionSize() +
+                     Grid->verticalHeader()->minimumWidth() + 3 * scroll_bar;
     const int high = rows_in_sight * Grid->verticalHeader()->defaultSectionSize() + 160;
     return {std::max(least.width(), wide), std::max(least.height(), high)};
 }
