@@ -163,7 +163,7 @@ const std::array command_table = {
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
     Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
     Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
-    Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
+    Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM", .Run = Ask_Total_Time_For_Grm, .Refusal = Without_Project},
     Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
     Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom, .Refusal = Without_Project},
@@ -216,7 +216,7 @@ const std::array command_table = {
     Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Checked = Delay_Curve, .Refusal = Without_Project},
     Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
     Separator(processing_menu),
-    Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM"},
+    Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM", .Run = Show_Grm_Dialog, .Refusal = Without_Total_Time},
 
     // Screen Display
     Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},

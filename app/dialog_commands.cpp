@@ -9,6 +9,7 @@
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
+#include "depth/grm_picture.h"
 #include "output/profile.h"
 #include "records/record_buttons.h"
 #include "records/spectrum_area.h"
@@ -37,8 +38,10 @@ void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
 
 void Open_Over_Curves(Session& session, Dialog dialog) {
     const DisplayMode mode = Row_Of(dialog)->Mode;
+    const bool grm_stood = Grm_Picture_Stands(session.Work);
     if (mode != DisplayMode::None) session.Work.Mode.Take(dialog, mode);
-    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
+    if (session.Work.Curves.FrameDrawn == 2 || Grm_Picture_Stands(session.Work) != grm_stood)
+        session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
 }
@@ -92,6 +95,28 @@ void Show_Trigger_Correction(Session& session) {
     Open_Over_Curves(session, Dialog::Erase_TT);
 }
 
+void Show_Grm_Dialog(Session& session) {
+    if (!session.GrmAnalysis.Delay_Times_Known()) return;
+    const DisplayMode drawn = session.Work.Grm.Drawn;
+    Open_Over_Curves(session, Dialog::GRM);
+    if (drawn != DisplayMode::None) session.Work.Mode.Take(Dialog::GRM, drawn);
+}
+
+void Ask_Total_Time_For_Grm(Session& session) {
+    Project& line = session.Work.Project;
+    while (line.TotalTime == 0) {
+        const std::string typed = session.Outside.Ask.Input(
+            "You must enter Total time (=Reciprocal time determined with Delay module) <0 for EXIT",
+            session.Work.AppTitle, "0");
+        if (typed.empty()) return;
+        const EditScope edit(session.Work, "Total time");
+        line.TotalTime = Val(typed);
+        // It stays below 0 all the same, so that the user is not asked again.
+        if (line.TotalTime < 0) return;
+    }
+    Show_Grm_Dialog(session);
+}
+
 void Show_Intercept_Profile(Session& session) {
     Show_Profile_In_Mode(session, DisplayMode::Profil);
 }
@@ -119,6 +144,7 @@ void Start_New_Profile(Session& session) {
     Add_Recent_File(session.Work.Settings, session.Work.Project.CurrentFile);
     session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);
+    session.Work.Grm = {};
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
 }

@@ -37,6 +37,8 @@ void Save_Velocity_And_Go_On(Session& session);
 /// The seismic profile with the depths that its mode tells.
 void Show_Intercept_Profile(Session& session);  ///< mode "Profil"
 void Show_Abc_Profile(Session& session);        ///< mode "Profil2"
+void Show_Grm_Dialog(Session& session);
+void Ask_Total_Time_For_Grm(Session& session);  ///< then the same dialog, unless the user gives up
 void Show_Grm_Profile(Session& session);        ///< mode "Profil4"
 void Show_Full_Profile(Session& session);       ///< mode "Profil3"
 /// Curves and profile together, mode "BI".

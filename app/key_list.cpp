@@ -49,6 +49,7 @@ constexpr Gesture gestures[] = {
     {in_dialogs, "Up, Down, Page Up, Page Down, wheel",
      "Time break correction: step the curve, by 2 ms with Page and with Shift"},
     {on_curves, "Drag, arrows, Page Up/Down", "Delay times open: move a curve or the total time line"},
+    {on_curves, "Pointer on a GRM curve", "Tell its XY, receiver and value"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

@@ -18,6 +18,9 @@
 #include "depth/quick_pointer.h"
 #include "depth/theoric_f.h"
 #include "depth/velocity_line.h"
+#include "depth/grm.h"
+#include "depth/grm_depth.h"
+#include "depth/grm_pointer.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -91,6 +94,9 @@ class Session {
     DelayF Delay;
     DelayPointer DelayMouse;
     ABCGridF Abc;
+    GRM GrmAnalysis;
+    GrmPointer GrmMouse;
+    GRM_depth GrmDepths;
 
     // Field records.
     RecordZoom RecordArea;

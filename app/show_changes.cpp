@@ -8,6 +8,7 @@
 #include "app/session.h"
 #include "core/ports/held_redraws.h"
 #include "core/text/number.h"
+#include "depth/grm_picture.h"
 #include "records/record_display.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
@@ -78,6 +79,18 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
     }
 }
 
+/// GRM curves and grid that stand, of times and distances that have changed.
+void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
+    if (!Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm,
+                                ProjectPart::TotalTime})) {
+        return;
+    }
+    session.GrmDepths.Follow();
+    session.GrmAnalysis.Follow();
+    if (Grm_Picture_Stands(session.Work) && session.Work.Curves.FrameDrawn == 1)
+        session.Outside.Show.Repaint_Page(Page::Curves);
+}
+
 /// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
 void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
     if (notice.Parts.Has(ProjectPart::Counts) && session.Outside.Show.Is_Open(Dialog::FantomF))
@@ -131,6 +144,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work));
     session.PickKeys.Follow();
     Show_Pictures(session, notice);
+    Follow_In_Grm(session, notice);
     Show_In_Dialogs(session, notice);
     Follow_In_Quick_Interpretation(session, notice);
     if (work.Edits.Journal_Fails()) {

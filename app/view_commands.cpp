@@ -81,6 +81,7 @@ void Back_To_Curves(Session& session) {
     Clear_Selection(session.Work.Curves);
     Show_Alone(session.Work.Curves, 0);
     session.Delay.Hide_Delay_Curve();
+    session.GrmAnalysis.Give_Up_Picture();
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();

@@ -33,6 +33,8 @@ void Add_Phantom(CLI::App& app, Request& request);
 void Add_Theoretic(CLI::App& app, Request& request);
 void Add_Delay(CLI::App& app, Request& request);
 void Add_Abc(CLI::App& app, Request& request);
+void Add_Grm(CLI::App& app, Request& request);
+void Add_Grm_Depth(CLI::App& app, Request& request);
 void Add_Record(CLI::App& app, Request& request);
 void Add_New(CLI::App& app, Request& request);
 void Add_Pick(CLI::App& app, Request& request);

@@ -47,6 +47,8 @@ int Run(int argc, char** argv) {
     Add_Theoretic(app, request);
     Add_Delay(app, request);
     Add_Abc(app, request);
+    Add_Grm(app, request);
+    Add_Grm_Depth(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);

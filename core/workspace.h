@@ -172,6 +172,27 @@ struct DepthWork {
     bool VelocityFault = false;  ///< a velocity order was wrong
 };
 
+/// One point of a GRM curve: a receiver and its value, ms.
+struct GrmPoint {
+    int Receiver = 0;
+    double Value = 0;
+    bool operator==(const GrmPoint&) const = default;
+};
+
+/// The points of one XY, in the order of the receivers.
+struct GrmCurve {
+    int XY = 0;  ///< receivers
+    std::vector<GrmPoint> Points;
+};
+
+/// State of the generalised reciprocal method.
+struct GrmView {
+    std::int16_t GrmXY = 0;                 ///< chosen by the user, in receivers; 0 while none is
+    DisplayMode Drawn = DisplayMode::None;  ///< Grm or GrmV while curves were computed
+    std::vector<GrmCurve> Curves;
+    double CurveStep = 0;  ///< units of the picture from one curve up to the next
+};
+
 /// State of the profile picture.
 struct ProfileView {
     DisplayMode DrawnMode = DisplayMode::None;  ///< mode of the last drawing
@@ -324,6 +345,7 @@ struct Workspace {
     CurveView Curves;
     VelocityWork Velocity;
     DepthWork Depth;
+    GrmView Grm;
     ProfileView Profile;
     RecordView Record;
     MainFields Fields;

@@ -125,11 +125,12 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
     return true;
 }
 
-/// Of the mode in force; null for one that nothing was registered for.
+/// What takes the mouse: the dialog that the press belongs to, or else the mode in force; null for one that
+/// nothing reacts in.
 CurvePointerHandler* CurvePointer::Handler() const {
+    if (Taken != nullptr) return Taken;
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
-    if (Taken != nullptr) return Taken;
     if (found != Handlers.end()) return found->second;
     return mode == DisplayMode::Dromo ? DromoMode.get() : nullptr;
 }
@@ -186,6 +187,7 @@ void CurvePointer::Choose(const PointerEvent& release) {
 
 void CurvePointer::Leave() {
     Unlight_Curve(Work, Outside);
+    if (CurvePointerHandler* handler = Handler()) handler->Leave();
 }
 
 void CurvePointer::Press(const PointerEvent& event) {
@@ -221,7 +223,9 @@ void CurvePointer::Release(const PointerEvent& event) {
 
 void CurvePointer::Double_Click(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
-    Moving->Catch();
+    // Where other curves stand, no pick lies under the pointer.
+    const DisplayMode mode = Work.Mode.Current();
+    if (mode != DisplayMode::Grm && mode != DisplayMode::GrmV) Moving->Catch();
     Outside.Show.Show_Fields();
 }
 

@@ -33,6 +33,7 @@ class CurvePointerHandler {
     virtual bool Takes(const PointerEvent&) { return true; }
     /// A key on the picture, see CurvePointer::Key; false when it means nothing here.
     virtual bool Key(int) { return false; }
+    virtual void Leave() {}  ///< the pointer has left the picture
 };
 
 /// Moments of the pointer; the receiver under it is found differently at each.

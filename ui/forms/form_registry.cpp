@@ -10,6 +10,8 @@
 #include "ui/forms/erase_form.h"
 #include "ui/forms/fantom_form.h"
 #include "ui/forms/hand_velocity_form.h"
+#include "ui/forms/grm_depth_form.h"
+#include "ui/forms/grm_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -53,6 +55,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::Erase_TT, Make<EraseForm>},
         {Dialog::DelayF, Make<DelayForm>},
         {Dialog::ABCGridF, Make<AbcGridForm>},
+        {Dialog::GRM, Make<GrmForm>},
+        {Dialog::GRM_depth, Make<GrmDepthForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
