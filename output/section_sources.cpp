@@ -1,0 +1,171 @@
+#include "output/section_sources.h"
+
+#include <algorithm>
+#include <exception>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "core/end_shots.h"
+#include "core/fault.h"
+#include "core/text/number.h"
+#include "depth/shot_velocities.h"
+#include "output/section_places.h"
+#include "output/topo_rows.h"
+#include "output/velocity_grid.h"
+
+namespace tarnvik {
+
+namespace {
+
+constexpr int columns_a_quality = 120;
+constexpr int grm_bedrock = 9;
+
+bool Refuse(const Workspace& workspace, Ports& ports, const std::string& text) {
+    ports.Ask.Say(text, workspace.AppTitle, Icon::Critical);
+    return false;
+}
+
+/// A warning that the user may pass over: "Quit ?" with Yes ends.
+bool Ends(const Workspace& workspace, Ports& ports, const std::string& question) {
+    return ports.Ask.Ask_Yes(question, workspace.AppTitle, Icon::Warning);
+}
+
+void Make_Grid(Workspace& workspace, std::vector<SectionPlace> places, int columns,
+               SectionElevations between) {
+    SectionView& view = workspace.Section;
+    if (places.empty()) throw Fault("nothing stands on the line");
+    if (view.Smoothing) Smooth_Bedrock(places);
+    if (view.SmoothingFactor > 1) Smooth_Interfaces(places, view.SmoothingFactor);
+    GridLayout layout;
+    layout.GridColumns = columns;
+    layout.GridRows = Grid_Rows(between.Max, between.Min);
+    layout.MaxElevation = between.Max;
+    layout.MinElevation = between.Min;
+    layout.LineLength = workspace.Project.LineLength;
+    layout.Line = view.Line;
+    view.Grid = Grid_Of_Places(places, layout, trace_surface_topo(workspace.Project, columns, between.Max));
+    view.Grid->Source = view.Source;
+}
+
+/// Runs one source: the former grid is gone, and whatever cannot be computed is told.
+bool Run_Source(Workspace& workspace, Ports& ports, SectionSource source,
+                const std::function<bool()>& make_grid) {
+    SectionView& view = workspace.Section;
+    view.Grid.reset();
+    view.Source = source;
+    std::string failure;
+    try {
+        return make_grid();
+    } catch (const Fault& fault) {
+        failure = fault.what();
+    } catch (const std::bad_alloc&) {
+        failure = "not enough memory";
+    }
+    view.Grid.reset();
+    return Refuse(workspace, ports, "This section is not possible: " + failure);
+}
+
+/// Checks of the shots on the line: depths, their number, their layers.
+bool Shots_Will_Do(const Workspace& workspace, Ports& ports) {
+    const Project& project = workspace.Project;
+    int first = 1;
+    int last = 1;
+    First_Last_End_Shot(project, first, last);
+    last = std::min<int>(last, project.NbShots);
+    double thickness = 0;
+    bool same_layers = true;
+    int layers_before = 0;
+    for (int shot = first; shot <= last; ++shot) {
+        for (int layer = 1; layer <= Project::MaxRefractors; ++layer)
+            thickness += project.ShotThickness(shot, layer);
+        int layers = 0;
+        std::array<double, Project::MaxLayers + 1> velocities{};
+        Shot_Velocities(project, shot, layers, velocities);
+        if (shot > first && layers != layers_before) same_layers = false;
+        layers_before = layers;
+    }
+    if (thickness == 0 && Ends(workspace, ports, "You must first compute depth below all shot, Quit ?"))
+        return false;
+    if (project.NbShots == 2)
+        return Refuse(workspace, ports, " This Graph is not possible with only two shots");
+    return same_layers ||
+           !Ends(workspace, ports,
+                 "All shots must have then same layer number !, you can enter very thin ...virtual... layer. "
+                 "Exit now ?");
+}
+
+bool Any_Above_0(const Project& project, ReceiverRow row) {
+    for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
+        if (project.ReceiverData(row, receiver) > 0) return true;
+    }
+    return false;
+}
+
+/// Closes single gaps of the bedrock between the first and the last receiver that have it. False where two
+/// receivers beside each other have none.
+bool Close_Bedrock_Gaps(Array2<double>& grm_data, int receivers) {
+    const auto depth = [&grm_data](int receiver) -> double& { return grm_data(grm_bedrock, receiver); };
+    int first = 1;
+    int last = receivers;
+    while (first < last && depth(first) == 0)
+        ++first;
+    while (last > first && depth(last) == 0)
+        --last;
+    for (int receiver = first + 1; receiver < last; ++receiver) {
+        if (depth(receiver) != 0) continue;
+        if (depth(receiver - 1) == 0 || depth(receiver + 1) == 0) return false;
+        depth(receiver) = (depth(receiver - 1) + depth(receiver + 1)) / 2;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool Shot_Grid(Workspace& workspace, Ports& ports, SectionElevations between) {
+    return Run_Source(workspace, ports, SectionSource::Shots, [&] {
+        if (!Shots_Will_Do(workspace, ports)) return false;
+        const SectionView& view = workspace.Section;
+        Make_Grid(workspace, Places_Of_Shots(workspace.Project, view.SlopeCorrection),
+                  view.GridQuality * columns_a_quality, between);
+        return true;
+    });
+}
+
+bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
+    return Run_Source(workspace, ports, SectionSource::Abc, [&] {
+        const Project& project = workspace.Project;
+        const bool bedrock = Any_Above_0(project, ReceiverRockDepth);
+        const bool layers = Any_Above_0(project, ReceiverDepth2) || Any_Above_0(project, ReceiverScratch);
+        if (!bedrock && !layers && !Any_Above_0(project, ReceiverDepth1)) {
+            return Refuse(workspace, ports, "First, you must  compute depth below receivers with ABC method");
+        }
+        // Told by the depths, which come with the file: with two layers they are those of the bedrock alone.
+        const bool two_layers = bedrock && !layers;
+        if (two_layers &&
+            Ends(workspace, ports, "With two layers, ABC is not possible, add a third level, Quit ?"))
+            return false;
+        Make_Grid(workspace, Places_Of_Abc(project, two_layers), 2 * project.NbReceivers, between);
+        return true;
+    });
+}
+
+bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
+    return Run_Source(workspace, ports, SectionSource::Grm, [&] {
+        const Project& project = workspace.Project;
+        Array2<double> grm_data = project.GrmData;
+        double depths = 0;
+        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver)
+            depths += grm_data(grm_bedrock, receiver);
+        if (depths == 0) return Refuse(workspace, ports, "You must first run and record GRM !");
+        if (!Close_Bedrock_Gaps(grm_data, project.NbReceivers)) {
+            return Refuse(workspace, ports,
+                          "Two consecutives empty values not admitted !, you must correct and re-run this "
+                          "module");
+        }
+        Make_Grid(workspace, Places_Of_Grm(project, grm_data), 2 * project.NbReceivers, between);
+        return true;
+    });
+}
+
+}  // namespace tarnvik
