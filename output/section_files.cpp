@@ -4,39 +4,33 @@
 #include <string_view>
 
 #include "core/files.h"
-#include "core/text/letters.h"
+#include "core/text/item_reader.h"
 #include "core/text/number.h"
+#include "core/text/print_line.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr std::size_t print_zone = 14;
 constexpr double rows_a_unit = 4;
 constexpr std::string_view line_end = "\r\n";
 constexpr std::string_view blank_cell = "1.70141E+38";
 constexpr int numbers_a_line = 10;  ///< of a ".grd" file
 
-/// A number as printed, followed by blanks up to the next print zone.
-std::string In_Zone(double value) {
-    std::string text = Print_Number(value);
-    text.append(print_zone - text.size() % print_zone, ' ');
-    return text;
+/// A line of the ".dat" file.
+std::string Cell_Line(double distance, double elevation, double velocity) {
+    return PrintLine().Item(distance).Zone().Item(elevation).Zone().Item(velocity).End();
 }
 
-/// Number of fields of a line, and whether each is one number.
-bool Is_Three_Numbers(std::string_view line) {
-    constexpr std::string_view gaps = " \t\r";
-    int count = 0;
-    for (std::size_t at = line.find_first_not_of(gaps); at != std::string_view::npos;
-         at = line.find_first_not_of(gaps, at)) {
-        const std::size_t end = std::min(line.find_first_of(gaps, at), line.size());
-        if (line.substr(at, end - at).find_first_not_of("0123456789+-.E") != std::string_view::npos)
-            return false;
-        ++count;
-        at = end;
-    }
-    return count == 3;
+/// True for a line, its end included, that stands to the letter as Cell_Line writes it: three numbers alone
+/// may be coordinates of the user's.
+bool Is_Cell_Line(std::string_view line) {
+    ItemReader numbers(line);
+    double distance = 0;
+    double elevation = 0;
+    double velocity = 0;
+    return numbers.Number(distance) && numbers.Number(elevation) && numbers.Number(velocity) &&
+           line == Cell_Line(distance, elevation, velocity);
 }
 
 }  // namespace
@@ -53,12 +47,12 @@ double Elevation_Of_Row(const SectionGrid& grid, int row) {
 std::string Section_Dat(const SectionGrid& grid, double line_length) {
     std::string text;
     for (int column = 1; column <= grid.GridColumns; ++column) {
-        const std::string distance = In_Zone(Distance_Of_Column(grid, line_length, column));
+        const double distance = Distance_Of_Column(grid, line_length, column);
         for (int row = 1; row <= grid.GridRows; ++row) {
             const double velocity = grid.VelocityGrid(column, row);
             if (velocity == 0) continue;
-            text += distance + In_Zone(Elevation_Of_Row(grid, row)) + Print_Number(velocity);
-            text += line_end;
+            const double elevation = Elevation_Of_Row(grid, row);
+            text += Cell_Line(distance, elevation, velocity);
         }
     }
     return text;
@@ -104,9 +98,9 @@ bool Is_Section_Dat(const std::string& path) {
     if (!bytes) return !File_Exists(path);
     std::string_view rest = *bytes;
     while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find('\n'), rest.size());
-        if (!Is_Three_Numbers(rest.substr(0, end))) return false;
-        rest.remove_prefix(std::min(end + 1, rest.size()));
+        const std::size_t end = std::min(rest.find('\n'), rest.size() - 1) + 1;
+        if (!Is_Cell_Line(rest.substr(0, end))) return false;
+        rest.remove_prefix(end);
     }
     return true;
 }

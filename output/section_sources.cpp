@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "core/end_shots.h"
 #include "core/fault.h"
+#include "core/files.h"
+#include "core/grm_file.h"
 #include "core/text/number.h"
 #include "depth/shot_velocities.h"
 #include "output/section_places.h"
@@ -85,8 +88,11 @@ bool Shots_Will_Do(const Workspace& workspace, Ports& ports) {
         if (shot > first && layers != layers_before) same_layers = false;
         layers_before = layers;
     }
-    if (thickness == 0 && Ends(workspace, ports, "You must first compute depth below all shot, Quit ?"))
+    if (thickness == 0) {
+        // Whatever the answer: there is nothing that could be shown.
+        Ends(workspace, ports, "You must first compute depth below all shot, Quit ?");
         return false;
+    }
     if (project.NbShots == 2)
         return Refuse(workspace, ports, " This Graph is not possible with only two shots");
     return same_layers ||
@@ -102,22 +108,28 @@ bool Any_Above_0(const Project& project, ReceiverRow row) {
     return false;
 }
 
-/// Closes single gaps of the bedrock between the first and the last receiver that have it. False where two
-/// receivers beside each other have none.
-bool Close_Bedrock_Gaps(Array2<double>& grm_data, int receivers) {
-    const auto depth = [&grm_data](int receiver) -> double& { return grm_data(grm_bedrock, receiver); };
-    int first = 1;
-    int last = receivers;
-    while (first < last && depth(first) == 0)
-        ++first;
-    while (last > first && depth(last) == 0)
-        --last;
-    for (int receiver = first + 1; receiver < last; ++receiver) {
-        if (depth(receiver) != 0) continue;
-        if (depth(receiver - 1) == 0 || depth(receiver + 1) == 0) return false;
-        depth(receiver) = (depth(receiver - 1) + depth(receiver + 1)) / 2;
+/// Closes single gaps of the bedrock depth between the receivers that the distance XY reaches at both ends of
+/// the line. False where two receivers beside each other have none.
+bool Close_Bedrock_Gaps(Array2<double>& grm_data, int xy, int receivers) {
+    for (int receiver = std::max(xy, 2); receiver <= receivers - std::max(xy, 1); ++receiver) {
+        double& depth = grm_data(grm_bedrock, receiver);
+        if (depth != 0) continue;
+        const double before = grm_data(grm_bedrock, receiver - 1);
+        const double behind = grm_data(grm_bedrock, receiver + 1);
+        if (before == 0 || behind == 0) return false;
+        depth = (before + behind) / 2;
     }
     return true;
+}
+
+/// What the GRM file beside the project holds; nothing when there is none or it is another line's.
+std::optional<GrmContent> Recorded_Grm(const Project& project) {
+    if (project.CurrentFile.empty()) return std::nullopt;
+    const auto bytes = Read_File(Grm_File_Beside(project.CurrentFile));
+    if (!bytes) return std::nullopt;
+    GrmReading reading = Parse_Grm(*bytes, project.NbReceivers);
+    if (!reading.Good) return std::nullopt;
+    return std::move(reading.Content);
 }
 
 }  // namespace
@@ -153,12 +165,10 @@ bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
 bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
     return Run_Source(workspace, ports, SectionSource::Grm, [&] {
         const Project& project = workspace.Project;
-        Array2<double> grm_data = project.GrmData;
-        double depths = 0;
-        for (int receiver = 1; receiver <= project.NbReceivers; ++receiver)
-            depths += grm_data(grm_bedrock, receiver);
-        if (depths == 0) return Refuse(workspace, ports, "You must first run and record GRM !");
-        if (!Close_Bedrock_Gaps(grm_data, project.NbReceivers)) {
+        std::optional<GrmContent> recorded = Recorded_Grm(project);
+        if (!recorded) return Refuse(workspace, ports, "You must first run and record GRM !");
+        Array2<double>& grm_data = recorded->Data;
+        if (!Close_Bedrock_Gaps(grm_data, recorded->GrmXY, project.NbReceivers)) {
             return Refuse(workspace, ports,
                           "Two consecutives empty values not admitted !, you must correct and re-run this "
                           "module");

@@ -19,7 +19,8 @@ struct SectionElevations {
 bool Shot_Grid(Workspace& workspace, Ports& ports, SectionElevations between);
 /// From the depths below the receivers by the delay time method.
 bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
-/// From the depths below the receivers by the generalised reciprocal method.
+/// From the depths below the receivers by the generalised reciprocal method, as the GRM file beside the
+/// project holds them.
 bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
 
 }  // namespace tarnvik
