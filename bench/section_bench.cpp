@@ -37,3 +37,5 @@ void Section_Files(benchmark::State& state) {
 BENCHMARK(Section_Files)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+BENCHMARK_MAIN();
