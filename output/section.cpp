@@ -1,12 +1,10 @@
 #include "output/section.h"
 
-#include <algorithm>
-#include <limits>
 #include <string>
 
-#include "core/end_shots.h"
 #include "core/files.h"
 #include "core/text/number.h"
+#include "output/elevation_extremes.h"
 #include "output/profile.h"
 #include "output/section_files.h"
 
@@ -15,7 +13,7 @@ namespace tarnvik {
 namespace {
 
 constexpr double elevation_difference_limit = 90;
-constexpr double elevation_step = 10;
+constexpr double elevation_step = 10;  ///< of elevations that fit
 
 /// Elevations far from each other may be a slip: the user is asked.
 bool Difference_Is_Meant(const Workspace& workspace, Ports& ports, SectionElevations between) {
@@ -53,18 +51,18 @@ void Write_Dat(Workspace& workspace, Ports& ports) {
 }  // namespace
 
 bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files) {
-    ProfileView& view = workspace.Profile;
-    SectionElevations between;
-    Recherche_Alti_Mini_Maxi(workspace.Project, between.Min, between.Max);
-    between.Max = view.GivenMaxElevation.value_or(between.Max);
-    between.Min = view.GivenMinElevation.value_or(between.Min);
-    view.GivenMaxElevation = between.Max;
-    view.GivenMinElevation = between.Min;
-    ports.Show.Show_Fields();
+    const ProfileView& view = workspace.Profile;
+    const SectionElevations fitting = Fitting_Elevations(workspace);
+    const SectionElevations between = {view.GivenMaxElevation.value_or(fitting.Max),
+                                       view.GivenMinElevation.value_or(fitting.Min)};
     if (!Difference_Is_Meant(workspace, ports, between)) return false;
     const bool saved = files.SaveProject(workspace, ports);
     if (!Make_Grid_Of_Source(workspace, ports, between)) return false;
     if (saved) Write_Dat(workspace, ports);
+    if (between.Min >= fitting.Min + elevation_step) {
+        workspace.Fields.Status =
+            "The section ends above its deepest interface; an empty minimum elevation shows all of it";
+    }
     ports.Show.Select_Tab(Tab::Section);
     ports.Show.Show_Fields();
     return true;
@@ -72,30 +70,6 @@ bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files) {
 
 bool Make_Section(Workspace& workspace, Ports& ports, SectionElevations between) {
     return Difference_Is_Meant(workspace, ports, between) && Make_Grid_Of_Source(workspace, ports, between);
-}
-
-void Recherche_Alti_Mini_Maxi(const Project& project, double& mini, double& maxi) {
-    mini = std::numeric_limits<double>::max();
-    maxi = std::numeric_limits<double>::lowest();
-    const auto take = [&](double elevation) {
-        mini = std::min(mini, elevation);
-        maxi = std::max(maxi, elevation);
-    };
-    int first = 1;
-    int last = 1;
-    First_Last_End_Shot(project, first, last);
-    for (int shot = first; shot <= last && project.ShotElevation.Has(shot); ++shot)
-        take(project.ShotElevation(shot));
-    for (int receiver = 1; receiver <= std::min<int>(project.NbReceivers, project.ReceiverData.Last_Column());
-         ++receiver)
-        take(project.ReceiverData(ReceiverElevation, receiver));
-    if (mini > maxi) mini = maxi = 0;
-    const double lowest = mini;
-    const double highest = maxi;
-    mini = elevation_step * Rounded(lowest / elevation_step);
-    maxi = elevation_step * Rounded(highest / elevation_step);
-    if (mini > lowest) mini -= elevation_step;
-    if (maxi < highest) maxi += elevation_step;
 }
 
 void Command19(Workspace& workspace, Ports& ports) {

@@ -8,17 +8,13 @@
 namespace tarnvik {
 
 /// The user asks for the coloured section: the elevations typed beside the profile are taken (those that are
-/// not typed as Command19 finds them), a difference above 90 is asked about, the project is saved, and the
+/// not typed are Fitting_Elevations), a difference above 90 is asked about, the project is saved, and the
 /// source that the main depth label names makes its grid, which goes to the project's ".dat" file and onto
 /// the section's tab. Answers whether a grid stands.
 bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files);
 
 /// The parts of it for a run without a screen: question and grid, nothing saved or written.
 bool Make_Section(Workspace& workspace, Ports& ports, SectionElevations between);
-
-/// Lowest and highest elevation of the receivers and of the shots on the line, rounded away from the line to
-/// a multiple of 10. Both 0 without receivers and shots.
-void Recherche_Alti_Mini_Maxi(const Project& project, double& mini, double& maxi);
 
 /// "Compute mini and maximum elevation": shows them in the fields beside the profile, which is drawn between
 /// them at once where it stands.

@@ -13,6 +13,7 @@
 #include "core/grm_file.h"
 #include "core/text/number.h"
 #include "depth/shot_velocities.h"
+#include "output/elevation_extremes.h"
 #include "output/section_places.h"
 #include "output/topo_rows.h"
 #include "output/velocity_grid.h"
@@ -132,6 +133,26 @@ std::optional<GrmContent> Recorded_Grm(const Project& project) {
     return std::move(reading.Content);
 }
 
+/// With two layers the depths are those of the bedrock alone. They tell it, since they come with the file.
+bool Abc_Has_Two_Layers(const Project& project) {
+    return Any_Above_0(project, ReceiverRockDepth) && !Any_Above_0(project, ReceiverDepth2) &&
+           !Any_Above_0(project, ReceiverScratch);
+}
+
+std::vector<SectionPlace> Places_Of(const Workspace& workspace) {
+    const Project& project = workspace.Project;
+    switch (workspace.Section.Source) {
+        case SectionSource::Abc:
+            return Places_Of_Abc(project, Abc_Has_Two_Layers(project));
+        case SectionSource::Grm:
+            if (const auto recorded = Recorded_Grm(project)) return Places_Of_Grm(project, recorded->Data);
+            return {};
+        case SectionSource::Shots:
+            break;
+    }
+    return Places_Of_Shots(project, workspace.Section.SlopeCorrection);
+}
+
 }  // namespace
 
 bool Shot_Grid(Workspace& workspace, Ports& ports, SectionElevations between) {
@@ -147,13 +168,12 @@ bool Shot_Grid(Workspace& workspace, Ports& ports, SectionElevations between) {
 bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
     return Run_Source(workspace, ports, SectionSource::Abc, [&] {
         const Project& project = workspace.Project;
-        const bool bedrock = Any_Above_0(project, ReceiverRockDepth);
-        const bool layers = Any_Above_0(project, ReceiverDepth2) || Any_Above_0(project, ReceiverScratch);
-        if (!bedrock && !layers && !Any_Above_0(project, ReceiverDepth1)) {
+        const auto rows = {ReceiverRockDepth, ReceiverDepth1, ReceiverDepth2, ReceiverScratch};
+        if (std::none_of(rows.begin(), rows.end(),
+                         [&project](ReceiverRow row) { return Any_Above_0(project, row); })) {
             return Refuse(workspace, ports, "First, you must  compute depth below receivers with ABC method");
         }
-        // Told by the depths, which come with the file: with two layers they are those of the bedrock alone.
-        const bool two_layers = bedrock && !layers;
+        const bool two_layers = Abc_Has_Two_Layers(project);
         if (two_layers &&
             Ends(workspace, ports, "With two layers, ABC is not possible, add a third level, Quit ?"))
             return false;
@@ -176,6 +196,24 @@ bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between) {
         Make_Grid(workspace, Places_Of_Grm(project, grm_data), 2 * project.NbReceivers, between);
         return true;
     });
+}
+
+SectionElevations Fitting_Elevations(const Workspace& workspace) {
+    constexpr double step = 10;
+    SectionElevations fitting;
+    Recherche_Alti_Mini_Maxi(workspace.Project, fitting.Min, fitting.Max);
+    double lowest = fitting.Min;
+    try {
+        for (const SectionPlace& place : Places_Of(workspace)) {
+            for (const double depth : place.Depths)
+                lowest = std::min(lowest, place.Elevation - depth);
+        }
+    } catch (const Fault&) {
+        return fitting;  // what is wrong with the depths is told where the grid is made
+    }
+    // The deepest interface has some of its layer below it.
+    if (lowest < fitting.Min) fitting.Min = step * Int((lowest - 1) / step);
+    return fitting;
 }
 
 }  // namespace tarnvik

@@ -23,4 +23,7 @@ bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
 /// project holds them.
 bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
 
+/// Elevations in tens that a section of Work.Section.Source fits between: ground and deepest interface.
+SectionElevations Fitting_Elevations(const Workspace& workspace);
+
 }  // namespace tarnvik

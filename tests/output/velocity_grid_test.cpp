@@ -6,6 +6,7 @@
 
 #include "core/files.h"
 #include "core/grm_file.h"
+#include "output/elevation_extremes.h"
 #include "output/line_for_profiles.h"
 #include "output/section.h"
 #include "output/section_files.h"
@@ -291,11 +292,17 @@ TEST_F(VelocityGridTest, SavesTheProjectAndWritesTheCellsBesideIt) {
     Test.Prompts.Expect(question, Answer::No);
     EXPECT_TRUE(Command13(Work, Test.Ports, files));
     EXPECT_EQ(Read_File(folder / "Line.dat"), users);
-    EXPECT_EQ(Grid().MaxElevation, 100) << "not given: those of the line";
+    EXPECT_EQ(Grid().MaxElevation, 100) << "not given: ground and deepest interface";
+    EXPECT_EQ(Grid().MinElevation, 90);
+    EXPECT_EQ(Work.Fields.Status, "");
+    Work.Profile.GivenMinElevation = 100;  // as Command19 finds it for flat ground
     Test.Prompts.Expect(question, Answer::Yes);
     EXPECT_TRUE(Command13(Work, Test.Ports, files));
     const std::string written = Read_File(folder / "Line.dat").value_or("");
     EXPECT_EQ(written, Section_Dat(Grid(), 180));
+    EXPECT_EQ(Grid().GridRows, 4);
+    EXPECT_NE(Work.Fields.Status, "") << "the user is told what he does not see";
+    Work.Profile.GivenMinElevation.reset();
     EXPECT_EQ(Test.Prompts.Messages.size(), 2U);
     Line.ShotElevation(2) = 97;
     EXPECT_TRUE(Command13(Work, Test.Ports, files));
