@@ -54,6 +54,7 @@ int Run(int argc, char** argv) {
     Add_New(app, request);
     Add_Pick(app, request);
     Add_Timebreak(app, request);
+    Add_Section(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
