@@ -42,6 +42,8 @@ int Run(int argc, char** argv) {
     Add_Record(app, request);
     Add_New(app, request);
     Add_Pick(app, request);
+    Add_Export(app, request);
+    Add_Import(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
