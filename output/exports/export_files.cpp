@@ -19,7 +19,8 @@ std::string Counted(int count, const std::string& name) {
 
 /// How much went out and what did not.
 std::string Summary_Of(const ExportReport& report) {
-    return "Written: " + Counted(report.Picks, "pick") + ", " + Counted(report.Shots, "shot") + ", " +
+    const std::string picks = report.Picks > 0 ? Counted(report.Picks, "pick") + ", " : "";
+    return "Written: " + picks + Counted(report.Shots, "shot") + ", " +
            Counted(report.Receivers, "receiver") + "." + Left_Out_Text(report.LeftOut);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "core/project_file.h"
 #include "core/text/number.h"
 
 namespace tarnvik {
@@ -45,9 +46,14 @@ double Interpolated(const std::vector<ImportedPlace>& known, double x) {
     return before->Z.value_or(0) + share * (behind->Z.value_or(0) - before->Z.value_or(0));
 }
 
-/// To what the project file holds of a time, so that the round number and not the one below is filed.
+/// To the hundredth that the project file holds. Filing takes the hundredths below, in single precision: some
+/// round times need the next larger number so that they are still the same when they are read again.
 float Time_As_Filed(double time) {
-    return static_cast<float>(Rounded(time * 100) / 100);
+    const double hundredths = Rounded(time * 100);
+    auto filed = static_cast<float>(hundredths / 100);
+    while (std::floor(filed * file_time_scale) < hundredths)
+        filed = std::nextafter(filed, std::numeric_limits<float>::max());
+    return filed;
 }
 
 std::string Refusal_Of(const ImportedLine& line, std::size_t receivers) {
@@ -74,8 +80,7 @@ std::string Refusal_Of(const ImportedLine& line, std::size_t receivers) {
 }
 
 /// Place of the end shots among shots sorted along the line: the nearest ones before and behind the
-/// receivers; where all shots stand among them, the outermost. A shot at 0 before the receivers is the first
-/// end shot, as in every project.
+/// receivers; where all shots stand among them, the outermost.
 void Find_End_Shots(const std::vector<ImportedShot>& shots, const std::vector<ImportedPlace>& receivers,
                     std::size_t& first, std::size_t& last) {
     first = 0;
@@ -84,8 +89,6 @@ void Find_End_Shots(const std::vector<ImportedShot>& shots, const std::vector<Im
         if (shots[i].Place.X <= receivers.front().X + same_place) first = i;
     for (std::size_t i = shots.size(); i-- > 0;)
         if (shots[i].Place.X >= receivers.back().X - same_place) last = i;
-    for (std::size_t i = 0; i < first; ++i)
-        if (std::abs(shots[i].Place.X) <= same_place) first = i;
     last = std::max(first, last);
 }
 
