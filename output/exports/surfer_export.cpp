@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "core/files.h"
@@ -109,11 +111,20 @@ bool Ask_Choices(Ports& ports, const std::string& title, SurferChoices& choices)
     return true;
 }
 
+/// The other program has a working folder of its own.
+std::string From_Any_Folder(const std::string& path) {
+    std::error_code failed;
+    const auto absolute = std::filesystem::absolute(path, failed);
+    return failed ? path : absolute.string();
+}
+
 /// The names as they were agreed. The cells are among the files only when they were not there before.
 void Take_Agreed_Names(const std::vector<ExportFile>& files, SurferChoices& choices) {
     constexpr std::size_t files_with_cells = 5;
-    const auto from_end = [&files](std::size_t place) { return files[files.size() - place].Path; };
-    if (files.size() == files_with_cells) choices.Dat = files.front().Path;
+    const auto from_end = [&files](std::size_t place) {
+        return From_Any_Folder(files[files.size() - place].Path);
+    };
+    choices.Dat = From_Any_Folder(files.size() == files_with_cells ? files.front().Path : choices.Dat);
     choices.Grd = from_end(4);
     choices.Lvl = from_end(3);
     choices.Clr = from_end(2);
