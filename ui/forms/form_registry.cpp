@@ -5,9 +5,9 @@
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/depth_form.h"
 #include "ui/forms/dip_form.h"
-#include "ui/forms/hand_velocity_form.h"
-#include "ui/forms/fantom_form.h"
 #include "ui/forms/erase_form.h"
+#include "ui/forms/fantom_form.h"
+#include "ui/forms/hand_velocity_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -17,9 +17,9 @@
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
+#include "ui/forms/theoric_form.h"
 #include "ui/forms/true_velocity_form.h"
 #include "ui/forms/velocity_line_form.h"
-#include "ui/forms/theoric_form.h"
 #include "ui/forms/zoom_form.h"
 
 namespace tarnvik {
