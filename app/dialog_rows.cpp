@@ -18,7 +18,7 @@ constexpr std::array dialog_rows = {
               Tab::Curves},
     DialogRow{Dialog::Fcalcul, "Depth Computation", DialogPlace::Dock, DisplayMode::Calcul, true,
               Tab::Curves},
-    DialogRow{Dialog::ABCGridF, "ABC Grid", DialogPlace::Window, DisplayMode::Abc, true},
+    DialogRow{Dialog::ABCGridF, "ABC Grid", DialogPlace::Box, DisplayMode::Abc, true},
     DialogRow{Dialog::DelayF, "Delay times", DialogPlace::Dock, DisplayMode::Delay, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},

@@ -150,7 +150,8 @@ QWidget* ProfilePane::Side() {
         grid->addWidget(field, row, 1);
     }
     Bind_Elevations(highest, lowest, height);
-    auto* added = number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
+    auto* added =
+        number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
     const int row = grid->rowCount();
     grid->addWidget(new QLabel(tr("Added to ABC depth")), row, 0);
     grid->addWidget(added, row, 1);
