@@ -5,6 +5,7 @@
 #include "app/dialog_commands.h"
 #include "app/documents.h"
 #include "app/edit_commands.h"
+#include "app/export_commands.h"
 #include "app/file_commands.h"
 #include "app/pages.h"
 #include "app/refusals.h"
@@ -67,6 +68,10 @@ bool Dark_Windows(const Session& session) {
     return session.Work.Fields.DarkWindows;
 }
 
+bool Velocity_Ruler_Shown(const Session& session) {
+    return session.Work.Curves.RulerShown;
+}
+
 bool Delay_Curve(const Session& session) {
     return session.Delay.Delay_Curve_Shown();
 }
@@ -113,6 +118,7 @@ bool Language(const Session& session) {
 constexpr std::string_view file_menu = "&File";
 constexpr std::string_view conversion_menu = "&File/Conversion";
 constexpr std::string_view export_menu = "&File/Export";
+constexpr std::string_view import_menu = "&File/Import";
 constexpr std::string_view edit_menu = "&Edit";
 constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
@@ -136,30 +142,30 @@ constexpr Command Separator(std::string_view menu) {
 // clang-format off
 const std::array command_table = {
     // Toolbar, in the order of the buttons.
-    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase"},
+    Command{.Name = "erase", .Tooltip = "Move up/down a traveltime", .Icon = "erase", .Run = Show_Trigger_Correction, .Refusal = Without_Project},
     Command{.Name = "frequency", .Tooltip = "SU enhancement", .Icon = "frequency", .Run = Launch_Enhancement},
     Command{.Name = "herz", .Tooltip = "Frequency spectrum", .Icon = "herz", .Run = Arm_Spectrum, .Refusal = Without_Shown_Records},
     Command{.Name = "help", .Tooltip = "Launch help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "tv4", .Tooltip = "Start a new traveltime", .Icon = "tv4", .Run = Start_New_Profile},
     Command{.Name = "Double", .Tooltip = "Display dromo + field record", .Icon = "Double", .Run = Toggle_Second_Window},
-    Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick"},
+    Command{.Name = "quick", .Tooltip = "Quick interpretation", .Icon = "quick", .Run = Show_Quick_Interpretation, .Refusal = Without_Project},
     Command{.Name = "edit", .Tooltip = "EDIT travel time informations", .Icon = "edit", .Run = Edit_Notes},
-    Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler"},
+    Command{.Name = "ruler", .Tooltip = "velocity reference line", .Icon = "ruler", .Run = Toggle_Velocity_Ruler, .Refusal = Without_Project},
     Command{.Name = "tosu", .Tooltip = "Seismograph File conversion", .Icon = "tosu", .Run = Launch_Conversion},
     Command{.Name = "open", .Tooltip = "Open existing TV5 File", .Icon = "open", .Run = Open_From_Toolbar},
     Command{.Name = "save", .Tooltip = "Save TV5 File", .Icon = "save", .Run = Save_Data, .Refusal = Without_Project},
     Command{.Name = "dromo", .Tooltip = "Display travel time", .Icon = "dromo", .Run = Back_To_Curves},
     Command{.Name = "prop", .Tooltip = "New profile from field records", .Icon = "prop", .Run = Start_New_Profile},
-    Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom"},
+    Command{.Name = "fantom", .Tooltip = "Fantoming travel time", .Icon = "fantom", .Run = Show_Phantom_Dialog, .Refusal = Without_Project},
     Command{.Name = "vitess1", .Tooltip = "velocity / linear regression", .Icon = "vitess1", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
-    Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2"},
-    Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3"},
+    Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2", .Run = Show_Hand_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3", .Run = Show_True_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
     Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
     Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
-    Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM"},
+    Command{.Name = "GRM", .Tooltip = "GRM Method", .Icon = "GRM", .Run = Ask_Total_Time_For_Grm, .Refusal = Without_Project},
     Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
     Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom, .Refusal = Without_Project},
@@ -178,9 +184,15 @@ const std::array command_table = {
     Command{.Name = "backup", .Menu = conversion_menu, .Caption = "TV5 to *.BAK", .Run = Ask_For_Backup},
     Command{.Name = "NBak", .Menu = conversion_menu, .Caption = "*.BAK to *.TV5", .Run = Convert_Bak_To_Tv5},
     Command{.Name = "TV57", .Menu = conversion_menu, .Caption = "Old TV4 to TV5", .Run = Convert_Tv4_To_Tv5},
-    Command{.Name = "PLOTREFA_CNV", .Menu = export_menu, .Caption = "TV5  to PLOTREFA"},
-    Command{.Name = "optim", .Menu = export_menu, .Caption = "TV5 to Seisopt@2D"},
-    Command{.Name = "Rayfract", .Menu = export_menu, .Caption = "TV5 to Rayfract ASCII"},
+    Command{.Name = "PLOTREFA_CNV", .Menu = export_menu, .Caption = "TV5  to PLOTREFA", .Run = Export_To_Plotrefa},
+    Command{.Name = "optim", .Menu = export_menu, .Caption = "TV5 to Seisopt@2D", .Run = Export_To_SeisOpt2D},
+    Command{.Name = "Rayfract", .Menu = export_menu, .Caption = "TV5 to Rayfract ASCII", .Run = Export_To_Rayfract},
+    Command{.Name = "Command22", .Menu = export_menu, .Caption = "SURFER Export", .Tooltip = "Grid, colours and script of the coloured section for the map program", .Run = Export_To_Surfer, .Refusal = Without_Project},
+    Separator(export_menu),
+    Command{.Name = "Unified_M", .Menu = export_menu, .Caption = "Picks in the unified data format (SGT)", .Tooltip = "Positions and times, as pyGIMLi reads them", .Run = Export_To_Unified_Format, .Refusal = Without_Project},
+    Command{.Name = "PicksCsv_M", .Menu = export_menu, .Caption = "Picks with positions (CSV)", .Run = Export_Picks_As_Csv, .Refusal = Without_Project},
+    Command{.Name = "Dxf_M", .Menu = export_menu, .Caption = "Profile as a drawing (DXF)", .Tooltip = "Ground, shots, receivers and interfaces, each on a layer of its own", .Run = Export_Profile_As_Dxf, .Refusal = Without_Project},
+    Command{.Name = "ImportPicks_M", .Menu = import_menu, .Caption = "Picks of PLOTREFA, Rayfract or unified data...", .Tooltip = "A file of picks becomes a new project", .Run = Import_Pick_File},
     Command{.Name = "F1_F", .Menu = recent_menu, .Run = Open_Recent<1>, .Text = Recent_Caption<1>},
     Command{.Name = "F2_F", .Menu = recent_menu, .Run = Open_Recent<2>, .Text = Recent_Caption<2>},
     Command{.Name = "F3_F", .Menu = recent_menu, .Run = Open_Recent<3>, .Text = Recent_Caption<3>},
@@ -197,13 +209,13 @@ const std::array command_table = {
 
     // Processing
     Command{.Name = "VelCalcul", .Menu = processing_menu, .Caption = "&Velocity with linear regression", .Icon = "vitess1", .Shortcut = "F5", .Run = Show_Velocity_Dialog, .Refusal = Without_Project},
-    Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2"},
-    Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3"},
-    Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler"},
-    Command{.Name = "dipc", .Menu = processing_menu, .Caption = "Dip computation"},
+    Command{.Name = "VelCalName", .Menu = processing_menu, .Caption = "Velocity from point to point", .Icon = "velo2", .Shortcut = "Shift+F5", .Run = Show_Hand_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "Vel2name", .Menu = processing_menu, .Caption = "True Velocity", .Icon = "vitess3", .Shortcut = "Ctrl+F5", .Run = Show_True_Velocity_Dialog, .Refusal = Without_Project},
+    Command{.Name = "v_r", .Menu = processing_menu, .Caption = "Velocity ruler", .Icon = "ruler", .Run = Toggle_Velocity_Ruler, .Checked = Velocity_Ruler_Shown, .Refusal = Without_Project},
+    Command{.Name = "dipc", .Menu = processing_menu, .Caption = "Dip computation", .Run = Show_Dip_Dialog},
     Separator(processing_menu),
-    Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom"},
-    Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick"},
+    Command{.Name = "PhantomName", .Menu = processing_menu, .Caption = "Phantom Trace", .Icon = "fantom", .Run = Show_Phantom_Dialog, .Refusal = Without_Project},
+    Command{.Name = "QuickInterpretation", .Menu = processing_menu, .Caption = "Quick Interpretation", .Icon = "quick", .Run = Show_Quick_Interpretation, .Refusal = Without_Project},
     Command{.Name = "IT_Compute", .Menu = processing_menu, .Caption = "Intercept time depth computation", .Icon = "sum", .Shortcut = "F6", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
     Separator(processing_menu),
     Command{.Name = "DTDetName", .Menu = processing_menu, .Caption = "De&lay Times det.", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
@@ -212,7 +224,7 @@ const std::array command_table = {
     Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Checked = Delay_Curve, .Refusal = Without_Project},
     Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
     Separator(processing_menu),
-    Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM"},
+    Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM", .Run = Show_Grm_Dialog, .Refusal = Without_Total_Time},
 
     // Screen Display
     Command{.Name = "TT_Mnu", .Menu = screen_menu, .Caption = "Travel time", .Icon = "dromo", .Shortcut = "F2", .Run = Back_To_Curves},
@@ -224,7 +236,7 @@ const std::array command_table = {
     Command{.Name = "BI_M", .Menu = screen_menu, .Caption = "Travel time and profile", .Run = Show_Curves_And_Profile, .Refusal = Without_Project},
     Separator(screen_menu),
     Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File, .Refusal = Without_Project},
-    Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve"},
+    Command{.Name = "theoric", .Menu = screen_menu, .Caption = "Superpose a computed curve", .Run = Show_Theoretic_Dialog, .Refusal = Without_Project},
     Separator(screen_menu),
     Command{.Name = "Zerop", .Menu = screen_menu, .Caption = "Zero time on top", .Shortcut = "Ctrl+T", .Run = Toggle_Zero_On_Top, .Checked = Zero_On_Top},
     Command{.Name = "SideBySide_M", .Menu = screen_menu, .Caption = "Record and travel times side by side", .Shortcut = "F7", .Run = Toggle_Side_By_Side, .Checked = Side_By_Side},

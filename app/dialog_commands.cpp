@@ -9,6 +9,7 @@
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
+#include "depth/grm_picture.h"
 #include "output/profile.h"
 #include "records/record_buttons.h"
 #include "records/spectrum_area.h"
@@ -21,6 +22,7 @@
 #include "setup/remove_shot.h"
 #include "setup/true_distances.h"
 #include "setup/xyz_commands.h"
+#include "traveltime/velocity_ruler.h"
 
 namespace tarnvik {
 
@@ -35,8 +37,11 @@ void Show_Profile_In_Mode(Session& session, DisplayMode mode) {
 }  // namespace
 
 void Open_Over_Curves(Session& session, Dialog dialog) {
-    session.Work.Mode.Take(dialog, Row_Of(dialog)->Mode);
-    if (session.Work.Curves.FrameDrawn == 2) session.Outside.Show.Show_Curves();
+    const DisplayMode mode = Row_Of(dialog)->Mode;
+    const bool grm_stood = Grm_Picture_Stands(session.Work);
+    if (mode != DisplayMode::None) session.Work.Mode.Take(dialog, mode);
+    if (session.Work.Curves.FrameDrawn == 2 || Grm_Picture_Stands(session.Work) != grm_stood)
+        session.Outside.Show.Show_Curves();
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Open_Dialog(dialog, false);
 }
@@ -52,8 +57,64 @@ void Save_Velocity_And_Go_On(Session& session) {
     if (!session.Speed.SaveEnabled) session.Speed.Next_Layer();
 }
 
+void Show_True_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF2);
+}
+
+void Show_Hand_Velocity_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::SpeedF3);
+}
+
+void Toggle_Velocity_Ruler(Session& session) {
+    if (!session.Work.Curves.RulerShown) session.Outside.Show.Select_Tab(Tab::Curves);
+    Velocity_Ruler(session.Work, session.Outside);
+    session.Outside.Show.Show_Fields();
+}
+
+void Show_Dip_Dialog(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::dip, false);
+}
+
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
+}
+
+void Show_Quick_Interpretation(Session& session) {
+    Open_Over_Curves(session, Dialog::quick_interpret);
+}
+
+void Show_Phantom_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::FantomF);
+}
+
+void Show_Theoretic_Dialog(Session& session) {
+    Open_Over_Curves(session, Dialog::Theoric_F);
+}
+
+void Show_Trigger_Correction(Session& session) {
+    Open_Over_Curves(session, Dialog::Erase_TT);
+}
+
+void Show_Grm_Dialog(Session& session) {
+    if (!session.GrmAnalysis.Delay_Times_Known()) return;
+    const DisplayMode drawn = session.Work.Grm.Drawn;
+    Open_Over_Curves(session, Dialog::GRM);
+    if (drawn != DisplayMode::None) session.Work.Mode.Take(Dialog::GRM, drawn);
+}
+
+void Ask_Total_Time_For_Grm(Session& session) {
+    Project& line = session.Work.Project;
+    while (line.TotalTime == 0) {
+        const std::string typed = session.Outside.Ask.Input(
+            "You must enter Total time (=Reciprocal time determined with Delay module) <0 for EXIT",
+            session.Work.AppTitle, "0");
+        if (typed.empty()) return;
+        const EditScope edit(session.Work, "Total time");
+        line.TotalTime = Val(typed);
+        // It stays below 0 all the same, so that the user is not asked again.
+        if (line.TotalTime < 0) return;
+    }
+    Show_Grm_Dialog(session);
 }
 
 void Show_Intercept_Profile(Session& session) {
@@ -83,6 +144,7 @@ void Start_New_Profile(Session& session) {
     Add_Recent_File(session.Work.Settings, session.Work.Project.CurrentFile);
     session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);
+    session.Work.Grm = {};
     session.Outside.Show.Select_Tab(Tab::Record);
     session.Outside.Show.Display_Record();
 }

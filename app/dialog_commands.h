@@ -11,8 +11,24 @@ void Open_Over_Curves(Session& session, Dialog dialog);
 
 /// Opens SpeedF over the curves.
 void Show_Velocity_Dialog(Session& session);
+/// Opens SpeedF2 over the curves.
+void Show_True_Velocity_Dialog(Session& session);
+/// Opens SpeedF3 over the curves.
+void Show_Hand_Velocity_Dialog(Session& session);
+/// Opens or closes vELINE, the velocities of the cross at the pointer.
+void Toggle_Velocity_Ruler(Session& session);
+void Show_Dip_Dialog(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
+/// Opens Erase_TT over the curves.
+void Show_Trigger_Correction(Session& session);
+
+/// Opens quick_interpret over the curves.
+void Show_Quick_Interpretation(Session& session);
+/// Opens FantomF over the curves.
+void Show_Phantom_Dialog(Session& session);
+/// Opens Theoric_F beside the curves; the dialog that has the picture keeps it.
+void Show_Theoretic_Dialog(Session& session);
 
 /// The velocity that SpeedF shows is recorded without another question, and the next layer is measured. When
 /// it could not be saved, all stays.
@@ -21,6 +37,8 @@ void Save_Velocity_And_Go_On(Session& session);
 /// The seismic profile with the depths that its mode tells.
 void Show_Intercept_Profile(Session& session);  ///< mode "Profil"
 void Show_Abc_Profile(Session& session);        ///< mode "Profil2"
+void Show_Grm_Dialog(Session& session);
+void Ask_Total_Time_For_Grm(Session& session);  ///< then the same dialog, unless the user gives up
 void Show_Grm_Profile(Session& session);        ///< mode "Profil4"
 void Show_Full_Profile(Session& session);       ///< mode "Profil3"
 /// Curves and profile together, mode "BI".

@@ -11,7 +11,7 @@ namespace tarnvik {
 /// What belongs to opening a project beside its own file; an empty function is left out.
 struct OpeningHooks {
     std::function<void()> OfferSuFile;  ///< lets the user look for field records that are not found
-    std::function<void()> ReadGrmFile;  ///< companion GRM file of CurrentFile; waits for the GRM dialogs
+    std::function<void()> ReadGrmFile;  ///< companion GRM file of CurrentFile
     std::function<void()> LoadSuFile;   ///< loads and shows SuFile
 };
 

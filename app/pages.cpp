@@ -6,6 +6,7 @@
 #include "app/local_time.h"
 #include "app/session.h"
 #include "core/text/number.h"
+#include "depth/grm_picture.h"
 #include "output/profile_painting.h"
 #include "records/record_files.h"
 #include "records/record_header.h"
@@ -94,7 +95,9 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
     std::string name = "Line " + project.ProjectName;
     switch (page) {
         case Page::Curves:
-            name += ", travel times";
+            name += !Grm_Picture_Stands(session.Work)                       ? ", travel times"
+                    : session.Work.Grm.Drawn == DisplayMode::GrmV ? ", GRM velocity function"
+                                                                  : ", GRM time depth";
             break;
         case Page::Profile:
             name += ", depths";
@@ -112,10 +115,15 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
 
 void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
     switch (page) {
-        case Page::Curves:
-            Draw_Curves_On(session.Work,
-                           {pictures.Main, &pictures.Below, &pictures.Beside, pictures.OnPaper});
+        case Page::Curves: {
+            const CurvePictures curves{pictures.Main, &pictures.Below, &pictures.Beside, pictures.OnPaper};
+            if (Grm_Picture_Stands(session.Work)) {
+                Draw_Grm_On(session.Work, curves);
+            } else {
+                Draw_Curves_On(session.Work, curves);
+            }
             break;
+        }
         case Page::Profile:
             Paint_Profile(session.Work, pictures.Main, pictures.Beside);
             break;

@@ -16,6 +16,12 @@ std::string Without_Project(const Session& session) {
     return has_line ? "" : no_project;
 }
 
+std::string Without_Total_Time(const Session& session) {
+    return Without_Project(session).empty() && session.Work.Project.TotalTime != 0
+               ? ""
+               : "First, you must determine Total time (=Reciprocal time) with Delay module";
+}
+
 std::string Without_Records(const Session& session) {
     return session.Work.Project.SuFile.empty() ? no_records : "";
 }

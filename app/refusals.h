@@ -11,6 +11,8 @@ class Session;
 
 /// No line is in memory.
 std::string Without_Project(const Session& session);
+/// No line is in memory, or its reciprocal time is not known.
+std::string Without_Total_Time(const Session& session);
 /// The line names no field records, whether they are found or not.
 std::string Without_Records(const Session& session);
 /// No field records are on the record page.

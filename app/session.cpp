@@ -8,6 +8,7 @@
 #include "app/show_changes.h"
 #include "core/files.h"
 #include "core/project_save.h"
+#include "depth/grm_storage.h"
 #include "records/su_loading.h"
 
 namespace tarnvik {
@@ -21,11 +22,27 @@ Session::Session(Ports outside, std::string settings_file)
       Speed(Work, Outside),
       Record(Work, Outside, Speed),
       SpeedMouse(Work, Outside, Speed),
+      TrueSpeed(Work, Outside),
+      TrueSpeedMouse(Work, TrueSpeed),
+      HandSpeed(Work, Outside),
+      HandSpeedMouse(Work, Outside, HandSpeed),
+      RulerVelocities(Work, Outside),
+      Dip(Work, Outside),
       Depths(Work, Outside),
       DepthMouse(Work, Outside, Depths),
+      Quick(Work, Outside),
+      QuickMouse(Quick),
+      Phantom(Work, Outside),
+      PhantomMouse(Work, Outside, Phantom),
+      Theoretic(Work, Outside),
+      TriggerFault(Work, Outside),
+      TriggerMouse(Work, Outside, TriggerFault),
       Delay(Work, Outside),
       DelayMouse(Work, Outside, Delay),
       Abc(Work, Outside),
+      GrmAnalysis(Work, Outside),
+      GrmMouse(Work, Outside),
+      GrmDepths(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -36,12 +53,21 @@ Session::Session(Ports outside, std::string settings_file)
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
     Pointer.Register(DisplayMode::Vitesse, &SpeedMouse);
+    Pointer.Register(DisplayMode::Velocity, &TrueSpeedMouse);
+    Pointer.Register(DisplayMode::Vitesse2, &HandSpeedMouse);
     Pointer.Register(DisplayMode::Calcul, &DepthMouse);
+    Pointer.Register(DisplayMode::Quick, &QuickMouse);
+    Pointer.Register(DisplayMode::Fantom, &PhantomMouse);
+    Pointer.Register(Dialog::Erase_TT, &TriggerMouse);
     Pointer.Register(DisplayMode::Delay, &DelayMouse);
     Abc.Show_Profile = [this] { Show_Abc_Profile(*this); };
+    Pointer.Register(DisplayMode::Grm, &GrmMouse);
+    Pointer.Register(DisplayMode::GrmV, &GrmMouse);
+    GrmDepths.OnComputed = [this] { Show_Grm_Profile(*this); };
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
+    Hooks.ReadGrmFile = [this] { Take_Up_GRM_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
 }

@@ -8,11 +8,19 @@
 #include "app/picture_export.h"
 #include "core/ports/ports.h"
 #include "core/workspace.h"
+#include "depth/dip.h"
 #include "depth/abc_grid_f.h"
 #include "depth/delay_f.h"
 #include "depth/delay_pointer.h"
 #include "depth/fcalcul.h"
 #include "depth/fcalcul_pointer.h"
+#include "depth/quick_interpret.h"
+#include "depth/quick_pointer.h"
+#include "depth/theoric_f.h"
+#include "depth/velocity_line.h"
+#include "depth/grm.h"
+#include "depth/grm_depth.h"
+#include "depth/grm_pointer.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -20,13 +28,21 @@
 #include "records/record_zoom.h"
 #include "records/size_grid_mouse.h"
 #include "setup/elevations.h"
+#include "setup/erase_pointer.h"
+#include "setup/erase_tt.h"
 #include "setup/grid_edit.h"
 #include "setup/rechinfo.h"
 #include "traveltime/confirm.h"
 #include "traveltime/curve_pointer.h"
+#include "traveltime/fantom_f.h"
+#include "traveltime/fantom_pointer.h"
 #include "traveltime/move_pick.h"
 #include "traveltime/ruler.h"
 #include "traveltime/speed_f.h"
+#include "traveltime/speed_f2.h"
+#include "traveltime/speed_f2_pointer.h"
+#include "traveltime/speed_f3.h"
+#include "traveltime/speed_f3_pointer.h"
 #include "traveltime/speed_pointer.h"
 #include "traveltime/zoom.h"
 
@@ -60,11 +76,27 @@ class Session {
     SpeedF Speed;
     Confirm Record;  ///< dialog `confirm` of SpeedF
     SpeedPointer SpeedMouse;
+    SpeedF2 TrueSpeed;
+    SpeedF2Pointer TrueSpeedMouse;
+    SpeedF3 HandSpeed;
+    SpeedF3Pointer HandSpeedMouse;
+    VelocityLine RulerVelocities;  ///< dialog vELINE
+    DipComputation Dip;
     Fcalcul Depths;
     FcalculPointer DepthMouse;
+    QuickInterpret Quick;
+    QuickPointer QuickMouse;
+    FantomF Phantom;
+    FantomPointer PhantomMouse;
+    TheoricF Theoretic;
+    Erase_TT TriggerFault;  ///< correction of a shot's trigger
+    ErasePointer TriggerMouse;
     DelayF Delay;
     DelayPointer DelayMouse;
     ABCGridF Abc;
+    GRM GrmAnalysis;
+    GrmPointer GrmMouse;
+    GRM_depth GrmDepths;
 
     // Field records.
     RecordZoom RecordArea;

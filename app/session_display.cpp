@@ -6,7 +6,7 @@
 #include "app/pages.h"
 #include "app/record_choices.h"
 #include "app/session.h"
-#include "core/ports/silent_picture.h"
+#include "depth/grm_picture.h"
 #include "output/profile_painting.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
@@ -15,6 +15,7 @@
 #include "traveltime/curve_overlays.h"
 #include "traveltime/curve_selection.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -119,7 +120,11 @@ void SessionDisplay::Do(Request request) {
 void SessionDisplay::Draw_Curves() {
     // The table follows the model with every redraw of the curves; the drawing ends by showing the grids.
     Fill_Grid(Owner->Work);
-    tarnvik::Show_Curves(Owner->Work, Owner->Outside);
+    if (Grm_Picture_Stands(Owner->Work)) {
+        Show_Grm();
+    } else {
+        tarnvik::Show_Curves(Owner->Work, Owner->Outside);
+    }
 }
 
 void SessionDisplay::Draw_Record() {
@@ -135,21 +140,37 @@ void SessionDisplay::Draw_Profile() {
     Paint_Profile(Owner->Work, Canvas_Of(Canvas::Dromo1), Canvas_Of(Canvas::EchelleY1));
 }
 
+/// The GRM curves in the place of the travel times, and the profile gives way to them.
+void SessionDisplay::Show_Grm() {
+    Workspace& work = Owner->Work;
+    work.Fields.Text1.clear();
+    work.Mode.Display(DisplayMode::Dromo);
+    work.Curves.FrameDrawn = 1;
+    Fill_Shot_Grid(work);
+    Paint_Curves();
+    Canvas_Of(Canvas::Dromo).Set_Pointer(PointerShape::Cross);
+    Show_Grids();
+}
+
 void SessionDisplay::Paint_Curves() {
     if (!Page_Can_Be_Drawn(*Owner, Page::Curves)) return;
     // The band and the cross go with the old picture.
     Owner->Work.Curves.Band = {};
     Owner->Work.Curves.Cross = {};
     Unlight_Curve(Owner->Work, Owner->Outside);
-    SilentPicture none;
     Draw_Page(*Owner, Page::Curves,
               {Canvas_Of(Canvas::Dromo), Canvas_Of(Canvas::EchelleX), Canvas_Of(Canvas::EchelleY), false});
     Workspace& work = Owner->Work;
-    work.Curves.Labels = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo));
-    // On the screen alone: a print has no pick on the pointer.
-    Draw_Caught_Pick(Canvas_Of(Canvas::Dromo), Owner->Work);
+    if (Grm_Picture_Stands(work)) {
+        work.Curves.Labels.clear();
+    } else {
+        work.Curves.Labels = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo));
+        // On the screen alone: a print has no pick on the pointer.
+        Draw_Caught_Pick(Canvas_Of(Canvas::Dromo), work);
+    }
     if (work.Curves.DoubleView == 1) {
-        Draw_Page(*Owner, Page::Curves, {Canvas_Of(Canvas::Dromo2), none, none, false});
+        // The second window shows the travel times whatever stands in the first.
+        Draw_Curves_On(work, {Canvas_Of(Canvas::Dromo2), nullptr, nullptr, false});
         work.Curves.Labels2 = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo2));
     }
     Show_Moving_Marks(work, Owner->Outside);

@@ -40,6 +40,7 @@ class SessionDisplay : public Display {
   private:
     enum class Request { Curves, Record, Profile, PaintCurves, Grids, Fields };
     void Paint_Curves();
+    void Show_Grm();
     void Ask(Request request);
     void Do(Request request);
     /// The drawings that wait; false when there were none.

@@ -26,6 +26,11 @@ void Show_In_Dialogs(Session& session, int shot) {
         session.Depths.HScroll1.Value = shot;
         session.Depths.HScroll1_Changed();
     }
+    if (session.Outside.Show.Is_Open(Dialog::quick_interpret) && session.Quick.Shot != CStr(shot)) {
+        session.Quick.Shot = CStr(shot);
+        session.Quick.Shot_Changed();
+    }
+    if (session.Outside.Show.Is_Open(Dialog::Erase_TT)) session.TriggerFault.Choose(shot);
 }
 
 }  // namespace

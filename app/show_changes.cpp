@@ -8,6 +8,7 @@
 #include "app/session.h"
 #include "core/ports/held_redraws.h"
 #include "core/text/number.h"
+#include "depth/grm_picture.h"
 #include "records/record_display.h"
 #include "setup/build_grid.h"
 #include "traveltime/curves.h"
@@ -78,8 +79,22 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
     }
 }
 
+/// GRM curves and grid that stand, of times and distances that have changed.
+void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
+    if (!Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm,
+                                ProjectPart::TotalTime})) {
+        return;
+    }
+    session.GrmDepths.Follow();
+    session.GrmAnalysis.Follow();
+    if (Grm_Picture_Stands(session.Work) && session.Work.Curves.FrameDrawn == 1)
+        session.Outside.Show.Repaint_Page(Page::Curves);
+}
+
 /// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
 void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
+    if (notice.Parts.Has(ProjectPart::Counts) && session.Outside.Show.Is_Open(Dialog::FantomF))
+        session.Phantom.Shots_Changed();
     if (notice.Happened == ChangeNotice::Kind::Made) return;
     if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Line, ProjectPart::Shots,
                                ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses}) &&
@@ -95,6 +110,17 @@ void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Refractors}) &&
         session.Outside.Show.Is_Open(Dialog::ABCGridF)) {
         session.Abc.Project_Went_Back();
+    }
+}
+
+/// The quick interpretation fits the curve anew as soon as it changes, whoever has changed it.
+void Follow_In_Quick_Interpretation(Session& session, const ChangeNotice& notice) {
+    if (!session.Outside.Show.Is_Open(Dialog::quick_interpret)) return;
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line})) {
+        session.Quick.Line_Changed();
+    } else if (notice.Parts.Has(ProjectPart::Times)) {
+        session.Quick.Picks_Changed();
     }
 }
 
@@ -118,7 +144,9 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Show_Change_On_Record(work, session.Outside, notice, Curve_Colours(work));
     session.PickKeys.Follow();
     Show_Pictures(session, notice);
+    Follow_In_Grm(session, notice);
     Show_In_Dialogs(session, notice);
+    Follow_In_Quick_Interpretation(session, notice);
     if (work.Edits.Journal_Fails()) {
         work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
                              session.JournalFolder + ". Save the project.";

@@ -48,6 +48,15 @@ void Open_Given_Project(Session& session, const std::string& path) {
         session.Hooks.LoadSuFile();
 }
 
+/// The colours that the user has chosen for the curves, also while a dialog shows them otherwise.
+void Write_Settings_Chosen(Session& session) {
+    bool& by_velocity = session.Work.Settings.ColorChoice;
+    const bool shown = by_velocity;
+    by_velocity = shown || session.Phantom.ColoursByVelocity;
+    Write_Settings(session.Work, session.Outside, session.SettingsFile);
+    by_velocity = shown;
+}
+
 }  // namespace
 
 void Form_Load(Session& session, const std::string& command_line) {
@@ -81,6 +90,7 @@ void Form_Load(Session& session, const std::string& command_line) {
 }
 
 bool May_Leave_Project(Session& session) {
+    session.TriggerFault.Offer_To_Save();
     const Workspace& work = session.Work;
     if (work.Edits.Is_Saved()) return true;
     const std::string file = work.Project.CurrentFile;
@@ -148,7 +158,7 @@ void Quit(Session& session, bool only_ok) {
         session.Outside.Ask.Message("This will end your Tarnvik session", session.Work.AppTitle,
                                     Icon::Question, only_ok ? Buttons::Ok : Buttons::YesNo);
     if (answer != Answer::Yes && answer != Answer::Ok) return;
-    Write_Settings(session.Work, session.Outside, session.SettingsFile);
+    Write_Settings_Chosen(session);
     if (Unload_Form(session)) End_Session(session);
 }
 
@@ -161,12 +171,14 @@ void Exit_At_Once(Session& session) {
 void End_Session(Session& session) {
     // The user has decided about the work of this session.
     session.Work.Edits.Drop_Journal();
+    session.TriggerFault.Drop_Shift();
     // How the project was looked at is no work that could be lost: a failure is not worth a question.
     session.Work.Choices.Save();
     session.Outside.Show.End_Program();
 }
 
 bool Unload_Form(Session& session) {
+    session.TriggerFault.Offer_To_Save();
     Workspace& work = session.Work;
     const std::string& title = work.AppTitle;
     const std::string path = work.Project.CurrentFile;

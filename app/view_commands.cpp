@@ -11,6 +11,7 @@
 #include "core/text/letters.h"
 #include "records/su_loading.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 #include "traveltime/zoom.h"
 
 namespace tarnvik {
@@ -78,8 +79,9 @@ void Back_To_Curves(Session& session) {
     const std::string path = session.Work.Project.CurrentFile;
     if (session.Work.Project.NbShots == 0 && File_Exists(path)) Read_Project(session.Work, path);
     Clear_Selection(session.Work.Curves);
-    session.Work.Curves.ShotAlone = 0;
+    Show_Alone(session.Work.Curves, 0);
     session.Delay.Hide_Delay_Curve();
+    session.GrmAnalysis.Give_Up_Picture();
     session.Work.Mode.Display(DisplayMode::Dromo);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();

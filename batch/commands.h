@@ -23,12 +23,25 @@ void Add_Save(CLI::App& app, Request& request);
 void Add_Convert(CLI::App& app, Request& request);
 void Add_Draw(CLI::App& app, Request& request);
 void Add_Velocity(CLI::App& app, Request& request);
+void Add_True_Velocity(CLI::App& app, Request& request);
+void Add_Hand_Velocity(CLI::App& app, Request& request);
+void Add_Apparent(CLI::App& app, Request& request);
+void Add_Dip(CLI::App& app, Request& request);
 void Add_Depth(CLI::App& app, Request& request);
+void Add_Quick(CLI::App& app, Request& request);
+void Add_Phantom(CLI::App& app, Request& request);
+void Add_Theoretic(CLI::App& app, Request& request);
 void Add_Delay(CLI::App& app, Request& request);
 void Add_Abc(CLI::App& app, Request& request);
+void Add_Grm(CLI::App& app, Request& request);
+void Add_Grm_Depth(CLI::App& app, Request& request);
 void Add_Record(CLI::App& app, Request& request);
 void Add_New(CLI::App& app, Request& request);
 void Add_Pick(CLI::App& app, Request& request);
+void Add_Timebreak(CLI::App& app, Request& request);
+void Add_Section(CLI::App& app, Request& request);
+void Add_Export(CLI::App& app, Request& request);
+void Add_Import(CLI::App& app, Request& request);
 
 /// "1600x900" into the size of the picture files; false when it is no size in pixels.
 bool Parse_Size(const std::string& text, HeadlessDisplay& display);

@@ -37,13 +37,26 @@ int Run(int argc, char** argv) {
     Add_Save(app, request);
     Add_Convert(app, request);
     Add_Velocity(app, request);
+    Add_True_Velocity(app, request);
+    Add_Hand_Velocity(app, request);
+    Add_Apparent(app, request);
+    Add_Dip(app, request);
     Add_Depth(app, request);
+    Add_Quick(app, request);
+    Add_Phantom(app, request);
+    Add_Theoretic(app, request);
     Add_Delay(app, request);
     Add_Abc(app, request);
+    Add_Grm(app, request);
+    Add_Grm_Depth(app, request);
     Add_Draw(app, request);
     Add_Record(app, request);
     Add_New(app, request);
     Add_Pick(app, request);
+    Add_Timebreak(app, request);
+    Add_Section(app, request);
+    Add_Export(app, request);
+    Add_Import(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

@@ -1,5 +1,6 @@
 #include "batch/option_checks.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -72,6 +73,17 @@ CLI::Validator List_Of_Numbers() {
             if (!Whole_Text_As_Number(Trim(part))) return "\"" + part + "\" is no number in " + text;
         }
         return {};
+    });
+}
+
+CLI::Validator So_Many_Numbers(std::size_t count) {
+    const std::string wanted = CStr(static_cast<int>(count)) + " numbers separated by commas";
+    return Check(wanted, [count, wanted](const std::string& text) -> std::string {
+        const std::vector<std::string> parts = Parts(text, ',');
+        const bool numbers = std::all_of(parts.begin(), parts.end(), [](const std::string& part) {
+            return Whole_Text_As_Number(Trim(part)).has_value();
+        });
+        return numbers && parts.size() == count ? "" : text + " is not " + wanted;
     });
 }
 

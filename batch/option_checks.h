@@ -18,6 +18,8 @@ CLI::Validator Number_Above_0();
 
 /// Numbers separated by commas; an empty list has none.
 CLI::Validator List_Of_Numbers();
+/// That many numbers separated by commas.
+CLI::Validator So_Many_Numbers(std::size_t count);
 /// Receivers, from 1, separated by commas, `most` of them at most.
 CLI::Validator List_Of_Receivers(std::size_t most);
 /// Two whole numbers "FIRST:LAST", from 1, the second one larger.

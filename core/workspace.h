@@ -106,6 +106,7 @@ struct CurveView {
     bool LeadInStrokes = false;      ///< every curve rises from (0, 0)
     std::set<int> ShotsLeftOut;      ///< shots that Grille_Shot leaves out of the curves, from 1
     int ShotAlone = 0;               ///< the one shot that a dialog shows, in red; 0 while all are shown
+    int ShotBeside = 0;              ///< another one that is shown with it, in red too
     bool DistinctColours = false;    ///< a colour of its own for each of a dozen shots
     PickPlace Lit;                   ///< pick under the pointer, its curve is lit; shot 0 while there is none
     std::vector<CurveLabel> Labels;  ///< shots' numbers on the picture
@@ -169,6 +170,68 @@ struct DepthWork {
     LayerMatrix
         RetardCouche{};  ///< (i, j) two-way delay in s of layer j for the refractor at the top of layer i
     bool VelocityFault = false;  ///< a velocity order was wrong
+};
+
+/// One point of a GRM curve: a receiver and its value, ms.
+struct GrmPoint {
+    int Receiver = 0;
+    double Value = 0;
+    bool operator==(const GrmPoint&) const = default;
+};
+
+/// The points of one XY, in the order of the receivers.
+struct GrmCurve {
+    int XY = 0;  ///< receivers
+    std::vector<GrmPoint> Points;
+};
+
+/// State of the generalised reciprocal method.
+struct GrmView {
+    std::int16_t GrmXY = 0;                 ///< chosen by the user, in receivers; 0 while none is
+    DisplayMode Drawn = DisplayMode::None;  ///< Grm or GrmV while curves were computed
+    std::vector<GrmCurve> Curves;
+    double CurveStep = 0;  ///< units of the picture from one curve up to the next
+};
+
+/// Where the depths and velocities of a section come from.
+enum class SectionSource { Shots, Abc, Grm };
+
+/// Shape of an interface between the places where its depth is known.
+enum class SectionLine { Linear, Bezier };
+
+/// Velocities below the ground on a regular grid, and what it was made of. Columns count from 1 along the
+/// line. Rows are counted from the top in TopoRows and in Corners, and from the bottom, 1 being the lowest,
+/// in VelocityGrid: a row of either is as many quarters of a length unit high as its number tells.
+struct SectionGrid {
+    SectionSource Source = SectionSource::Shots;
+    int GridColumns = 0;
+    int GridRows = 0;
+    double MaxElevation = 0;
+    double MinElevation = 0;
+    Array2<double> VelocityGrid;  ///< (column, row) at the interfaces alone; 0 where none is
+    Array2<double> Filled;        ///< (column, row) downward from the ground; 0 above it
+    std::vector<int> TopoRows;    ///< ground row of column 0 to GridColumns; 0 where unknown
+    std::vector<std::array<std::string, Project::MaxLayers + 1>>
+        GridCorners;              ///< "column,row" of the interfaces, by place
+    std::vector<double> Factors;  ///< by which the slope lengthens the depths, by place
+};
+
+/// How a section is made and looked at.
+struct SectionView {
+    // Made of.
+    SectionSource Source = SectionSource::Shots;  ///< as the main depth label tells
+    int GridQuality = 1;                          ///< 1 normal to 3 highest
+    bool Smoothing = false;                       ///< Check12: the bedrock is a mean of three values
+    bool SlopeCorrection = false;                 ///< slope: depths at right angles to the ground
+    SectionLine Line = SectionLine::Linear;
+    int SmoothingFactor = 1;  ///< places that a running mean of the interfaces takes; 1 for none
+    // Drawn with.
+    bool ShowShots = true;            ///< Check13
+    bool ShowGeophones = true;        ///< Check14
+    bool ShowScale = true;            ///< Check15: legend of the velocities
+    double MaxVelocity = 5000;        ///< Text28: of the colour scale
+    double LabelScale = 1;            ///< Text31: of the labels' letters
+    std::optional<SectionGrid> Grid;  ///< nothing before the first one
 };
 
 /// State of the profile picture.
@@ -323,7 +386,9 @@ struct Workspace {
     CurveView Curves;
     VelocityWork Velocity;
     DepthWork Depth;
+    GrmView Grm;
     ProfileView Profile;
+    SectionView Section;
     RecordView Record;
     MainFields Fields;
     MainGrids Grids;

@@ -38,6 +38,10 @@ void Shot_Colour(const Workspace& workspace, int shot, Colour& colour) {
     if (shot >= 1) colour = distinct[(shot - 1) % count];
 }
 
+Colour Colour_Of_Shot_Alone(const Workspace& workspace) {
+    return workspace.Mode.Current() == DisplayMode::Quick ? colours::Blue : colours::Red;
+}
+
 Colour Layer_Colour(int layer) {
     constexpr Colour by_layer[] = {colours::Black, 0x0070E0, 0xB06000, 0x9000C0, 0x308C00, 0x004880};
     return layer >= 0 && layer <= Project::MaxLayers ? by_layer[layer] : colours::Black;

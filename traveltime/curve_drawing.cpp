@@ -241,7 +241,7 @@ bool Draw_Curves_On(Workspace& workspace, const CurvePictures& pictures) {
         Shot_Colour(workspace, shot, style.InColour);
         if (!Shot_Displayed(workspace, shot)) continue;
         CurveStyle own = style;
-        if (workspace.Curves.ShotAlone == shot) own.InColour = colours::Red;
+        if (Stands_Alone(workspace.Curves, shot)) own.InColour = Colour_Of_Shot_Alone(workspace);
         try {
             Draw_Curve_On(pictures.Dromo, workspace.Project, workspace.Settings, shot, own);
         } catch (const Fault&) {

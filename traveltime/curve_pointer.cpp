@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/text/number.h"
 #include "traveltime/curve_drawing.h"
@@ -65,6 +66,17 @@ void CurvePointer::Register(DisplayMode mode, CurvePointerHandler* handler) {
     Handlers[mode] = handler;
 }
 
+void CurvePointer::Register(Dialog dialog, CurvePointerHandler* handler) {
+    DialogHandlers[dialog] = handler;
+}
+
+CurvePointerHandler* CurvePointer::Of_Dialog() const {
+    for (const auto& [dialog, handler] : DialogHandlers) {
+        if (Work.Mode.Held_By(dialog)) return handler;
+    }
+    return nullptr;
+}
+
 void CurvePointer::Take_Pick_Factor() {
     CurveView& view = Work.Curves;
     const DisplayMode mode = Work.Mode.Current();
@@ -113,8 +125,10 @@ bool CurvePointer::Read_Out(const PointerEvent& event, PointerMoment moment) {
     return true;
 }
 
-/// Of the mode in force; null for one that nothing was registered for.
+/// What takes the mouse: the dialog that the press belongs to, or else the mode in force; null for one that
+/// nothing reacts in.
 CurvePointerHandler* CurvePointer::Handler() const {
+    if (Taken != nullptr) return Taken;
     const DisplayMode mode = Work.Mode.Current();
     const auto found = Handlers.find(mode);
     if (found != Handlers.end()) return found->second;
@@ -173,6 +187,7 @@ void CurvePointer::Choose(const PointerEvent& release) {
 
 void CurvePointer::Leave() {
     Unlight_Curve(Work, Outside);
+    if (CurvePointerHandler* handler = Handler()) handler->Leave();
 }
 
 void CurvePointer::Press(const PointerEvent& event) {
@@ -180,6 +195,8 @@ void CurvePointer::Press(const PointerEvent& event) {
     if (Work.Curves.PickMoving != 0) {
         Moving->Press(event);
     } else {
+        CurvePointerHandler* dialog = Of_Dialog();
+        Taken = dialog != nullptr && dialog->Takes(event) ? dialog : nullptr;
         Dispatch(&CurvePointerHandler::Press, event);
     }
     Outside.Show.Show_Fields();
@@ -199,20 +216,27 @@ void CurvePointer::Release(const PointerEvent& event) {
         Moving->Release(event);
     } else {
         Dispatch(&CurvePointerHandler::Release, event);
-        Choose(event);
+        if (std::exchange(Taken, nullptr) == nullptr) Choose(event);
     }
     Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Double_Click(const PointerEvent& event) {
     if (!Read_Out(event, PointerMoment::Press)) return;
-    Moving->Catch();
+    // Where other curves stand, no pick lies under the pointer.
+    const DisplayMode mode = Work.Mode.Current();
+    if (mode != DisplayMode::Grm && mode != DisplayMode::GrmV) Moving->Catch();
     Outside.Show.Show_Fields();
 }
 
 void CurvePointer::Key(int code) {
     if (!Has_Project(Work.Project)) return;
-    if (CurvePointerHandler* handler = Handler(); handler != nullptr && handler->Key(code)) return;
+    CurvePointerHandler* dialog = Of_Dialog();
+    CurvePointerHandler* handler = Handler();
+    if ((dialog != nullptr && dialog->Key(code)) || (handler != nullptr && handler->Key(code))) {
+        Outside.Show.Show_Fields();
+        return;
+    }
     Velocity_Ruler_Key(Work, Outside, code);
 }
 

@@ -29,8 +29,11 @@ class CurvePointerHandler {
     virtual void Press(const PointerEvent&) {}
     virtual void Move(const PointerEvent&) {}
     virtual void Release(const PointerEvent&) {}
-    /// A key on the picture, by its code as at CurvePointer::Key. False for one that means nothing here.
+    /// Whether a press means this handler, of a dialog that has no mode of its own; see CurvePointer.
+    virtual bool Takes(const PointerEvent&) { return true; }
+    /// A key on the picture, see CurvePointer::Key; false when it means nothing here.
     virtual bool Key(int) { return false; }
+    virtual void Leave() {}  ///< the pointer has left the picture
 };
 
 /// Moments of the pointer; the receiver under it is found differently at each.
@@ -65,6 +68,9 @@ class CurvePointer {
     /// The handler of a display mode, which must live as long as this object. It goes before the built-in one
     /// of the normal state.
     void Register(DisplayMode mode, CurvePointerHandler* handler);
+    /// The handler of a dialog that has the picture in a mode which is not its own: it gets the presses that
+    /// it takes, with what follows until the release, and the keys; all else stays as the mode has it.
+    void Register(Dialog dialog, CurvePointerHandler* handler);
 
     /// The user has clicked on a curve, which no dialog had the picture for: its shot, and its pick nearest
     /// to the pointer.
@@ -80,6 +86,7 @@ class CurvePointer {
     bool Shows_Curves() const;
     void Hover(const PointerEvent& event);
     void Choose(const PointerEvent& release);
+    CurvePointerHandler* Of_Dialog() const;
     CurvePointerHandler* Handler() const;
     void Dispatch(void (CurvePointerHandler::*what)(const PointerEvent&), const PointerEvent& event);
 
@@ -88,6 +95,8 @@ class CurvePointer {
     std::unique_ptr<CurvePointerHandler> DromoMode;
     std::unique_ptr<MovePick> Moving;
     std::map<DisplayMode, CurvePointerHandler*> Handlers;
+    std::map<Dialog, CurvePointerHandler*> DialogHandlers;
+    CurvePointerHandler* Taken = nullptr;  ///< by a dialog, from its press to the release
 };
 
 }  // namespace tarnvik

@@ -67,7 +67,7 @@ std::vector<Mark> Marks_Of(const Workspace& workspace, PickPlace lit) {
     Colour colour = 0;
     for (int shot = 1; shot <= lit.Shot; ++shot)
         Shot_Colour(workspace, shot, colour);
-    if (workspace.Curves.ShotAlone == lit.Shot) colour = colours::Red;
+    if (Stands_Alone(workspace.Curves, lit.Shot)) colour = Colour_Of_Shot_Alone(workspace);
     std::optional<Spot> before;
     Mark dot;
     dot.Shape = Mark::Kind::Dot;

@@ -63,7 +63,7 @@ bool Draw_All(Workspace& workspace, Ports& ports, CurveStyle style) {
         view.LastColour = style.InColour;
         if (!Shot_Displayed(workspace, shot)) continue;
         CurveStyle own = style;
-        if (view.ShotAlone == shot) own.InColour = colours::Red;
+        if (Stands_Alone(view, shot)) own.InColour = Colour_Of_Shot_Alone(workspace);
         try {
             Draw_On_Screen(workspace, ports, project, shot, own);
         } catch (const Fault&) {

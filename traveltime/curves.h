@@ -33,6 +33,9 @@ void Couleur_Tir(const Project& project, int shot, Colour& colour);
 /// Colour of a shot's curve as the display options want it: by Couleur_Tir, or one of a dozen.
 void Shot_Colour(const Workspace& workspace, int shot, Colour& colour);
 
+/// Colour of the one shot that a dialog shows: red, in the quick interpretation blue.
+Colour Colour_Of_Shot_Alone(const Workspace& workspace);
+
 /// Colour of a line fitted for a layer, 1 to 5; black for none.
 Colour Layer_Colour(int layer);
 

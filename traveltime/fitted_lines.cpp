@@ -5,6 +5,7 @@
 
 #include "core/fault.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -13,23 +14,38 @@ namespace {
 constexpr int line_width = 2;
 
 void Draw_One(Picture& picture, const FittedLine& line, double time_factor) {
-    const Colour colour = Layer_Colour(line.Layer);
-    const double y1 = Divide(line.T1, time_factor);
-    const double y2 = Divide(line.T2, time_factor);
     picture.Set_Draw_Width(line_width);
-    picture.Line(line.X1, y1, line.X2, y2, colour);
-    if (line.ShotX) {
-        // From the end that is nearer to the shot.
-        if (std::abs(*line.ShotX - line.X1) < std::abs(*line.ShotX - line.X2)) {
-            picture.Line(*line.ShotX, 0, line.X1, y1, colour);
-        } else {
-            picture.Line(line.X2, y2, *line.ShotX, 0, colour);
-        }
-    }
+    for (const Mark& part : Marks_Of_Fitted_Line(line, time_factor))
+        picture.Line(part.X1, part.Y1, part.X2, part.Y2, part.InColour);
     picture.Set_Draw_Width(1);
 }
 
 }  // namespace
+
+std::vector<Mark> Marks_Of_Fitted_Line(const FittedLine& line, double time_factor) {
+    Mark part{.X1 = line.X1,
+              .Y1 = Divide(line.T1, time_factor),
+              .X2 = line.X2,
+              .Y2 = Divide(line.T2, time_factor),
+              .InColour = Layer_Colour(line.Layer),
+              .Width = line_width};
+    std::vector<Mark> marks{part};
+    if (!line.ShotX) return marks;
+    // From the end that is nearer to the shot.
+    if (std::abs(*line.ShotX - line.X1) < std::abs(*line.ShotX - line.X2)) {
+        part.X2 = part.X1;
+        part.Y2 = part.Y1;
+        part.X1 = *line.ShotX;
+        part.Y1 = 0;
+    } else {
+        part.X1 = part.X2;
+        part.Y1 = part.Y2;
+        part.X2 = *line.ShotX;
+        part.Y2 = 0;
+    }
+    marks.push_back(part);
+    return marks;
+}
 
 void Keep_Fitted_Line(Workspace& workspace, Ports& ports, const StretchVelocity& fitted, int shot, int layer,
                       std::optional<double> shot_x) {
@@ -58,7 +74,7 @@ void Forget_Fitted_Lines(CurveView& view) {
 
 void Draw_Fitted_Lines(Picture& picture, const CurveView& view) {
     for (const FittedLine& line : view.Fitted) {
-        if (view.ShotAlone == 0 || view.ShotAlone == line.Shot) Draw_One(picture, line, view.TimeFactor);
+        if (view.ShotAlone == 0 || Stands_Alone(view, line.Shot)) Draw_One(picture, line, view.TimeFactor);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "core/ports/ports.h"
 #include "core/workspace.h"
@@ -22,5 +23,9 @@ void Show_Fitted_Lines(Workspace& workspace, Ports& ports);
 
 /// All lines kept, two pixels wide, on a picture that has its scale.
 void Draw_Fitted_Lines(Picture& picture, const CurveView& view);
+
+/// The same lines as marks, for what moves under the hand; `time_factor` in ms a unit of the picture. A
+/// factor of 0 is a Fault.
+std::vector<Mark> Marks_Of_Fitted_Line(const FittedLine& line, double time_factor);
 
 }  // namespace tarnvik

@@ -28,8 +28,14 @@ void Report(Workspace& workspace, Ports& ports, const std::string& text, Icon ic
     }
 }
 
-void Report_Wrong_Receivers(Workspace& workspace, Ports& ports, int first, int last) {
-    const std::string text = wrong_receivers + CStr(first) + "," + CStr(last);
+/// Tells why there is no velocity; nothing when there is one.
+void Report_Refusal(Workspace& workspace, Ports& ports, StretchRefusal refusal, int first, int last) {
+    const std::string text = Refusal_Text(refusal, first, last);
+    if (text.empty()) return;
+    if (refusal != StretchRefusal::WrongReceivers) {
+        const bool critical = refusal == StretchRefusal::NoFirstTime;
+        return Report(workspace, ports, text, critical ? Icon::Critical : Icon::None);
+    }
     workspace.Velocity.QuickStatus = text;
     // Outside quick_interpret nobody sees its label; the main form's status label then tells it too.
     if (!Quick(workspace)) workspace.Fields.Status = text;
@@ -43,27 +49,36 @@ void Correct_Receivers(int receivers, int& first, int& last) {
     if (first > last) std::swap(first, last);
 }
 
-/// Tells why there is no velocity; nothing when there is one.
-void Report_Refusal(Workspace& workspace, Ports& ports, StretchRefusal refusal, int first, int last) {
-    switch (refusal) {
-        case StretchRefusal::WrongReceivers:
-            return Report_Wrong_Receivers(workspace, ports, first, last);
-        case StretchRefusal::NoFirstTime:
-            return Report(workspace, ports, "Impossible...", Icon::Critical);
-        case StretchRefusal::NoPick:
-            return Report(workspace, ports, "Impossible calculation...", Icon::None);
-        case StretchRefusal::Fault:
-            return Report(workspace, ports, "Error, calcul not possible...", Icon::None);
-        case StretchRefusal::HoldsShot:
-        case StretchRefusal::None:
-            return;
-    }
-}
-
 }  // namespace
 
 void Forget_Wrong_Receivers(Workspace& workspace) {
     if (workspace.Fields.Status.starts_with(wrong_receivers)) workspace.Fields.Status.clear();
+}
+
+std::string Refusal_Text(StretchRefusal refusal, int first, int last) {
+    switch (refusal) {
+        case StretchRefusal::WrongReceivers:
+            return wrong_receivers + CStr(first) + "," + CStr(last);
+        case StretchRefusal::NoFirstTime:
+            return "Impossible...";
+        case StretchRefusal::NoPick:
+            return "Impossible calculation...";
+        case StretchRefusal::Fault:
+            return "Error, calcul not possible...";
+        case StretchRefusal::HoldsShot:
+        case StretchRefusal::None:
+            break;
+    }
+    return {};
+}
+
+StretchAnswer Velocity_Without_Dialog(const Project& project, int shot, int& first, int& last,
+                                      StretchLine line, const StretchVelocity& former) {
+    Correct_Receivers(project.NbReceivers, first, last);
+    StretchAnswer answer = Velocity_Of_Stretch(project, {shot, first, last, line, drag_rules, {}}, former);
+    const bool found = answer.Refusal == StretchRefusal::None;
+    answer.Result.Intercept = found ? Int(10 * answer.Result.Intercept) / 10 : 0;
+    return answer;
 }
 
 bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first, int& last, StretchLine line,
@@ -72,17 +87,15 @@ bool Regression_Vitesse(Workspace& workspace, Ports& ports, int shot, int& first
     const Project& project = workspace.Project;
     Forget_Wrong_Receivers(workspace);
     work.InterceptResult = 0;
-    Correct_Receivers(project.NbReceivers, first, last);
     StretchAnswer answer;
     try {
-        const double shot_x = Shot_Position_Ecran(project, shot);
-        answer = Velocity_Of_Stretch(project, {shot, first, last, line, drag_rules, {}},
-                                     {.Correlation = work.Correlation});
+        answer = Velocity_Without_Dialog(project, shot, first, last, line, {.Correlation = work.Correlation});
         work.Correlation = answer.Result.Correlation;
         if (answer.Side != 0) work.ShotSide = static_cast<std::int16_t>(answer.Side);
         if (answer.Refusal == StretchRefusal::None) {
             velocity = answer.Result.Velocity;
-            work.InterceptResult = Int(10 * answer.Result.Intercept) / 10;
+            work.InterceptResult = answer.Result.Intercept;
+            const double shot_x = Shot_Position_Ecran(project, shot);
             const bool through_shot = line == StretchLine::ThroughShot && first != last;
             Keep_Fitted_Line(workspace, ports, answer.Result, shot, layer,
                              through_shot ? std::optional(shot_x) : std::nullopt);

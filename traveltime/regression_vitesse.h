@@ -1,10 +1,21 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/ports.h"
 #include "core/workspace.h"
 #include "traveltime/stretch_velocity.h"
 
 namespace tarnvik {
+
+/// The computation of Regression_Vitesse alone: nothing is changed, drawn or told. The receivers are
+/// corrected in place, the intercept is rounded down to 0.1 ms. What is refused leaves in the result what
+/// `former` had there, but an intercept of 0.
+StretchAnswer Velocity_Without_Dialog(const Project& project, int shot, int& first, int& last,
+                                      StretchLine line, const StretchVelocity& former);
+
+/// What the user is told where a stretch has no velocity; empty where it has one.
+std::string Refusal_Text(StretchRefusal refusal, int first, int last);
 
 /// Velocity and intercept of the stretch of a shot's curve between two receivers, without a dialog: what a
 /// drag on the picture computes, see Velocity_Of_Stretch. The receivers may come in any order and are

@@ -86,8 +86,17 @@ void Remove_Shot_Row(Workspace& workspace, int shot) {
         Show_Shot(workspace, row);
 }
 
+void Show_Alone(CurveView& view, int shot, int beside) {
+    view.ShotAlone = shot;
+    view.ShotBeside = beside;
+}
+
+bool Stands_Alone(const CurveView& view, int shot) {
+    return view.ShotAlone != 0 && (view.ShotAlone == shot || view.ShotBeside == shot);
+}
+
 bool Shot_Displayed(const Workspace& workspace, int shot) {
-    if (workspace.Curves.ShotAlone != 0) return workspace.Curves.ShotAlone == shot;
+    if (workspace.Curves.ShotAlone != 0) return Stands_Alone(workspace.Curves, shot);
     return workspace.Fields.Check11 || !workspace.Curves.ShotsLeftOut.contains(shot);
 }
 

@@ -24,6 +24,11 @@ void Select_Shot_Row(Workspace& workspace, int shot);
 /// The row of a shot that has left the project goes; the marks of the shots behind it move up with them.
 void Remove_Shot_Row(Workspace& workspace, int shot);
 
+/// A dialog shows one shot alone, or two, in red; shot 0 shows all again. Nothing is redrawn.
+void Show_Alone(CurveView& view, int shot, int beside = 0);
+/// True for the shots of Show_Alone.
+bool Stands_Alone(const CurveView& view, int shot);
+
 /// True when the shot's curve is to be drawn: a dialog shows it alone, or all are asked for (Check11), or it
 /// is not left out.
 bool Shot_Displayed(const Workspace& workspace, int shot);

@@ -10,6 +10,7 @@
 #include "traveltime/curves.h"
 #include "traveltime/fitted_lines.h"
 #include "traveltime/regression_vitesse.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -38,7 +39,7 @@ void SpeedF::Load() {
 /// The picture shows all curves again, and them alone.
 void SpeedF::Clean_Picture() {
     LineOfResult = false;
-    Work.Curves.ShotAlone = 0;
+    Show_Alone(Work.Curves, 0);
     Forget_Fitted_Lines(Work.Curves);
 }
 
@@ -75,7 +76,7 @@ void SpeedF::Layer_Changed() {
 void SpeedF::Shot_Changed() {
     if (AllShots || Trim(Shot).empty()) return;
     const int shot = CInt(Val(Shot)).value_or(0);
-    if (shot >= 1 && shot <= Work.Project.NbShots) Work.Curves.ShotAlone = shot;
+    if (shot >= 1 && shot <= Work.Project.NbShots) Show_Alone(Work.Curves, shot);
     Dessine_Cadre(Work, Outside);
     Colour red = colours::Red;
     Dessine_Tir(Work, Outside, shot, red, 0, Work.Curves.TimeFactor, Work.Project.LineLength);
@@ -84,7 +85,7 @@ void SpeedF::Shot_Changed() {
 
 void SpeedF::AllShots_Clicked() {
     if (!AllShots) return Shot_Changed();
-    Work.Curves.ShotAlone = 0;
+    Show_Alone(Work.Curves, 0);
     Outside.Show.Repaint_Page(Page::Curves);
 }
 

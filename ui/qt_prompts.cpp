@@ -83,7 +83,8 @@ Answer QtPrompts::Message(const std::string& text, const std::string& title, Ico
             break;
         case Buttons::YesNo:
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-            box.setDefaultButton(QMessageBox::Yes);
+            // What is warned of is done by a choice alone, not by Return.
+            box.setDefaultButton(icon == Icon::Warning ? QMessageBox::No : QMessageBox::Yes);
             box.setEscapeButton(QMessageBox::No);
             break;
         case Buttons::YesNoCancel:

@@ -24,6 +24,11 @@ class CellEditor : public QStyledItemDelegate {
 
   protected:
     bool eventFilter(QObject* editor, QEvent* event) override {
+        // A form around the grid may have a meaning of its own for Return: in an edit it ends the edit.
+        if (event->type() == QEvent::ShortcutOverride && Step_Of(*static_cast<QKeyEvent*>(event))) {
+            event->accept();
+            return true;
+        }
         const auto step =
             event->type() == QEvent::KeyPress ? Step_Of(*static_cast<QKeyEvent*>(event)) : std::nullopt;
         if (!step) return QStyledItemDelegate::eventFilter(editor, event);

@@ -70,6 +70,8 @@ QVariant TextGridModel::data(const QModelIndex& index, int role) const {
     const TextGrid::Cell& cell = static_cast<const TextGrid&>(Grid).At(index.row(), index.column());
     switch (role) {
         case Qt::DisplayRole:
+            if (Shown_Text && !Fixed(index)) return Shown_Text(index.column(), cell.Text);
+            return QString::fromStdString(cell.Text);
         case Qt::EditRole:
             return QString::fromStdString(cell.Text);
         case Qt::ForegroundRole:

@@ -45,6 +45,8 @@ class TextGridModel : public QAbstractTableModel {
     std::function<bool(int row, int column)> Can_Edit;
     std::function<bool(int row, int column, const std::string& text)> Store;
     std::function<Look(int row, int column)> Look_Of;
+    /// A cell's text as it is shown, where that is shorter than what is edited; for cells that are not fixed.
+    std::function<QString(int column, const std::string& text)> Shown_Text;
     /// Tooltips of the headings.
     std::function<QString(int section, Qt::Orientation orientation)> Heading_Tip;
 

@@ -1,9 +1,11 @@
 #include "core/edits/file_changes.h"
 
+#include <algorithm>
 #include <deque>
 #include <iterator>
 #include <map>
 
+#include "core/files.h"
 #include "core/positioned_file.h"
 
 namespace tarnvik {
@@ -40,6 +42,41 @@ std::string Refusal_Of(const FileChange& change, PositionedFile& file, bool back
     return {};
 }
 
+/// A row of bytes longer than any header word is samples. Those of several traces, with the words beside
+/// them, belong together: a file where a kill left one half of them would not fit any state of the project.
+bool Belong_Together(const FileChange& change) {
+    constexpr std::size_t longest_words = 240;
+    const auto& runs = change.Bytes.All();
+    return std::count_if(runs.begin(), runs.end(),
+                         [](const ByteChanges::Run& run) { return run.After.size() > longest_words; }) > 1;
+}
+
+/// The runs are put into the pieces of a new file, which then takes the place of the old one.
+std::string Replace_All(const FileChange& change, PositionedFile& file, bool back) {
+    constexpr std::int64_t piece_length = 4 << 20;
+    return Replace_File_In_Pieces(change.Path, [&](const PieceWriter& write) -> std::string {
+        std::string piece;
+        for (std::int64_t start = 0; start < file.Length(); start += piece_length) {
+            piece.resize(static_cast<std::size_t>(std::min(piece_length, file.Length() - start)));
+            if (!file.Read(start, piece.data(), std::ssize(piece))) return file.Reason();
+            const auto& runs = change.Bytes.All();
+            for (std::size_t i = 0; i < runs.size(); ++i) {
+                const ByteChanges::Run& run = back ? runs[runs.size() - 1 - i] : runs[i];
+                const std::string& fresh = back ? run.Before : run.After;
+                const std::int64_t from = std::max(run.Position, start);
+                const std::int64_t to = std::min(run.Position + std::ssize(fresh), start + std::ssize(piece));
+                if (from < to) {
+                    piece.replace(static_cast<std::size_t>(from - start), static_cast<std::size_t>(to - from),
+                                  fresh, static_cast<std::size_t>(from - run.Position),
+                                  static_cast<std::size_t>(to - from));
+                }
+            }
+            if (!write(piece)) return "not copied";
+        }
+        return {};
+    });
+}
+
 bool Write_All(const FileChange& change, PositionedFile& file, bool back) {
     const auto& runs = change.Bytes.All();
     for (std::size_t i = 0; i < runs.size(); ++i) {
@@ -62,7 +99,12 @@ std::string Apply_To_Files(const std::vector<FileChange>& files, ByteChanges::Di
         if (!refusal.empty()) return refusal;
     }
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (!Write_All(files[i], open[i], back)) return files[i].Path + ": " + open[i].Reason();
+        if (Belong_Together(files[i])) {
+            const std::string reason = Replace_All(files[i], open[i], back);
+            if (!reason.empty()) return files[i].Path + ": " + reason;
+        } else if (!Write_All(files[i], open[i], back)) {
+            return files[i].Path + ": " + open[i].Reason();
+        }
     }
     return {};
 }

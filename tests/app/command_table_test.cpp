@@ -51,6 +51,13 @@ constexpr auto nothing = [](W&) {};
 auto Starts(const char* tool) {
     return [tool](W& w) { return w.Started(tool); };
 }
+/// A file beside the project with these words in it, and nothing changed in the line.
+auto Written(const char* name, const char* words) {
+    return [name, words](W& w) {
+        return Read_File(w.Folder / name).value_or("").find(words) != std::string::npos &&
+               w.Program.Work.Edits.All().size() == 1;
+    };
+}
 auto Opens(Dialog dialog) {
     return [dialog](W& w) { return w.Shows(dialog); };
 }
@@ -110,8 +117,16 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Display.Selected == Tab::Curves && w.Display.Count("curves") == 1; }},
         {"prop", cancel_new, still_there},
         {"vitess1", nothing, [](W& w) { return w.Shows(Dialog::SpeedF) && w.Mode_Is(DisplayMode::Vitesse); }},
+        {"velo2", nothing, [](W& w) { return w.Shows(Dialog::SpeedF3) && w.Mode_Is(DisplayMode::Vitesse2); }},
+        {"vitess3", nothing,
+         [](W& w) { return w.Shows(Dialog::SpeedF2) && w.Mode_Is(DisplayMode::Velocity); }},
+        {"ruler", nothing, Opens(Dialog::vELINE)},
+        {"fantom", nothing, [](W& w) { return w.Shows(Dialog::FantomF) && w.Mode_Is(DisplayMode::Fantom); }},
+        {"erase", nothing, [](W& w) { return w.Shows(Dialog::Erase_TT) && w.Mode_Is(DisplayMode::Dromo); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"quick", nothing,
+         [](W& w) { return w.Shows(Dialog::quick_interpret) && w.Mode_Is(DisplayMode::Quick); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
         {"drawing", nothing, Profile_In(DisplayMode::Profil)},
         {"find", nothing, Opens(Dialog::Zoom)},
@@ -143,6 +158,32 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && !w.Shows(Dialog::Fcalcul); }},
         {"TV57", [](W& w) { w.Prompts.Expect_File("Old Tarnvik file", ""); },
          [](W& w) { return !w.Said("has been recorded"); }},
+        {"PLOTREFA_CNV",
+         [](W& w) {
+             w.Prompts.Expect_File("Tarnvik File selection", w.Path);
+             w.Prompts.Expect_Input("Enter the station spacing interval", "5");
+             w.Prompts.Expect("Do you want to use offset shots", Answer::Yes);
+             w.Prompts.Expect_Input("Enter the distance to add", "0");
+         },
+         Written("demo12.ASC", "2.500000 30.250000 1\r\n")},
+        {"optim", [](W& w) { w.Prompts.Expect_File("Tarnvik File selection", ""); },
+         [](W& w) { return w.Said("without offset shots !") && !File_Exists(w.Folder / "demo1_src"); }},
+        {"Rayfract",
+         [](W& w) {
+             w.Prompts.Expect("Run RAYFRACT module ?", Answer::Yes);
+             w.Prompts.Expect_File("Tarnvik File selection", w.Folder / "none.tv5");
+         },
+         [](W& w) { return w.Said("This file does not exist !"); }},
+        {"Command22", nothing, [](W& w) { return w.Said("Not valid DAT file"); }},
+        {"Unified_M", nothing, Written("demo1.sgt", "1 3 0.030250\r\n")},
+        {"PicksCsv_M", nothing, Written("demo1_picks.csv", "1;1;-60;98.93;2.5;100.11;30.25\r\n")},
+        {"Dxf_M", nothing, Written("demo1.dxf", "Shot 3\r\n")},
+        {"ImportPicks_M",
+         [](W& w) {
+             w.Discard();
+             w.Prompts.Expect_File("Select a file of picks", w.Path);
+         },
+         [](W& w) { return w.Said(w.Path + ": ") && w.Line.NbShots == 5; }},
         {"F1_F", recent(1), reread},
         {"F2_F", recent(2), reread},
         {"F3_F", recent(3), reread},
@@ -159,7 +200,16 @@ const std::vector<Row>& Rows() {
         {"History_M", nothing, Opens(Dialog::History)},
 
         {"VelCalcul", nothing, Opens(Dialog::SpeedF)},
+        {"VelCalName", nothing, Opens(Dialog::SpeedF3)},
+        {"Vel2name", nothing, Opens(Dialog::SpeedF2)},
+        {"v_r", [](W& w) { Run_Command(w.Program, "ruler"); },
+         [](W& w) { return !w.Shows(Dialog::vELINE) && !w.Program.Work.Curves.RulerShown; }},
+        {"dipc", nothing, Opens(Dialog::dip)},
+        {"QuickInterpretation", nothing, Opens(Dialog::quick_interpret)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
+        {"PhantomName", nothing, Opens(Dialog::FantomF)},
+        {"theoric", nothing,
+         [](W& w) { return w.Shows(Dialog::Theoric_F) && w.Mode_Is(DisplayMode::Dromo); }},
 
         {"TT_Mnu", nothing, [](W& w) { return w.Display.Count("curves") == 1; }},
         {"S2", nothing, Profile_In(DisplayMode::Profil)},
@@ -277,8 +327,9 @@ TEST(CommandTable, each_entry_does_what_it_says_on_the_demo_line) {
 TEST(CommandTable, an_entry_that_needs_a_project_is_refused_without_one_and_says_why) {
     LiveWorld world;
     Form_Load(world.Program, "");
-    for (const char* name : {"save", "SaveName", "sum", "IT_Compute", "vitess1", "VelCalcul", "drawing", "S2",
-                             "S5", "BI_M", "Superpose", "find", "ZZ", "nozoom"}) {
+    for (const char* name :
+         {"save", "SaveName", "sum", "IT_Compute", "vitess1", "VelCalcul", "drawing", "S2", "S5", "BI_M",
+          "Superpose", "find", "ZZ", "nozoom", "fantom", "PhantomName", "theoric"}) {
         EXPECT_EQ(Refusal_Of(*Find_Command(name), world.Program), "There is no project in memory") << name;
     }
     for (const char* name : {"herz", "FS"})

@@ -173,6 +173,16 @@ TEST_F(StartAndEnd, the_toolbar_asks_with_an_ok_button_alone) {
     EXPECT_EQ(World.Display.Count("End_Program"), 1);
 }
 
+TEST_F(StartAndEnd, colours_that_a_dialog_has_put_aside_are_in_the_settings_all_the_same) {
+    Program.Work.Settings.ColorChoice = true;
+    Program.Phantom.Load();
+    World.Prompts.Expect("Record ", Answer::No);
+    World.Prompts.Expect("Record a Back Up file of ", Answer::No);
+    Quit(Program, true);
+    EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("Choix=1"), std::string::npos);
+    EXPECT_FALSE(Program.Work.Settings.ColorChoice);
+}
+
 TEST_F(StartAndEnd, a_new_size_redraws_what_the_pictures_show) {
     Program.Work.Mode.Display(DisplayMode::Abc);
     Resize_Form(Program);

@@ -6,14 +6,24 @@
 #include "ui/forms/confirm_form.h"
 #include "ui/forms/delay_form.h"
 #include "ui/forms/depth_form.h"
+#include "ui/forms/dip_form.h"
+#include "ui/forms/erase_form.h"
+#include "ui/forms/fantom_form.h"
+#include "ui/forms/hand_velocity_form.h"
+#include "ui/forms/grm_depth_form.h"
+#include "ui/forms/grm_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/picture_export_form.h"
+#include "ui/forms/quick_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
+#include "ui/forms/theoric_form.h"
+#include "ui/forms/true_velocity_form.h"
+#include "ui/forms/velocity_line_form.h"
 #include "ui/forms/zoom_form.h"
 
 namespace tarnvik {
@@ -33,10 +43,20 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::frmSplash, Make<SplashForm>},
         {Dialog::AutoPik, Make<AutoPikForm>},
         {Dialog::SpeedF, Make<SpeedForm>},
+        {Dialog::SpeedF2, Make<TrueVelocityForm>},
+        {Dialog::SpeedF3, Make<HandVelocityForm>},
+        {Dialog::vELINE, Make<VelocityLineForm>},
+        {Dialog::dip, Make<DipForm>},
         {Dialog::confirm, Make<ConfirmForm>},
         {Dialog::Fcalcul, Make<DepthForm>},
+        {Dialog::quick_interpret, Make<QuickForm>},
+        {Dialog::FantomF, Make<FantomForm>},
+        {Dialog::Theoric_F, Make<TheoricForm>},
+        {Dialog::Erase_TT, Make<EraseForm>},
         {Dialog::DelayF, Make<DelayForm>},
         {Dialog::ABCGridF, Make<AbcGridForm>},
+        {Dialog::GRM, Make<GrmForm>},
+        {Dialog::GRM_depth, Make<GrmDepthForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
