@@ -35,6 +35,7 @@ TEST_F(GrmControls, of_the_curves_do_their_work) {
         {"Text1", Typed(logic.Minimum)},
         {"Text2", Typed(logic.Maximum)},
         {"Text3", Typed(logic.TimeShift)},
+        {"ReferenceVelocity", Typed(logic.ReferenceVelocity)},
         {"Option3",
          [&](QWidget* control) {
              Click(control);
@@ -84,6 +85,7 @@ TEST_F(GrmControls, of_the_depths_do_their_work) {
          }},
         {"Text2", [&](QWidget* control) { Type(control, "4"); }},
         {"Text3", [&](QWidget* control) { Type(control, "60"); }},
+        {"ReferenceVelocity", [&](QWidget* control) { Type(control, ""); }},
         {"Command2",
          [&](QWidget* control) {
              Click(control);
