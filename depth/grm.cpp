@@ -93,8 +93,8 @@ bool GRM::Compute() {
     bool broken = Work.Project.LineLength == 0;
     try {
         XY_Bounds(Least, Most);
-        GrmCurves found = Curves_Of_Grm(Work.Project, Function_Of(mode), Least, Most,
-                                        Work.Velocity.VelocityResult);
+        GrmCurves found =
+            Curves_Of_Grm(Work.Project, Function_Of(mode), Least, Most, Work.Velocity.VelocityResult);
         broken |= found.Broken;
         Work.Velocity.VelocityResult = found.Velocity;
         Work.Grm.Curves = std::move(found.Curves);
@@ -129,9 +129,9 @@ void GRM::Command2() {
 
 void GRM::Follow() {
     if (Work.Grm.Drawn == DisplayMode::None) return;
-    Work.Grm.Curves = Curves_Of_Grm(Work.Project, Function_Of(Work.Grm.Drawn), Least, Most,
-                                    Work.Velocity.VelocityResult)
-                          .Curves;
+    Work.Grm.Curves =
+        Curves_Of_Grm(Work.Project, Function_Of(Work.Grm.Drawn), Least, Most, Work.Velocity.VelocityResult)
+            .Curves;
     Unlight_Grm_Point(Outside);
 }
 

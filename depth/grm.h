@@ -16,14 +16,14 @@ class GRM {
 
     GRM(Workspace& workspace, Ports& ports);
 
-    std::string Minimum;            ///< Text1, least XY in receivers
-    std::string Maximum;            ///< Text2, largest XY
-    std::string TimeShift = "5";    ///< Text3, units of the picture from one curve to the next
+    std::string Minimum;          ///< Text1, least XY in receivers
+    std::string Maximum;          ///< Text2, largest XY
+    std::string TimeShift = "5";  ///< Text3, units of the picture from one curve to the next
     int GrmOption = VelocityFunction;
     bool GrmPrinting = false;  ///< the drawing asked for last went to the printer
 
-    void Load();   ///< the form opens
-    void Close();  ///< the form closes
+    void Load();      ///< the form opens
+    void Close();     ///< the form closes
     void Command1();  ///< "&Calcul"
     void Command2();  ///< "&Print"
 

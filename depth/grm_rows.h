@@ -33,8 +33,8 @@ struct GrmLayers {
     double Z1 = 0;
 };
 
-/// Thickness of the second layer, cut to tenths, from a GRM time in ms. A layer as fast as the one below it, or
-/// faster, has no critical angle: what is computed with it counts as 0.
+/// Thickness of the second layer, cut to tenths, from a GRM time in ms. A layer as fast as the one below it,
+/// or faster, has no critical angle: what is computed with it counts as 0.
 double Second_Thickness(double time, const GrmLayers& layers);
 
 }  // namespace tarnvik

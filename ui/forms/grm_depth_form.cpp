@@ -71,9 +71,8 @@ GrmDepthForm::GrmDepthForm(Session& session, QtDisplay&) : Program(session) {
         if (orientation == Qt::Vertical) return QString();
         if (section == GRM_depth::Vref) return tr("Reference velocity that the GRM time was computed with");
         return GRM_depth::Is_Computed(section) ? tr("Computed; you can correct it")
-               : section >= GRM_depth::V1
-                   ? tr("Type a value for the first and the last receiver at least")
-                   : tr("Translated time of the offset shot, ms");
+               : section >= GRM_depth::V1 ? tr("Type a value for the first and the last receiver at least")
+                                          : tr("Translated time of the offset shot, ms");
     };
     Grid->horizontalHeader()->setMinimumHeight(2 * fontMetrics().lineSpacing() + 8);
     Grid->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("Thickness") + 10);
