@@ -5,6 +5,7 @@
 #include "app/dialog_commands.h"
 #include "app/documents.h"
 #include "app/edit_commands.h"
+#include "app/export_commands.h"
 #include "app/file_commands.h"
 #include "app/pages.h"
 #include "app/refusals.h"
@@ -117,6 +118,7 @@ bool Language(const Session& session) {
 constexpr std::string_view file_menu = "&File";
 constexpr std::string_view conversion_menu = "&File/Conversion";
 constexpr std::string_view export_menu = "&File/Export";
+constexpr std::string_view import_menu = "&File/Import";
 constexpr std::string_view edit_menu = "&Edit";
 constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
@@ -182,9 +184,15 @@ const std::array command_table = {
     Command{.Name = "backup", .Menu = conversion_menu, .Caption = "TV5 to *.BAK", .Run = Ask_For_Backup},
     Command{.Name = "NBak", .Menu = conversion_menu, .Caption = "*.BAK to *.TV5", .Run = Convert_Bak_To_Tv5},
     Command{.Name = "TV57", .Menu = conversion_menu, .Caption = "Old TV4 to TV5", .Run = Convert_Tv4_To_Tv5},
-    Command{.Name = "PLOTREFA_CNV", .Menu = export_menu, .Caption = "TV5  to PLOTREFA"},
-    Command{.Name = "optim", .Menu = export_menu, .Caption = "TV5 to Seisopt@2D"},
-    Command{.Name = "Rayfract", .Menu = export_menu, .Caption = "TV5 to Rayfract ASCII"},
+    Command{.Name = "PLOTREFA_CNV", .Menu = export_menu, .Caption = "TV5  to PLOTREFA", .Run = Export_To_Plotrefa},
+    Command{.Name = "optim", .Menu = export_menu, .Caption = "TV5 to Seisopt@2D", .Run = Export_To_SeisOpt2D},
+    Command{.Name = "Rayfract", .Menu = export_menu, .Caption = "TV5 to Rayfract ASCII", .Run = Export_To_Rayfract},
+    Command{.Name = "Command22", .Menu = export_menu, .Caption = "SURFER Export", .Tooltip = "Grid, colours and script of the coloured section for the map program", .Run = Export_To_Surfer, .Refusal = Without_Project},
+    Separator(export_menu),
+    Command{.Name = "Unified_M", .Menu = export_menu, .Caption = "Picks in the unified data format (SGT)", .Tooltip = "Positions and times, as pyGIMLi reads them", .Run = Export_To_Unified_Format, .Refusal = Without_Project},
+    Command{.Name = "PicksCsv_M", .Menu = export_menu, .Caption = "Picks with positions (CSV)", .Run = Export_Picks_As_Csv, .Refusal = Without_Project},
+    Command{.Name = "Dxf_M", .Menu = export_menu, .Caption = "Profile as a drawing (DXF)", .Tooltip = "Ground, shots, receivers and interfaces, each on a layer of its own", .Run = Export_Profile_As_Dxf, .Refusal = Without_Project},
+    Command{.Name = "ImportPicks_M", .Menu = import_menu, .Caption = "Picks of PLOTREFA, Rayfract or unified data...", .Tooltip = "A file of picks becomes a new project", .Run = Import_Pick_File},
     Command{.Name = "F1_F", .Menu = recent_menu, .Run = Open_Recent<1>, .Text = Recent_Caption<1>},
     Command{.Name = "F2_F", .Menu = recent_menu, .Run = Open_Recent<2>, .Text = Recent_Caption<2>},
     Command{.Name = "F3_F", .Menu = recent_menu, .Run = Open_Recent<3>, .Text = Recent_Caption<3>},

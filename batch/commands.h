@@ -39,6 +39,9 @@ void Add_Record(CLI::App& app, Request& request);
 void Add_New(CLI::App& app, Request& request);
 void Add_Pick(CLI::App& app, Request& request);
 void Add_Timebreak(CLI::App& app, Request& request);
+void Add_Section(CLI::App& app, Request& request);
+void Add_Export(CLI::App& app, Request& request);
+void Add_Import(CLI::App& app, Request& request);
 
 /// "1600x900" into the size of the picture files; false when it is no size in pixels.
 bool Parse_Size(const std::string& text, HeadlessDisplay& display);

@@ -9,6 +9,7 @@
 namespace tarnvik {
 
 /// Launcher of a run without a screen: tools run to their end, nothing is left running and nothing is found.
+/// A result that would be shown on a desktop is shown to nobody, which is no failure.
 class ConsoleLauncher : public Launcher {
   public:
     explicit ConsoleLauncher(std::string program_folder) : Folder(std::move(program_folder)) {}
@@ -18,8 +19,8 @@ class ConsoleLauncher : public Launcher {
                             const ToolProgress& progress) override {
         return Run_Tools(commands, folder, QString::fromStdString(Folder), progress);
     }
-    int Open_Document(const std::string&) override { return 0; }
-    int Edit_Text(const std::string&) override { return 0; }
+    int Open_Document(const std::string&) override { return launch_failure_below; }
+    int Edit_Text(const std::string&) override { return launch_failure_below; }
     std::string Find_Program(const std::string&) override { return {}; }
     std::string Program_Folder() const override { return Folder; }
     std::string Documents_Folder() const override { return "."; }

@@ -18,6 +18,7 @@ Answer ConsolePrompts::Message(const std::string& text, const std::string& title
     std::cerr << "[" << title << "] " << text << "\n";
     if (!Shown.empty()) Shown += "\n";
     Shown += text;
+    List.push_back(text);
     if (icon == Icon::Critical) ErrorShown = true;
     if (buttons == Buttons::Ok) return Answer::Ok;
     const bool has_yes = buttons != Buttons::OkCancel && buttons != Buttons::OpenCancel;
@@ -54,6 +55,7 @@ std::string ConsolePrompts::Save_File(const FileRequest& request) {
 
 void ConsolePrompts::Forget() {
     Shown.clear();
+    List.clear();
     LastInput.clear();
     ErrorShown = false;
 }

@@ -26,6 +26,8 @@ class ConsolePrompts : public Prompts {
 
     /// The texts of all messages so far, joined by line ends; and whether one of them reported an error.
     const std::string& Texts() const { return Shown; }
+    /// The same, one by one.
+    const std::vector<std::string>& Messages() const { return List; }
     bool Refused() const { return ErrorShown; }
     /// The prompt of the input box asked last, empty when there was none.
     const std::string& Last_Input() const { return LastInput; }
@@ -39,6 +41,7 @@ class ConsolePrompts : public Prompts {
     std::deque<std::string> Answers;
     bool AlwaysYes = false;
     std::string Shown;
+    std::vector<std::string> List;
     std::string LastInput;
     bool ErrorShown = false;
 };

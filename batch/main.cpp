@@ -54,6 +54,9 @@ int Run(int argc, char** argv) {
     Add_New(app, request);
     Add_Pick(app, request);
     Add_Timebreak(app, request);
+    Add_Section(app, request);
+    Add_Export(app, request);
+    Add_Import(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

@@ -193,6 +193,47 @@ struct GrmView {
     double CurveStep = 0;  ///< units of the picture from one curve up to the next
 };
 
+/// Where the depths and velocities of a section come from.
+enum class SectionSource { Shots, Abc, Grm };
+
+/// Shape of an interface between the places where its depth is known.
+enum class SectionLine { Linear, Bezier };
+
+/// Velocities below the ground on a regular grid, and what it was made of. Columns count from 1 along the
+/// line. Rows are counted from the top in TopoRows and in Corners, and from the bottom, 1 being the lowest,
+/// in VelocityGrid: a row of either is as many quarters of a length unit high as its number tells.
+struct SectionGrid {
+    SectionSource Source = SectionSource::Shots;
+    int GridColumns = 0;
+    int GridRows = 0;
+    double MaxElevation = 0;
+    double MinElevation = 0;
+    Array2<double> VelocityGrid;  ///< (column, row) at the interfaces alone; 0 where none is
+    Array2<double> Filled;        ///< (column, row) downward from the ground; 0 above it
+    std::vector<int> TopoRows;    ///< ground row of column 0 to GridColumns; 0 where unknown
+    std::vector<std::array<std::string, Project::MaxLayers + 1>>
+        GridCorners;              ///< "column,row" of the interfaces, by place
+    std::vector<double> Factors;  ///< by which the slope lengthens the depths, by place
+};
+
+/// How a section is made and looked at.
+struct SectionView {
+    // Made of.
+    SectionSource Source = SectionSource::Shots;  ///< as the main depth label tells
+    int GridQuality = 1;                          ///< 1 normal to 3 highest
+    bool Smoothing = false;                       ///< Check12: the bedrock is a mean of three values
+    bool SlopeCorrection = false;                 ///< slope: depths at right angles to the ground
+    SectionLine Line = SectionLine::Linear;
+    int SmoothingFactor = 1;  ///< places that a running mean of the interfaces takes; 1 for none
+    // Drawn with.
+    bool ShowShots = true;            ///< Check13
+    bool ShowGeophones = true;        ///< Check14
+    bool ShowScale = true;            ///< Check15: legend of the velocities
+    double MaxVelocity = 5000;        ///< Text28: of the colour scale
+    double LabelScale = 1;            ///< Text31: of the labels' letters
+    std::optional<SectionGrid> Grid;  ///< nothing before the first one
+};
+
 /// State of the profile picture.
 struct ProfileView {
     DisplayMode DrawnMode = DisplayMode::None;  ///< mode of the last drawing
@@ -347,6 +388,7 @@ struct Workspace {
     DepthWork Depth;
     GrmView Grm;
     ProfileView Profile;
+    SectionView Section;
     RecordView Record;
     MainFields Fields;
     MainGrids Grids;

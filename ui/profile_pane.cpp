@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -10,11 +11,13 @@
 #include <utility>
 
 #include "app/commands.h"
+#include "app/refusals.h"
 #include "app/session.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "output/profile.h"
 #include "output/profile_sketch.h"
+#include "output/section.h"
 #include "ui/painting/picture_file.h"
 #include "ui/picture_gestures.h"
 #include "ui/qt_display.h"
@@ -149,8 +152,13 @@ QWidget* ProfilePane::Side() {
         grid->addWidget(new QLabel(caption), row, 0);
         grid->addWidget(field, row, 1);
     }
+    auto* extremes = new QPushButton(tr("Compute mini and maximum elevation"));
+    extremes->setObjectName("Command19");
+    extremes->setToolTip(tr("Takes them from the shots on the line and the receivers, in tens"));
+    grid->addWidget(extremes, grid->rowCount(), 0, 1, 2);
     Bind_Elevations(highest, lowest, height);
-    auto* added = number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
+    auto* added =
+        number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
     const int row = grid->rowCount();
     grid->addWidget(new QLabel(tr("Added to ABC depth")), row, 0);
     grid->addWidget(added, row, 1);
@@ -164,6 +172,8 @@ QWidget* ProfilePane::Side() {
         const DisplayMode mode = Program.Work.Profile.DrawnMode;
         return mode == DisplayMode::Profil2 || mode == DisplayMode::Profil3;
     });
+    Fields.Command(extremes, [this] { Command19(Program.Work, Program.Outside); });
+    Fields.Enabled(extremes, [this] { return Without_Project(Program).empty(); });
 
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins(4, 0, 4, 0);

@@ -21,11 +21,15 @@ enum class Canvas {
     Echelle3,   ///< its time scale
     /// Its title, receivers and distances, above it.
     RecordHeader,
-    Magnifier,  ///< a few traces around the pointer, enlarged
-    Regle,      ///< floating ruler strip
-    Profile2,   ///< sketch of the spread of a new profile
-    Sketch,     ///< small sketch of the line
-    SpeedEnd,   ///< Picture2 of SpeedF
+    Magnifier,   ///< a few traces around the pointer, enlarged
+    Regle,       ///< floating ruler strip
+    Profile2,    ///< sketch of the spread of a new profile
+    Sketch,      ///< small sketch of the line
+    SpeedEnd,    ///< Picture2 of SpeedF
+    Section,     ///< coloured velocity section, or the section page of a report
+    SectionX,    ///< its distance scale, under it
+    SectionZ,    ///< its elevation scale, beside it
+    SectionCut,  ///< velocity against depth at the pointer
 };
 
 /// The dialogs of the program, by the names of their forms.
@@ -47,6 +51,7 @@ enum class Dialog {
     ABCGridF,
     GRM,
     GRM_depth,
+    resu,  ///< result table
     Zoom,
     RulerF,
     Travel_Time_2,
@@ -68,7 +73,7 @@ struct PictureFormat {
 };
 
 /// The tabs of the main form (SSTab1).
-enum class Tab { Record = 0, Tables = 1, Curves = 2 };
+enum class Tab { Record = 0, Tables = 1, Curves = 2, Section = 3 };
 
 /// What logic may ask of the screen. A redraw is done at once, but inside an edit at its end, and then only
 /// once however often it was asked for; without a screen it is done on pictures in memory or not at all.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -19,6 +20,18 @@ struct PixelPoint {
 struct TextSize {
     double Width = 0;
     double Height = 0;
+};
+
+/// Cells of equal size, row by row from the top left corner, each of one colour or of none.
+struct CellRaster {
+    static constexpr Colour no_colour = -1;
+    int Columns = 0;
+    int Rows = 0;
+    std::span<const Colour> Colours;  ///< Columns * Rows of them
+    Colour At(int column, int row) const {
+        return Colours[static_cast<std::size_t>(row) * static_cast<std::size_t>(Columns) +
+                       static_cast<std::size_t>(column)];
+    }
 };
 
 enum class DrawMode { Copy, Xor };
@@ -47,6 +60,10 @@ class Picture {
     virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
     /// Upright rectangle of two opposite corners, outline or filled; the pen ends at (x2, y2).
     virtual void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) = 0;
+    /// Fills the rectangle of two opposite corners with cells, the first one at (x1, y1); those without a
+    /// colour leave what stands there. Here as boxes, of which equal neighbours in a column are one; a device
+    /// of pixels has a way of its own. The pen is anywhere afterwards.
+    virtual void Cells(double x1, double y1, double x2, double y2, const CellRaster& cells);
     /// Circle, round on the device, its radius in horizontal world units; the pen ends at the centre.
     virtual void Circle(double x, double y, double radius, Colour colour) = 0;
     /// Arc of that circle from angle `start` to `end` in radians, counter-clockwise from three o'clock;

@@ -51,6 +51,13 @@ constexpr auto nothing = [](W&) {};
 auto Starts(const char* tool) {
     return [tool](W& w) { return w.Started(tool); };
 }
+/// A file beside the project with these words in it, and nothing changed in the line.
+auto Written(const char* name, const char* words) {
+    return [name, words](W& w) {
+        return Read_File(w.Folder / name).value_or("").find(words) != std::string::npos &&
+               w.Program.Work.Edits.All().size() == 1;
+    };
+}
 auto Opens(Dialog dialog) {
     return [dialog](W& w) { return w.Shows(dialog); };
 }
@@ -161,6 +168,32 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Line.ShotTimes(1, 1) != 30.25F && !w.Shows(Dialog::Fcalcul); }},
         {"TV57", [](W& w) { w.Prompts.Expect_File("Old Tarnvik file", ""); },
          [](W& w) { return !w.Said("has been recorded"); }},
+        {"PLOTREFA_CNV",
+         [](W& w) {
+             w.Prompts.Expect_File("Tarnvik File selection", w.Path);
+             w.Prompts.Expect_Input("Enter the station spacing interval", "5");
+             w.Prompts.Expect("Do you want to use offset shots", Answer::Yes);
+             w.Prompts.Expect_Input("Enter the distance to add", "0");
+         },
+         Written("demo12.ASC", "2.500000 30.250000 1\r\n")},
+        {"optim", [](W& w) { w.Prompts.Expect_File("Tarnvik File selection", ""); },
+         [](W& w) { return w.Said("without offset shots !") && !File_Exists(w.Folder / "demo1_src"); }},
+        {"Rayfract",
+         [](W& w) {
+             w.Prompts.Expect("Run RAYFRACT module ?", Answer::Yes);
+             w.Prompts.Expect_File("Tarnvik File selection", w.Folder / "none.tv5");
+         },
+         [](W& w) { return w.Said("This file does not exist !"); }},
+        {"Command22", nothing, [](W& w) { return w.Said("Not valid DAT file"); }},
+        {"Unified_M", nothing, Written("demo1.sgt", "1 3 0.030250\r\n")},
+        {"PicksCsv_M", nothing, Written("demo1_picks.csv", "1;1;-60;98.93;2.5;100.11;30.25\r\n")},
+        {"Dxf_M", nothing, Written("demo1.dxf", "Shot 3\r\n")},
+        {"ImportPicks_M",
+         [](W& w) {
+             w.Discard();
+             w.Prompts.Expect_File("Select a file of picks", w.Path);
+         },
+         [](W& w) { return w.Said(w.Path + ": ") && w.Line.NbShots == 5; }},
         {"F1_F", recent(1), reread},
         {"F2_F", recent(2), reread},
         {"F3_F", recent(3), reread},

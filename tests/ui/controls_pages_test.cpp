@@ -313,6 +313,13 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
         {"ProfileUp", profile_bar(Work.Profile.Up, Qt::Vertical)},
         {"Text27", elevation(Work.Profile.GivenMaxElevation)},
         {"Text33", elevation(Work.Profile.GivenMinElevation)},
+        {"Command19",
+         [&](QWidget* control) {
+             QTest::mouseClick(control, Qt::LeftButton);
+             EXPECT_EQ(Work.Profile.GivenMaxElevation, 110);
+             EXPECT_EQ(Work.Profile.GivenMinElevation, 100);
+             EXPECT_EQ(Text(page->findChild<QLineEdit*>("Text32")), "10");
+         }},
         {"Text32",
          [&](QWidget* control) {
              EXPECT_TRUE(qobject_cast<QLineEdit*>(control)->isReadOnly());

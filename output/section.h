@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/ports/ports.h"
+#include "core/workspace.h"
+#include "output/section_sources.h"
+#include "traveltime/file_routines.h"
+
+namespace tarnvik {
+
+/// The user asks for the coloured section: the elevations typed beside the profile are taken (those that are
+/// not typed are Fitting_Elevations), a difference above 90 is asked about, the project is saved, and the
+/// source that the main depth label names makes its grid, which goes to the project's ".dat" file and onto
+/// the section's tab. Answers whether a grid stands.
+bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files);
+
+/// The parts of it for a run without a screen: question and grid, nothing saved or written.
+bool Make_Section(Workspace& workspace, Ports& ports, SectionElevations between);
+
+/// "Compute mini and maximum elevation": shows them in the fields beside the profile, which is drawn between
+/// them at once where it stands.
+void Command19(Workspace& workspace, Ports& ports);
+
+}  // namespace tarnvik

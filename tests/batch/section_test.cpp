@@ -1,0 +1,93 @@
+// The demo line's section through tarnvik-batch.
+
+#include <map>
+#include <sstream>
+
+#include "batch/batch_fixture.h"
+
+namespace tarnvik::test {
+namespace {
+
+class SectionCommand : public Batch {
+  protected:
+    /// The demo line as its read-me finds it.
+    std::string Interpreted() {
+        return Changed_Demo("line.tv5", [](Project& project) {
+            Interpret(project);
+            const double thicknesses[][2] = {{6.33, 12.58}, {8.15, 13.4}, {8.23, 15.89}};
+            for (int shot = 2; shot <= 4; ++shot) {
+                for (int layer = 1; layer <= 2; ++layer)
+                    project.ShotThickness(shot, layer) = thicknesses[shot - 2][layer - 1];
+            }
+        });
+    }
+    const std::string Between = " --max-elevation 110 --min-elevation=70 ";
+};
+
+TEST_F(SectionCommand, WritesTheSectionOfTheDemoLine) {
+    const std::string line = Interpreted();
+    const std::string cells = Folder / "line.dat";
+    const Outcome shots = Run("section " + line + " --source shot --json --out " + cells + Between);
+    ASSERT_EQ(shots.Status, 0) << shots.Errors;
+    EXPECT_EQ(Read_File(cells), Read_File(std::string(EXAMPLES_FOLDER) + "/demo1_section.dat"));
+    const nlohmann::json json = shots.Json();
+    EXPECT_EQ(json["GridColumns"], 120);
+    EXPECT_EQ(json["GridRows"], 164);
+    EXPECT_EQ(json["TopoRows"].size(), 121U);
+    EXPECT_EQ(json["factors"], nlohmann::json({1, 1, 1}));
+    EXPECT_EQ(json["corners"][1], nlohmann::json({"61,38", "61,71", "61,124", "", "", ""}));
+    std::map<std::pair<int, int>, double> set;
+    for (const auto& cell : json["cells"])
+        set[{cell[0], cell[1]}] = cell[2];
+    EXPECT_EQ(set.size(), 360U);
+
+    // The filled grid as another program reads it: each cell is the one set in it or what is above it.
+    const std::string grid = Folder / "line.grd";
+    ASSERT_EQ(Run("section " + line + " --source shot --out " + grid + Between).Status, 0);
+    std::istringstream file(Read_File(grid).value_or(""));
+    std::string kind;
+    int columns = 0;
+    int rows = 0;
+    double edges[6];
+    file >> kind >> columns >> rows;
+    for (double& edge : edges)
+        file >> edge;
+    EXPECT_EQ(kind, "DSAA");
+    EXPECT_EQ(std::vector<double>(edges, edges + 6), (std::vector<double>{0, 119, 69.75, 110.5, 600, 3800}));
+    std::map<std::pair<int, int>, double> filled;
+    for (int row = 1; row <= rows; ++row) {
+        for (int column = 1; column <= columns; ++column)
+            file >> filled[{column, row}];
+    }
+    ASSERT_TRUE(file.good());
+    for (int column = 1; column <= columns; ++column) {
+        const int ground = rows - json["TopoRows"][static_cast<std::size_t>(column)].get<int>();
+        EXPECT_GT(filled.at({column, ground + 1}), 1e38) << column;
+        double above = 600;
+        for (int row = ground; row > 0; --row) {
+            const auto found = set.find({column, row});
+            if (found != set.end()) above = found->second;
+            EXPECT_NEAR(filled.at({column, row}), above, 1e-6) << column << " " << row;
+        }
+    }
+    EXPECT_EQ(Run("section " + line + " --source shot --out " + grid + Between).Status, 1) << "it exists";
+}
+
+TEST_F(SectionCommand, LeavesNoFileWhereItIsRefused) {
+    const std::string bare = Demo("demo1.tv5");
+    const std::string out = " --json --out " + (Folder / "none.grd");
+    for (const std::string& what :
+         {bare + " --source shot" + Between, bare + " --source abc" + Between,
+          bare + " --source grm" + Between,
+          Interpreted() + " --source shot --max-elevation 200 --min-elevation 100"}) {
+        const Outcome outcome = Run("section " + what + out);
+        EXPECT_EQ(outcome.Status, 1) << what;
+        EXPECT_EQ(outcome.Json()["cells"], nlohmann::json::array()) << what;
+        EXPECT_EQ(outcome.Json()["messages"].size(), 1U) << what;
+        EXPECT_FALSE(File_Exists(Folder / "none.grd")) << what;
+    }
+    EXPECT_EQ(Run("section " + bare + " --source shot --quality 4" + Between).Status, 2);
+}
+
+}  // namespace
+}  // namespace tarnvik::test
