@@ -3,6 +3,7 @@
 #include "app/dialog_commands.h"
 #include "app/session.h"
 #include "app/view_commands.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -58,7 +59,7 @@ void Toggle_Delay_Curve(Session& session) {
 
 void Show_Curves_And_Delay(Session& session) {
     if (!session.Delay.Show_Delay_Curve()) return;
-    session.Work.Curves.ShotAlone = 0;
+    Show_Alone(session.Work.Curves, 0);
     Clear_Selection(session.Work.Curves);
     session.Outside.Show.Select_Tab(Tab::Curves);
     session.Outside.Show.Show_Curves();

@@ -12,6 +12,7 @@
 #include "traveltime/curve_overlays.h"
 #include "traveltime/curves.h"
 #include "traveltime/fitted_lines.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -71,7 +72,7 @@ void QuickInterpret::Load() {
 void QuickInterpret::Close() {
     Held.reset();
     Work.Velocity.QuickStatus.clear();
-    Work.Curves.ShotAlone = 0;
+    Show_Alone(Work.Curves, 0);
     Forget_Overlay(Work, Outside, Dialog::quick_interpret);
     Outside.Show.Close_Dialog(Dialog::quick_interpret);
     Work.Mode.Release(Dialog::quick_interpret);

@@ -50,7 +50,9 @@ void Draw_Moving_Overlays(Picture& picture, const CurveView& view) {
 
 void Show_Moving_Marks(Workspace& workspace, Ports& ports) {
     const std::vector<Mark> marks = Moving_Marks(workspace.Curves);
-    ports.Show.Show_Marks(Canvas::Dromo, MarkLayer::Context, marks);
+    // Where other curves stand in their place, the second window alone shows the travel times.
+    const bool others = workspace.Grm.Drawn != DisplayMode::None && workspace.Mode.Held_By(Dialog::GRM);
+    ports.Show.Show_Marks(Canvas::Dromo, MarkLayer::Context, others ? std::vector<Mark>{} : marks);
     if (workspace.Curves.DoubleView == 1) ports.Show.Show_Marks(Canvas::Dromo2, MarkLayer::Context, marks);
 }
 

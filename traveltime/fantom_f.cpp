@@ -10,6 +10,7 @@
 #include "traveltime/curve_drawing.h"
 #include "traveltime/curve_overlays.h"
 #include "traveltime/curves.h"
+#include "traveltime/shot_grid.h"
 
 namespace tarnvik {
 
@@ -62,7 +63,7 @@ void FantomF::Close() {
     Outside.Show.Close_Dialog(Dialog::FantomF);
     Work.Mode.Release(Dialog::FantomF);
     Work.Curves.DragStartX = 0;
-    Work.Curves.ShotAlone = 0;
+    Show_Alone(Work.Curves, 0);
     if (std::exchange(ColoursByVelocity, false)) Work.Settings.ColorChoice = true;
     Outside.Show.Show_Curves();
 }

@@ -179,7 +179,7 @@ TEST_F(StartAndEnd, colours_that_a_dialog_has_put_aside_are_in_the_settings_all_
     World.Prompts.Expect("Record ", Answer::No);
     World.Prompts.Expect("Record a Back Up file of ", Answer::No);
     Quit(Program, true);
-    EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("Choix=1"), std::string::npos);
+    EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("Choix=-1"), std::string::npos);
     EXPECT_FALSE(Program.Work.Settings.ColorChoice);
 }
 
