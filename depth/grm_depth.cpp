@@ -319,6 +319,8 @@ void GRM_depth::Command2() {
     Outside.Show.Show_Grids();
     Outside.Show.Show_Fields();
     if (GrmReady && OnComputed) OnComputed();
+    // A message, and the profile, have brought the main window in front of the grid.
+    Outside.Show.Bring_To_Front(Dialog::GRM_depth);
 }
 
 void GRM_depth::Command1() {
