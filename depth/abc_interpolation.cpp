@@ -32,10 +32,7 @@ double Value_Of(const AbcShots::PerShot& values, int shot) {
 class Pass {
   public:
     Pass(const Project& project, int first, int last)
-        : Line(project),
-          First(first),
-          Last(last),
-          Spacing(Divide(project.LineLength, project.NbReceivers)) {
+        : Line(project), First(first), Last(last), Spacing(Divide(project.LineLength, project.NbReceivers)) {
         // Wild distances would count for ever.
         if (Spacing == 0) throw Fault("no spacing");
     }
@@ -55,7 +52,8 @@ class Pass {
         const double reached = Walk(values, [&](int receiver, double& value, double step) {
             if (receiver > Line.NbReceivers) return false;
             value += step;
-            if (receiver >= 1) row[static_cast<std::size_t>(receiver)] = static_cast<float>(Int(10 * value) / 10);
+            if (receiver >= 1)
+                row[static_cast<std::size_t>(receiver)] = static_cast<float>(Int(10 * value) / 10);
             return true;
         });
         if (Line.NbReceivers > 0 && row.back() == 0) row.back() = static_cast<float>(reached);
@@ -91,9 +89,9 @@ class Pass {
 }  // namespace
 
 AbcReceivers Receivers_Of(const Project& project) {
-    return {Row_Of(project, ReceiverIntercept),  Row_Of(project, ReceiverV1),
-            Row_Of(project, ReceiverV2),         Row_Of(project, ReceiverV3),
-            Row_Of(project, ReceiverV4),         Row_Of(project, ReceiverIntercept1),
+    return {Row_Of(project, ReceiverIntercept), Row_Of(project, ReceiverV1),
+            Row_Of(project, ReceiverV2),        Row_Of(project, ReceiverV3),
+            Row_Of(project, ReceiverV4),        Row_Of(project, ReceiverIntercept1),
             Row_Of(project, ReceiverIntercept2)};
 }
 

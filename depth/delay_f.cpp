@@ -52,7 +52,8 @@ void Draw_Delay(Picture& picture, const CurveView& view, double x, double delay)
     const double y = Divide(delay, view.TimeFactor);
     picture.Circle(x, y, point_radius / std::max(view.ZoomX, 1.0), colours::Magenta);
     picture.Set_Font_Size(number_size);
-    if (const auto number = CInt(delay)) picture.Print_At(x + point_radius, y, CStr(*number), colours::Magenta);
+    if (const auto number = CInt(delay))
+        picture.Print_At(x + point_radius, y, CStr(*number), colours::Magenta);
 }
 
 }  // namespace
@@ -389,10 +390,9 @@ std::vector<Mark> DelayF::Moving_Marks() const {
     constexpr double text_at = 87;
     constexpr double text_height = 4;
     const double y = VScroll3.Value;
-    marks.push_back(
-        {Mark::Kind::Line, 0, y, curve_picture_width, y, colours::Red, line_width, false, {}});
-    marks.push_back({Mark::Kind::Text, text_at, y + (Work.Curves.ZeroOnTop ? -text_height : text_height), 0, 0,
-                     colours::Red, 1, false, TotalTimeText + " ms"});
+    marks.push_back({Mark::Kind::Line, 0, y, curve_picture_width, y, colours::Red, line_width, false, {}});
+    marks.push_back({Mark::Kind::Text, text_at, y + (Work.Curves.ZeroOnTop ? -text_height : text_height), 0,
+                     0, colours::Red, 1, false, TotalTimeText + " ms"});
     return marks;
 }
 

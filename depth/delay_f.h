@@ -27,9 +27,9 @@ class DelayF {
     std::string MovingLeft;   ///< Text3, offset shot
     std::string MovingRight;  ///< Text4
     std::vector<std::string> ShotEntries;
-    ScrollBar VScroll1;  ///< of the left offset shot, units of the picture downwards
-    ScrollBar VScroll2;  ///< of the right one
-    ScrollBar VScroll3;  ///< of the total time line, units of the picture upwards
+    ScrollBar VScroll1;         ///< of the left offset shot, units of the picture downwards
+    ScrollBar VScroll2;         ///< of the right one
+    ScrollBar VScroll3;         ///< of the total time line, units of the picture upwards
     std::string TotalTimeText;  ///< under "Total Time ms"
     std::string Hint;           ///< why the offset shots proposed are none; empty when all is well
     bool SaveEnabled = false;   ///< Command3
@@ -95,9 +95,9 @@ class DelayF {
     double ShiftLeft = 0;  ///< units of the picture taken from the offset shots' curves
     double ShiftRight = 0;
     bool Open = false;
-    bool CurvesShown = false;     ///< until the screen is cleared
-    bool LineMoved = false;       ///< the total time is the line's
-    double TotalTimeOfLine = 0;   ///< ms
+    bool CurvesShown = false;    ///< until the screen is cleared
+    bool LineMoved = false;      ///< the total time is the line's
+    double TotalTimeOfLine = 0;  ///< ms
     bool DelayCurve = false;
     std::vector<ReceiverDelay> Delays;
 };

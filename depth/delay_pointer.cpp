@@ -82,8 +82,8 @@ void DelayPointer::Tell(Handle what) {
         return;
     }
     const MovingCurve curve = Form.Curve_Of(what);
-    Work.Fields.Text1 = "Shot " + CStr(curve.Shot) + ", " + CStr(curve.Shift * Work.Curves.TimeFactor) +
-                        " ms taken off";
+    Work.Fields.Text1 =
+        "Shot " + CStr(curve.Shot) + ", " + CStr(curve.Shift * Work.Curves.TimeFactor) + " ms taken off";
 }
 
 }  // namespace tarnvik

@@ -48,10 +48,10 @@ std::vector<ReceiverDelay> Delay_Times(const Project& project, const DelayQuesti
         found.LeftOut = distance == project.ShotDistance(question.FixedLeft) &&
                         distance == project.ShotDistance(question.FixedRight);
         if (found.LeftOut) continue;
-        const Time left = Less(Pick(project, question.MovingLeft, receiver),
-                               question.TimeFactor * question.ShiftLeft);
-        const Time right = Less(Pick(project, question.MovingRight, receiver),
-                                question.TimeFactor * question.ShiftRight);
+        const Time left =
+            Less(Pick(project, question.MovingLeft, receiver), question.TimeFactor * question.ShiftLeft);
+        const Time right =
+            Less(Pick(project, question.MovingRight, receiver), question.TimeFactor * question.ShiftRight);
         const Time end_left = Pick(project, question.FixedLeft, receiver);
         const Time end_right = Pick(project, question.FixedRight, receiver);
         found.Left = std::max(0.0, left.value_or(0));

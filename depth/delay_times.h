@@ -29,12 +29,12 @@ struct DelayQuestion {
 
 /// What was found below one receiver.
 struct ReceiverDelay {
-    bool LeftOut = false;        ///< both end shots stand there: what the project holds stays
-    std::optional<double> D;     ///< the sum of the two times less TotalTime, ms; none where a pick is missing
-    double X = 0;                ///< place of the receiver on the travel-time picture
-    double Left = 0;             ///< time of the left offset shot as it was slid, ms; 0 without a pick or below 0
-    double Right = 0;            ///< likewise of the right one
-    double Delay() const;        ///< as it is stored, ms: D cut to a tenth, 0 where it is not above 0
+    bool LeftOut = false;     ///< both end shots stand there: what the project holds stays
+    std::optional<double> D;  ///< the sum of the two times less TotalTime, ms; none where a pick is missing
+    double X = 0;             ///< place of the receiver on the travel-time picture
+    double Left = 0;       ///< time of the left offset shot as it was slid, ms; 0 without a pick or below 0
+    double Right = 0;      ///< likewise of the right one
+    double Delay() const;  ///< as it is stored, ms: D cut to a tenth, 0 where it is not above 0
 };
 
 /// The delay time of each receiver, in element 1 and on: the two arrivals there, from the left and from the

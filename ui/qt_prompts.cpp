@@ -62,7 +62,11 @@ QStringList File_Filters(const std::string& filter) {
 
 QWidget* QtPrompts::Owner() const {
     QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : Parent.data();
+    if (modal != nullptr) return modal;
+    // Over the window in use: the keys go back there, and it stays in sight.
+    QWidget* active = QApplication::activeWindow();
+    const bool own = active != nullptr && Parent != nullptr && active->parentWidget() == Parent;
+    return own ? active : Parent.data();
 }
 
 Answer QtPrompts::Message(const std::string& text, const std::string& title, Icon icon, Buttons buttons) {

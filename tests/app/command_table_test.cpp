@@ -228,6 +228,35 @@ const std::vector<Row>& Rows() {
         {"QuickInterpretation", nothing, Opens(Dialog::quick_interpret)},
         {"IT_Compute", nothing, Opens(Dialog::Fcalcul)},
         {"PhantomName", nothing, Opens(Dialog::FantomF)},
+        {"smallcap", nothing, [](W& w) { return w.Shows(Dialog::DelayF) && w.Mode_Is(DisplayMode::Delay); }},
+        {"DTDetName", nothing, Opens(Dialog::DelayF)},
+        {"DepthName", nothing,
+         [](W& w) {
+             if (!w.Said("You must first determine intercept Times") || w.Shows(Dialog::ABCGridF))
+                 return false;
+             w.Line.InterceptB(2, 1) = 20;
+             Run_Command(w.Program, "DepthName");
+             return w.Shows(Dialog::ABCGridF);
+         }},
+        {"NEditABC", nothing,
+         [](W& w) { return w.Shows(Dialog::ABCGridF) && w.Program.Abc.AbcOption == ABCGridF::grid_values; }},
+        {"MnuDisplayelay", [](W& w) { w.Line.ReceiverData(ReceiverIntercept, 4) = 12; },
+         [](W& w) {
+             const bool drawn = w.Display.Pictures[Canvas::Dromo].Printed("12") != nullptr;
+             Run_Command(w.Program, "TT_Mnu");
+             const bool gone = w.Display.Pictures[Canvas::Dromo].Printed("12") == nullptr;
+             Run_Command(w.Program, "MnuDisplayelay");
+             return drawn && gone;
+         }},
+        {"TT_IT_MN", nothing,
+         [](W& w) {
+             if (!w.Said("No delay available !!!")) return false;
+             w.Line.ReceiverData(ReceiverIntercept, 4) = 12;
+             Run_Command(w.Program, "TT_IT_MN");
+             return w.Display.Pictures[Canvas::Dromo].Printed("12") != nullptr;
+         }},
+        {"DT", [](W& w) { w.Line.ReceiverData(ReceiverIntercept, 4) = 12; },
+         [](W& w) { return File_Exists(w.Folder / "demo1_Delay.txt"); }},
         {"theoric", nothing,
          [](W& w) { return w.Shows(Dialog::Theoric_F) && w.Mode_Is(DisplayMode::Dromo); }},
 

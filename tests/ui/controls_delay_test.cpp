@@ -25,7 +25,8 @@ TEST_F(DelayControls, of_the_delay_times_do_their_work) {
     const auto form = Form_Of_Dialog(Dialog::DelayF);
     DelayF& logic = Program.Delay;
     constexpr const char* bedrock =
-        "Do you want to use the First Breaks of the End Shot instead of FB of the offset shot for the bedrock "
+        "Do you want to use the First Breaks of the End Shot instead of FB of the offset shot for the "
+        "bedrock "
         "portion ?";
     constexpr const char* save = "Do you want to save the Delay times";
     constexpr const char* depths = "Compute thickness below all reveivers";
@@ -90,6 +91,8 @@ TEST_F(DelayControls, of_the_delay_times_do_their_work) {
                              EXPECT_FALSE(Display.Is_Open(Dialog::DelayF));
                          }},
                     });
+    // The box of the ABC grid has taken the window's place.
+    QApplication::setActiveWindow(Screen.get());
     Open(Dialog::DelayF);
     QTest::keyClick(form()->findChild<QWidget*>("VScroll1"), Qt::Key_Escape);
     EXPECT_FALSE(Display.Is_Open(Dialog::DelayF));

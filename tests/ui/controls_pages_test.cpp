@@ -313,6 +313,7 @@ TEST_F(PageControls, of_the_curves_and_the_profile_do_their_work) {
         {"ProfileUp", profile_bar(Work.Profile.Up, Qt::Vertical)},
         {"Text27", elevation(Work.Profile.GivenMaxElevation)},
         {"Text33", elevation(Work.Profile.GivenMinElevation)},
+        {"Text23", Typed(Work.Fields.Text23)},
         {"Command19",
          [&](QWidget* control) {
              QTest::mouseClick(control, Qt::LeftButton);
