@@ -106,8 +106,8 @@ void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Is_Open(Dialog::DelayF)) {
         session.Delay.Project_Went_Back();
     }
-    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
-                               ProjectPart::Refractors}) &&
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Refractors}) &&
         session.Outside.Show.Is_Open(Dialog::ABCGridF)) {
         session.Abc.Project_Went_Back();
     }
