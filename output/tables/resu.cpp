@@ -115,17 +115,17 @@ void resu::Load() {
 }
 
 void resu::Command2() {
-    Save("CSV File selection", "File CSV |*.CSV|", ".csv");
+    Save({"CSV File selection", "File CSV |*.CSV|", "*.CSV", Folder_Of(Work.Project.CurrentFile)}, ".csv");
 }
 
 void resu::Save_Workbook() {
-    Save("Excel file selection", "Excel workbook |*.xlsx|", ".xlsx");
+    Save({"Excel file selection", "Excel workbook |*.xlsx|",
+          Name_Of(Export_Base(Work.Project, "")) + "_results.xlsx", Folder_Of(Work.Project.CurrentFile)},
+         ".xlsx");
 }
 
-void resu::Save(const std::string& title, const std::string& filter, const std::string& ending) {
-    const std::string& file = Work.Project.CurrentFile;
-    std::string path = Outside.Ask.Save_File(
-        {title, filter, Name_Of(Export_Base(Work.Project, "")) + "_resu" + ending, Folder_Of(file)});
+void resu::Save(const FileRequest& request, const std::string& ending) {
+    std::string path = Outside.Ask.Save_File(request);
     if (path.empty()) return;
     if (LCase(Right(path, ending.size())) != ending) path += ending;
     const std::string reason = Write_Results(path, resultat_grid, Work.Project.ProjectName);

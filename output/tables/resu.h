@@ -51,7 +51,7 @@ class resu {
     void Follow();
 
   private:
-    void Save(const std::string& title, const std::string& filter, const std::string& ending);
+    void Save(const FileRequest& request, const std::string& ending);
 
     Workspace& Work;
     Ports& Outside;
