@@ -3,6 +3,9 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 #include "core/files.h"
@@ -55,8 +58,11 @@ void Fill(lxw_workbook* book, lxw_worksheet* page, const XlsxSheet& sheet, Outco
 }  // namespace
 
 std::string Write_Xlsx(const std::string& path, const XlsxSheet& sheet) {
-    // The library writes by name only.
+    // The library writes by name only, and tells why it cannot on the terminal alone.
     const std::string beside = path + ".xlsx.new";
+    std::FILE* probe = std::fopen(beside.c_str(), "wb");
+    if (probe == nullptr) return std::strerror(errno);
+    std::fclose(probe);
     lxw_workbook* book = workbook_new(beside.c_str());
     if (book == nullptr) return "no memory";
     Outcome note;
