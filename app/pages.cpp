@@ -95,7 +95,7 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
     std::string name = "Line " + project.ProjectName;
     switch (page) {
         case Page::Curves:
-            name += !Grm_Picture_Stands(session.Work)                       ? ", travel times"
+            name += !Grm_Picture_Stands(session.Work)             ? ", travel times"
                     : session.Work.Grm.Drawn == DisplayMode::GrmV ? ", GRM velocity function"
                                                                   : ", GRM time depth";
             break;

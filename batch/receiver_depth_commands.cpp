@@ -121,7 +121,11 @@ ExitStatus Delay(const CommonOptions& common, const DelayOptions& options, const
     Ports outside{answers, run.Display, run.Launcher};
     bool stored = true;
     FileRoutines files;
-    files.SaveProject = [&](Workspace&, Ports&) { return stored = run.Store(common.Out); };
+    files.SaveProject = [&](Workspace&, Ports&) {
+        // The two moved curves stand in no project file. Before the save, which raises the total time.
+        if (options.GrmFile) stored = Write_GRM_File(work, outside, CStr(int{work.Grm.GrmXY}));
+        return stored = run.Store(common.Out) && stored;
+    };
     DelayF dialog(work, outside, files);
     DelayResult found;
     const auto end = [&](ExitStatus status) {
@@ -157,9 +161,6 @@ ExitStatus Delay(const CommonOptions& common, const DelayOptions& options, const
     if (!options.Record) {
         work.Project = before;
         if (store) stored = run.Store(common.Out);
-    } else if (options.GrmFile) {
-        // The two moved curves stand in no project file.
-        stored = Write_GRM_File(work, outside, CStr(int{work.Grm.GrmXY})) && stored;
     }
     return end(stored ? Done : Refused);
 }
@@ -247,9 +248,10 @@ void Add_Delay(CLI::App& app, Request& request) {
     pair("--end-shots", options->EndShots,
          "the end shots' own first breaks count between these receivers, where they show the bedrock");
     CLI::Option* record = command->add_flag("--record", options->Record, "store the delays in the project");
-    command->add_flag("--grm-file", options->GrmFile, "write the GRM file beside the project too")
-        ->needs(record);
     Add_Project_Outputs(*command, request.Common);
+    command->add_flag("--grm-file", options->GrmFile, "write the GRM file beside the project too")
+        ->needs(record)
+        ->needs(command->get_option("--save"));
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Delay(common, *options, folder);

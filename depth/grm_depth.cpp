@@ -195,8 +195,8 @@ void GRM_depth::Follow() {
         return;
     }
     const Array2<double> before = FilledData;
-    const bool same_line = GRM_Grid.Rows() == project.NbReceivers + 1 &&
-                           before.Has(Bedrock, project.NbReceivers) && Has_Line();
+    const bool same_line =
+        GRM_Grid.Rows() == project.NbReceivers + 1 && before.Has(Bedrock, project.NbReceivers) && Has_Line();
     if (FilledTotalTime != project.TotalTime) TotalTime = CStr(project.TotalTime);
     if (!same_line) {
         if (Has_Line()) Fill();
@@ -232,7 +232,8 @@ int GRM_depth::Take_XY() {
 void GRM_depth::Compute_Times(int half) {
     Project& project = Work.Project;
     const int receivers = project.NbReceivers;
-    const std::vector<GrmTime> times = Grm_Times(project, half, Work.Velocity.VelocityResult);
+    const std::vector<GrmTime> times =
+        Grm_Times(project, half, Work.Velocity.VelocityResult, Val(ReferenceVelocity));
     for (int row = 1; row <= receivers; ++row) {
         const GrmTime& found = times[static_cast<std::size_t>(row) - 1];
         GRM_Grid.Set_Text(row, Vref, found.Velocity ? CStr(*found.Velocity) : std::string());

@@ -91,7 +91,7 @@ TEST_F(DelayControls, of_the_delay_times_do_their_work) {
                          }},
                     });
     Open(Dialog::DelayF);
-    QTest::keyClick(form(), Qt::Key_Escape);
+    QTest::keyClick(form()->findChild<QWidget*>("VScroll1"), Qt::Key_Escape);
     EXPECT_FALSE(Display.Is_Open(Dialog::DelayF));
 }
 
