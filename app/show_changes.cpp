@@ -81,8 +81,8 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
 
 /// GRM curves and grid that stand, of times and distances that have changed.
 void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
-    if (!Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm,
-                                ProjectPart::TotalTime})) {
+    if (!Has_Any(notice.Parts,
+                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm, ProjectPart::TotalTime})) {
         return;
     }
     session.GrmDepths.Follow();

@@ -38,10 +38,10 @@ void Fill(lxw_workbook* book, lxw_worksheet* page, const XlsxSheet& sheet, Outco
     format_set_bold(bold);
     lxw_col_t column = 0;
     for (const std::string& heading : sheet.Headings) {
-        note(worksheet_set_column(page, column, column,
-                                  std::max<double>(LXW_DEF_COL_WIDTH,
-                                                   static_cast<double>(heading.size()) + letter_margin),
-                                  nullptr));
+        note(worksheet_set_column(
+            page, column, column,
+            std::max<double>(LXW_DEF_COL_WIDTH, static_cast<double>(heading.size()) + letter_margin),
+            nullptr));
         note(worksheet_write_string(page, 0, column++, heading.c_str(), bold));
     }
     lxw_row_t row = 1;

@@ -36,8 +36,8 @@ bool Ask_Places(Ports& ports, const std::string& title, const Project& project,
     places = Places_On_Line(project);
     // The misprint is part of the text that users know.
     if (!ports.Ask.Ask_Yes("Do you have X,Y;T géophone location file ?", title)) return true;
-    const std::string path =
-        ports.Ask.Open_File({"XYZ text file", "XYZ|*.txt| All|*.*|", "*.txt", Folder_Of(project.CurrentFile)});
+    const std::string path = ports.Ask.Open_File(
+        {"XYZ text file", "XYZ|*.txt| All|*.*|", "*.txt", Folder_Of(project.CurrentFile)});
     if (path.empty()) return false;
     const auto bytes = Read_File(path);
     const auto read = bytes ? Read_Places(*bytes, project.NbReceivers) : std::nullopt;
@@ -88,8 +88,7 @@ std::vector<double> Thicknesses_Below(const Project& project, int receiver, bool
 std::string Delay_Result_Text(const Project& project, const std::vector<ReceiverPlace>& places,
                               const std::string& name) {
     // The headings are those of a line of four layers, also for one of two.
-    std::string text =
-        "Travel Time;Geophone;X;Y;Z;v1;v2;V3;V4;E1;E2;E3;Bed Rock;Distance;" + name + "\r\n";
+    std::string text = "Travel Time;Geophone;X;Y;Z;v1;v2;V3;V4;E1;E2;E3;Bed Rock;Distance;" + name + "\r\n";
     const bool two_layers = Abc_Has_Two_Layers(project);
     for (int receiver = 1; receiver <= project.NbReceivers; ++receiver) {
         const auto value = [&](ReceiverRow row) { return CStr(project.ReceiverData(row, receiver)); };

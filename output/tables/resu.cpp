@@ -15,8 +15,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr std::array headings = {"X",  "Y",  "Z",  "V1", "E1", "V2",
-                                 "E2", "V3", "E3", "V4", "E4", "V5"};
+constexpr std::array headings = {"X", "Y", "Z", "V1", "E1", "V2", "E2", "V3", "E3", "V4", "E4", "V5"};
 
 /// Velocities are means of two sides, thicknesses have two digits behind the point as they were stored.
 std::vector<double> Results_Of_Shot(const Project& project, int shot) {
@@ -26,8 +25,7 @@ std::vector<double> Results_Of_Shot(const Project& project, int shot) {
     Shot_Velocities(project, shot, count, velocities);
     for (int layer = 1; layer <= Project::MaxLayers; ++layer) {
         row.push_back(velocities[static_cast<std::size_t>(layer)]);
-        if (layer <= Project::MaxRefractors)
-            row.push_back(std::max(0.0, project.ShotThickness(shot, layer)));
+        if (layer <= Project::MaxRefractors) row.push_back(std::max(0.0, project.ShotThickness(shot, layer)));
     }
     return row;
 }

@@ -23,8 +23,8 @@ TextGrid Result_Table(const Project& project);
 std::string Result_Csv(const TextGrid& table);
 /// The same as a spreadsheet, its numbers as numbers.
 XlsxSheet Result_Sheet(const TextGrid& table, const std::string& title);
-/// Writes the table to a file, as a spreadsheet where it ends in ".xlsx", else as CSV. Answers the reason of a
-/// failure, empty when it went well.
+/// Writes the table to a file, as a spreadsheet where it ends in ".xlsx", else as CSV. Answers the reason of
+/// a failure, empty when it went well.
 std::string Write_Results(const std::string& path, const TextGrid& table, const std::string& title);
 
 /// Dialog "Seismic Profile": the results as a table, whose numbers can be corrected and supplemented before

@@ -20,9 +20,7 @@ TEST_F(TableControls, of_the_results_do_their_work) {
     const auto hint = [&] { return Text(form()->findChild<QLabel*>("Hint")); };
     const auto saves = [&](const char* title, const char* name) {
         return Clicked({[this, title, name] { Prompts.Expect_File(title, Folder / name); },
-                        [&, name] {
-                            return File_Exists(Folder / name) && hint().startsWith("Saved in ");
-                        }});
+                        [&, name] { return File_Exists(Folder / name) && hint().startsWith("Saved in "); }});
     };
     const std::vector<Row> rows = {
         {"resultat_grid",

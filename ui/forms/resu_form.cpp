@@ -22,8 +22,7 @@ constexpr int most_rows_in_sight = 24;
 /// The cells of resultat_grid: what is typed goes through the rules of the dialog.
 class ResultCells : public CellEdits {
   public:
-    ResultCells(resu& dialog, std::function<void()> changed)
-        : Dialog(dialog), Changed(std::move(changed)) {}
+    ResultCells(resu& dialog, std::function<void()> changed) : Dialog(dialog), Changed(std::move(changed)) {}
 
     bool Editable(int row, int column) const override { return Dialog.Editable(row, column); }
     bool Type(int row, int column, const std::string& text) override {
@@ -107,9 +106,8 @@ void ResuForm::Make_Grid() {
         if (heading == "Y") return tr("Distance across the line, %1").arg(length);
         if (heading == "Z") return tr("Elevation of the shot, %1").arg(length);
         const QString layer = heading.mid(1);
-        return heading.startsWith('V')
-                   ? tr("Velocity of layer %1, %2").arg(layer, metric ? "m/s" : "f/s")
-                   : tr("Thickness of layer %1, %2").arg(layer, length);
+        return heading.startsWith('V') ? tr("Velocity of layer %1, %2").arg(layer, metric ? "m/s" : "f/s")
+                                       : tr("Thickness of layer %1, %2").arg(layer, length);
     };
 }
 
@@ -119,7 +117,8 @@ QSize ResuForm::sizeHint() const {
     const int columns = static_cast<int>(Result_Headings().size());
     const int wide = columns * Grid->horizontalHeader()->defaultSectionSize() +
                      Grid->verticalHeader()->minimumWidth() + 3 * scroll_bar;
-    const int rows = std::clamp(Program.Results.resultat_grid.Rows(), fewest_rows_in_sight, most_rows_in_sight);
+    const int rows =
+        std::clamp(Program.Results.resultat_grid.Rows(), fewest_rows_in_sight, most_rows_in_sight);
     const int high = (rows + 1) * Grid->verticalHeader()->defaultSectionSize() + 120;
     return {std::max(least.width(), wide), std::max(least.height(), high)};
 }
