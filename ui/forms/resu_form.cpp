@@ -90,7 +90,12 @@ void ResuForm::Make_Grid() {
                                std::make_unique<ResultCells>(logic, [this] { Form::Refresh(); }));
     Grid->setObjectName("resultat_grid");
     Grid->setAccessibleName(tr("Place, velocities and thicknesses of the layers below each shot"));
-    Grid->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("-88888.88") + 12);
+    // All columns are in sight, and as wide as the window lets them.
+    const int column_width = fontMetrics().horizontalAdvance("88888.88") + 12;
+    Grid->horizontalHeader()->setMinimumSectionSize(column_width);
+    Grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    Grid->setMinimumWidth(column_width * static_cast<int>(Result_Headings().size()) +
+                          fontMetrics().horizontalAdvance("Shot") + 48);
     Grid->verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("Shot") + 16);
     // Each thickness stands beside the velocity of its layer.
     Grid->Cells().Look_Of = [this](int, int column) {
