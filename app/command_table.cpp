@@ -11,6 +11,7 @@
 #include "app/refusals.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "app/table_commands.h"
 #include "app/tool_launches.h"
 #include "app/view_commands.h"
 #include "core/files.h"
@@ -169,7 +170,7 @@ const std::array command_table = {
     Command{.Name = "find", .Tooltip = "Zoom", .Icon = "find", .Run = Show_Zoom, .Refusal = Without_Project},
     Command{.Name = "stop", .Tooltip = "Exit Tarnvik", .Icon = "stop", .Run = Quit_From_Toolbar},
     Command{.Name = "nozoom", .Tooltip = "No more zoom", .Icon = "nozoom", .Run = No_Zoom, .Refusal = Without_Project},
-    Command{.Name = "abc", .Tooltip = "Record abc result", .Icon = "abc"},
+    Command{.Name = "abc", .Tooltip = "Record abc result", .Icon = "abc", .Run = Record_Delay_Results, .Refusal = Without_Project},
 
     // File
     Command{.Name = "NewDromoName", .Menu = file_menu, .Caption = "&Open travel time...", .Icon = "open", .Shortcut = "Ctrl+O", .Run = Open_Travel_Time},
@@ -222,7 +223,7 @@ const std::array command_table = {
     Command{.Name = "DepthName", .Menu = processing_menu, .Caption = "Depth Calculation", .Run = Show_Abc_Dialog, .Refusal = Without_Project},
     Command{.Name = "NEditABC", .Menu = processing_menu, .Caption = "Edit Delay times", .Run = Edit_Delays, .Refusal = Without_Project},
     Command{.Name = "MnuDisplayelay", .Menu = processing_menu, .Caption = "Display Delay", .Run = Toggle_Delay_Curve, .Checked = Delay_Curve, .Refusal = Without_Project},
-    Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file"},
+    Command{.Name = "MnuDepthFile", .Menu = processing_menu, .Caption = "Distance - Depth ASCII file", .Run = Record_Depth_File, .Refusal = Without_Project},
     Separator(processing_menu),
     Command{.Name = "GRM_mnu", .Menu = processing_menu, .Caption = "Generalized Reciprocal Method", .Icon = "GRM", .Run = Show_Grm_Dialog, .Refusal = Without_Total_Time},
 
@@ -248,7 +249,7 @@ const std::array command_table = {
     Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
     Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
     Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
-    Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation"},
+    Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation", .Tooltip = "Velocities and thicknesses below the shots as a table", .Run = Show_Results, .Refusal = Without_Project},
 
     // Utility
     Command{.Name = "headerx", .Menu = utility_menu, .Caption = "Seismic Unix Header editing"},
@@ -266,10 +267,10 @@ const std::array command_table = {
     Command{.Name = "addcsv", .Menu = csv_menu, .Caption = "Add CSV", .Run = Launch_Add_Csv},
     Command{.Name = "dp", .Menu = csv_menu, .Caption = "Display Profile", .Run = Launch_Profile_Display},
     Command{.Name = "MF", .Menu = csv_menu, .Caption = "Merge CSV files", .Run = Launch_Merge_Csv},
-    Command{.Name = "ASCII", .Menu = ascii_menu, .Caption = "Record Tarnvik data in ASCII files"},
+    Command{.Name = "ASCII", .Menu = ascii_menu, .Caption = "Record Tarnvik data in ASCII files", .Tooltip = "Delay times, depths at shot points and delay depths, one after the other", .Run = Record_Ascii_Files, .Refusal = Without_Project},
     Command{.Name = "DT", .Menu = ascii_menu, .Caption = "Delay time", .Run = Record_Delay_List, .Refusal = Without_Project},
-    Command{.Name = "Z_shot", .Menu = ascii_menu, .Caption = "Depth at shot point"},
-    Command{.Name = "Zfile", .Menu = ascii_menu, .Caption = "Delay Depth computations"},
+    Command{.Name = "Z_shot", .Menu = ascii_menu, .Caption = "Depth at shot point", .Run = Record_Shot_Depths, .Refusal = Without_Project},
+    Command{.Name = "Zfile", .Menu = ascii_menu, .Caption = "Delay Depth computations", .Run = Record_Delay_Results, .Refusal = Without_Project},
     Separator(utility_menu),
     Command{.Name = "Copy_M", .Menu = utility_menu, .Caption = "Save screen as BMP", .Run = Save_Screen_As_Bmp, .Refusal = Without_Picture},
     Command{.Name = "Clear_M", .Menu = utility_menu, .Caption = "Clear Screen", .Run = Clear_Screen},

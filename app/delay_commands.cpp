@@ -66,8 +66,4 @@ void Show_Curves_And_Delay(Session& session) {
     session.Outside.Show.Show_Fields();
 }
 
-void Record_Delay_List(Session& session) {
-    Write_Delay_List(session.Work, session.Outside);
-}
-
 }  // namespace tarnvik

@@ -14,7 +14,5 @@ void Edit_Delays(Session& session);
 void Toggle_Delay_Curve(Session& session);
 /// All curves, and the delays with them.
 void Show_Curves_And_Delay(Session& session);
-/// Writes the list of the delays beside the project.
-void Record_Delay_List(Session& session);
 
 }  // namespace tarnvik

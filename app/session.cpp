@@ -1,8 +1,10 @@
 #include "app/session.h"
 
+#include <chrono>
 #include <utility>
 
 #include "app/dialog_commands.h"
+#include "app/local_time.h"
 #include "app/recovery.h"
 #include "app/shot_choice.h"
 #include "app/show_changes.h"
@@ -43,6 +45,7 @@ Session::Session(Ports outside, std::string settings_file)
       GrmAnalysis(Work, Outside),
       GrmMouse(Work, Outside),
       GrmDepths(Work, Outside),
+      Results(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),
@@ -64,6 +67,7 @@ Session::Session(Ports outside, std::string settings_file)
     Pointer.Register(DisplayMode::Grm, &GrmMouse);
     Pointer.Register(DisplayMode::GrmV, &GrmMouse);
     GrmDepths.OnComputed = [this] { Show_Grm_Profile(*this); };
+    Results.Today = [] { return Local_Time_Text(std::chrono::system_clock::now(), "%Y-%m-%d"); };
     Pointer.On_Choose = [this](PickPlace place) { Choose_Shot(*this, place); };
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Show_Changes(*this, notice); };
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };

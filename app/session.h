@@ -21,6 +21,7 @@
 #include "depth/quick_pointer.h"
 #include "depth/theoric_f.h"
 #include "depth/velocity_line.h"
+#include "output/tables/resu.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -97,6 +98,7 @@ class Session {
     GRM GrmAnalysis;
     GrmPointer GrmMouse;
     GRM_depth GrmDepths;
+    resu Results;  ///< table of velocities and thicknesses
 
     // Field records.
     RecordZoom RecordArea;

@@ -81,8 +81,8 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
 
 /// GRM curves and grid that stand, of times and distances that have changed.
 void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
-    if (!Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm,
-                                ProjectPart::TotalTime})) {
+    if (!Has_Any(notice.Parts,
+                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm, ProjectPart::TotalTime})) {
         return;
     }
     session.GrmDepths.Follow();
@@ -124,6 +124,15 @@ void Follow_In_Quick_Interpretation(Session& session, const ChangeNotice& notice
     }
 }
 
+/// The table of results, whoever has changed them.
+void Follow_In_Results(Session& session, const ChangeNotice& notice) {
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Shots, ProjectPart::Velocities,
+                               ProjectPart::Thicknesses}) &&
+        session.Outside.Show.Is_Open(Dialog::resu)) {
+        session.Results.Follow();
+    }
+}
+
 }  // namespace
 
 void Show_Changes(Session& session, const ChangeNotice& notice) {
@@ -147,6 +156,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Follow_In_Grm(session, notice);
     Show_In_Dialogs(session, notice);
     Follow_In_Quick_Interpretation(session, notice);
+    Follow_In_Results(session, notice);
     if (work.Edits.Journal_Fails()) {
         work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
                              session.JournalFolder + ". Save the project.";

@@ -40,6 +40,7 @@ void Add_New(CLI::App& app, Request& request);
 void Add_Pick(CLI::App& app, Request& request);
 void Add_Timebreak(CLI::App& app, Request& request);
 void Add_Section(CLI::App& app, Request& request);
+void Add_Table(CLI::App& app, Request& request);
 void Add_Export(CLI::App& app, Request& request);
 void Add_Import(CLI::App& app, Request& request);
 

@@ -22,6 +22,10 @@
 #include "output/exports/seisopt_export.h"
 #include "output/exports/surfer_export.h"
 #include "output/imports/import_picks.h"
+#include "output/tables/delay_list.h"
+#include "output/tables/delay_result.h"
+#include "output/tables/depth_file.h"
+#include "output/tables/shot_depths.h"
 
 namespace tarnvik {
 
@@ -39,6 +43,10 @@ ExportReport Export_Section_Beside(Ports& ports, const ExportSource& source) {
 }
 
 constexpr std::array export_kinds = {
+    ExportKind{"tvx", Export_Depth_File},
+    ExportKind{"csv", Record_Delay_Result},
+    ExportKind{"sht", Export_Shot_Depths},
+    ExportKind{"delay", Export_Delay_List},
     ExportKind{"seisopt2d", Export_SeisOpt2D},
     ExportKind{"plotrefa", Export_Plotrefa},
     ExportKind{"rayfract", Export_Rayfract},

@@ -445,24 +445,4 @@ void DelayF::Hide_Delay_Curve() {
     Forget_Overlay(Work, Outside, Dialog::DelayF);
 }
 
-void Write_Delay_List(Workspace& workspace, Ports& ports) {
-    const Project& project = workspace.Project;
-    if (!Has_Delays(project)) {
-        ports.Ask.Say(no_delay, workspace.AppTitle);
-        return;
-    }
-    std::string lines;
-    for (int receiver = 1; receiver <= project.NbReceivers; ++receiver)
-        lines += Print_Number(project.ReceiverData(ReceiverIntercept, receiver)) + "\r\n";
-    std::string name = Name_Of(project.CurrentFile);
-    if (const auto point = name.rfind('.'); point != std::string::npos) name.erase(point);
-    const std::string path = Folder_Of(project.CurrentFile) + name + "_Delay.txt";
-    const std::string reason = Replace_File(path, lines);
-    if (!reason.empty()) {
-        ports.Ask.Say(path + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
-        return;
-    }
-    ports.Ask.Say("delay recorded in " + path, workspace.AppTitle);
-}
-
 }  // namespace tarnvik

@@ -102,8 +102,4 @@ class DelayF {
     std::vector<ReceiverDelay> Delays;
 };
 
-/// Writes the delay of each receiver, one a line, beside the project: its name without the ending and
-/// "_Delay.txt". Tells the file, or that there is no delay.
-void Write_Delay_List(Workspace& workspace, Ports& ports);
-
 }  // namespace tarnvik

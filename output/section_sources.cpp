@@ -133,12 +133,6 @@ std::optional<GrmContent> Recorded_Grm(const Project& project) {
     return std::move(reading.Content);
 }
 
-/// With two layers the depths are those of the bedrock alone. They tell it, since they come with the file.
-bool Abc_Has_Two_Layers(const Project& project) {
-    return Any_Above_0(project, ReceiverRockDepth) && !Any_Above_0(project, ReceiverDepth2) &&
-           !Any_Above_0(project, ReceiverScratch);
-}
-
 std::vector<SectionPlace> Places_Of(const Workspace& workspace) {
     const Project& project = workspace.Project;
     switch (workspace.Section.Source) {
@@ -154,6 +148,11 @@ std::vector<SectionPlace> Places_Of(const Workspace& workspace) {
 }
 
 }  // namespace
+
+bool Abc_Has_Two_Layers(const Project& project) {
+    return Any_Above_0(project, ReceiverRockDepth) && !Any_Above_0(project, ReceiverDepth2) &&
+           !Any_Above_0(project, ReceiverScratch);
+}
 
 bool Shot_Grid(Workspace& workspace, Ports& ports, SectionElevations between) {
     return Run_Source(workspace, ports, SectionSource::Shots, [&] {

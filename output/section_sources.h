@@ -23,6 +23,10 @@ bool ABC_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
 /// project holds them.
 bool GRM_Grille(Workspace& workspace, Ports& ports, SectionElevations between);
 
+/// True when the depths of the delay time method are those of two layers: of the bedrock alone. They tell it
+/// themselves, since they come with the file.
+bool Abc_Has_Two_Layers(const Project& project);
+
 /// Elevations in tens that a section of Work.Section.Source fits between: ground and deepest interface.
 SectionElevations Fitting_Elevations(const Workspace& workspace);
 

@@ -20,7 +20,9 @@ std::string Counted(int count, const std::string& name) {
 /// How much went out and what did not.
 std::string Summary_Of(const ExportReport& report) {
     const std::string picks = report.Picks > 0 ? Counted(report.Picks, "pick") + ", " : "";
-    return "Written: " + picks + Counted(report.Shots, "shot") + ", " +
+    // A table of receivers counts neither picks nor shots.
+    const bool shots = report.Picks > 0 || report.Shots > 0;
+    return "Written: " + picks + (shots ? Counted(report.Shots, "shot") + ", " : "") +
            Counted(report.Receivers, "receiver") + "." + Left_Out_Text(report.LeftOut);
 }
 
@@ -30,6 +32,12 @@ std::string Export_Base(const Project& project, const std::string& folder) {
     std::string base = project.CurrentFile;
     if (LCase(Right(base, 4)) == ".tv5") base.resize(base.size() - 4);
     return folder.empty() ? base : folder + Name_Of(base);
+}
+
+std::string Up_To_First_Point(const std::string& path, const std::string& ending) {
+    const std::string name = Name_Of(path);
+    const std::size_t point = name.find('.');
+    return Folder_Of(path) + (point == std::string::npos ? "" : name.substr(0, point + 1)) + ending;
 }
 
 std::string Agreed_Path(Ports& ports, const std::string& title, const std::string& path,
@@ -70,12 +78,13 @@ bool Agree_On_Names(Ports& ports, const std::string& title, std::vector<ExportFi
 }
 
 bool Write_Export_Files(Ports& ports, const std::string& title, const std::vector<ExportFile>& files,
-                        ExportReport& report) {
+                        ExportReport& report, const std::string& words) {
     for (const ExportFile& file : files) {
         const bool stood = File_Exists(file.Path);
         const std::string reason = Replace_File(file.Path, To_Windows_1252(file.Content));
         if (!reason.empty()) {
-            ports.Ask.Say(file.Path + " cannot be written: " + reason, title, Icon::Critical);
+            ports.Ask.Say(words + (words.empty() ? "" : "\r\n") + file.Path + " cannot be written: " + reason,
+                          title, Icon::Critical);
             return false;
         }
         report.Files.push_back(file.Path);

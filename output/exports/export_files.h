@@ -37,6 +37,10 @@ struct ExportFile {
 /// Path of a project without its ".tv5", in the folder of the export.
 std::string Export_Base(const Project& project, const std::string& folder);
 
+/// Path up to the first point of the file's name with that ending; a name without a point gives the ending
+/// alone.
+std::string Up_To_First_Point(const std::string& path, const std::string& ending);
+
 /// A path that may be written: where a file stands the user is asked, and a No asks for another name. Empty
 /// when he gave up.
 std::string Agreed_Path(Ports& ports, const std::string& title, const std::string& path,
@@ -54,9 +58,9 @@ bool Agree_On_Names(Ports& ports, const std::string& title, std::vector<ExportFi
                     const FileRequest& other_name);
 
 /// Writes files whose names are agreed, and lists them in the report. False after the message of one that
-/// could not be written; those before it stay.
+/// could not be written, `words` before it; those before it stay.
 bool Write_Export_Files(Ports& ports, const std::string& title, const std::vector<ExportFile>& files,
-                        ExportReport& report);
+                        ExportReport& report, const std::string& words = "");
 
 /// Shows a file that was written in the text editor.
 void Edit_Export(Ports& ports, const std::string& title, const std::string& path);

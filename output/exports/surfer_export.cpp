@@ -60,14 +60,6 @@ std::string Written(const AutomationStep& step) {
     return "Set " + step.Result + " = " + member + (arguments.empty() ? "" : "(" + arguments + ")");
 }
 
-/// Path up to the first point of the file's name with that ending; a name without a point gives the ending
-/// alone.
-std::string Up_To_First_Point(const std::string& path, const std::string& ending) {
-    const std::string name = Name_Of(path);
-    const std::size_t point = name.find('.');
-    return Folder_Of(path) + (point == std::string::npos ? "" : name.substr(0, point + 1)) + ending;
-}
-
 /// A colour file that came with the program, or else one of its own making.
 std::string Colours(Ports& ports, const std::string& name, const std::string& otherwise) {
     const auto bytes = Read_File(ports.Launch.Program_Folder() + "/" + name);

@@ -17,6 +17,7 @@
 #include "ui/forms/new_profile_form.h"
 #include "ui/forms/picture_export_form.h"
 #include "ui/forms/quick_form.h"
+#include "ui/forms/resu_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
@@ -57,6 +58,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::ABCGridF, Make<AbcGridForm>},
         {Dialog::GRM, Make<GrmForm>},
         {Dialog::GRM_depth, Make<GrmDepthForm>},
+        {Dialog::resu, Make<ResuForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 
 #include "app/session.h"
+#include "app/table_commands.h"
 #include "ui/forms/form_keys.h"
 #include "ui/spreadsheet_view.h"
 #include "ui/text_grid_model.h"
@@ -43,8 +44,7 @@ QuickForm::QuickForm(Session& session, QtDisplay&) : Program(session) {
     Fields.Command(controls.Command1, [&logic] { logic.Command1(); });
     Fields.Command(controls.Command2, [&logic] { logic.Command2(); });
     Fields.Command(controls.Command3, [&logic] { logic.Command3(); });
-    // The table of results that it opens is not there yet.
-    controls.Command4->setEnabled(false);
+    Fields.Command(controls.Command4, [&session] { Show_Results(session); });
     On_Enter(this, [&logic] { logic.Command2(); });
     On_Escape(this, [this] { Close_Me(); });
 }
