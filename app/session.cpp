@@ -43,6 +43,7 @@ Session::Session(Ports outside, std::string settings_file)
       GrmAnalysis(Work, Outside),
       GrmMouse(Work, Outside),
       GrmDepths(Work, Outside),
+      Section(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),

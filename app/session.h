@@ -21,6 +21,7 @@
 #include "depth/grm.h"
 #include "depth/grm_depth.h"
 #include "depth/grm_pointer.h"
+#include "output/coloured_section.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -97,6 +98,8 @@ class Session {
     GRM GrmAnalysis;
     GrmPointer GrmMouse;
     GRM_depth GrmDepths;
+
+    ColouredSection Section;
 
     // Field records.
     RecordZoom RecordArea;

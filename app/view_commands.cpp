@@ -67,7 +67,7 @@ void Clear_Display(Session& session) {
 
 void Close_Computing_Dialogs(Session& session) {
     session.Delay.Hide_Delay_Curve();
-    session.Work.Fields.DepthLabel.clear();
+    session.Section.Project_Left();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);
