@@ -26,6 +26,7 @@ ShotColour Curve_Colours(const Workspace& workspace) {
 }
 
 Page Page_On_Screen(const Session& session) {
+    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && session.Work.Section.Grid) return Page::Section;
     return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
 }
 

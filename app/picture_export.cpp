@@ -116,8 +116,6 @@ void PictureExport::Open() {
     if (Program.Outside.Show.Tab_In_Sight() == Tab::Record || !Page_Can_Be_Drawn(Program, page)) {
         page = Page_Can_Be_Drawn(Program, Page::Record) ? Page::Record : page;
     }
-    if (Program.Outside.Show.Tab_In_Sight() == Tab::Section && Page_Can_Be_Drawn(Program, Page::Section))
-        page = Page::Section;
     Choice = static_cast<int>(std::find(pages.begin(), pages.end(), page) - pages.begin());
     Tell_Outcome();
     Program.Outside.Show.Open_Dialog(Dialog::PictureExport, true);

@@ -151,7 +151,7 @@ void Whole_Picture(Session& session) {
     ProfileView& profile = session.Work.Profile;
     profile.ZoomX = profile.ZoomY = 1;
     profile.Across = profile.Up = 0;
-    session.Outside.Show.Repaint_Page(Page_On_Screen(session));
+    session.Outside.Show.Repaint_Page(session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves);
     session.Outside.Show.Show_Fields();
 }
 
