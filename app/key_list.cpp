@@ -87,7 +87,8 @@ std::vector<KeyRow> Key_List() {
     for (const Gesture& gesture : gestures)
         rows.push_back({gesture.Place, gesture.Keys, gesture.Meaning});
     const auto rank = [](const KeyRow& row) {
-        constexpr std::string_view places[] = {everywhere, on_record, on_tables, on_curves, on_section, in_dialogs};
+        constexpr std::string_view places[] = {everywhere, on_record,  on_tables,
+                                               on_curves,  on_section, in_dialogs};
         return std::find(std::begin(places), std::end(places), row.Place) - std::begin(places);
     };
     std::stable_sort(rows.begin(), rows.end(),

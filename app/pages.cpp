@@ -26,7 +26,8 @@ ShotColour Curve_Colours(const Workspace& workspace) {
 }
 
 Page Page_On_Screen(const Session& session) {
-    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && session.Work.Section.Grid) return Page::Section;
+    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && session.Work.Section.Grid)
+        return Page::Section;
     return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
 }
 
@@ -105,7 +106,7 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
     std::string name = "Line " + project.ProjectName;
     switch (page) {
         case Page::Curves:
-            name += !Grm_Picture_Stands(session.Work)                       ? ", travel times"
+            name += !Grm_Picture_Stands(session.Work)             ? ", travel times"
                     : session.Work.Grm.Drawn == DisplayMode::GrmV ? ", GRM velocity function"
                                                                   : ", GRM time depth";
             break;

@@ -81,8 +81,8 @@ void Show_Pictures(Session& session, const ChangeNotice& notice) {
 
 /// GRM curves and grid that stand, of times and distances that have changed.
 void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
-    if (!Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm,
-                                ProjectPart::TotalTime})) {
+    if (!Has_Any(notice.Parts,
+                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Grm, ProjectPart::TotalTime})) {
         return;
     }
     session.GrmDepths.Follow();
@@ -93,9 +93,9 @@ void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
 
 /// A coloured section that stands, of depths, velocities and places that have changed.
 void Follow_In_Section(Session& session, const ChangeNotice& notice) {
-    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
-                               ProjectPart::Line, ProjectPart::Velocities, ProjectPart::Refractors,
-                               ProjectPart::Thicknesses})) {
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line,
+                 ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses})) {
         session.Section.Line_Changed();
     } else if (notice.Parts.Has(ProjectPart::Remarks) && session.Work.Section.Grid) {
         session.Outside.Show.Repaint_Page(Page::Section);
@@ -117,8 +117,8 @@ void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Is_Open(Dialog::DelayF)) {
         session.Delay.Project_Went_Back();
     }
-    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
-                               ProjectPart::Refractors}) &&
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Refractors}) &&
         session.Outside.Show.Is_Open(Dialog::ABCGridF)) {
         session.Abc.Project_Went_Back();
     }

@@ -57,9 +57,10 @@ bool Write_Section(BatchRun& run, const std::string& path) {
     const SectionGrid& grid = *work.Section.Grid;
     const std::string ending = LCase(Right(path, 4));
     const double length = work.Project.LineLength;
-    const std::string reason = ending == ".dat"   ? Replace_File(path, Section_Dat(grid, length))
-                               : ending == ".grd" ? Replace_File(path, Section_Grd(grid, length))
-                                                  : run.Display.Save_Page(Page::Section, path, run.Display.Format);
+    const std::string reason = ending == ".dat" ? Replace_File(path, Section_Dat(grid, length))
+                               : ending == ".grd"
+                                   ? Replace_File(path, Section_Grd(grid, length))
+                                   : run.Display.Save_Page(Page::Section, path, run.Display.Format);
     return reason.empty() || run.Refuse(path + " cannot be written: " + reason);
 }
 
@@ -133,7 +134,9 @@ void Add_Section(CLI::App& app, Request& request) {
         ->check(CLI::Range(1, 3));
     command->add_option("--line", view.Line, "interfaces between the places: linear or bezier")
         ->transform(CLI::Transformer(lines));
-    command->add_option("--smoothing", view.SmoothingFactor, "places that a running mean of the interfaces takes")
+    command
+        ->add_option("--smoothing", view.SmoothingFactor,
+                     "places that a running mean of the interfaces takes")
         ->check(CLI::Range(1, 999));
     command->add_option("--colours", options->Colours,
                         "picture: even, colour-blind, or a file of levels (.lvl) or colours (.clr)");

@@ -242,15 +242,15 @@ struct SectionView {
     SectionLine Line = SectionLine::Linear;
     int SmoothingFactor = 1;  ///< places that a running mean of the interfaces takes; 1 for none
     // Drawn with.
-    bool ShowShots = true;            ///< Check13
-    bool ShowGeophones = true;        ///< Check14
-    bool ShowScale = true;            ///< Check15: legend of the velocities
-    double MaxVelocity = 5000;        ///< Text28: of the colour scale
-    double LabelScale = 1;            ///< Text31: of the labels' letters
+    bool ShowShots = true;      ///< Check13
+    bool ShowGeophones = true;  ///< Check14
+    bool ShowScale = true;      ///< Check15: legend of the velocities
+    double MaxVelocity = 5000;  ///< Text28: of the colour scale
+    double LabelScale = 1;      ///< Text31: of the labels' letters
     SectionColours Colours = SectionColours::File;
     std::optional<SectionWindow> Enlarged;  ///< nothing while the whole section is in sight
     std::optional<double> CutAt;            ///< distance of the velocity-depth cut beside it
-    std::optional<SectionGrid> Grid;  ///< nothing before the first one
+    std::optional<SectionGrid> Grid;        ///< nothing before the first one
 };
 
 /// State of the profile picture.

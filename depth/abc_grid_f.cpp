@@ -270,7 +270,8 @@ void ABCGridF::SaveBt() {
 
 void ABCGridF::Command1() {
     Say("Depths under receivers determination: Delay time Method\r\n"
-        "If intercepts times at each receivers, velocities and delay times are already determined, the depth, "
+        "If intercepts times at each receivers, velocities and delay times are already determined, the "
+        "depth, "
         "up to\r\n"
         "4 layers under each receiver can be computed\r\n"
         "Intercept times and velocities are interpolated from shot data (INTERPOLATION OPTION) but you can "

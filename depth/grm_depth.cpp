@@ -195,8 +195,8 @@ void GRM_depth::Follow() {
         return;
     }
     const Array2<double> before = FilledData;
-    const bool same_line = GRM_Grid.Rows() == project.NbReceivers + 1 &&
-                           before.Has(Bedrock, project.NbReceivers) && Has_Line();
+    const bool same_line =
+        GRM_Grid.Rows() == project.NbReceivers + 1 && before.Has(Bedrock, project.NbReceivers) && Has_Line();
     if (FilledTotalTime != project.TotalTime) TotalTime = CStr(project.TotalTime);
     if (!same_line) {
         if (Has_Line()) Fill();

@@ -41,12 +41,12 @@ constexpr Colour Rgb(int red, int green, int blue) {
 /// Nine steps of the scale viridis from dark violet to yellow: its lightness rises evenly, so that equal
 /// differences look equal and a grey print keeps the order (van der Walt and Smith 2015).
 inline constexpr std::array<Colour, 9> even_colours = {
-    Rgb(68, 1, 84),    Rgb(71, 44, 122),  Rgb(59, 81, 139),  Rgb(44, 113, 142), Rgb(33, 144, 141),
+    Rgb(68, 1, 84),    Rgb(71, 44, 122), Rgb(59, 81, 139),  Rgb(44, 113, 142), Rgb(33, 144, 141),
     Rgb(39, 173, 129), Rgb(92, 200, 99), Rgb(170, 220, 50), Rgb(253, 231, 37)};
 /// The same of the scale cividis, blue to yellow, which looks alike to eyes that do not tell red from green
 /// (Nunez, Anderton and Renslow 2018).
 inline constexpr std::array<Colour, 9> colour_blind_colours = {
-    Rgb(0, 34, 78),     Rgb(33, 56, 111),   Rgb(76, 84, 108),   Rgb(99, 104, 112), Rgb(125, 124, 120),
+    Rgb(0, 34, 78),     Rgb(33, 56, 111),   Rgb(76, 84, 108),  Rgb(99, 104, 112), Rgb(125, 124, 120),
     Rgb(155, 146, 118), Rgb(187, 172, 106), Rgb(221, 201, 83), Rgb(254, 232, 56)};
 
 /// A scale of the program's own from velocity 0 to `max_velocity`.

@@ -193,8 +193,7 @@ void ColouredSection::Move(double x, double y) {
     const std::string unit = Work.Settings.Metric() ? " m" : " f";
     Work.Fields.Text1 =
         "X= " + Format(reading->Distance, "0.0") + unit + "  Z= " + Format(reading->Elevation, "0.00") + unit;
-    if (reading->Velocity != 0)
-        Work.Fields.Text1 += "  V= " + CStr(Rounded(reading->Velocity)) + unit + "/s";
+    if (reading->Velocity != 0) Work.Fields.Text1 += "  V= " + CStr(Rounded(reading->Velocity)) + unit + "/s";
     Work.Section.CutAt = reading->Distance;
     Show_Cut_Mark();
     Draw_Cut();
@@ -242,8 +241,8 @@ void ColouredSection::Draw_Cut() {
 
 void ColouredSection::Show_Cut_Mark() {
     const SectionWindow window = Section_In_Sight(Work);
-    Mark mark{Mark::Kind::Line, *Work.Section.CutAt, window.Top, *Work.Section.CutAt, window.Bottom,
-              colours::Red};
+    Mark mark{Mark::Kind::Line,    *Work.Section.CutAt, window.Top,
+              *Work.Section.CutAt, window.Bottom,       colours::Red};
     mark.Dashed = true;
     Outside.Show.Show_Marks(Canvas::Section, MarkLayer::Pointer, {mark});
 }

@@ -50,8 +50,8 @@ std::vector<Point> Ground_Of(const Project& line) {
     for (int shot = first; shot <= std::min<int>(last, line.NbShots); ++shot)
         ground.push_back({line.ShotDistance(shot), line.ShotElevation(shot)});
     for (int receiver = 1; receiver <= line.NbReceivers; ++receiver) {
-        ground.push_back({line.ReceiverData(ReceiverDistance, receiver),
-                          line.ReceiverData(ReceiverElevation, receiver)});
+        ground.push_back(
+            {line.ReceiverData(ReceiverDistance, receiver), line.ReceiverData(ReceiverElevation, receiver)});
     }
     std::stable_sort(ground.begin(), ground.end(), [](Point a, Point b) { return a.X < b.X; });
     return ground;
@@ -128,9 +128,9 @@ class SectionPainting {
         Main.Set_Draw_Mode(DrawMode::Copy);
         const Frame frame = Main.Current_Frame();
         Letter = Main.Size_Of("0").Height;
-        const double wanted = std::max(Main.Size_Of(Legend_Title()).Width, Main.Size_Of("00000").Width +
-                                                                               3 * Letter) +
-                              1.5 * Letter;
+        const double wanted =
+            std::max(Main.Size_Of(Legend_Title()).Width, Main.Size_Of("00000").Width + 3 * Letter) +
+            1.5 * Letter;
         // On a very small picture the section needs the room more.
         LegendShown = View.ShowScale && frame.Width > 3 * wanted;
         const double right = LegendShown ? wanted : Letter;
@@ -147,7 +147,8 @@ class SectionPainting {
     /// The cells in sight alone, so that an enlarged section is drawn as fast as a whole one.
     void Draw_Cells() {
         const double column_width = Line.LineLength / Grid.GridColumns;
-        const int first_column = std::clamp(Column_At(Grid, Line.LineLength, Window.Left), 1, Grid.GridColumns);
+        const int first_column =
+            std::clamp(Column_At(Grid, Line.LineLength, Window.Left), 1, Grid.GridColumns);
         const int last_column =
             std::clamp(Column_At(Grid, Line.LineLength, Window.Right), first_column, Grid.GridColumns);
         const int lowest = std::clamp(Row_At(Grid, Window.Bottom), 1, Grid.GridRows);

@@ -157,7 +157,8 @@ QWidget* ProfilePane::Side() {
     extremes->setToolTip(tr("Takes them from the shots on the line and the receivers, in tens"));
     grid->addWidget(extremes, grid->rowCount(), 0, 1, 2);
     Bind_Elevations(highest, lowest, height);
-    auto* added = number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
+    auto* added =
+        number("Text23", tr("Added to the first depth below the receivers at the next ABC computation"));
     const int row = grid->rowCount();
     grid->addWidget(new QLabel(tr("Added to ABC depth")), row, 0);
     grid->addWidget(added, row, 1);

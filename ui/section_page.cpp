@@ -47,7 +47,7 @@ QString From(std::string_view text) {
 SectionPage::SectionPage(Session& session, QtDisplay& display) : Program(session), Screen(display) {
     auto* across = new QHBoxLayout(this);
     across->setContentsMargins(4, 4, 4, 4);
-    across->addLayout(Pictures(), 1);
+    across->addWidget(Pictures(), 1);
     across->addWidget(Options());
 
     Resized.setSingleShot(true);
@@ -67,7 +67,7 @@ SectionPage::SectionPage(Session& session, QtDisplay& display) : Program(session
     Refresh();
 }
 
-QLayout* SectionPage::Pictures() {
+QWidget* SectionPage::Pictures() {
     const PageLayout page = Section_Layout();
     Section = new PictureBox;
     SectionX = new PictureBox;
@@ -79,7 +79,6 @@ QLayout* SectionPage::Pictures() {
     SectionCut->setObjectName("SectionCut");
     Section->setAccessibleName(tr("Coloured section"));
     SectionCut->setAccessibleName(tr("Velocity against depth at the pointer"));
-    Section->setToolTip(tr("Ctrl + drag frames what shall fill the picture, R shows the whole section"));
     SectionCut->setToolTip(tr("Velocity against elevation at the pointer"));
     Section->setMinimumSize(240, 160);
     Section->Canvas().Set_Margins(page.Margins);
@@ -103,7 +102,14 @@ QLayout* SectionPage::Pictures() {
     Screen.Register(Canvas::SectionZ, SectionZ);
     Screen.Register(Canvas::SectionCut, SectionCut);
 
-    auto* grid = new QGridLayout;
+    auto* pane = new QWidget;
+    // The corners beside the scales are paper as well.
+    pane->setAutoFillBackground(true);
+    QPalette paper = pane->palette();
+    paper.setColor(QPalette::Window, Qt::white);
+    pane->setPalette(paper);
+    auto* grid = new QGridLayout(pane);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     grid->addWidget(SectionZ, 0, 0);
     grid->addWidget(Section, 0, 1);
@@ -111,7 +117,7 @@ QLayout* SectionPage::Pictures() {
     grid->addWidget(SectionX, 1, 1);
     grid->setRowStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    return grid;
+    return pane;
 }
 
 QLineEdit* SectionPage::Number(const char* name, const QString& tooltip) {
@@ -181,7 +187,8 @@ void SectionPage::Making(QBoxLayout* rows) {
                            tr("select here the display quality, hq take times..."), logic.Combo5, remake));
     auto* grid = new QGridLayout;
     grid->setColumnStretch(0, 1);
-    auto* factor = Number("SmoothingFactor", tr("Places that a running mean of the interfaces takes; 1 for none"));
+    auto* factor =
+        Number("SmoothingFactor", tr("Places that a running mean of the interfaces takes; 1 for none"));
     grid->addWidget(new QLabel(tr("Smoothing factor")), 0, 0);
     grid->addWidget(factor, 0, 1);
     Fields.Finished_Number(factor, view.SmoothingFactor, [&view, remake] {
@@ -203,7 +210,8 @@ void SectionPage::Making(QBoxLayout* rows) {
     Fields.Enabled(make, [this] { return Without_Project(Program).empty(); });
     within->addWidget(make);
     auto* helps = new QHBoxLayout;
-    for (const auto& [name, caption] : {std::pair("Command8", tr("Help")), std::pair("Text34", tr("Grid help"))}) {
+    for (const auto& [name, caption] :
+         {std::pair("Command8", tr("Help")), std::pair("Text34", tr("Grid help"))}) {
         auto* button = new QPushButton(caption);
         button->setObjectName(name);
         helps->addWidget(button);
@@ -245,7 +253,8 @@ void SectionPage::Look(QBoxLayout* rows) {
          view.ShowShots, repaint);
     Tick(within, "Check14", tr("Display geophones"), tr("Geophones will be drawn on the plot"),
          view.ShowGeophones, repaint);
-    Tick(within, "Check15", tr("Color scale"), tr("Uncheck to remove velocity legend"), view.ShowScale, repaint);
+    Tick(within, "Check15", tr("Color scale"), tr("Uncheck to remove velocity legend"), view.ShowScale,
+         repaint);
     auto* grid = new QGridLayout;
     grid->setColumnStretch(0, 1);
     auto* velocity = Number("Text28", tr("Enter here the maximum velocity for color scale"));
@@ -264,9 +273,10 @@ void SectionPage::Look(QBoxLayout* rows) {
         if (!(view.LabelScale > 0)) view.LabelScale = usual.LabelScale;
         repaint();
     });
-    within->addWidget(List("SectionColours", {tr("Colours of the file"), tr("Even (viridis)"),
-                                              tr("Safe for colour-blind eyes (cividis)")},
-                           tr("Colours of the velocities"), logic.ColourChoice, repaint));
+    within->addWidget(
+        List("SectionColours",
+             {tr("Colours of the file"), tr("Even (viridis)"), tr("Safe for colour-blind eyes (cividis)")},
+             tr("Colours of the velocities"), logic.ColourChoice, repaint));
     auto* file = new QHBoxLayout;
     auto* path = new QLineEdit;
     path->setObjectName("Text19");

@@ -27,7 +27,7 @@ class SectionPage : public QWidget {
     void Refresh();
 
   private:
-    QLayout* Pictures();
+    QWidget* Pictures();
     QWidget* Options();
     void Making(QBoxLayout* rows);
     void Look(QBoxLayout* rows);
