@@ -30,7 +30,7 @@ constexpr std::array dialog_rows = {
               Tab::Curves},
     DialogRow{Dialog::Erase_TT, "Time Time  break correction", DialogPlace::Dock, DisplayMode::Dromo, true,
               Tab::Curves},
-    DialogRow{Dialog::ABCGridF, "ABC Grid", DialogPlace::Window, DisplayMode::Abc, true},
+    DialogRow{Dialog::ABCGridF, "ABC Grid", DialogPlace::Box, DisplayMode::Abc, true},
     DialogRow{Dialog::DelayF, "Delay times", DialogPlace::Dock, DisplayMode::Delay, true, Tab::Curves},
     DialogRow{Dialog::GRM_depth, "GRM  Depth computation", DialogPlace::Window, DisplayMode::None, true},
     DialogRow{Dialog::GRM, "GRM", DialogPlace::Dock, DisplayMode::GrmV, true, Tab::Curves},

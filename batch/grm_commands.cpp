@@ -29,6 +29,7 @@ struct CurveOptions {
     std::string Curves;
     std::string XY;
     double Factor = 0;
+    std::string Vref;
 };
 
 Json Curves_Json(const BatchRun& run, const std::string& message) {
@@ -74,6 +75,7 @@ ExitStatus Grm(const CommonOptions& common, const CurveOptions& options, const s
     const std::vector<double> bounds = Numbers(options.XY);
     dialog.Minimum = CStr(bounds.at(0));
     dialog.Maximum = CStr(bounds.at(1));
+    dialog.ReferenceVelocity = options.Vref;
     dialog.TimeShift = CStr(options.Factor);
     dialog.GrmOption = options.Curves == "velocity" ? GRM::VelocityFunction : GRM::TimeDepthCurves;
     dialog.Command1();
@@ -87,6 +89,7 @@ ExitStatus Grm(const CommonOptions& common, const CurveOptions& options, const s
 struct DepthOptions {
     std::string XY;
     std::string TotalTime;
+    std::string Vref;
     std::vector<std::string> Cells;
     bool Record = false;
 };
@@ -164,6 +167,7 @@ ExitStatus Grm_Depth(const CommonOptions& common, const DepthOptions& options, c
     dialog.Load();
     if (!Type_Cells(run, dialog, options.Cells)) return end(Refused);
     dialog.XYDistance = options.XY;
+    dialog.ReferenceVelocity = options.Vref;
     if (!options.TotalTime.empty()) dialog.TotalTime = options.TotalTime;
     dialog.Command2();
     if (!dialog.GrmReady || run.Prompts.Refused()) return end(Refused);
@@ -173,6 +177,12 @@ ExitStatus Grm_Depth(const CommonOptions& common, const DepthOptions& options, c
     if (!options.Record) work.Project = before;
     if ((common.Save || !common.Out.empty()) && !run.Store(common.Out)) return Refused;
     return Done;
+}
+
+void Add_Reference_Velocity(CLI::App& command, std::string& vref) {
+    command
+        .add_option("--vref", vref, "velocity of the refractor for all receivers; without it each pair's own")
+        ->check(CLI::PositiveNumber);
 }
 
 CLI::Validator Two_Numbers() {
@@ -213,6 +223,7 @@ void Add_Grm(CLI::App& app, Request& request) {
         ->check(Two_Numbers());
     command->add_option("--factor", options->Factor, "units of the picture from one curve to the next")
         ->check(Number_Between(-100, 100));
+    Add_Reference_Velocity(*command, options->Vref);
     command->add_option("--out", request.Common.Out, "picture of the curves (.png, .svg or .pdf)")
         ->check(Picture_Name());
     command->callback([&request, options] {
@@ -228,6 +239,7 @@ void Add_Grm_Depth(CLI::App& app, Request& request) {
     auto options = std::make_shared<DepthOptions>();
     command->add_option("--xy", options->XY, "XY in receivers")->required()->check(Any_Number());
     command->add_option("--total-time", options->TotalTime, "reciprocal time, ms")->check(Any_Number());
+    Add_Reference_Velocity(*command, options->Vref);
     command
         ->add_option("--cell", options->Cells,
                      "a cell typed into the grid: COLUMN,RECEIVER,VALUE; value 0 empties it")

@@ -14,6 +14,7 @@
 #include "batch/project_report.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "depth/grm_storage.h"
 
 namespace tarnvik {
 
@@ -28,6 +29,7 @@ struct DelayOptions {
     double TotalTime = 0;
     std::string EndShots;
     bool Record = false;
+    bool GrmFile = false;
 };
 
 /// The questions of DelayF, answered by the options of the command; all else goes to the terminal.
@@ -119,7 +121,11 @@ ExitStatus Delay(const CommonOptions& common, const DelayOptions& options, const
     Ports outside{answers, run.Display, run.Launcher};
     bool stored = true;
     FileRoutines files;
-    files.SaveProject = [&](Workspace&, Ports&) { return stored = run.Store(common.Out); };
+    files.SaveProject = [&](Workspace&, Ports&) {
+        // The two moved curves stand in no project file. Before the save, which raises the total time.
+        if (options.GrmFile) stored = Write_GRM_File(work, outside, CStr(int{work.Grm.GrmXY}));
+        return stored = run.Store(common.Out) && stored;
+    };
     DelayF dialog(work, outside, files);
     DelayResult found;
     const auto end = [&](ExitStatus status) {
@@ -241,8 +247,11 @@ void Add_Delay(CLI::App& app, Request& request) {
         ->check(Any_Number());
     pair("--end-shots", options->EndShots,
          "the end shots' own first breaks count between these receivers, where they show the bedrock");
-    command->add_flag("--record", options->Record, "store the delays in the project");
+    CLI::Option* record = command->add_flag("--record", options->Record, "store the delays in the project");
     Add_Project_Outputs(*command, request.Common);
+    command->add_flag("--grm-file", options->GrmFile, "write the GRM file beside the project too")
+        ->needs(record)
+        ->needs(command->get_option("--save"));
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Delay(common, *options, folder);
@@ -253,7 +262,8 @@ void Add_Delay(CLI::App& app, Request& request) {
 void Add_Abc(CLI::App& app, Request& request) {
     CLI::App* command = Add_Project_Command(app, request, "abc", "depths below the receivers by delay times");
     auto options = std::make_shared<AbcOptions>();
-    command->add_option("--layers", options->Layers, "number of layers, 2 to 4; as the shots have without it");
+    command->add_option("--layers", options->Layers,
+                        "number of layers, 2 to 4; as the shots have without it");
     command->add_option("--half-shot-depth", options->HalfShotDepth, "added to the first depth")
         ->check(Any_Number());
     command->add_flag("--grid-values", options->GridValues,

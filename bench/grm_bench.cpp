@@ -1,5 +1,5 @@
-// What the curves of all eight XY cost below 120 receivers on a screen of 1920 x 1080 pixels, computed and painted:
-// to stay within a frame of 16 ms.
+// What the curves of all eight XY cost below 120 receivers on a screen of 1920 x 1080 pixels, computed and
+// painted: to stay within a frame of 16 ms.
 
 #include <benchmark/benchmark.h>
 

@@ -58,7 +58,8 @@ GrmReading Parse_Grm(std::string_view bytes, int receivers) {
     GrmReading reading;
     const auto numbers = Leading_Numbers(bytes);
     if (!numbers || receivers < 1) return reading;
-    const std::size_t wanted = 2 + static_cast<std::size_t>(GrmContent::Rows) * static_cast<std::size_t>(receivers);
+    const std::size_t wanted =
+        2 + static_cast<std::size_t>(GrmContent::Rows) * static_cast<std::size_t>(receivers);
     if (numbers->size() < wanted) return reading;
     const auto xy = CInt((*numbers)[1]);
     if (!xy) return reading;
@@ -72,9 +73,9 @@ GrmReading Parse_Grm(std::string_view bytes, int receivers) {
             reading.Content.Data(row, receiver) = (*numbers)[next++];
     }
     if (numbers->size() > wanted) {
-        reading.Remark = "it holds " + CStr(static_cast<int>(numbers->size())) +
-                         " numbers, a line of " + CStr(receivers) + " receivers has " +
-                         CStr(static_cast<int>(wanted)) + ": it may belong to another line";
+        reading.Remark = "it holds " + CStr(static_cast<int>(numbers->size())) + " numbers, a line of " +
+                         CStr(receivers) + " receivers has " + CStr(static_cast<int>(wanted)) +
+                         ": it may belong to another line";
     }
     return reading;
 }

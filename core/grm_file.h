@@ -19,8 +19,8 @@ struct GrmContent {
 
 /// What became of a reading.
 struct GrmReading {
-    bool Good = false;    ///< Content holds a value for each receiver
-    std::string Remark;   ///< why a good one may be another line's; empty otherwise
+    bool Good = false;   ///< Content holds a value for each receiver
+    std::string Remark;  ///< why a good one may be another line's; empty otherwise
     GrmContent Content{};
 };
 

@@ -94,7 +94,7 @@ bool GRM::Compute() {
     try {
         XY_Bounds(Least, Most);
         GrmCurves found = Curves_Of_Grm(Work.Project, Function_Of(mode), Least, Most,
-                                        Work.Velocity.VelocityResult);
+                                        Work.Velocity.VelocityResult, Val(ReferenceVelocity));
         broken |= found.Broken;
         Work.Velocity.VelocityResult = found.Velocity;
         Work.Grm.Curves = std::move(found.Curves);
@@ -130,7 +130,7 @@ void GRM::Command2() {
 void GRM::Follow() {
     if (Work.Grm.Drawn == DisplayMode::None) return;
     Work.Grm.Curves = Curves_Of_Grm(Work.Project, Function_Of(Work.Grm.Drawn), Least, Most,
-                                    Work.Velocity.VelocityResult)
+                                    Work.Velocity.VelocityResult, Val(ReferenceVelocity))
                           .Curves;
     Unlight_Grm_Point(Outside);
 }

@@ -18,12 +18,13 @@ class GRM {
 
     std::string Minimum;            ///< Text1, least XY in receivers
     std::string Maximum;            ///< Text2, largest XY
+    std::string ReferenceVelocity;  ///< of the refractor for all receivers; without one each pair has its own
     std::string TimeShift = "5";    ///< Text3, units of the picture from one curve to the next
     int GrmOption = VelocityFunction;
     bool GrmPrinting = false;  ///< the drawing asked for last went to the printer
 
-    void Load();   ///< the form opens
-    void Close();  ///< the form closes
+    void Load();      ///< the form opens
+    void Close();     ///< the form closes
     void Command1();  ///< "&Calcul"
     void Command2();  ///< "&Print"
 

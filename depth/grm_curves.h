@@ -19,10 +19,11 @@ struct GrmCurves {
     bool Broken = false;           ///< a point could not be computed; the curves end there
 };
 
-/// Curves for XY from `least` to `most` receivers in steps of 2, from the times of GrmData and TotalTime (ms).
-/// A receiver without one of its two times has no point. `velocity` counts until a pair of receivers gives a
-/// reference velocity.
-GrmCurves Curves_Of_Grm(const Project& project, GrmFunction function, int least, int most, double velocity);
+/// Curves for XY from `least` to `most` receivers in steps of 2, from the times of GrmData and TotalTime
+/// (ms). A receiver without one of its two times has no point. `velocity` counts until a pair of receivers
+/// gives a reference velocity; one above 0 that is `given` counts for all of them.
+GrmCurves Curves_Of_Grm(const Project& project, GrmFunction function, int least, int most, double velocity,
+                        double given = 0);
 
 /// Receivers on each side of the middle one: XY / 2, halves to even.
 int Half_Of_XY(int xy);

@@ -232,7 +232,8 @@ int GRM_depth::Take_XY() {
 void GRM_depth::Compute_Times(int half) {
     Project& project = Work.Project;
     const int receivers = project.NbReceivers;
-    const std::vector<GrmTime> times = Grm_Times(project, half, Work.Velocity.VelocityResult);
+    const std::vector<GrmTime> times =
+        Grm_Times(project, half, Work.Velocity.VelocityResult, Val(ReferenceVelocity));
     for (int row = 1; row <= receivers; ++row) {
         const GrmTime& found = times[static_cast<std::size_t>(row) - 1];
         GRM_Grid.Set_Text(row, Vref, found.Velocity ? CStr(*found.Velocity) : std::string());
@@ -319,6 +320,8 @@ void GRM_depth::Command2() {
     Outside.Show.Show_Grids();
     Outside.Show.Show_Fields();
     if (GrmReady && OnComputed) OnComputed();
+    // A message, and the profile, have brought the main window in front of the grid.
+    Outside.Show.Bring_To_Front(Dialog::GRM_depth);
 }
 
 void GRM_depth::Command1() {

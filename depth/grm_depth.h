@@ -34,19 +34,20 @@ class GRM_depth {
 
     GRM_depth(Workspace& workspace, Ports& ports);
 
-    TextGrid GRM_Grid;       ///< row 0 headings, row r receiver r
-    std::string TotalTime;   ///< Text3, ms
-    std::string XYDistance;  ///< Text2, receivers
-    std::string Hint;        ///< what there is to say about the cell
-    bool GrmReady = false;   ///< the interpolation succeeded
+    TextGrid GRM_Grid;              ///< row 0 headings, row r receiver r
+    std::string TotalTime;          ///< Text3, ms
+    std::string XYDistance;         ///< Text2, receivers
+    std::string ReferenceVelocity;  ///< of the refractor for all receivers; without one each pair has its own
+    std::string Hint;               ///< what there is to say about the cell
+    bool GrmReady = false;          ///< the interpolation succeeded
     std::function<void()> OnComputed;  ///< draws the profile with the GRM depths
 
-    void Load();   ///< the form opens
-    void Close();  ///< the form closes
-    void Command1();  ///< "&SAVE"
-    void Command2();  ///< "&CALCUL"
-    void Command3();  ///< "&INFO"
-    void Command5();  ///< "&LoadGRM"
+    void Load();                ///< the form opens
+    void Close();               ///< the form closes
+    void Command1();            ///< "&SAVE"
+    void Command2();            ///< "&CALCUL"
+    void Command3();            ///< "&INFO"
+    void Command5();            ///< "&LoadGRM"
     void Clear_Interpolated();  ///< empties what the interpolation filled
 
     /// What is typed into a cell; false for a cell that takes nothing and for a text that is no number. A 0

@@ -80,8 +80,7 @@ bool Grm_Picture_Stands(const Workspace& workspace) {
 }
 
 std::optional<Colour> Colour_Of_XY(int xy) {
-    constexpr std::array<Colour, 8> of_even = {255,      0xFF0000, 65280, 0xFF00FF,
-                                               0xFFFF00, 16512,    0,     0xFF8080};
+    constexpr std::array<Colour, 8> of_even = {255, 0xFF0000, 65280, 0xFF00FF, 0xFFFF00, 16512, 0, 0xFF8080};
     const int place = xy / 2 - 1;
     if (xy > 16 || place < 0) return std::nullopt;
     return of_even.at(static_cast<std::size_t>(place));

@@ -12,8 +12,8 @@ namespace tarnvik {
 /// and has computed some.
 bool Grm_Picture_Stands(const Workspace& workspace);
 
-/// Colour of an XY; nothing for one above 16, which has neither symbol nor line. An odd one has that of the even
-/// one below it.
+/// Colour of an XY; nothing for one above 16, which has neither symbol nor line. An odd one has that of the
+/// even one below it.
 std::optional<Colour> Colour_Of_XY(int xy);
 
 /// Height on the picture of a value (ms) of the curve with this place in the list, from 0.

@@ -26,7 +26,7 @@ double Critical_Cosine(double upper, double lower) {
 
 }  // namespace
 
-std::vector<GrmTime> Grm_Times(const Project& project, int half, double& velocity) {
+std::vector<GrmTime> Grm_Times(const Project& project, int half, double& velocity, double given) {
     std::vector<GrmTime> found(static_cast<std::size_t>(std::max<int>(0, project.NbReceivers)));
     const Array2<double>& times = project.GrmData;
     double over_xy = 0;
@@ -35,7 +35,7 @@ std::vector<GrmTime> Grm_Times(const Project& project, int half, double& velocit
         const double tbx = times(2, j - half);
         if (!(tay > 0 && tbx > 0)) continue;
         const double distance = std::abs(Receiver_Distance(project, j + half, j - half));
-        velocity = Reference_Velocity(project, j + half, j - half, velocity);
+        velocity = given > 0 ? given : Reference_Velocity(project, j + half, j - half, velocity);
         if (velocity != 0) over_xy = ms_per_second * (distance / velocity);
         GrmTime& own = found[static_cast<std::size_t>(j) - 1];
         own.Velocity = velocity;

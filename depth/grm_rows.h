@@ -16,8 +16,9 @@ struct GrmTime {
 /// GRM times of receivers 1 to NbReceivers (element 0 is receiver 1) with `half` receivers on each side, by
 /// the times of GrmData and TotalTime. The receivers at the ends have none. `velocity` is the reference
 /// velocity until a pair of receivers gives one, and afterwards the last one. At a reference velocity of 0
-/// the travel time over XY stays that of the receiver before.
-std::vector<GrmTime> Grm_Times(const Project& project, int half, double& velocity);
+/// the travel time over XY stays that of the receiver before. A velocity above 0 that is `given` counts for
+/// all receivers.
+std::vector<GrmTime> Grm_Times(const Project& project, int half, double& velocity, double given = 0);
 
 /// What a column is cut to when it is interpolated.
 enum class GrmCut { Whole, Hundredths };
@@ -33,8 +34,8 @@ struct GrmLayers {
     double Z1 = 0;
 };
 
-/// Thickness of the second layer, cut to tenths, from a GRM time in ms. A layer as fast as the one below it, or
-/// faster, has no critical angle: what is computed with it counts as 0.
+/// Thickness of the second layer, cut to tenths, from a GRM time in ms. A layer as fast as the one below it,
+/// or faster, has no critical angle: what is computed with it counts as 0.
 double Second_Thickness(double time, const GrmLayers& layers);
 
 }  // namespace tarnvik

@@ -7,8 +7,8 @@
 
 namespace tarnvik {
 
-/// Writes the GRM file of the project in memory; GrmXY takes the whole number of `xy` first. Tells the path, or
-/// that it failed.
+/// Writes the GRM file of the project in memory; GrmXY takes the whole number of `xy` first. Tells the path,
+/// or that it failed.
 bool Write_GRM_File(Workspace& workspace, Ports& ports, const std::string& xy);
 
 /// Reads a GRM file into TotalTime, GrmXY and GrmData, as one edit. One that does not exist or is not good is

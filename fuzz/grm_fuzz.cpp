@@ -1,5 +1,5 @@
-// Bytes of any kind as the GRM file of a short line: nothing may crash, and what counts as good comes back as it
-// was once it is written.
+// Bytes of any kind as the GRM file of a short line: nothing may crash, and what counts as good comes back as
+// it was once it is written.
 
 #include <cstdint>
 #include <cstdlib>
@@ -16,7 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         // What a text cannot hold in its digits is lost with the first writing alone.
         const std::string written = Grm_Bytes(reading.Content, receivers);
         const GrmReading again = Parse_Grm(written, receivers);
-        if (!again.Good || !again.Remark.empty() || again.Content.GrmXY != reading.Content.GrmXY) std::abort();
+        if (!again.Good || !again.Remark.empty() || again.Content.GrmXY != reading.Content.GrmXY)
+            std::abort();
         if (Grm_Bytes(again.Content, receivers) != written) std::abort();
     }
     return 0;

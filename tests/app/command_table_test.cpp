@@ -123,6 +123,16 @@ const std::vector<Row>& Rows() {
         {"ruler", nothing, Opens(Dialog::vELINE)},
         {"fantom", nothing, [](W& w) { return w.Shows(Dialog::FantomF) && w.Mode_Is(DisplayMode::Fantom); }},
         {"erase", nothing, [](W& w) { return w.Shows(Dialog::Erase_TT) && w.Mode_Is(DisplayMode::Dromo); }},
+        {"GRM",
+         [](W& w) {
+             w.Program.Work.Project.GrmData(1, 1) = 5;
+             w.Prompts.Expect_Input(
+                 "You must enter Total time (=Reciprocal time determined with Delay module) <0 for EXIT",
+                 "70");
+         },
+         [](W& w) { return w.Shows(Dialog::GRM) && w.Program.Work.Project.TotalTime == 70; }},
+        {"GRM_mnu", [](W& w) { w.Program.Work.Project.TotalTime = w.Program.Work.Project.GrmData(1, 1) = 5; },
+         [](W& w) { return w.Shows(Dialog::GRM) && w.Mode_Is(DisplayMode::GrmV); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
         {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"quick", nothing,

@@ -11,7 +11,7 @@ namespace tarnvik::test {
 class Commands : public SessionTest {};
 
 TEST_F(Commands, a_command_of_later_work_does_nothing) {
-    Run_Command(Program, "GRM");
+    Run_Command(Program, "Fldrec");
     Run_Command(Program, "no such command");
     EXPECT_TRUE(World.Display.Calls.empty());
     EXPECT_TRUE(World.Prompts.Messages.empty());

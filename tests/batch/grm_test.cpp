@@ -15,8 +15,9 @@ class GrmBatch : public Batch {
         EXPECT_EQ(Replace_File(Folder / "DEMO1.grm", Grm_Bytes(content, 24)), "");
     }
     std::string Path = Demo("demo1.tv5");
-    std::string Ends = " --cell 4,1,600 --cell 4,24,600 --cell 5,1,1600 --cell 5,24,1600 --cell 6,1,3800 "
-                       "--cell 6,24,3800 --cell 7,1,3 --cell 7,24,3";
+    std::string Ends =
+        " --cell 4,1,600 --cell 4,24,600 --cell 5,1,1600 --cell 5,24,1600 --cell 6,1,3800 "
+        "--cell 6,24,3800 --cell 7,1,3 --cell 7,24,3";
 };
 
 TEST_F(GrmBatch, GivesCurvesAndTheirPicture) {

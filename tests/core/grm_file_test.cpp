@@ -22,8 +22,7 @@ GrmContent Two_Receivers() {
 
 TEST(GrmFile, StandsLineByLineAndComesBack) {
     const std::string bytes = Grm_Bytes(Two_Receivers(), 2);
-    EXPECT_EQ(bytes.substr(0, bytes.find(" 3.25")),
-              " 120.5         8 \r\n 1.25 -1 \r\n 2.25 -2 \r\n");
+    EXPECT_EQ(bytes.substr(0, bytes.find(" 3.25")), " 120.5         8 \r\n 1.25 -1 \r\n 2.25 -2 \r\n");
     EXPECT_EQ(bytes.substr(bytes.find(" 9.25")),
               " 9.25 -9 \r\n1 ligne = TotalTime\r\n2 ligne = Time ay \r\n3 ligne = Time bx \r\n"
               "4 ligne = Time GRM \r\n5 ligne = Velocity \r\n6 ligne = Velocity \r\n7 ligne = Thickness \r\n"

@@ -5,11 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
-#include "demo/layered_earth.h"
 #include "core/files.h"
 #include "core/text/number.h"
+#include "demo/layered_earth.h"
 #include "depth/grm_depth.h"
 #include "depth/grm_rows.h"
 #include "depth/grm_storage.h"
@@ -33,11 +34,11 @@ struct GrmLine : testing::Test {
             const double x = 5 * (r - 1);
             line.ReceiverData(ReceiverDistance, r) = static_cast<float>(x);
             line.ReceiverData(ReceiverElevation, r) = 100;
-            line.GrmData(1, r) = earth.Head_Wave_Time(deepest, {-200, 0}, {x, 0}) -
-                                 earth.Head_Wave_Time(deepest, {-200, 0}, {line.LineLength, 0}) +
+            line.GrmData(1, r) = earth.Head_Wave_Time(deepest, {-20, 0}, {x, 0}) -
+                                 earth.Head_Wave_Time(deepest, {-20, 0}, {line.LineLength, 0}) +
                                  earth.Head_Wave_Time(deepest, {0, 0}, {line.LineLength, 0});
-            line.GrmData(2, r) = earth.Head_Wave_Time(deepest, {line.LineLength + 200, 0}, {x, 0}) -
-                                 earth.Head_Wave_Time(deepest, {line.LineLength + 200, 0}, {0, 0}) +
+            line.GrmData(2, r) = earth.Head_Wave_Time(deepest, {line.LineLength + 20, 0}, {x, 0}) -
+                                 earth.Head_Wave_Time(deepest, {line.LineLength + 20, 0}, {0, 0}) +
                                  earth.Head_Wave_Time(deepest, {line.LineLength, 0}, {0, 0});
         }
         line.TotalTime = earth.Head_Wave_Time(deepest, {0, 0}, {line.LineLength, 0});
@@ -78,13 +79,14 @@ TEST_F(GrmLine, FindsTwoLayersHorizontalAndDipping) {
         ASSERT_TRUE(Grid.GrmReady);
         for (int row = 2; row < receivers; ++row) {
             const double depth = earth.Normal_Distance(1, {5.0 * (row - 1), 0});
-            // The formula neglects the dip between the two receivers of an XY: 2 % at 10 degrees. Depths are cut
-            // to tenths.
+            // The formula neglects the dip between the two receivers of an XY: 2 % at 10 degrees. Depths are
+            // cut to tenths.
             EXPECT_NEAR(Work.Project.GrmData(9, row) + 0.05, depth, 0.06 + 0.02 * depth * (degrees / 10))
                 << degrees << " degrees, receiver " << row;
         }
         EXPECT_NEAR(Grid.GRM_Grid.Value(12, GRM_depth::Vref), 2000 / std::cos(dip), 2);
-        EXPECT_EQ(Grid.GRM_Grid.Value(12, GRM_depth::Elevation), Int(10 * (100 - Work.Project.GrmData(9, 12))) / 10);
+        EXPECT_EQ(Grid.GRM_Grid.Value(12, GRM_depth::Elevation),
+                  Int(10 * (100 - Work.Project.GrmData(9, 12))) / 10);
     }
 }
 
@@ -103,12 +105,14 @@ TEST_F(GrmLine, ComesNearThreeLayers) {
 TEST_F(GrmLine, ComputesCurvesByTheirFormulas) {
     Lay_Horizontal({500, 2000}, {6});
     Project& line = Work.Project;
-    line.GrmData(1, 10) = 0;
+    const double time = std::exchange(line.GrmData(1, 10), 0);
     const auto tv = Curves_Of_Grm(line, GrmFunction::Velocity, 3, 5, 0);
     ASSERT_EQ(tv.Curves.size(), 2U);
     EXPECT_EQ(tv.Curves[0].Points, tv.Curves[1].Points) << "3 and 5 both have half 2";
     EXPECT_EQ(tv.Curves[0].Points.size(), 19U) << "a gap at receiver 8, whose time is missing";
-    EXPECT_DOUBLE_EQ(tv.Curves[0].Points[0].Value, (line.GrmData(1, 5) - line.GrmData(2, 1) + line.TotalTime) / 2);
+    EXPECT_DOUBLE_EQ(tv.Curves[0].Points[0].Value,
+                     (line.GrmData(1, 5) - line.GrmData(2, 1) + line.TotalTime) / 2);
+    line.GrmData(1, 10) = time;
     const auto tg = Curves_Of_Grm(line, GrmFunction::TimeDepth, 4, 4, 0);
     const double delay = 6 * std::sqrt(1 - 1.0 / 16) / 500 * 1000;  // ms
     for (const GrmPoint& point : tg.Curves[0].Points)

@@ -7,7 +7,6 @@
 
 #include "app/session.h"
 #include "ui/cell_edits.h"
-#include "ui/forms/form_keys.h"
 #include "ui/spreadsheet_view.h"
 #include "ui/text_grid_model.h"
 #include "ui_abc_grid_form.h"
@@ -95,12 +94,12 @@ AbcGridForm::AbcGridForm(Session& session, QtDisplay&) : Program(session) {
     Fields.Command(controls.SaveBt, [&logic] { logic.SaveBt(); });
     Fields.Command(controls.Command1, [&logic] { logic.Command1(); });
     Fields.Command(controls.Quit, [this] { Close_Me(); });
-    Fields.Follow([this, &logic] { setWindowTitle(tr("ABC Grid  ") + QString::fromStdString(logic.Title)); });
-    On_Enter(this, [&logic] { logic.CalculBt(); });
-    On_Escape(this, [this] { Close_Me(); });
+    Fields.Follow(
+        [this, &logic] { window()->setWindowTitle(tr("ABC Grid  ") + QString::fromStdString(logic.Title)); });
+    // Return and Escape are the box's own: in a cell of the grid they end the edit.
     // All rows are in sight, and a dozen receivers.
     const int line = fontMetrics().height() + 8;
-    Receivers->setMinimumHeight(14 * line);
+    Receivers->setMinimumHeight(13 * line + 24);
     Shots->setMinimumHeight(8 * line);
     setMinimumWidth(fontMetrics().horizontalAdvance("88888.88") * 12);
 }
@@ -116,8 +115,9 @@ void AbcGridForm::Add_Grids(QVBoxLayout* upper, QVBoxLayout* lower) {
     };
     Shots = new SpreadsheetView(logic.ABCGrid2, std::make_unique<ShotCells>(logic), this);
     Shots->setObjectName("ABCGrid2");
-    Shots->setToolTip(tr("Intercept times and critical distances of the shots, corrected in the depth "
-                         "computation"));
+    Shots->setToolTip(
+        tr("Intercept times and critical distances of the shots, corrected in the depth "
+           "computation"));
     Shots->Cells().Look_Of = [](int, int) { return TextGridModel::Look::ReadOnly; };
     Receivers->On_Refused = [&logic](int row, int column, bool clicked) {
         clicked ? logic.Double_Clicked(row, column) : void(logic.Type(row, column, ""));

@@ -71,9 +71,8 @@ GrmDepthForm::GrmDepthForm(Session& session, QtDisplay&) : Program(session) {
         if (orientation == Qt::Vertical) return QString();
         if (section == GRM_depth::Vref) return tr("Reference velocity that the GRM time was computed with");
         return GRM_depth::Is_Computed(section) ? tr("Computed; you can correct it")
-               : section >= GRM_depth::V1
-                   ? tr("Type a value for the first and the last receiver at least")
-                   : tr("Translated time of the offset shot, ms");
+               : section >= GRM_depth::V1 ? tr("Type a value for the first and the last receiver at least")
+                                          : tr("Translated time of the offset shot, ms");
     };
     Grid->horizontalHeader()->setMinimumHeight(2 * fontMetrics().lineSpacing() + 8);
     Grid->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance("Thickness") + 10);
@@ -83,9 +82,11 @@ GrmDepthForm::GrmDepthForm(Session& session, QtDisplay&) : Program(session) {
 
     Fields.Text(controls.Text3, logic.TotalTime);
     Fields.Text(controls.Text2, logic.XYDistance);
+    Fields.Text(controls.ReferenceVelocity, logic.ReferenceVelocity);
     const int width = fontMetrics().horizontalAdvance("88888888") + 16;
     controls.Text2->setFixedWidth(width);
     controls.Text3->setFixedWidth(width);
+    controls.ReferenceVelocity->setFixedWidth(width);
     Fields.Text(controls.Hint, logic.Hint);
     controls.Hint->setMinimumHeight(fontMetrics().height());
     Fields.Command(controls.Command1, [&logic] { logic.Command1(); });

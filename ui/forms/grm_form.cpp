@@ -14,8 +14,9 @@ GrmForm::GrmForm(Session& session, QtDisplay&) : Program(session) {
     Fields.Text(controls.Text1, logic.Minimum);
     Fields.Text(controls.Text2, logic.Maximum);
     Fields.Text(controls.Text3, logic.TimeShift);
+    Fields.Text(controls.ReferenceVelocity, logic.ReferenceVelocity);
     const int width = fontMetrics().horizontalAdvance("888888") + 16;
-    for (QLineEdit* field : {controls.Text1, controls.Text2, controls.Text3})
+    for (QLineEdit* field : {controls.Text1, controls.Text2, controls.Text3, controls.ReferenceVelocity})
         field->setFixedWidth(width);
     auto* options = new QButtonGroup(this);
     options->addButton(controls.Option1, GRM::VelocityFunction);
