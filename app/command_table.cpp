@@ -234,6 +234,7 @@ const std::array command_table = {
     Command{.Name = "S3", .Menu = screen_menu, .Caption = "Depth + ABC", .Run = Show_Abc_Profile, .Refusal = Without_Project},
     Command{.Name = "S4", .Menu = screen_menu, .Caption = "Depth + GRM", .Run = Show_Grm_Profile, .Refusal = Without_Project},
     Command{.Name = "S5", .Menu = screen_menu, .Caption = "Depth + ABC + GRM", .Run = Show_Full_Profile, .Refusal = Without_Project},
+    Command{.Name = "Command13", .Menu = screen_menu, .Caption = "Colored section", .Tooltip = "Saves the project and computes the coloured section of the depths chosen", .Shortcut = "Shift+F3", .Run = Show_Section, .Refusal = Without_Project},
     Command{.Name = "BI_M", .Menu = screen_menu, .Caption = "Travel time and profile", .Run = Show_Curves_And_Profile, .Refusal = Without_Project},
     Separator(screen_menu),
     Command{.Name = "Superpose", .Menu = screen_menu, .Caption = "Superpose a new Tarnvik file", .Run = Superpose_File, .Refusal = Without_Project},

@@ -133,6 +133,10 @@ void Show_Full_Profile(Session& session) {
     Show_Profile_In_Mode(session, DisplayMode::Profil3);
 }
 
+void Show_Section(Session& session) {
+    session.Section.Command13();
+}
+
 void Show_Curves_And_Profile(Session& session) {
     session.Outside.Show.Select_Tab(Tab::Curves);
     Show_Combined(session.Work, session.Outside);

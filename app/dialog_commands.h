@@ -41,6 +41,7 @@ void Show_Grm_Dialog(Session& session);
 void Ask_Total_Time_For_Grm(Session& session);  ///< then the same dialog, unless the user gives up
 void Show_Grm_Profile(Session& session);        ///< mode "Profil4"
 void Show_Full_Profile(Session& session);       ///< mode "Profil3"
+void Show_Section(Session& session);            ///< the coloured section
 /// Curves and profile together, mode "BI".
 void Show_Curves_And_Profile(Session& session);
 

@@ -16,10 +16,10 @@
 #include "output/exports/picks_export.h"
 #include "output/exports/plotrefa_export.h"
 #include "output/exports/rayfract_export.h"
-#include "output/exports/section_cells.h"
 #include "output/exports/seisopt_export.h"
 #include "output/exports/surfer_export.h"
 #include "output/imports/import_picks.h"
+#include "output/section_files.h"
 
 namespace tarnvik {
 
@@ -106,7 +106,10 @@ void Export_Profile_As_Dxf(Session& session) {
 void Export_To_Surfer(Session& session) {
     Workspace& work = session.Work;
     SectionTexts section;
-    if (work.Section.Grid) section.Dat = Section_Cells_Text(*work.Section.Grid, work.Project.LineLength);
+    if (work.Section.Grid) {
+        section.Dat = Section_Dat(*work.Section.Grid, work.Project.LineLength);
+        section.Grd = Section_Grd(*work.Section.Grid, work.Project.LineLength);
+    }
     Export_Surfer(session.Outside, {work.AppTitle, [&work] { return &work; }, ""}, section);
 }
 

@@ -12,6 +12,7 @@ constexpr const char* everywhere = "Everywhere";
 constexpr const char* on_record = "Field record";
 constexpr const char* on_tables = "Tables";
 constexpr const char* on_curves = "Travel times and profile";
+constexpr const char* on_section = "Section";
 constexpr const char* in_dialogs = "Tool windows";
 
 struct Gesture {
@@ -50,6 +51,12 @@ constexpr Gesture gestures[] = {
      "Time break correction: step the curve, by 2 ms with Page and with Shift"},
     {on_curves, "Drag, arrows, Page Up/Down", "Delay times open: move a curve or the total time line"},
     {on_curves, "Pointer on a GRM curve", "Tell its XY, receiver and value"},
+    {on_section, "Ctrl + drag", "Frame what shall fill the picture"},
+    {on_section, "R", "The whole section"},
+    {on_section, "Wheel, arrows, drag", "Move the part in sight"},
+    {on_section, "Ctrl + wheel", "Enlarge the elevations at the pointer"},
+    {on_section, "Shift + wheel", "Enlarge the distances at the pointer"},
+    {on_section, "+ and -", "Enlarge and shrink"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };
@@ -80,7 +87,8 @@ std::vector<KeyRow> Key_List() {
     for (const Gesture& gesture : gestures)
         rows.push_back({gesture.Place, gesture.Keys, gesture.Meaning});
     const auto rank = [](const KeyRow& row) {
-        constexpr std::string_view places[] = {everywhere, on_record, on_tables, on_curves, in_dialogs};
+        constexpr std::string_view places[] = {everywhere, on_record,  on_tables,
+                                               on_curves,  on_section, in_dialogs};
         return std::find(std::begin(places), std::end(places), row.Place) - std::begin(places);
     };
     std::stable_sort(rows.begin(), rows.end(),

@@ -8,6 +8,7 @@
 #include "core/text/number.h"
 #include "depth/grm_picture.h"
 #include "output/profile_painting.h"
+#include "output/section_picture.h"
 #include "records/record_files.h"
 #include "records/record_header.h"
 #include "records/su_loading.h"
@@ -25,6 +26,8 @@ ShotColour Curve_Colours(const Workspace& workspace) {
 }
 
 Page Page_On_Screen(const Session& session) {
+    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && session.Work.Section.Grid)
+        return Page::Section;
     return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
 }
 
@@ -38,6 +41,8 @@ bool Page_Can_Be_Drawn(const Session& session, Page page) {
                    session.Work.Curves.FrameDrawn == 2;
         case Page::Record:
             return session.Work.Record.RecordWidth > 0;
+        case Page::Section:
+            return session.Work.Section.Grid.has_value();
     }
     return false;
 }
@@ -66,6 +71,12 @@ std::string Page_Scale(const Session& session, Page page, const Frame& window, d
             unit = length;
             break;
         }
+        case Page::Section:
+            // Drawn in distances and elevations themselves.
+            across = 1;
+            upwards = 1;
+            unit = length;
+            break;
         case Page::Record:
             if (project.GeoSpace != 0) across = trace_width / project.GeoSpace;
             if (session.Work.Record.SampleInterval > 0) upwards = 1000.0 / session.Work.Record.SampleInterval;
@@ -105,6 +116,9 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
         case Page::Record:
             name += ", record " + CStr(int{session.Work.Record.Record});
             break;
+        case Page::Section:
+            name += ", velocity section";
+            break;
     }
     std::vector<std::string> texts = {name};
     const std::string scale = Page_Scale(session, page, window, pixels_a_millimetre);
@@ -132,6 +146,10 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
                         Curve_Colours(session.Work));
             Draw_Time_Scale(session.Work.Record, pictures.Beside);
             Draw_Record_Header(session.Work, pictures.Below, Su_Path(session.Work.Project));
+            break;
+        case Page::Section:
+            Draw_Section(session.Work, session.Section.Scale(),
+                         {pictures.Main, pictures.Below, pictures.Beside});
             break;
     }
 }

@@ -33,7 +33,7 @@ class PictureExport {
     std::string Outcome;  ///< what becomes of it, or what is wrong with it
 
     /// The pictures by their place in the list.
-    static constexpr std::array pages = {Page::Curves, Page::Profile, Page::Record};
+    static constexpr std::array pages = {Page::Curves, Page::Profile, Page::Record, Page::Section};
     static constexpr std::array sizes = {PictureSize{"Screen, 1200 x 750 pixels", 1200, 750, false},
                                          PictureSize{"Screen, 1920 x 1080 pixels", 1920, 1080, false},
                                          PictureSize{"A4, landscape", 297, 210, true},

@@ -46,6 +46,7 @@ Session::Session(Ports outside, std::string settings_file)
       GrmMouse(Work, Outside),
       GrmDepths(Work, Outside),
       Results(Work, Outside),
+      Section(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),

@@ -21,6 +21,7 @@
 #include "depth/quick_pointer.h"
 #include "depth/theoric_f.h"
 #include "depth/velocity_line.h"
+#include "output/coloured_section.h"
 #include "output/tables/resu.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
@@ -99,6 +100,8 @@ class Session {
     GrmPointer GrmMouse;
     GRM_depth GrmDepths;
     resu Results;  ///< table of velocities and thicknesses
+
+    ColouredSection Section;
 
     // Field records.
     RecordZoom RecordArea;

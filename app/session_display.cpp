@@ -52,9 +52,20 @@ void SessionDisplay::Show_Cell(int row, int column) {
 }
 
 void SessionDisplay::Repaint_Page(Page page) {
-    Ask(page == Page::Curves   ? Request::PaintCurves
-        : page == Page::Record ? Request::Record
-                               : Request::Profile);
+    switch (page) {
+        case Page::Curves:
+            Ask(Request::PaintCurves);
+            break;
+        case Page::Record:
+            Ask(Request::Record);
+            break;
+        case Page::Profile:
+            Ask(Request::Profile);
+            break;
+        case Page::Section:
+            Ask(Request::Section);
+            break;
+    }
 }
 
 void SessionDisplay::Release_Redraws() {
@@ -107,6 +118,9 @@ void SessionDisplay::Do(Request request) {
             break;
         case Request::PaintCurves:
             Paint_Curves();
+            break;
+        case Request::Section:
+            Paint_Section();
             break;
         case Request::Grids:
             Refresh_Grids();
@@ -174,6 +188,13 @@ void SessionDisplay::Paint_Curves() {
         work.Curves.Labels2 = Labels_Of_Curves(work, Canvas_Of(Canvas::Dromo2));
     }
     Show_Moving_Marks(work, Owner->Outside);
+}
+
+/// Without a section the pictures are white: the former one is another line's.
+void SessionDisplay::Paint_Section() {
+    Draw_Page(*Owner, Page::Section,
+              {Canvas_Of(Canvas::Section), Canvas_Of(Canvas::SectionX), Canvas_Of(Canvas::SectionZ), false});
+    Owner->Section.Draw_Cut();
 }
 
 void SessionDisplay::Refresh_Cell(int, int) {

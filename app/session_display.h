@@ -38,8 +38,9 @@ class SessionDisplay : public Display {
     Session* Owner = nullptr;
 
   private:
-    enum class Request { Curves, Record, Profile, PaintCurves, Grids, Fields };
+    enum class Request { Curves, Record, Profile, PaintCurves, Section, Grids, Fields };
     void Paint_Curves();
+    void Paint_Section();
     void Show_Grm();
     void Ask(Request request);
     void Do(Request request);

@@ -91,6 +91,17 @@ void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Repaint_Page(Page::Curves);
 }
 
+/// A coloured section that stands, of depths, velocities and places that have changed.
+void Follow_In_Section(Session& session, const ChangeNotice& notice) {
+    if (Has_Any(notice.Parts,
+                {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line,
+                 ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses})) {
+        session.Section.Line_Changed();
+    } else if (notice.Parts.Has(ProjectPart::Remarks) && session.Work.Section.Grid) {
+        session.Outside.Show.Repaint_Page(Page::Section);
+    }
+}
+
 /// Dialogs whose fields show values of the project. One that made the edit itself shows it already.
 void Show_In_Dialogs(Session& session, const ChangeNotice& notice) {
     if (notice.Parts.Has(ProjectPart::Counts) && session.Outside.Show.Is_Open(Dialog::FantomF))
@@ -154,6 +165,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     session.PickKeys.Follow();
     Show_Pictures(session, notice);
     Follow_In_Grm(session, notice);
+    Follow_In_Section(session, notice);
     Show_In_Dialogs(session, notice);
     Follow_In_Quick_Interpretation(session, notice);
     Follow_In_Results(session, notice);

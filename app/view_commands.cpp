@@ -67,7 +67,7 @@ void Clear_Display(Session& session) {
 
 void Close_Computing_Dialogs(Session& session) {
     session.Delay.Hide_Delay_Curve();
-    session.Work.Fields.DepthLabel.clear();
+    session.Section.Project_Left();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);
@@ -151,7 +151,7 @@ void Whole_Picture(Session& session) {
     ProfileView& profile = session.Work.Profile;
     profile.ZoomX = profile.ZoomY = 1;
     profile.Across = profile.Up = 0;
-    session.Outside.Show.Repaint_Page(Page_On_Screen(session));
+    session.Outside.Show.Repaint_Page(session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves);
     session.Outside.Show.Show_Fields();
 }
 

@@ -9,6 +9,7 @@ namespace tarnvik {
 std::string HeadlessDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
     const PageLayout layout = page == Page::Curves    ? Curves_Layout()
                               : page == Page::Profile ? Profile_Layout()
+                              : page == Page::Section ? Section_Layout()
                                                       : Record_Layout();
     return Write_Picture_File(
         path, format, layout, QString::fromStdString(Owner->Work.Settings.FontName),

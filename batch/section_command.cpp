@@ -1,4 +1,4 @@
-// section: the velocity grid of a coloured section, and its files.
+// section: the velocity grid of a coloured section, its files and its picture.
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -29,6 +29,8 @@ const std::map<std::string, SectionLine> lines = {{"linear", SectionLine::Linear
 struct SectionOptions {
     SectionElevations Between;
     SectionView View;
+    std::string Colours;
+    std::string Size;
 };
 
 Json To_Json(const SectionGrid& grid) {
@@ -49,14 +51,16 @@ Json To_Json(const SectionGrid& grid) {
     return json;
 }
 
-/// Writes the grid in the form that the file's ending names.
-bool Write_Grid(BatchRun& run, const std::string& path) {
+/// Writes the grid in the form that the file's ending names, or a picture of it.
+bool Write_Section(BatchRun& run, const std::string& path) {
     const Workspace& work = run.Program.Work;
     const SectionGrid& grid = *work.Section.Grid;
-    const bool cells = LCase(Right(path, 4)) == ".dat";
+    const std::string ending = LCase(Right(path, 4));
     const double length = work.Project.LineLength;
-    const std::string reason =
-        Replace_File(path, cells ? Section_Dat(grid, length) : Section_Grd(grid, length));
+    const std::string reason = ending == ".dat" ? Replace_File(path, Section_Dat(grid, length))
+                               : ending == ".grd"
+                                   ? Replace_File(path, Section_Grd(grid, length))
+                                   : run.Display.Save_Page(Page::Section, path, run.Display.Format);
     return reason.empty() || run.Refuse(path + " cannot be written: " + reason);
 }
 
@@ -73,13 +77,28 @@ void Print_Grid(const SectionGrid& grid) {
     }
 }
 
+/// Colours of the program's own by their name, others of a file. False after a message about the file.
+bool Take_Colours(BatchRun& run, const std::string& colours) {
+    SectionView& view = run.Program.Work.Section;
+    if (colours.empty() || colours == "even" || colours == "colour-blind") {
+        view.Colours = colours == "colour-blind" ? SectionColours::ColourBlind : SectionColours::Even;
+        return true;
+    }
+    view.Colours = SectionColours::File;
+    run.Program.Work.Fields.Text19 = colours;
+    run.Program.Section.Scale();
+    const std::string& note = run.Program.Section.ScaleNote;
+    return note.empty() || run.Refuse(colours + ": " + note);
+}
+
 ExitStatus Section(const CommonOptions& common, const SectionOptions& options, const std::string& folder) {
     BatchRun run(common, folder);
     Workspace& work = run.Program.Work;
     work.Section = options.View;
-    const bool made = run.Load() && run.May_Write(common.Out) &&
+    if (!options.Size.empty() && !Parse_Size(options.Size, run.Display)) return WrongUsage;
+    const bool made = run.Load() && run.May_Write(common.Out) && Take_Colours(run, options.Colours) &&
                       Make_Section(work, run.Program.Outside, options.Between) &&
-                      (common.Out.empty() || Write_Grid(run, common.Out));
+                      (common.Out.empty() || Write_Section(run, common.Out));
     const SectionGrid grid = made ? *work.Section.Grid : SectionGrid();
     if (common.Json) {
         Json json = To_Json(grid);
@@ -95,7 +114,7 @@ ExitStatus Section(const CommonOptions& common, const SectionOptions& options, c
 
 void Add_Section(CLI::App& app, Request& request) {
     CLI::App* command =
-        Add_Project_Command(app, request, "section", "the velocity grid of a coloured section");
+        Add_Project_Command(app, request, "section", "a coloured section: its velocity grid and its picture");
     auto options = std::make_shared<SectionOptions>();
     SectionView& view = options->View;
     command->add_option("--source", view.Source, "depths to take: shot, abc or grm")
@@ -115,8 +134,19 @@ void Add_Section(CLI::App& app, Request& request) {
         ->check(CLI::Range(1, 3));
     command->add_option("--line", view.Line, "interfaces between the places: linear or bezier")
         ->transform(CLI::Transformer(lines));
-    command->add_option("--out", request.Common.Out, "grid file: .dat (cells of the interfaces) or .grd")
-        ->check(Name_Ending_In({".dat", ".grd"}));
+    command
+        ->add_option("--smoothing", view.SmoothingFactor,
+                     "places that a running mean of the interfaces takes")
+        ->check(CLI::Range(1, 999));
+    command->add_option("--colours", options->Colours,
+                        "picture: even, colour-blind, or a file of levels (.lvl) or colours (.clr)");
+    command->add_option("--max-velocity", view.MaxVelocity, "picture: velocity of the last colour")
+        ->check(Number_Above_0());
+    command->add_option("--size", options->Size, "picture: WIDTHxHEIGHT in pixels");
+    command
+        ->add_option("--out", request.Common.Out,
+                     "picture (.png, .svg, .pdf, .jpg, .wmf), .dat (cells of the interfaces) or .grd")
+        ->check(Name_Ending_In({".dat", ".grd", ".png", ".svg", ".pdf", ".jpg", ".jpeg", ".bmp", ".wmf"}));
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {
             return Section(common, *options, folder);

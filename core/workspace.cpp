@@ -6,6 +6,18 @@ namespace {
 constexpr double picture_width = 96;
 }
 
+std::string_view Depth_Label(SectionSource source) {
+    switch (source) {
+        case SectionSource::Abc:
+            return "Grid using ABC data";
+        case SectionSource::Grm:
+            return "Grid using GRM data";
+        case SectionSource::Shots:
+            break;
+    }
+    return "Grid using Shot point";
+}
+
 void Clear_Selection(CurveView& curves) {
     curves.DragStartX = 0;
     curves.DragStartY = 0;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -216,6 +217,21 @@ struct SectionGrid {
     std::vector<double> Factors;  ///< by which the slope lengthens the depths, by place
 };
 
+/// The main depth label of a source: what the user reads and chooses it by.
+std::string_view Depth_Label(SectionSource source);
+
+/// Colours of a section: those of the file in Text19, or of a scale of the program's own.
+enum class SectionColours { File, Even, ColourBlind };
+
+/// Part of a section in sight: distances and elevations.
+struct SectionWindow {
+    double Left = 0;
+    double Right = 0;
+    double Bottom = 0;
+    double Top = 0;
+    bool operator==(const SectionWindow&) const = default;
+};
+
 /// How a section is made and looked at.
 struct SectionView {
     // Made of.
@@ -226,12 +242,15 @@ struct SectionView {
     SectionLine Line = SectionLine::Linear;
     int SmoothingFactor = 1;  ///< places that a running mean of the interfaces takes; 1 for none
     // Drawn with.
-    bool ShowShots = true;            ///< Check13
-    bool ShowGeophones = true;        ///< Check14
-    bool ShowScale = true;            ///< Check15: legend of the velocities
-    double MaxVelocity = 5000;        ///< Text28: of the colour scale
-    double LabelScale = 1;            ///< Text31: of the labels' letters
-    std::optional<SectionGrid> Grid;  ///< nothing before the first one
+    bool ShowShots = true;      ///< Check13
+    bool ShowGeophones = true;  ///< Check14
+    bool ShowScale = true;      ///< Check15: legend of the velocities
+    double MaxVelocity = 5000;  ///< Text28: of the colour scale
+    double LabelScale = 1;      ///< Text31: of the labels' letters
+    SectionColours Colours = SectionColours::File;
+    std::optional<SectionWindow> Enlarged;  ///< nothing while the whole section is in sight
+    std::optional<double> CutAt;            ///< distance of the velocity-depth cut beside it
+    std::optional<SectionGrid> Grid;        ///< nothing before the first one
 };
 
 /// State of the profile picture.
@@ -347,7 +366,6 @@ struct MainFields {
     std::string Text1;            ///< status field: pointer read-out
     std::string Text19;           ///< colour scale file
     std::string Text23;           ///< added to the first depth below the receivers
-    std::string DepthLabel;       ///< what the depths below the receivers were computed from
     std::string Text25;           ///< TotalTime
     std::string Label16;          ///< path of the SU file
     std::string FirstTabCaption;  ///< path of the project file on the first tab

@@ -258,7 +258,7 @@ void ABCGridF::CalculBt() {
     Computed = true;
     Fill_Grids();
     if (!Has_Delays(Work.Project)) Work.Fields.Status = "No receiver has a delay: all depths are 0";
-    Work.Fields.DepthLabel = "Grid using ABC data";
+    Work.Section.Source = SectionSource::Abc;
     Close();
     if (Show_Profile) Show_Profile();
     Outside.Show.Show_Fields();

@@ -132,6 +132,7 @@ void Fcalcul::Enregistre_Tir() {
     if (Shot() == 0) return;
     Take_Fields();
     Store(Named_By_Shot("Values"), Values);
+    Work.Section.Source = SectionSource::Shots;
 }
 
 void Fcalcul::Save() {

@@ -316,6 +316,7 @@ void GRM_depth::Command2() {
         }
         Note_Data();
     }
+    if (GrmReady) Work.Section.Source = SectionSource::Grm;
     Outside.Show.Show_Grids();
     Outside.Show.Show_Fields();
     if (GrmReady && OnComputed) OnComputed();

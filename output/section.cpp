@@ -1,6 +1,8 @@
 #include "output/section.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "core/files.h"
 #include "core/text/number.h"
@@ -48,6 +50,23 @@ void Write_Dat(Workspace& workspace, Ports& ports) {
     ports.Ask.Say(path + " cannot be written: " + reason + ".", workspace.AppTitle, Icon::Critical);
 }
 
+/// Answers for a user who has passed over all warnings before, and remembers the last message.
+class PassingPrompts : public Prompts {
+  public:
+    Answer Message(const std::string& text, const std::string&, Icon, Buttons buttons) override {
+        Last = text;
+        // The questions ask whether to give up.
+        return buttons == Buttons::YesNo ? Answer::No : Answer::Ok;
+    }
+    std::string Input(const std::string&, const std::string&, const std::string&) override { return {}; }
+    std::string Open_File(const FileRequest&) override { return {}; }
+    std::string Save_File(const FileRequest&) override { return {}; }
+    std::optional<Colour> Choose_Colour(Colour) override { return std::nullopt; }
+    std::optional<std::string> Choose_Font(const std::string&) override { return std::nullopt; }
+
+    std::string Last;
+};
+
 }  // namespace
 
 bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files) {
@@ -64,12 +83,26 @@ bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files) {
             "The section ends above its deepest interface; an empty minimum elevation shows all of it";
     }
     ports.Show.Select_Tab(Tab::Section);
+    ports.Show.Repaint_Page(Page::Section);
     ports.Show.Show_Fields();
     return true;
 }
 
 bool Make_Section(Workspace& workspace, Ports& ports, SectionElevations between) {
     return Difference_Is_Meant(workspace, ports, between) && Make_Grid_Of_Source(workspace, ports, between);
+}
+
+std::string Make_Section_Again(Workspace& workspace, Ports& ports) {
+    SectionView& view = workspace.Section;
+    if (!view.Grid) return "no section stands";
+    const SectionElevations between = {view.Grid->MaxElevation, view.Grid->MinElevation};
+    // The source chosen for the next section stays chosen.
+    const SectionSource chosen = std::exchange(view.Source, view.Grid->Source);
+    PassingPrompts prompts;
+    Ports passing{prompts, ports.Show, ports.Launch};
+    const bool made = Make_Grid_Of_Source(workspace, passing, between);
+    view.Source = chosen;
+    return made ? std::string() : prompts.Last;
 }
 
 void Command19(Workspace& workspace, Ports& ports) {

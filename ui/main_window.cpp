@@ -25,6 +25,7 @@
 #include "ui/notice_label.h"
 #include "ui/qt_display.h"
 #include "ui/record_page.h"
+#include "ui/section_page.h"
 #include "ui/tables_page.h"
 #include "ui/window_colours.h"
 
@@ -77,9 +78,11 @@ MainWindow::MainWindow(Session& session, QtDisplay& display, const QString& layo
     Records = new RecordPage(session, display);
     Tables = new TablesPage(session);
     Curves = new CurvesPage(session, display);
+    Section = new SectionPage(session, display);
     SSTab1->addTab(Records, Family_Icon("record"), tr("Field record"));
     SSTab1->addTab(Tables, Family_Icon("table"), tr("Tables"));
     SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
+    SSTab1->addTab(Section, Family_Icon("drawing"), tr("Section"));
     // A tool window beside a wide page takes its room from the page and not from the screen.
     SSTab1->setMinimumSize(least_width, 320);
     Panes = new QSplitter;
@@ -187,6 +190,7 @@ void MainWindow::Refresh_Fields() {
     Records->Refresh();
     Tables->Refresh_Fields();
     Curves->Refresh();
+    Section->Refresh();
 }
 
 void MainWindow::Refresh_Grids() {
@@ -201,12 +205,26 @@ void MainWindow::Refresh_Cell(int row, int column) {
 
 void MainWindow::Select_Tab(Tab tab) {
     if (tab == Tab::Curves && SSTab1->indexOf(Curves) < 0) return;  // in sight already
-    SSTab1->setCurrentIndex(static_cast<int>(tab));
+    SSTab1->setCurrentWidget(Page_Of(tab));
+}
+
+QWidget* MainWindow::Page_Of(Tab tab) const {
+    switch (tab) {
+        case Tab::Tables:
+            return Tables;
+        case Tab::Curves:
+            return Curves;
+        case Tab::Section:
+            return Section;
+        case Tab::Record:
+            break;
+    }
+    return Records;
 }
 
 bool MainWindow::In_Sight(Tab tab) const {
     if (tab == Tab::Curves && SSTab1->indexOf(Curves) < 0) return true;
-    return SSTab1->currentIndex() == static_cast<int>(tab);
+    return SSTab1->currentWidget() == Page_Of(tab);
 }
 
 /// The curves stand in their tab, or beside the tabs when the user wants them beside the record.
@@ -224,7 +242,8 @@ void MainWindow::Arrange_Pages() {
         Curves->show();
     } else {
         SSTab1->setMinimumWidth(least_width);
-        SSTab1->addTab(Curves, Family_Icon("dromo"), tr("Travel times and profile"));
+        SSTab1->insertTab(static_cast<int>(Tab::Curves), Curves, Family_Icon("dromo"),
+                          tr("Travel times and profile"));
     }
     Arrange_Docks();
 }
@@ -238,7 +257,10 @@ void MainWindow::Arrange_Docks() {
 }
 
 Tab MainWindow::Tab_In_Sight() const {
-    return static_cast<Tab>(SSTab1->currentIndex());
+    for (const Tab tab : {Tab::Tables, Tab::Curves, Tab::Section}) {
+        if (SSTab1->currentWidget() == Page_Of(tab)) return tab;
+    }
+    return Tab::Record;
 }
 
 void MainWindow::Place_Dock(QDockWidget* dock, std::optional<Tab> home) {

@@ -19,10 +19,11 @@ class CommandBars;
 class CurvesPage;
 class QtDisplay;
 class RecordPage;
+class SectionPage;
 class Session;
 class TablesPage;
 
-/// The main form: menus and toolbar from the command table, the three tabs, the status bar.
+/// The main form: menus and toolbar from the command table, the four tabs, the status bar.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -57,6 +58,7 @@ class MainWindow : public QMainWindow {
     void Layout_Changed();
     void Arrange_Pages();
     void Arrange_Docks();
+    QWidget* Page_Of(Tab tab) const;
     bool In_Sight(Tab tab) const;
 
     Session& Program;
@@ -68,6 +70,7 @@ class MainWindow : public QMainWindow {
     RecordPage* Records = nullptr;
     TablesPage* Tables = nullptr;
     CurvesPage* Curves = nullptr;
+    SectionPage* Section = nullptr;
     QLabel* ZoomRange = nullptr;
     QLabel* ProjectName = nullptr;
     QLabel* Unsaved = nullptr;

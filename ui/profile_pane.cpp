@@ -166,7 +166,10 @@ QWidget* ProfilePane::Side() {
     auto* source = new QLabel;
     source->setObjectName("DepthLabel");
     grid->addWidget(source, row + 1, 0, 1, 2);
-    Fields.Text(source, Program.Work.Fields.DepthLabel);
+    Fields.Follow([this, source] {
+        const std::string_view label = Depth_Label(Program.Work.Section.Source);
+        source->setText(QString::fromUtf8(label.data(), static_cast<qsizetype>(label.size())));
+    });
     // Only where these depths are drawn.
     Fields.Shown(source, [this] {
         const DisplayMode mode = Program.Work.Profile.DrawnMode;

@@ -26,6 +26,8 @@ PageLayout Layout_Of(Page page) {
             return Profile_Layout();
         case Page::Record:
             return Record_Layout();
+        case Page::Section:
+            return Section_Layout();
         case Page::Curves:
             break;
     }

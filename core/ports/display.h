@@ -62,7 +62,7 @@ enum class Dialog {
 };
 
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
-enum class Page { Curves, Profile, Record };
+enum class Page { Curves, Profile, Record, Section };
 
 /// How a picture file is made. Drawings (.svg, .pdf) have the size that the pixels have at the resolution.
 struct PictureFormat {

@@ -5,7 +5,6 @@
 #include <map>
 
 #include "core/text/number.h"
-#include "core/text/print_line.h"
 #include "output/imports/imported_line.h"
 
 namespace tarnvik {
@@ -49,25 +48,6 @@ std::vector<SectionCell> Read_Section_Cells(std::string_view bytes) {
         points.push_back({*distance, *elevation, *velocity});
     }
     return points;
-}
-
-std::string Section_Cells_Text(const SectionGrid& grid, double line_length) {
-    std::string text;
-    for (int column = 1; column <= grid.GridColumns; ++column) {
-        for (int row = 1; row <= grid.GridRows; ++row) {
-            if (!grid.VelocityGrid.Has(column, row) || grid.VelocityGrid(column, row) == 0) continue;
-            const double distance = (column - 1) * line_length / grid.GridColumns;
-            const double elevation = grid.MinElevation + (row - 2) * row_height;
-            text += PrintLine()
-                        .Item(distance)
-                        .Zone()
-                        .Item(elevation)
-                        .Zone()
-                        .Item(grid.VelocityGrid(column, row))
-                        .End();
-        }
-    }
-    return text;
 }
 
 std::string Section_Grid_Text(const std::vector<SectionCell>& points) {

@@ -4,8 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "core/workspace.h"
-
 namespace tarnvik {
 
 /// A cell of a coloured section, as its ".dat" file lists them.
@@ -17,10 +15,6 @@ struct SectionCell {
 
 /// The cells of a ".dat" file, one a line; none when a line holds anything else.
 std::vector<SectionCell> Read_Section_Cells(std::string_view bytes);
-
-/// The same file of a section in memory: distance, elevation and velocity of each cell that lies on an
-/// interface, column by column.
-std::string Section_Cells_Text(const SectionGrid& grid, double line_length);
 
 /// The section of these cells as a text grid ("DSAA") of the Surfer map program: each column filled downward,
 /// a place having the velocity of the interface above it; blank above the ground, which is each column's

@@ -9,6 +9,7 @@
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "output/colour_scale.h"
 #include "output/exports/section_cells.h"
 
 namespace tarnvik {
@@ -21,17 +22,6 @@ constexpr const char* question_of_method =
     "5=Natural Neighbor 6=Nearest Neighbor 7=Polynomial Regression 8=Radial Basis Functions 9=Triangulation "
     "with Linear Interpolation";
 constexpr double last_method = 9;
-
-/// Steps of a scale whose lightness rises evenly, which prints in grey too.
-constexpr std::array<std::array<int, 3>, 9> even_scale = {{{68, 1, 84},
-                                                           {71, 44, 122},
-                                                           {59, 81, 139},
-                                                           {44, 113, 142},
-                                                           {33, 144, 141},
-                                                           {39, 173, 129},
-                                                           {92, 200, 99},
-                                                           {170, 220, 50},
-                                                           {253, 231, 37}}};
 
 /// Where the title stands on the page, in inches from its lower left corner.
 constexpr double title_x = 1;
@@ -58,6 +48,12 @@ std::string Written(const AutomationStep& step) {
     if (step.Sets) return member + " = " + arguments;
     if (step.Result.empty()) return member + " " + arguments;
     return "Set " + step.Result + " = " + member + (arguments.empty() ? "" : "(" + arguments + ")");
+}
+
+/// Red, green and blue of a colour.
+std::array<int, 3> Parts_Of(Colour colour) {
+    constexpr int full = 255;
+    return {colour & full, (colour >> 8) & full, (colour >> 16) & full};
 }
 
 /// A colour file that came with the program, or else one of its own making.
@@ -173,9 +169,9 @@ std::string Surfer_Script(const SurferChoices& choices) {
 
 std::string Default_Lvl(double max_velocity) {
     std::string text = "LVL2\r\n'Level Flags LColor LStyle LWidth FFGColor FBGColor FPattern FMode\r\n";
-    for (std::size_t i = 0; i < even_scale.size(); ++i) {
-        const auto& [red, green, blue] = even_scale[i];
-        const double level = Rounded(max_velocity * static_cast<double>(i) / even_scale.size());
+    for (std::size_t i = 0; i < even_colours.size(); ++i) {
+        const auto [red, green, blue] = Parts_Of(even_colours[i]);
+        const double level = Rounded(max_velocity * static_cast<double>(i) / even_colours.size());
         const std::string colour =
             "\"R" + Format(red, "000") + " G" + Format(green, "000") + " B" + Format(blue, "000") + "\"";
         text += CStr(level) + " 0 \"Black\" \"Solid\" 0 " + colour + " " + colour + " \"Solid\" 2\r\n";
@@ -185,9 +181,9 @@ std::string Default_Lvl(double max_velocity) {
 
 std::string Default_Clr() {
     std::string text = "ColorMap 1 1\r\n";
-    for (std::size_t i = 0; i < even_scale.size(); ++i) {
-        const auto& [red, green, blue] = even_scale[i];
-        const double percent = 100.0 * static_cast<double>(i) / (even_scale.size() - 1);
+    for (std::size_t i = 0; i < even_colours.size(); ++i) {
+        const auto [red, green, blue] = Parts_Of(even_colours[i]);
+        const double percent = 100.0 * static_cast<double>(i) / (even_colours.size() - 1);
         text += Format(percent, "0.000000") + " " + CStr(red) + " " + CStr(green) + " " + CStr(blue) + "\r\n";
     }
     return text;

@@ -255,6 +255,10 @@ const std::vector<Row>& Rows() {
         {"S3", nothing, Profile_In(DisplayMode::Profil2)},
         {"S4", nothing, Profile_In(DisplayMode::Profil4)},
         {"S5", nothing, Profile_In(DisplayMode::Profil3)},
+        // The demo line has no depths yet.
+        {"Command13",
+         [](W& w) { w.Prompts.Expect("You must first compute depth below all shot", Answer::No); },
+         [](W& w) { return !w.Program.Work.Section.Grid; }},
         {"BI_M", nothing, Profile_In(DisplayMode::Both)},
         {"Superpose",
          [](W& w) {

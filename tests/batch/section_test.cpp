@@ -73,6 +73,27 @@ TEST_F(SectionCommand, WritesTheSectionOfTheDemoLine) {
     EXPECT_EQ(Run("section " + line + " --source shot --out " + grid + Between).Status, 1) << "it exists";
 }
 
+TEST_F(SectionCommand, DrawsTheSection) {
+    const std::string line = Interpreted();
+    for (const auto& [kind, head] : {std::pair(".png", "\x89PNG"), std::pair(".jpg", "\xFF\xD8"),
+                                     std::pair(".svg", "<?xml"), std::pair(".pdf", "%PDF")}) {
+        const std::string out = Folder / ("section" + std::string(kind));
+        ASSERT_EQ(Run("section " + line + " --source shot --out " + out + Between).Status, 0) << kind;
+        EXPECT_TRUE(Read_File(out).value_or("").starts_with(head)) << kind;
+    }
+    const std::string svg = Read_File(Folder / "section.svg").value_or("");
+    for (const char* text : {">3S<", ">Velocity meters/s<", ">Distance (m)<"})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    // A broken scale leaves no picture.
+    ASSERT_EQ(Replace_File(Folder / "broken.lvl", "LVL2\nwords\n"), "");
+    const std::string out = Folder / "none.png";
+    EXPECT_EQ(Run("section " + line + " --source shot --colours " + (Folder / "broken.lvl") + " --out " +
+                  out + Between)
+                  .Status,
+              1);
+    EXPECT_FALSE(File_Exists(out));
+}
+
 TEST_F(SectionCommand, LeavesNoFileWhereItIsRefused) {
     const std::string bare = Demo("demo1.tv5");
     const std::string out = " --json --out " + (Folder / "none.grd");

@@ -13,6 +13,8 @@ QString Name_Of_Page(Page page) {
             return QObject::tr("Travel times");
         case Page::Profile:
             return QObject::tr("Profile");
+        case Page::Section:
+            return PictureExportForm::tr("Coloured section");
         case Page::Record:
             break;
     }

@@ -67,6 +67,10 @@ PageLayout Profile_Layout() {
     return {{.Left = 6, .Top = 6, .Right = 6, .Bottom = 6}, 0, 44};
 }
 
+PageLayout Section_Layout() {
+    return {{.Left = 0, .Top = 4, .Right = 6, .Bottom = 0}, 34, 52};
+}
+
 PageLayout Record_Layout() {
     return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24, 50};
 }

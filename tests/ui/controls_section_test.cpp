@@ -1,0 +1,119 @@
+// Each control of the coloured section's tab, and the hand on its picture.
+
+#include "control_table.h"
+#include "output/section_window.h"
+
+namespace tarnvik {
+namespace {
+
+class SectionControls : public Controls {
+  protected:
+    SectionControls() {
+        for (int shot = 2; shot <= 4; ++shot) {
+            for (int layer = 1; layer <= 3; ++layer)
+                Line.VelocityA(shot, layer) = Line.VelocityB(shot, layer) =
+                    static_cast<std::int16_t>(900 * layer);
+            for (int layer = 1; layer <= 2; ++layer) {
+                Line.InterceptA(shot, layer) = Line.InterceptB(shot, layer) = 18 * layer;
+                Line.ShotThickness(shot, layer) = 6;
+            }
+        }
+    }
+    QWidget* Page() { return Page_Of(Tab::Section); }
+    bool Stands() { return Work.Section.Grid && !Blank(Box("Section")); }
+    /// A choice of the list that the picture follows.
+    std::function<void(QWidget*)> Chosen(int entry, std::function<bool()> done) {
+        return [this, entry, done](QWidget* control) {
+            EXPECT_FALSE(done());
+            auto* list = qobject_cast<QComboBox*>(control);
+            list->setCurrentIndex(entry);
+            emit list->activated(entry);
+            EXPECT_TRUE(done());
+        };
+    }
+};
+
+TEST_F(SectionControls, of_the_section_do_their_work) {
+    SectionView& view = Work.Section;
+    const auto told = [this](const std::string& part) {
+        return [this, part] {
+            return Prompts.Said(Prompts.Last_Text()) && Prompts.Last_Text().find(part) != std::string::npos;
+        };
+    };
+    const auto quiet = [] {};
+    const std::vector<Row> rows = {
+        {"Command13", Clicked({quiet, [&] { return Stands(); }})},
+        {"Combo3", Chosen(1, [&] { return view.Source == SectionSource::Abc; })},
+        {"Combo4", Chosen(0, [&] { return view.Line == SectionLine::Bezier; })},
+        {"Combo5", Chosen(2, [&] { return view.Grid && view.Grid->GridColumns == 360; })},
+        {"SmoothingFactor", Finished(view.SmoothingFactor, 1, 3, Redraws("Section"))},
+        {"SectionHighest",
+         [&](QWidget* control) {
+             Type(control, "120");
+             EXPECT_EQ(Work.Profile.GivenMaxElevation, 120);
+         }},
+        {"SectionLowest",
+         [&](QWidget* control) {
+             Type(control, "60");
+             EXPECT_EQ(Work.Profile.GivenMinElevation, 60);
+         }},
+        {"Check12", Ticked(view.Smoothing, Redraws("Section"))},
+        {"slope", Ticked(view.SlopeCorrection, Redraws("Section"))},
+        {"Check13", Ticked(view.ShowShots, Redraws("Section"))},
+        {"Check14", Ticked(view.ShowGeophones, Redraws("Section"))},
+        {"Check15", Ticked(view.ShowScale, Redraws("Section"))},
+        {"Text28", Finished(view.MaxVelocity, 5000.0, 3000.0, Redraws("Section"))},
+        {"Text31", Finished(view.LabelScale, 1.0, 2.0, Redraws("Section"))},
+        {"SectionColours", Chosen(2, [&] { return view.Colours == SectionColours::ColourBlind; })},
+        {"Text19",
+         [&](QWidget* control) {
+             EXPECT_EQ(Replace_File(Folder / "bad.lvl", "LVL2\r\nwords\r\n"), "");
+             Type(control, QString::fromStdString(Folder / "bad.lvl"));
+             QTest::keyClick(control, Qt::Key_Return);
+             EXPECT_EQ(Program.Section.ScaleNote,
+                       "Not usable: no velocity in line 2; the even scale is used");
+         }},
+        {"Command14",
+         [&](QWidget* control) {
+             EXPECT_EQ(Replace_File(Folder / "two.lvl", "LVL2\n0 0 \"Black\" \"Solid\" 0 \"Red\"\n"), "");
+             Prompts.Expect_File("Select a LVL color scale", Folder / "two.lvl");
+             Click(control);
+             EXPECT_EQ(Program.Section.Scale().Of(700), colours::Red);
+         }},
+        {"Command8", Clicked({quiet, told("press R for normal display")})},
+        {"Text34", Clicked({quiet, told("BOREHOLE N")})},
+    };
+    Check_All([this] { return Page(); }, rows);
+}
+
+TEST_F(SectionControls, ctrl_and_r_frame_and_show_all) {
+    Page();
+    Run_Command(Program, "Command13");
+    PictureBox* box = Box("Section");
+    box->setFocus();
+    const auto place = [box](double x, double y) {
+        const Frame frame = box->Canvas().Current_Frame();
+        return (box->Canvas().Window().topLeft() + QPointF(frame.To_Pixel_X(x), frame.To_Pixel_Y(y)))
+            .toPoint();
+    };
+    QTest::mousePress(box, Qt::LeftButton, Qt::ControlModifier, place(20, 98));
+    QTest::mouseMove(box, place(60, 92));
+    QTest::mouseRelease(box, Qt::LeftButton, Qt::ControlModifier, place(60, 92));
+    ASSERT_TRUE(Work.Section.Enlarged);
+    EXPECT_NEAR(Work.Section.Enlarged->Left, 20, 1);
+    EXPECT_NEAR(Work.Section.Enlarged->Right, 60, 1);
+    EXPECT_NE(Work.Fields.Text1, "") << "the read-out";
+    QTest::keyClick(box, Qt::Key_Right);
+    EXPECT_NEAR(Work.Section.Enlarged->Left, 24, 2);
+    QTest::keyClick(box, Qt::Key_R);
+    EXPECT_FALSE(Work.Section.Enlarged);
+    // The tab stays what it is while the curves stand beside the tabs.
+    Run_Command(Program, "SideBySide_M");
+    EXPECT_EQ(Display.Tab_In_Sight(), Tab::Section);
+    Run_Command(Program, "SideBySide_M");
+    Display.Select_Tab(Tab::Curves);
+    EXPECT_EQ(Display.Tab_In_Sight(), Tab::Curves);
+}
+
+}  // namespace
+}  // namespace tarnvik
