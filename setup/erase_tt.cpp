@@ -53,7 +53,7 @@ void Erase_TT::Close() {
     Offer_To_Save();
     IsOpen = false;
     TranslationShift = 0;
-    if (OnlySelected) Show_Alone(Work.Curves, 0);
+    if (OnlySelected) tarnvik::Show_Alone(Work.Curves, 0);
     Forget_Overlay(Work, Outside, Dialog::Erase_TT);
     Outside.Show.Close_Dialog(Dialog::Erase_TT);
     Work.Mode.Release(Dialog::Erase_TT);
