@@ -73,8 +73,10 @@ TextGrid Result_Table(const Project& project) {
     for (int shot = 1; shot <= project.NbShots; ++shot) {
         table.Set_Text(shot, 0, CStr(shot));
         column = 1;
-        for (const double value : Results_Of_Shot(project, shot))
+        for (const double value : Results_Of_Shot(project, shot)) {
+            table.At(shot, column).Align = TextGrid::Alignment::Right;
             table.Set_Text(shot, column++, CStr(value));
+        }
     }
     return table;
 }

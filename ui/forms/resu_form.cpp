@@ -118,14 +118,10 @@ void ResuForm::Make_Grid() {
 
 QSize ResuForm::sizeHint() const {
     const QSize least = QWidget::sizeHint();
-    const int scroll_bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const int columns = static_cast<int>(Result_Headings().size());
-    const int wide = columns * Grid->horizontalHeader()->defaultSectionSize() +
-                     Grid->verticalHeader()->minimumWidth() + 3 * scroll_bar;
     const int rows =
         std::clamp(Program.Results.resultat_grid.Rows(), fewest_rows_in_sight, most_rows_in_sight);
     const int high = (rows + 1) * Grid->verticalHeader()->defaultSectionSize() + 120;
-    return {std::max(least.width(), wide), std::max(least.height(), high)};
+    return {least.width(), std::max(least.height(), high)};
 }
 
 void ResuForm::Refresh() {
