@@ -134,6 +134,7 @@ void resu::Save(const FileRequest& request, const std::string& ending) {
         return;
     }
     Hint = "Saved in " + path;
+    Outside.Show.Show_Fields();
 }
 
 bool resu::Editable(int row, int column) const {

@@ -108,6 +108,8 @@ TEST_F(QuickControls, of_the_quick_interpretation_do_their_work) {
     Logic.Labels = {};
     Work.Velocity.QuickStatus = "told";
     Display.Show_Fields();
+    Display.Close_Dialog(Dialog::resu);
+    QApplication::setActiveWindow(Screen.get());
     EXPECT_EQ(Text(Page()()->findChild<QLabel*>("Status")), "told");
     QTest::keyClick(Page()(), Qt::Key_Escape);
     EXPECT_FALSE(Display.Is_Open(Dialog::quick_interpret));

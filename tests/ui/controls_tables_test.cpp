@@ -35,7 +35,7 @@ TEST_F(TableControls, of_the_results_do_their_work) {
              grid->PasteCells->trigger();
              EXPECT_EQ(logic.resultat_grid.Text(4, 5), "6");
              grid->CopyCells->trigger();
-             EXPECT_EQ(QGuiApplication::clipboard()->text(), "600\t5\n610\t6");
+             EXPECT_EQ(QGuiApplication::clipboard()->text(), "600\t5\n610\t6\n");
              EXPECT_EQ(Line.ShotThickness(4, 1), 0) << "the line stays as it is";
              EXPECT_TRUE(Work.Edits.Is_Saved());
          }},

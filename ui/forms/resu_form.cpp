@@ -69,11 +69,12 @@ ResuForm::ResuForm(Session& session, QtDisplay&) : Program(session) {
     controls.Hint->setMinimumHeight(fontMetrics().height());
     Fields.Command(controls.Command2, [&logic] { logic.Command2(); });
     Fields.Command(controls.SaveWorkbook, [&logic] { logic.Save_Workbook(); });
-    Fields.Command(controls.CopyTable, [&logic] {
+    Fields.Command(controls.CopyTable, [this, &logic] {
         const TextGrid& grid = logic.resultat_grid;
         QGuiApplication::clipboard()->setText(
             QString::fromStdString(Block_Text(grid, {0, 1, grid.Rows() - 1, grid.Columns() - 1})));
         logic.Hint = "The table is on the clipboard, with its headings";
+        Form::Refresh();
     });
     Fields.Command(controls.Quit, [this] { Close_Me(); });
     controls.Command2->setShortcut(QKeySequence::Save);
