@@ -248,20 +248,6 @@ TEST_F(DelayLine, the_hand_takes_curve_and_line) {
     EXPECT_EQ(Form->VScroll1.Value, 15) << "a press beside all of them moves nothing";
 }
 
-TEST_F(DelayLine, list_of_the_delays) {
-    const test::TemporaryFolder folder;
-    Lay(LayeredEarth::Horizontal(std::array{500.0, 2000.0}, std::array{6.0}));
-    Line.CurrentFile = folder / "a.b/line.tv5";
-    std::filesystem::create_directories(folder / "a.b");
-    Write_Delay_List(Work, World.Ports);
-    EXPECT_EQ(World.Prompts.Last_Text(), "No delay available !!!");
-    EXPECT_FALSE(File_Exists(folder / "a.b/line_Delay.txt"));
-    Line.ReceiverData(ReceiverIntercept, 2) = 12.3F;
-    Write_Delay_List(Work, World.Ports);
-    EXPECT_EQ(World.Prompts.Last_Text(), "delay recorded in " + (folder / "a.b/line_Delay.txt"));
-    EXPECT_TRUE(Read_File(folder / "a.b/line_Delay.txt")->starts_with(" 0 \r\n 12.3 \r\n 0 \r\n"));
-}
-
 TEST_F(DelayLine, depth_below_each_receiver_of_two_layers_is_the_earths) {
     const LayeredEarth earth({{600, 14, 5 * degree}, {2400}});
     Lay(earth);
@@ -280,7 +266,7 @@ TEST_F(DelayLine, depth_below_each_receiver_of_two_layers_is_the_earths) {
     abc.Show_Profile = [&profiles] { ++profiles; };
     abc.CalculBt();
     EXPECT_EQ(profiles, 1);
-    EXPECT_EQ(Work.Fields.DepthLabel, "Grid using ABC data");
+    EXPECT_EQ(Depth_Label(Work.Section.Source), "Grid using ABC data");
     for (int receiver = 1; receiver <= 24; ++receiver) {
         // Half a tenth of a millisecond, twice, is 0.06 of depth at this velocity.
         EXPECT_NEAR(Line.ReceiverData(ReceiverRockDepth, receiver),
