@@ -257,8 +257,15 @@ const std::vector<Row>& Rows() {
         {"S5", nothing, Profile_In(DisplayMode::Profil3)},
         // The demo line has no depths yet.
         {"Command13",
-         [](W& w) { w.Prompts.Expect("You must first compute depth below all shot", Answer::No); },
+         [](W& w) { w.Prompts.Expect("You must first compute depth below all shot, Quit ?", Answer::No); },
          [](W& w) { return !w.Program.Work.Section.Grid; }},
+        {"Print_Comput", nothing, Opens(Dialog::resu)},
+        {"MnuDepthFile", nothing, [](W& w) { return File_Exists(w.Folder / "demo1.TVX"); }},
+        {"abc", nothing, [](W& w) { return w.Said("First compute delays"); }},
+        {"Zfile", nothing, [](W& w) { return w.Said("First compute delays"); }},
+        {"Z_shot", nothing, [](W& w) { return File_Exists(w.Folder / "demo1.sht"); }},
+        {"ASCII", nothing,
+         [](W& w) { return w.Said("No delay available !!!") && File_Exists(w.Folder / "demo1.sht"); }},
         {"BI_M", nothing, Profile_In(DisplayMode::Both)},
         {"Superpose",
          [](W& w) {
