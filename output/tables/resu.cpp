@@ -92,8 +92,13 @@ XlsxSheet Result_Sheet(const TextGrid& table, const std::string& title) {
     XlsxSheet sheet{"Seismic Profile", title, Result_Headings(), {}};
     for (int row = 1; row < table.Rows(); ++row) {
         std::vector<XlsxCell>& cells = sheet.Rows.emplace_back();
-        for (int column = 1; column < table.Columns(); ++column)
-            cells.push_back(table.Text(row, column).empty() ? XlsxCell() : table.Value(row, column));
+        for (int column = 1; column < table.Columns(); ++column) {
+            if (table.Text(row, column).empty()) {
+                cells.emplace_back();
+            } else {
+                cells.emplace_back(table.Value(row, column));
+            }
+        }
     }
     return sheet;
 }
