@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QDropEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
 #include <QScreen>
@@ -136,8 +137,13 @@ void MainWindow::Build_Status_Bar() {
     ProjectName = new QLabel;
     Units = new QLabel;
     Units->setToolTip(tr("Length unit of the project"));
-    statusBar()->addWidget(read_out);
-    statusBar()->addWidget(record_read_out);
+    // In a box of their own: a message of the bar hides the box, whatever comes and goes in it meanwhile.
+    auto* read_outs = new QWidget;
+    auto* row = new QHBoxLayout(read_outs);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(read_out);
+    row->addWidget(record_read_out);
+    statusBar()->addWidget(read_outs);
     statusBar()->addWidget(status, 1);
     statusBar()->addPermanentWidget(profile);
     Fields.Text(profile, fields.ProfileReadout);
