@@ -3,6 +3,7 @@
 #include "app/dialog_commands.h"
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/receiver_boxes.h"
 #include "ui/qt_display.h"
 #include "ui_speed_form.h"
 
@@ -11,13 +12,6 @@ namespace tarnvik {
 namespace {
 
 using ReceiverBox = SpeedF::ReceiverBox;
-
-/// Keeps the room of a control that is hidden for a while, so that the rows below it stay where they are.
-void Keep_Room(QWidget* control) {
-    QSizePolicy policy = control->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control->setSizePolicy(policy);
-}
 
 }  // namespace
 
@@ -72,22 +66,9 @@ void SpeedForm::Bind_Stretch(const Ui::SpeedForm& controls) {
     Fields.Finished_Text(controls.Combo2, logic.Shot, [&logic] { logic.Shot_Changed(); });
     Fields.Text(controls.Combo3, logic.FirstReceiver);
     Fields.Text(controls.Combo4, logic.LastReceiver);
-    const struct {
-        QComboBox* Box;
-        QLabel* Mark;
-        ReceiverBox Meaning;
-    } receivers[] = {{controls.Combo3, controls.From, ReceiverBox::From},
-                     {controls.Combo4, controls.To, ReceiverBox::To}};
-    for (const auto& [box, mark, meaning] : receivers) {
-        Fields.On_Focus(box, [this, &logic, meaning = meaning] {
-            logic.Enter_Receiver(meaning);
-            Fields.Refresh();
-        });
-        Keep_Room(mark);
-        Fields.Shown(mark, [this, meaning = meaning] {
-            return Program.Work.Mode.Held_By(Dialog::SpeedF) && Program.Speed.LastEntered == meaning;
-        });
-    }
+    Bind_Receiver_Boxes(Fields, Program.Work, Dialog::SpeedF, logic,
+                        {{controls.Combo3, controls.From, ReceiverBox::From},
+                         {controls.Combo4, controls.To, ReceiverBox::To}});
     Fields.Tick(controls.Check1, logic.Eliminate, [this] { Fields.Refresh(); });
     QLineEdit* const eliminated[] = {controls.Text8, controls.Text9, controls.Text10, controls.Text11};
     for (std::size_t place = 0; place < logic.Eliminated.size(); ++place) {

@@ -2,6 +2,7 @@
 
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/receiver_boxes.h"
 #include "ui_true_velocity_form.h"
 
 namespace tarnvik {
@@ -9,13 +10,6 @@ namespace tarnvik {
 namespace {
 
 using ReceiverBox = SpeedF2::ReceiverBox;
-
-/// The marks beside the receiver boxes come and go; the boxes stay where they are.
-void Keep_Room(QWidget* control) {
-    QSizePolicy policy = control->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control->setSizePolicy(policy);
-}
 
 }  // namespace
 
@@ -35,22 +29,9 @@ TrueVelocityForm::TrueVelocityForm(Session& session, QtDisplay&) : Program(sessi
     Fields.Text(controls.Combo3, logic.FirstReceiver);
     Fields.Text(controls.Combo4, logic.LastReceiver);
     Fields.Text(controls.Combo5, logic.Layer);
-    const struct {
-        QComboBox* Box;
-        QLabel* Mark;
-        ReceiverBox Meaning;
-    } receivers[] = {{controls.Combo3, controls.From, ReceiverBox::First},
-                     {controls.Combo4, controls.To, ReceiverBox::Last}};
-    for (const auto& [box, mark, meaning] : receivers) {
-        Fields.On_Focus(box, [this, &logic, meaning = meaning] {
-            logic.Enter_Receiver(meaning);
-            Fields.Refresh();
-        });
-        Keep_Room(mark);
-        Fields.Shown(mark, [this, meaning = meaning] {
-            return Program.Work.Mode.Held_By(Dialog::SpeedF2) && Program.TrueSpeed.LastEntered == meaning;
-        });
-    }
+    Bind_Receiver_Boxes(Fields, Program.Work, Dialog::SpeedF2, logic,
+                        {{controls.Combo3, controls.From, ReceiverBox::First},
+                         {controls.Combo4, controls.To, ReceiverBox::Last}});
     Fields.Tick(controls.Check1, logic.Eliminate, [this] { Fields.Refresh(); });
     QLineEdit* const eliminated[] = {controls.Text6, controls.Text10, controls.Text11, controls.Text12,
                                      controls.Text13};
