@@ -9,6 +9,7 @@
 
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/receiver_boxes.h"
 #include "ui_depth_form.h"
 
 namespace tarnvik {
@@ -136,9 +137,7 @@ void DepthForm::Bind_Shot(const Ui::DepthForm& controls) {
     Fields.Text(controls.Text43, logic.OffsetText);
     Fields.Shown(controls.Text43, [&logic] { return !logic.OffsetText.empty(); });
     // The rows and buttons below stay where they are when the message comes.
-    QSizePolicy room = controls.Text43->sizePolicy();
-    room.setRetainSizeWhenHidden(true);
-    controls.Text43->setSizePolicy(room);
+    Keep_Room(controls.Text43);
     QPalette red = controls.Text43->palette();
     red.setColor(QPalette::WindowText, QColor(0xd0, 0x20, 0x20));
     controls.Text43->setPalette(red);

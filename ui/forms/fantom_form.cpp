@@ -4,6 +4,7 @@
 
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/receiver_boxes.h"
 #include "ui_fantom_form.h"
 
 namespace tarnvik {
@@ -38,9 +39,7 @@ FantomForm::FantomForm(Session& session, QtDisplay&) : Program(session) {
         logic.Take_Picture();
         Fields.Refresh();
     });
-    QSizePolicy room = controls.Click->sizePolicy();
-    room.setRetainSizeWhenHidden(true);
-    controls.Click->setSizePolicy(room);
+    Keep_Room(controls.Click);
     Fields.Shown(controls.Click, [this] { return Program.Work.Mode.Held_By(Dialog::FantomF); });
 
     auto* slopes = new QButtonGroup(this);
