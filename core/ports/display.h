@@ -59,6 +59,9 @@ enum class Dialog {
     History,  ///< list of the edits, to walk along
     Keys,     ///< list of keys and gestures
     PictureExport,
+    Header,       ///< header editor of SU files
+    rezize,       ///< shorter records, other sampling, fewer channels
+    Update_FLDR,  ///< numbers of records and traces of recorders that write them badly
 };
 
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
