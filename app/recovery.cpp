@@ -93,9 +93,7 @@ bool Offer(Session& session, const JournalContent& journal) {
 }
 
 template <class Wanted>
-bool Offer_Journals(Session& session, Wanted wanted) {
-    if (session.JournalFolder.empty()) return false;
-    Clear_Kept_Files(session.JournalFolder);
+bool Offer_Each(Session& session, Wanted wanted) {
     for (const JournalContent& journal : Journals_Left_Behind(session.JournalFolder)) {
         if (!wanted(journal)) continue;
         if (!Tells_Something_New(journal)) {
@@ -105,6 +103,17 @@ bool Offer_Journals(Session& session, Wanted wanted) {
         if (Offer(session, journal)) return true;
     }
     return false;
+}
+
+template <class Wanted>
+bool Offer_Journals(Session& session, Wanted wanted) {
+    if (session.JournalFolder.empty()) return false;
+    // Files that were being replaced are put right before anything is read, and what only an answered journal
+    // kept goes behind it.
+    Clear_Kept_Files(session.JournalFolder);
+    const bool brought_back = Offer_Each(session, wanted);
+    Clear_Kept_Files(session.JournalFolder);
+    return brought_back;
 }
 
 }  // namespace

@@ -199,6 +199,7 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
     view.FirstSample = 1;
     Store_If_It_Fits(view.LastSample, view.NbSamples);
     view.ZoomMode = 0;
+    view.PickedTrace = 0;
     view.TraceScale = 0;
     view.TraceSizes.clear();
     view.StationsTyped.clear();

@@ -12,7 +12,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr std::size_t most_memory = 512U << 20U;  ///< bytes of history; the oldest edits go beyond it
+constexpr std::size_t most_memory = 512U << 20U;      ///< bytes of history; the oldest edits go beyond it
 constexpr std::size_t never_again = ~std::size_t{0};  ///< the saved state is no longer in the history
 
 using Direction = ByteChanges::Direction;

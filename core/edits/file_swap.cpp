@@ -155,8 +155,7 @@ std::string Exchange(FileSwap& swap, Direction direction, const FileStamp& left)
     const std::string passing = In_Passing(swap.Aside);
     std::error_code failed;
     if (found.Exists) {
-        if (std::string refusal = Refusal_Of(target); !refusal.empty())
-            return swap.Path + ": " + refusal;
+        if (std::string refusal = Refusal_Of(target); !refusal.empty()) return swap.Path + ": " + refusal;
         if (!comes.Exists) {
             std::string reason = Rename(target, swap.Aside);
             if (!reason.empty()) return swap.Path + ": " + reason;
