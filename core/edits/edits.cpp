@@ -21,7 +21,10 @@ using Direction = ByteChanges::Direction;
 
 Edits::Edits() = default;
 Edits::~Edits() {
-    Close();
+    // Without a decision of the user the journal stays for the next start, and what it needs with it.
+    if (Log) return;
+    for (Edit& edit : History)
+        Let_Go(edit);
 }
 Edits::Edits(Edits&&) noexcept = default;
 Edits& Edits::operator=(Edits&&) noexcept = default;

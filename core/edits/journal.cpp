@@ -271,7 +271,9 @@ std::vector<JournalContent> Journals_Left_Behind(const std::string& folder) {
         if (content.Edits_Of_Project() > 0) {
             found.push_back(std::move(content));
         } else {
-            Remove_Journal(content);  // it would only fill the folder
+            // It would only fill the folder. A file that was on its way back or forth goes back.
+            Give_Up_Files(content);
+            Remove_Journal(content);
         }
     }
     std::sort(found.begin(), found.end(), [](const JournalContent& one, const JournalContent& other) {

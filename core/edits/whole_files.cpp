@@ -163,8 +163,8 @@ void Give_Up_Files(const JournalContent& content) {
         for (FileSwap& swap : walked.Edits[i].Swaps) {
             Finish_Exchange(swap);
             const FileStamp found = Stamp_Of(swap.Path);
-            if (i < walked.Done && !walked.Edits[i].Block.Empty() && found.Length == swap.After.Length &&
-                found != swap.Before) {
+            // What is back already has nothing aside that could come.
+            if (!walked.Edits[i].Block.Empty() && found.Length == swap.After.Length && found != swap.Before) {
                 Exchange(swap, Direction::Back, found);
             }
             Remove_Aside(swap.Aside);
