@@ -211,8 +211,7 @@ void Export_Picture(Session& session) {
 
 void Copy_Picture(Session& session) {
     PictureExport& pictures = session.SavePicture;
-    const std::string reason =
-        session.Outside.Show.Copy_Page(pictures.In_Sight(), pictures.Usual_Format());
+    const std::string reason = session.Outside.Show.Copy_Page(pictures.In_Sight(), pictures.Usual_Format());
     if (!reason.empty()) {
         session.Outside.Ask.Say("The picture cannot be copied: " + reason, session.Work.AppTitle,
                                 Icon::Critical);

@@ -29,7 +29,8 @@ Workspace Line_With_Section() {
     Workspace work = bench::Largest_Line();
     Project& line = work.Project;
     for (int receiver = 1; receiver <= line.NbReceivers; ++receiver)
-        line.ReceiverData(ReceiverElevation, receiver) = static_cast<float>(100 + 5 * std::sin(receiver / 9.0));
+        line.ReceiverData(ReceiverElevation, receiver) =
+            static_cast<float>(100 + 5 * std::sin(receiver / 9.0));
     for (int shot = 1; shot <= line.NbShots; ++shot) {
         line.ShotElevation(shot) = 100 + 5 * std::sin(shot / 5.4);
         for (int layer = 1; layer <= Project::MaxRefractors; ++layer)
@@ -39,11 +40,11 @@ Workspace Line_With_Section() {
             line.VelocityB(shot, layer) = line.VelocityA(shot, layer);
         }
     }
-    const GridLayout layout{columns, Grid_Rows(highest, lowest), highest, lowest, line.LineLength,
-                            SectionLine::Bezier};
+    const GridLayout layout{columns,         Grid_Rows(highest, lowest), highest, lowest,
+                            line.LineLength, SectionLine::Bezier};
     work.Section.GridQuality = 2;
-    work.Section.Grid = Grid_Of_Places(Places_Of_Shots(line, true), layout,
-                                       trace_surface_topo(line, columns, highest));
+    work.Section.Grid =
+        Grid_Of_Places(Places_Of_Shots(line, true), layout, trace_surface_topo(line, columns, highest));
     return work;
 }
 

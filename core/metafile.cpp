@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 #include "core/text/letters.h"
@@ -23,6 +24,8 @@ constexpr std::uint16_t delete_object = 0x01F0;
 constexpr std::uint16_t set_text_colour = 0x0209;
 constexpr std::uint16_t set_window_origin = 0x020B;
 constexpr std::uint16_t set_window_extent = 0x020C;
+constexpr std::uint16_t line_to = 0x0213;
+constexpr std::uint16_t move_to = 0x0214;
 constexpr std::uint16_t make_pen = 0x02FA;
 constexpr std::uint16_t make_font = 0x02FB;
 constexpr std::uint16_t make_brush = 0x02FC;
@@ -120,6 +123,17 @@ std::string Font_Object(const MetaFont& font) {
     return Object(make_font, bytes);
 }
 
+MetaBox Around(std::span<const MetaPoint> points) {
+    MetaBox box{points[0].X, points[0].Y, points[0].X, points[0].Y};
+    for (const MetaPoint& point : points) {
+        box.Left = std::min(box.Left, point.X);
+        box.Top = std::min(box.Top, point.Y);
+        box.Right = std::max(box.Right, point.X);
+        box.Bottom = std::max(box.Bottom, point.Y);
+    }
+    return box;
+}
+
 /// Points that differ after rounding. Of a figure with too many every so many'th is left.
 std::vector<MetaPoint> Thinned(std::span<const MetaPoint> points) {
     std::vector<MetaPoint> kept(points.begin(), points.end());
@@ -147,8 +161,6 @@ Metafile::Metafile(int width, int height, int units_an_inch)
     Add_Words(set_map_mode, {scale_both_axes});
     Add_Words(set_window_origin, {0, 0});
     Add_Words(set_window_extent, {Height, Width});
-    Add_Words(set_background_mode, {transparent_background});
-    Add_Words(set_text_align, {align_base_line});
     Add_Words(save_state, {});
     Set_Pen(MetaPen());
     Set_Brush(std::nullopt);
@@ -172,6 +184,7 @@ void Metafile::Add_Words(std::uint16_t function, std::initializer_list<int> word
 
 void Metafile::Set_Pen(const std::optional<MetaPen>& pen) {
     Wanted[Pen] = Pen_Object(pen);
+    PenWidth = pen ? pen->Width : 0;
 }
 
 void Metafile::Set_Brush(const std::optional<Colour>& colour) {
@@ -180,6 +193,8 @@ void Metafile::Set_Brush(const std::optional<Colour>& colour) {
 
 void Metafile::Set_Font(const MetaFont& font) {
     Wanted[Font] = Font_Object(font);
+    FontHeight = font.Height;
+    Turned = font.TenthDegrees != 0;
 }
 
 void Metafile::Set_Text_Colour(Colour colour) {
@@ -188,21 +203,28 @@ void Metafile::Set_Text_Colour(Colour colour) {
 
 void Metafile::Set_Clip(const std::optional<MetaBox>& clip) {
     Clip = clip;
-    const bool all = Clip && Clip->Left <= 0 && Clip->Top <= 0 && Clip->Right >= Width && Clip->Bottom >= Height;
+    const bool all =
+        Clip && Clip->Left <= 0 && Clip->Top <= 0 && Clip->Right >= Width && Clip->Bottom >= Height;
     if (all) Clip.reset();
 }
 
-/// A clip can only be made smaller, so the state before it comes back first, and all else with it.
-void Metafile::Take_Clip() {
+/// Sets the clip for a figure that reaches so far; one that lies within it needs none. A clip can only be
+/// made smaller, so the state before it comes back first, and all else with it.
+void Metafile::Take_Clip(const MetaBox& reach) {
     if (Clip == ClipSet) return;
+    const bool within = !Clip || (reach.Left >= Clip->Left && reach.Top >= Clip->Top &&
+                                  reach.Right <= Clip->Right && reach.Bottom <= Clip->Bottom);
+    if (within && !ClipSet) return;
+    const std::optional<MetaBox> needed = within ? std::nullopt : Clip;
     Add_Words(restore_state, {-1});
     Add_Words(save_state, {});
     for (auto& selected : Selected)
         selected.reset();
     TextColourSet.reset();
     WindingSet.reset();
-    if (Clip) Add_Words(clip_to_box, {Clip->Bottom, Clip->Right, Clip->Top, Clip->Left});
-    ClipSet = Clip;
+    TextWaySet = false;
+    if (needed) Add_Words(clip_to_box, {needed->Bottom, needed->Right, needed->Top, needed->Left});
+    ClipSet = needed;
 }
 
 std::size_t Metafile::Room_For_An_Object() {
@@ -239,16 +261,27 @@ void Metafile::Take(Kind kind) {
     Selected[kind] = found->second;
 }
 
-void Metafile::Take_Pen_And_Brush() {
-    Take_Clip();
+MetaBox Metafile::With_Pen(MetaBox box) const {
+    const int room = (PenWidth + 1) / 2;
+    return {box.Left - room, box.Top - room, box.Right + room, box.Bottom + room};
+}
+
+void Metafile::Take_Pen_And_Brush(const MetaBox& reach) {
+    Take_Clip(reach);
     Take(Pen);
     Take(Brush);
 }
 
 void Metafile::Polyline(std::span<const MetaPoint> points) {
     if (points.size() < 2) return;
-    Take_Clip();
+    Take_Clip(With_Pen(Around(points)));
     Take(Pen);
+    if (points.size() == 2) {
+        // Not as a polyline: of two points some readers draw none.
+        Add_Words(move_to, {points[0].Y, points[0].X});
+        Add_Words(line_to, {points[1].Y, points[1].X});
+        return;
+    }
     for (std::size_t at = 0; at + 1 < points.size(); at += most_points - 1) {
         const auto part = points.subspan(at, std::min(most_points, points.size() - at));
         std::string parameters;
@@ -260,12 +293,17 @@ void Metafile::Polyline(std::span<const MetaPoint> points) {
 
 void Metafile::Polygons(std::span<const std::vector<MetaPoint>> figures, bool winding) {
     std::vector<std::vector<MetaPoint>> kept;
+    std::vector<MetaPoint> all;
     for (const auto& figure : figures) {
         kept.push_back(Thinned(figure));
-        if (kept.back().size() < 2) kept.pop_back();
+        if (kept.back().size() < 2) {
+            kept.pop_back();
+        } else {
+            all.insert(all.end(), kept.back().begin(), kept.back().end());
+        }
     }
     if (kept.empty()) return;
-    Take_Pen_And_Brush();
+    Take_Pen_And_Brush(With_Pen(Around(all)));
     if (WindingSet != winding) Add_Words(set_fill_mode, {winding ? fill_winding : fill_alternate});
     WindingSet = winding;
     std::string parameters;
@@ -282,15 +320,16 @@ void Metafile::Fill_Box(const MetaBox& box, Colour colour) {
     // stand between boxes side by side; a thin outline of the same colour closes them.
     const std::string pen = std::exchange(Wanted[Pen], Pen_Object(MetaPen{1, colour}));
     const std::string brush = std::exchange(Wanted[Brush], Brush_Object(colour));
-    Take_Pen_And_Brush();
-    Add_Words(draw_rectangle, {std::max(box.Bottom, box.Top + 1), std::max(box.Right, box.Left + 1), box.Top,
-                               box.Left});
+    const int right = std::max(box.Right, box.Left + 1);
+    const int bottom = std::max(box.Bottom, box.Top + 1);
+    Take_Pen_And_Brush({box.Left, box.Top, right, bottom});
+    Add_Words(draw_rectangle, {bottom, right, box.Top, box.Left});
     Wanted[Pen] = pen;
     Wanted[Brush] = brush;
 }
 
 void Metafile::Ellipse(const MetaBox& around) {
-    Take_Pen_And_Brush();
+    Take_Pen_And_Brush(With_Pen(around));
     Add_Words(draw_ellipse, {around.Bottom, around.Right, around.Top, around.Left});
 }
 
@@ -301,8 +340,18 @@ void Metafile::Text(MetaPoint base, std::string_view utf8, std::span<const int> 
     const bool placed = advances.size() == letters.size();
     letters.resize(std::min(letters.size(), longest_text));
     const std::size_t count = letters.size();
-    Take_Clip();
+    const int reach = (placed ? std::accumulate(advances.begin(), advances.end(), 0)
+                              : FontHeight * static_cast<int>(count));
+    const int around = reach + FontHeight;  // whatever way it is turned
+    Take_Clip(Turned ? MetaBox{base.X - around, base.Y - around, base.X + around, base.Y + around}
+                     : MetaBox{base.X, base.Y - FontHeight, base.X + reach, base.Y + FontHeight / 4});
     Take(Font);
+    if (!TextWaySet) {
+        // Here and not once for all: some readers lose them when they save and restore the state.
+        Add_Words(set_background_mode, {transparent_background});
+        Add_Words(set_text_align, {align_base_line});
+        TextWaySet = true;
+    }
     if (TextColourSet != TextColour) {
         std::string colour;
         Append_Colour(colour, TextColour);
@@ -344,8 +393,7 @@ std::string Metafile::Bytes() const {
     end(restore_state, {-1});
     end(end_of_file, {});
 
-    const auto words =
-        static_cast<std::uint32_t>(header_words + (Records.size() + tail.size()) / 2);
+    const auto words = static_cast<std::uint32_t>(header_words + (Records.size() + tail.size()) / 2);
     Append_Word(head, 1);  // in memory or in a file: the same
     Append_Word(head, header_words);
     Append_Word(head, format_version);

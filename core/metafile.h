@@ -34,8 +34,8 @@ struct MetaPen {
 };
 
 struct MetaFont {
-    std::string Family;  ///< UTF-8
-    int Height = 0;      ///< of the letters without the room between lines, units
+    std::string Family;    ///< UTF-8
+    int Height = 0;        ///< of the letters without the room between lines, units
     int TenthDegrees = 0;  ///< turned counter-clockwise
     bool Bold = false;
     bool Italic = false;
@@ -89,9 +89,10 @@ class Metafile {
 
     void Add(std::uint16_t function, std::string_view parameters);
     void Add_Words(std::uint16_t function, std::initializer_list<int> words);
-    void Take_Clip();
+    void Take_Clip(const MetaBox& reach);
     void Take(Kind kind);
-    void Take_Pen_And_Brush();
+    void Take_Pen_And_Brush(const MetaBox& reach);
+    MetaBox With_Pen(MetaBox box) const;
     std::size_t Room_For_An_Object();
 
     int Width;
@@ -109,6 +110,10 @@ class Metafile {
     Colour TextColour = 0;
     std::optional<Colour> TextColourSet;
     std::optional<bool> WindingSet;
+    bool TextWaySet = false;  ///< letters on their base line, nothing behind them
+    int PenWidth = 1;
+    int FontHeight = 0;
+    bool Turned = false;
     std::optional<MetaBox> Clip;
     std::optional<MetaBox> ClipSet;
 };

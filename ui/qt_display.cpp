@@ -272,7 +272,8 @@ std::string QtDisplay::Copy_Page(Page page, const PictureFormat& format) {
     // Each program takes the best kind that it knows.
     auto copied = std::make_unique<QMimeData>();
     copied->setImageData(QImage::fromData(bitmap.Bytes));
-    for (const auto& [ending, type] : {std::pair(".svg", "image/svg+xml"), std::pair(".wmf", "image/x-wmf")}) {
+    for (const auto& [ending, type] :
+         {std::pair(".svg", "image/svg+xml"), std::pair(".wmf", "image/x-wmf")}) {
         const MadePicture drawing = made(ending);
         if (drawing.Reason.empty()) copied->setData(type, drawing.Bytes);
     }

@@ -67,7 +67,8 @@ enum class Dialog {
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
 enum class Page { Curves, Profile, Record, Section };
 
-/// How a picture file is made. Drawings (.svg, .pdf, .wmf) have the size that the pixels have at the resolution.
+/// How a picture file is made. Drawings (.svg, .pdf, .wmf) have the size that the pixels have at the
+/// resolution.
 struct PictureFormat {
     int Width = 1200;  ///< pixels
     int Height = 750;

@@ -119,10 +119,10 @@ TEST_F(SectionCommand, DrawsTheSection) {
     for (const int colour : {colours[1], colours[2], colours[3]})
         EXPECT_NE(colour, 0xFFFFFF);
     // Paper of five metres gets fewer units, and all of it is there.
-    ASSERT_EQ(Run("section " + line + " --source shot --size 20000x2000 --out " + (Folder / "long.wmf") +
-                  Between)
-                  .Status,
-              0);
+    ASSERT_EQ(
+        Run("section " + line + " --source shot --size 20000x2000 --out " + (Folder / "long.wmf") + Between)
+            .Status,
+        0);
     const PlayedMetafile large = Play_Metafile(Read_File(Folder / "long.wmf").value_or(""));
     EXPECT_EQ(large.Fault, "");
     EXPECT_EQ(large.UnitsAnInch, 144);

@@ -85,6 +85,9 @@ class Player {
             case 0x0209:
                 Now.Ink = Colour_At(0);
                 return {};
+            case 0x0214:
+                Now.At = {P(1), P(0)};
+                return {};
             case 0x0416:
                 Now.Clip = {P(3), P(2), P(1), P(0)};
                 return {};
@@ -142,6 +145,12 @@ class Player {
             case PlayedMetafile::Ellipse:
                 figure.Places = {P(3), P(2), P(1), P(0)};
                 break;
+            case 0x0213:
+                figure.Function = PlayedMetafile::Polyline;
+                figure.Places = Now.At;
+                Now.At = {P(1), P(0)};
+                figure.Places.insert(figure.Places.end(), Now.At.begin(), Now.At.end());
+                break;
             case PlayedMetafile::Polyline:
             case PlayedMetafile::Polygon:
                 if (Parameters.size() != 1 + 2 * static_cast<std::size_t>(P(0))) return "a number of points";
@@ -176,7 +185,7 @@ class Player {
                 return {};
         }
         if (!Now.Pen) return "a figure without a pen";
-        if (function != PlayedMetafile::Polyline && !Now.Brush) return "a figure without a brush";
+        if (figure.Function != PlayedMetafile::Polyline && !Now.Brush) return "a figure without a brush";
         figure.Ink = Table[*Now.Pen]->Colour;
         if (Now.Brush) figure.Filling = Table[*Now.Brush]->Colour;
         Played.Figures.push_back(figure);
@@ -187,6 +196,7 @@ class Player {
         std::optional<std::size_t> Pen, Brush, Font;
         int Ink = 0;
         std::vector<int> Clip;
+        std::vector<int> At{0, 0};
     };
 
     const std::string& Bytes;

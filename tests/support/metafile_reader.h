@@ -5,7 +5,8 @@
 
 namespace tarnvik::test {
 
-/// What a Windows metafile draws, as a reader plays it: colours are those of the objects selected at the time.
+/// What a Windows metafile draws, as a reader plays it: colours are those of the objects selected at the
+/// time.
 struct PlayedMetafile {
     struct Figure {
         int Function = 0;         ///< of its record

@@ -130,7 +130,8 @@ TEST_F(SectionControls, the_section_goes_to_files_and_to_the_clipboard_by_its_ow
     ASSERT_TRUE(Stands());
     const auto told = [this](const std::string& path) {
         const auto bytes = Read_File(path).value_or("").size();
-        EXPECT_EQ(Prompts.Last_Text(), CStr(Rounded(static_cast<double>(bytes) / 1024)) + " KB has been recorded");
+        EXPECT_EQ(Prompts.Last_Text(),
+                  CStr(Rounded(static_cast<double>(bytes) / 1024)) + " KB has been recorded");
     };
     const std::string name = Name_Of(Line.CurrentFile);
     const std::string wmf = Folder / "section.wmf";

@@ -31,9 +31,9 @@ MetaBox Box_Of(const QRectF& rect) {
 class MetafileEngine : public QPaintEngine {
   public:
     explicit MetafileEngine(Metafile& file)
-        : QPaintEngine(AllFeatures & ~(PatternTransform | PerspectiveTransform | ConicalGradientFill |
-                                       RadialGradientFill | LinearGradientFill | PorterDuff | AlphaBlend |
-                                       ConstantOpacity)),
+        : QPaintEngine(AllFeatures &
+                       ~(PatternTransform | PerspectiveTransform | ConicalGradientFill | RadialGradientFill |
+                         LinearGradientFill | PorterDuff | AlphaBlend | ConstantOpacity)),
           File(file) {}
 
     bool begin(QPaintDevice*) override { return true; }
@@ -46,8 +46,7 @@ class MetafileEngine : public QPaintEngine {
         if (dirty & (DirtyPen | DirtyTransform)) Take_Pen(now.pen());
         if (dirty & DirtyBrush) {
             const QBrush brush = now.brush();
-            Filling = brush.style() == Qt::NoBrush ? std::nullopt
-                                                   : std::optional(From_QColor(brush.color()));
+            Filling = brush.style() == Qt::NoBrush ? std::nullopt : std::optional(From_QColor(brush.color()));
         }
         if (dirty & DirtyClipEnabled && !now.isClipEnabled()) Take_Clip(Qt::NoClip, {});
         if (dirty & DirtyClipRegion) Take_Clip(now.clipOperation(), now.clipRegion().boundingRect());
