@@ -316,14 +316,19 @@ void Metafile::Polygons(std::span<const std::vector<MetaPoint>> figures, bool wi
 }
 
 void Metafile::Fill_Box(const MetaBox& box, Colour colour) {
+    MetaBox place{box.Left, box.Top, std::max(box.Right, box.Left + 1), std::max(box.Bottom, box.Top + 1)};
+    if (Clip) {
+        // A box cut to the clip is a box again, and no reader can do it otherwise.
+        place = {std::max(place.Left, Clip->Left), std::max(place.Top, Clip->Top),
+                 std::min(place.Right, Clip->Right), std::min(place.Bottom, Clip->Bottom)};
+        if (place.Left >= place.Right || place.Top >= place.Bottom) return;
+    }
     // A rectangle without a pen ends a pixel before its right and lower edge, so that stripes of paper would
     // stand between boxes side by side; a thin outline of the same colour closes them.
     const std::string pen = std::exchange(Wanted[Pen], Pen_Object(MetaPen{1, colour}));
     const std::string brush = std::exchange(Wanted[Brush], Brush_Object(colour));
-    const int right = std::max(box.Right, box.Left + 1);
-    const int bottom = std::max(box.Bottom, box.Top + 1);
-    Take_Pen_And_Brush({box.Left, box.Top, right, bottom});
-    Add_Words(draw_rectangle, {bottom, right, box.Top, box.Left});
+    Take_Pen_And_Brush(place);
+    Add_Words(draw_rectangle, {place.Bottom, place.Right, place.Top, place.Left});
     Wanted[Pen] = pen;
     Wanted[Brush] = brush;
 }

@@ -15,8 +15,11 @@ TEST(Metafile, FiguresComeBackInOrderWithTheirColoursAndClip) {
     const std::vector<MetaPoint> line = {{0, 0}, {100, 50}, {40000, -40000}};
     file.Polyline(line);
     file.Set_Clip(MetaBox{100, 200, 300, 400});
-    file.Fill_Box({10, 20, 10, 20}, 0x00FF00);
-    file.Ellipse({5, 6, 7, 8});
+    file.Fill_Box({10, 20, 10, 20}, 0xFFFF00);
+    file.Fill_Box({250, 350, 900, 360}, 0x00FF00);
+    file.Fill_Box({150, 250, 150, 250}, 0x00FF00);
+    file.Ellipse({150, 350, 250, 450});
+    file.Ellipse({150, 250, 250, 350});
     file.Set_Clip(MetaBox{-10, -10, 3000, 1000});
     file.Set_Text_Colour(0xFF0000);
     file.Set_Font({.Family = "Sans", .Height = 160, .TenthDegrees = 900});
@@ -31,24 +34,25 @@ TEST(Metafile, FiguresComeBackInOrderWithTheirColoursAndClip) {
     EXPECT_EQ(played.Width, 2000);
     EXPECT_EQ(played.Height, 1000);
     EXPECT_EQ(played.UnitsAnInch, 1440);
-    ASSERT_EQ(played.Figures.size(), 5U);
+    ASSERT_EQ(played.Figures.size(), 7U);
     EXPECT_EQ(played.Figures[0].Places, (std::vector{0, 0, 100, 50, 32767, -32768}));
     EXPECT_EQ(played.Figures[0].Ink, 0x0000FF);
-    EXPECT_TRUE(played.Figures[0].Clip.empty());
-    EXPECT_EQ(played.Figures[1].Places, (std::vector{10, 20, 11, 21})) << "never without a surface";
+    EXPECT_EQ(played.Figures[1].Places, (std::vector{250, 350, 300, 360})) << "boxes end at the clip";
     EXPECT_EQ(played.Figures[1].Filling, 0x00FF00);
     EXPECT_EQ(played.Figures[1].Ink, 0x00FF00);
-    EXPECT_EQ(played.Figures[1].Clip, (std::vector{100, 200, 300, 400}));
-    EXPECT_EQ(played.Figures[2].Ink, 0x0000FF) << "the pen of before";
-    EXPECT_EQ(played.Figures[2].Filling, -1);
-    EXPECT_EQ(played.Figures[3].Letters, "N\xB0?");
-    EXPECT_EQ(played.Figures[3].Advances, advances);
-    EXPECT_EQ(played.Figures[3].FontHeight, 160);
-    EXPECT_EQ(played.Figures[3].Ink, 0xFF0000);
-    EXPECT_TRUE(played.Figures[3].Clip.empty()) << "one around the drawing is none";
-    EXPECT_EQ(played.Figures[4].Function, Played::Polygons);
-    EXPECT_EQ(played.Figures[4].Places.size(), 12U);
-    EXPECT_EQ(played.Figures[4].Filling, 0x123456);
+    EXPECT_EQ(played.Figures[2].Places, (std::vector{150, 250, 151, 251})) << "never without a surface";
+    EXPECT_TRUE(played.Figures[2].Clip.empty());
+    EXPECT_EQ(played.Figures[3].Clip, (std::vector{100, 200, 300, 400}));
+    EXPECT_EQ(played.Figures[3].Ink, 0x0000FF) << "the pen of before";
+    EXPECT_EQ(played.Figures[3].Filling, -1);
+    EXPECT_EQ(played.Figures[5].Letters, "N\xB0?");
+    EXPECT_EQ(played.Figures[5].Advances, advances);
+    EXPECT_EQ(played.Figures[5].FontHeight, 160);
+    EXPECT_EQ(played.Figures[5].Ink, 0xFF0000);
+    EXPECT_TRUE(played.Figures[5].Clip.empty()) << "one around the drawing is none";
+    EXPECT_EQ(played.Figures[6].Function, Played::Polygons);
+    EXPECT_EQ(played.Figures[6].Places.size(), 12U);
+    EXPECT_EQ(played.Figures[6].Filling, 0x123456);
 }
 
 TEST(Metafile, ManyColoursAndLongLinesKeepWithinTheFormat) {
@@ -57,6 +61,7 @@ TEST(Metafile, ManyColoursAndLongLinesKeepWithinTheFormat) {
     for (int box = 0; box < boxes; ++box) {
         if (box % 7 == 0) file.Set_Clip(MetaBox{0, 0, 10000 + box, 900});
         file.Fill_Box({box, 0, box + 1, 10}, box * 16);
+        if (box % 7 == 3) file.Ellipse({-10, -10, 20000, 950});
     }
     std::vector<MetaPoint> trace;
     for (int at = 0; at < 20000; ++at)
