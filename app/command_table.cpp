@@ -11,6 +11,7 @@
 #include "app/refusals.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "app/su_chain_commands.h"
 #include "app/table_commands.h"
 #include "app/tool_launches.h"
 #include "app/view_commands.h"
@@ -271,8 +272,9 @@ const std::array command_table = {
     Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
     Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
     Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},
-    Command{.Name = "Resize", .Menu = utility_menu, .Caption = "Resize channels"},
-    Command{.Name = "extrax", .Menu = utility_menu, .Caption = "Extract traces"},
+    Command{.Name = "Resize", .Menu = utility_menu, .Caption = "Resize channels", .Tooltip = "The records at 1 ms, one and a half times as long as the latest first break, as a new SU file", .Run = Resize_Records, .Refusal = Without_Line_Or_Records},
+    Command{.Name = "extrax", .Menu = utility_menu, .Caption = "Extract traces", .Tooltip = "Some channels of all records as a new SU file", .Run = Extract_From_Records, .Refusal = Without_Records},
+    Command{.Name = "Stack_M", .Menu = utility_menu, .Caption = "Stack shots", .Tooltip = "Use this option to stack (add) contiguous shots,  up to 5 shots to enhance seismic signal", .Run = Stack_Neighbours, .Refusal = Without_Line_Or_Records},
     Separator(utility_menu),
     Command{.Name = "addcsv", .Menu = csv_menu, .Caption = "Add CSV", .Run = Launch_Add_Csv},
     Command{.Name = "dp", .Menu = csv_menu, .Caption = "Display Profile", .Run = Launch_Profile_Display},
