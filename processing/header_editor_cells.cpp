@@ -56,7 +56,7 @@ bool Header::Take_Text(int row, int column, std::string_view text, std::vector<N
     }
     const double value = Val(typed);
     if (!Bytes_Of_Word(column, value)) {
-        Hint = Refused_Text(row, column, typed + " does not fit, " + Room_Of(column) + " does");
+        Hint = Refused_Text(row, column, typed + " does not fit, only " + Room_Of(column));
         return false;
     }
     if (CStr(value) != shown) values.push_back({FirstTrace + row - 1, column, value});

@@ -70,6 +70,7 @@ void Header::Commandc1(const TraceProgress& progress) {
 
 /// Traces to copy; 0 when the files do not do, which is told.
 std::int64_t Header::Traces_To_Copy(const CopyFiles& files, const char* same_file, const char* other_count) {
+    Hint.clear();
     for (const std::string& path : {files.Input, files.Output}) {
         if (path.empty()) return Say("File name missing"), 0;
         if (!File_Exists(path)) return Say(path + " does not exists !"), 0;

@@ -44,7 +44,7 @@ bool Header::Tell_Failed(const HeaderPass& pass, int word) {
         Outside.Show.Show_Fields();
     } else if (pass.End == HeaderStep::DoesNotFit) {
         Tell_Error(overflow, Trace_Text(pass.Trace) + ": the value does not fit " + Header_Word(word).Name +
-                                 ", " + Room_Of(word) + " does. The headers are as they were.");
+                                 ", only " + Room_Of(word) + ". The headers are as they were.");
     } else {
         Tell_Error(device_error, Trace_Text(pass.Trace) + ": " +
                                      (pass.Reason.empty() ? "cannot be read" : pass.Reason) +
@@ -204,6 +204,7 @@ void Header::Command1(const TraceProgress& progress) {
 
 /// Tells why the file shown cannot be changed, in these words; false when it can.
 bool Header::File_Refused(const char* missing, const char* empty) {
+    Hint.clear();
     if (Texth1.empty()) {
         Say("File name missing");
         return true;
@@ -292,7 +293,7 @@ void Header::Check9(const TraceProgress& progress) {
     if (!Begins_A_Number(typed) || !Bytes_Of_Word(words::fldr, first) ||
         !Bytes_Of_Word(words::fldr, first + static_cast<double>(Record_Of_Trace(NbTraces, channels)))) {
         return Tell_Error(overflow,
-                          "\"" + One_Line(typed) + "\" does not fit fldr, " + Room_Of(words::fldr) + " does");
+                          "\"" + One_Line(typed) + "\" does not fit fldr, only " + Room_Of(words::fldr));
     }
     if (!Outside.Ask.Ask_Yes("Would you update the FLDR, first number is " + CStr(first), Work.AppTitle))
         return;
@@ -324,8 +325,7 @@ void Header::Update_Velocities(const TraceProgress& progress) {
         asked.Value = Val(typed);
         if (!Begins_A_Number(typed) || !Bytes_Of_Word(asked.Word, asked.Value)) {
             return Tell_Error(overflow, "\"" + One_Line(typed) + "\" does not fit " +
-                                            Header_Word(asked.Word).Name + ", " + Room_Of(asked.Word) +
-                                            " does");
+                                            Header_Word(asked.Word).Name + ", only " + Room_Of(asked.Word));
         }
     }
     const bool done = Number_All(

@@ -16,6 +16,7 @@ namespace {
 constexpr int traces = 12;
 constexpr int channels = 4;
 constexpr int ns = 5;
+constexpr int cdp = 6;  // a word without a meaning here
 
 SuBuilder Small_File(int samples = ns) {
     SuBuilder file(traces, samples);
@@ -49,7 +50,7 @@ class HeaderEditor : public testing::Test {
     void Expect_Edits_Taken_Back(std::size_t count) {
         EXPECT_EQ(Work.Edits.All().size(), count);
         EXPECT_EQ(Work.Edits.Go_To(Work.Project, 0), "");
-        EXPECT_EQ(Bytes(), First);
+        EXPECT_TRUE(Bytes() == First);
         EXPECT_EQ(Work.Edits.Go_To(Work.Project, count), "");
     }
     std::string Told(const std::function<void()>& act) {
@@ -90,10 +91,10 @@ TEST_F(HeaderEditor, typed_and_pasted_cells_are_edits) {
 
     const std::string before = Bytes();
     EXPECT_FALSE(Editor.Paste(3, words::wevel, {{"1", "2"}, {"3", "32768"}})) << "all or nothing";
-    EXPECT_EQ(Editor.Hint, "Trace 4, swevel: 32768 does not fit, -32768 to 32767 does; nothing was pasted");
+    EXPECT_EQ(Editor.Hint, "Trace 4, swevel: 32768 does not fit, only -32768 to 32767; nothing was pasted");
     EXPECT_FALSE(Editor.Type(1, words::trid, "40000"));
     EXPECT_FALSE(Editor.Type(1, words::sx, "2147483648"));
-    EXPECT_EQ(Bytes(), before);
+    EXPECT_TRUE(Bytes() == before);
     EXPECT_EQ(Editor.FlexArray.Text(4, words::swevel), "0");
     EXPECT_TRUE(Editor.Paste(traces, 90, {{"5", "6"}, {"7"}}));
     EXPECT_EQ(Editor.Hint, "2 of the cells reach beyond the grid and were left out");
@@ -120,12 +121,12 @@ TEST_F(HeaderEditor, grid_holds_120_traces_and_follows_an_undo) {
     EXPECT_EQ(Editor.FlexArray.Text(1, 0), "100");
 
     Work.Edits.On_Change = [this](const ChangeNotice& notice) { Editor.Follow(notice); };
-    Editor.Type(1, words::cdp, "8");
+    Editor.Type(1, cdp, "8");
     EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
-    EXPECT_EQ(Editor.FlexArray.Text(1, words::cdp), "0");
-    EXPECT_FALSE(Editor.Changed(1, words::cdp));
+    EXPECT_EQ(Editor.FlexArray.Text(1, cdp), "0");
+    EXPECT_FALSE(Editor.Changed(1, cdp));
     EXPECT_EQ(Work.Edits.Redo(Work.Project), "");
-    EXPECT_TRUE(Editor.Changed(1, words::cdp));
+    EXPECT_TRUE(Editor.Changed(1, cdp));
     EXPECT_TRUE(Work.Edits.Is_Saved()) << "no line is in memory";
 }
 
@@ -175,14 +176,14 @@ TEST_F(HeaderEditor, each_way_of_a_change_writes_its_values) {
     EXPECT_EQ(
         Told([&] { Editor.Command1(); }),
         "Something wrong happens, Error n°6\r\ncheck the header !\r\n\r\nTrace 3: the value does not fit "
-        "trid, -32768 to 32767 does. The headers are as they were.");
+        "trid, only -32768 to 32767. The headers are as they were.");
     Editor.Way = static_cast<int>(ChangeWay::ValueByReceiver);
-    Editor.Text8 = "4";
+    Editor.Text8 = "5";
     EXPECT_NE(Told([&] { Editor.Command1(); }).find("values.txt has 10 lines, 12 are needed"),
               std::string::npos);
     Replace_File(Folder / "values.txt", "1\n\n3\n");
     EXPECT_NE(Told([&] { Editor.Command1(); }).find("line 2 is no number"), std::string::npos);
-    EXPECT_EQ(Bytes(), before);
+    EXPECT_TRUE(Bytes() == before);
 }
 
 TEST_F(HeaderEditor, a_change_of_a_word_is_checked_in_this_order) {
@@ -214,7 +215,7 @@ TEST_F(HeaderEditor, a_change_of_a_word_is_checked_in_this_order) {
     EXPECT_EQ(says(), Folder / "none.txt" + " does not exist !");
     Editor.Way = static_cast<int>(ChangeWay::Constant);
     EXPECT_EQ(says(), "Value to write: \"\" is no number");
-    EXPECT_EQ(Bytes(), First);
+    EXPECT_TRUE(Bytes() == First);
 }
 
 TEST_F(HeaderEditor, important_words_are_numbered) {
@@ -259,7 +260,7 @@ TEST_F(HeaderEditor, important_words_are_numbered) {
 
     const std::string before = Bytes();
     EXPECT_TRUE(velocities("40000").starts_with("Something wrong happens, Error n°6"));
-    EXPECT_EQ(Bytes(), before);
+    EXPECT_TRUE(Bytes() == before);
     std::filesystem::remove(Path);
     EXPECT_EQ(Told([&] { Editor.Check9(); }), Path + " does not exists");
 }
@@ -277,7 +278,7 @@ TEST_F(HeaderEditor, work_that_is_stopped_or_fails_leaves_the_file_as_it_was) {
     });
     EXPECT_TRUE(half_done);
     EXPECT_EQ(Editor.Hint, "Stopped: the headers are as they were");
-    EXPECT_EQ(Content_Of(path), before);
+    EXPECT_TRUE(Content_Of(path) == before);
 
     // The file becomes shorter while it is worked on.
     Ports.Prompts.Expect_Start("Would you update header values with trace numbers", Answer::Yes);
@@ -287,7 +288,7 @@ TEST_F(HeaderEditor, work_that_is_stopped_or_fails_leaves_the_file_as_it_was) {
                         return true;
                     });
                 }).starts_with("Something wrong happens, Error n°57"));
-    EXPECT_EQ(Content_Of(path), before.substr(0, 3000 * 244));
+    EXPECT_TRUE(Content_Of(path) == before.substr(0, 3000 * 244));
     EXPECT_TRUE(Work.Edits.All().empty());
 }
 
@@ -312,9 +313,9 @@ TEST_F(HeaderEditor, copies_go_by_the_length_of_each_file) {
         // The output would be unreadable with the `ns` of the input.
         expected.replace(to + 114, 2, First, to + 114, 2);
     }
-    EXPECT_EQ(Bytes(), expected);
+    EXPECT_TRUE(Bytes() == expected);
     EXPECT_EQ(Work.Edits.Undo(Work.Project), "");
-    EXPECT_EQ(Bytes(), First);
+    EXPECT_TRUE(Bytes() == First);
 
     Editor.WholeHeader = false;
     EXPECT_EQ(Told([&] { Editor.Commandc1(); }), "You must select a word to change");
@@ -324,7 +325,7 @@ TEST_F(HeaderEditor, copies_go_by_the_length_of_each_file) {
     EXPECT_EQ(Words(73)[4], 2.5);
     EXPECT_TRUE(Content_Of(Folder / "input_val.txt").starts_with("0.5\r\n1\r\n1.5\r\n"));
     Expect_Edits_Taken_Back(1);
-    EXPECT_EQ(Content_Of(input), input_bytes);
+    EXPECT_TRUE(Content_Of(input) == input_bytes);
 
     const auto refused = [&](const std::string& from, const std::string& to) {
         Editor.Textc1 = from;

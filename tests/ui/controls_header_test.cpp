@@ -1,7 +1,6 @@
 // Each control of the header editor.
 
 #include <QClipboard>
-#include <QRadioButton>
 
 #include "control_table.h"
 #include "records/su_file.h"
@@ -9,6 +8,9 @@
 
 namespace tarnvik {
 namespace {
+
+constexpr int cdp = 6;
+constexpr int cdpt = 7;
 
 class HeaderControls : public Controls {
   protected:
@@ -30,7 +32,9 @@ class HeaderControls : public Controls {
     }
     std::function<void(QWidget*)> Chooses(ChangeWay way) {
         return [this, way](QWidget* control) {
-            Logic.Way = -1;
+            Logic.Way =
+                static_cast<int>(way == ChangeWay::Constant ? ChangeWay::Multiply : ChangeWay::Constant);
+            Display.Show_Fields();
             Click(control);
             EXPECT_EQ(Logic.Way, static_cast<int>(way));
         };
@@ -71,27 +75,27 @@ TEST_F(HeaderControls, do_their_work) {
              auto* grid = qobject_cast<SpreadsheetView*>(control);
              EXPECT_EQ(grid->model()->rowCount(), 121);
              grid->setFocus();
-             grid->setCurrentIndex(grid->model()->index(3, words::cdp));
+             grid->setCurrentIndex(grid->model()->index(3, cdp));
              QTest::keyClicks(grid, "x5y");
              QTest::keyClicks(QApplication::focusWidget(), "z1\r");
-             EXPECT_EQ(Word(3, words::cdp), 51) << "letters are no part of a header word";
+             EXPECT_EQ(Word(3, cdp), 51) << "letters are no part of a header word";
              EXPECT_EQ(grid->currentIndex().row(), 4);
              EXPECT_EQ(grid->model()
-                           ->data(grid->model()->index(3, words::cdp), Qt::BackgroundRole)
+                           ->data(grid->model()->index(3, cdp), Qt::BackgroundRole)
                            .value<QBrush>()
                            .color(),
                        QColor(192, 192, 192));
              EXPECT_FALSE(grid->model()->setData(grid->model()->index(3, words::trid), "40000"));
              EXPECT_EQ(Text(Page()->findChild<QLabel*>("Hint")),
-                       "Trace 3, trid: 40000 does not fit, -32768 to 32767 does");
+                       "Trace 3, trid: 40000 does not fit, only -32768 to 32767");
              QGuiApplication::clipboard()->setText("8\t9\n10\t11");
              grid->PasteCells->trigger();
-             EXPECT_EQ(Word(5, words::cdpt), 11);
+             EXPECT_EQ(Word(5, cdpt), 11);
              QTest::keySequence(grid, QKeySequence::Undo);
-             EXPECT_EQ(Word(5, words::cdpt), 0);
-             EXPECT_EQ(grid->model()->data(grid->model()->index(5, words::cdpt)).toString(), "0");
+             EXPECT_EQ(Word(5, cdpt), 0);
+             EXPECT_EQ(grid->model()->data(grid->model()->index(5, cdpt)).toString(), "0");
              Run_Command(Program, "Undo_M");
-             EXPECT_EQ(grid->model()->data(grid->model()->index(3, words::cdp)).toString(), "0");
+             EXPECT_EQ(grid->model()->data(grid->model()->index(3, cdp)).toString(), "0");
          }},
         {"Texth1",
          [&](QWidget* control) {

@@ -117,6 +117,7 @@ void HeaderForm::Make_Grid() {
         if (orientation == Qt::Vertical) return tr("Number of the trace in the file");
         return QString::fromStdString(Logic.Word_Described(section));
     };
+    Grid->verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("Trace Nb") + 16);
     connect(&Grid->Cells(), &QAbstractItemModel::modelReset, this, &HeaderForm::Set_Column_Widths);
     Set_Column_Widths();
 }
@@ -175,7 +176,7 @@ void HeaderForm::Tie_Single_Word(Ui::HeaderForm& controls) {
     Fields.Text(controls.Text5, Logic.Text5);
     On_Double_Click(controls.Text5, [this] { Logic.Choose_Values(); });
     Fields.Command(controls.BrowseText5, [this] { Logic.Choose_Values(); });
-    controls.wordGrid->setColumnStretch(3, 1);
+    controls.wordGrid->setColumnStretch(4, 1);
     controls.wayGrid->setColumnStretch(4, 1);
     controls.wayGrid->setHorizontalSpacing(12);
     Fields.Command(controls.Command1,
