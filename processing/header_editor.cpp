@@ -101,6 +101,10 @@ void Header::Show_File() {
     NbTraces = std::max(file.Nb_Traces().value_or(0), 0);
     Text2 = "1";
     Text3 = CStr(static_cast<double>(NbTraces));
+    xText2 = Text2;
+    xText3 = Text3;
+    CheckText.clear();
+    LastSpreadsheet.clear();
     if (Textc1.empty()) Textc1 = Texth1;
     if (!file.Is_Open() && !Texth1.empty()) Hint = Texth1 + " does not exist !";
     if (Texth1.empty()) Hint = "Choose an SU file";

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -88,10 +89,29 @@ class Header {
     /// Word 1 to 90 of each trace, as it stands in the input.
     void Copy_one_word(int word, const TraceProgress& progress = {});
 
-    void Command9();  ///< help on the grid
-    void Command4();  ///< help on the change of a word
-    void Command5();  ///< help on the update of important words
-    void Command7();  ///< help on copying
+    // Spreadsheet.
+    std::set<int> xText4;                                ///< words that go out, 1 to 90
+    std::string xText2;                                  ///< first trace
+    std::string xText3;                                  ///< last trace
+    bool XCheck1 = true;                                 ///< all traces
+    std::string LastSpreadsheet;                         ///< the one just made; empty while there is none
+    void XCommand2(const TraceProgress& progress = {});  ///< "Load value in EXCEL"
+    void Header_spreadsheet();                           ///< "Start Excel": opens the one just made
+
+    // Geometry, and what is wrong with the headers.
+    std::string scalco = "0";  ///< scale word of X and Y; 0 the coarsest that holds all values
+    std::string scalel = "0";  ///< scale word of elevations, likewise
+    std::string CheckText;
+    void Command10(const TraceProgress& progress = {});  ///< "Transfer geometry header value to EXCEL"
+    void Command11();                                    ///< "Transfer geometry PRN file into SU Header"
+    void Check_File();
+
+    void Command8();   ///< help on the spreadsheet
+    void Command12();  ///< help on the geometry
+    void Command9();   ///< help on the grid
+    void Command4();   ///< help on the change of a word
+    void Command5();   ///< help on the update of important words
+    void Command7();   ///< help on copying
 
     /// Bytes of files have changed, by this dialog, by another one or by an undo.
     void Follow(const ChangeNotice& notice);
@@ -134,6 +154,8 @@ class Header {
         bool LookFirst = false;
         int Word = 1;  ///< named where a value does not fit
     };
+    std::string Target(const FileRequest& request, const std::string& ending);
+    void Tell_Written(const std::string& path, const std::string& reason);
     bool Run(const Pass& work, const TraceProgress& progress);
     bool File_Refused(const char* missing, const char* empty);
     int Channels_Of_File() const;

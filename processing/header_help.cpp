@@ -25,6 +25,24 @@ void Header::Command9() {
          "Corrected cell background color is displayed in grey", "Use Ctrl+C to copy and Ctrl+V to paste"}));
 }
 
+void Header::Command8() {
+    Say(Lines({"HEADER VALUES IN EXCEL",
+               "Select the header words in the list, Ctrl adds one and Shift a range",
+               "Enter the first and the last trace, or take all traces",
+               "The file gets a column for each word and a row for each trace",
+               "Start Excel opens the file that has just been made"}));
+}
+
+void Header::Command12() {
+    Say(Lines(
+        {"GEOMETRY OF SHOTS AND RECEIVERS",
+         "Stations, X, Y and elevations of all traces go into a workbook or a text file",
+         "Change them there, save as PRN or CSV text and transfer that file into the SU header",
+         "X / Y scale and elevation scale: 1, 10, 100 multiply, -10, -100, -1000 divide the header value",
+         "Scale 0 takes the coarsest scale that keeps all values to a thousandth",
+         "Use Ctrl+Z to take it back"}));
+}
+
 void Header::Command4() {
     Say(Lines({"SINGLE HEADER WORD EDITOR", "You can change one header word on a range of traces",
                "Select the word, enter the first and the last trace, choose one way and click Write on file",
