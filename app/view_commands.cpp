@@ -19,7 +19,11 @@ namespace tarnvik {
 namespace {
 
 void Save_Page_As(Session& session, const std::string& path) {
-    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path, PictureFormat());
+    const Page page = Page_On_Screen(session);
+    const PictureFormat format;
+    if (!Scale_May_Change(session, page, format.Width_In_Millimetres(), format.Height_In_Millimetres()))
+        return;
+    const std::string reason = session.Outside.Show.Save_Page(page, path, format);
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
@@ -68,6 +72,7 @@ void Clear_Display(Session& session) {
 void Close_Computing_Dialogs(Session& session) {
     session.Delay.Hide_Delay_Curve();
     session.Section.Project_Left();
+    session.Report.Project_Left();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);

@@ -60,6 +60,7 @@ class QtDisplay : public SessionDisplay {
     };
     void Forget(Dialog dialog);
     DrawPage Page_Drawing(Page page);
+    PageLayout Layout_Of(Page page) const;
     QPrinter& Printer();
 
     MainWindow* Window = nullptr;
