@@ -243,8 +243,10 @@ class ReportPainting {
                 const double half = Across(size.Width / 2);
                 if (place.Distance < Window.Left || place.Distance > Window.Right) continue;
                 if (Window.Right - Window.Left < 2 * (half + rim)) continue;
+                // An error bar at the place would cross the text.
+                const double aside = Has_Error(model, place.Distance) ? half + Across(2 * cap * Point) : 0;
                 const double x =
-                    std::clamp(place.Distance, Window.Left + half + rim, Window.Right - half - rim);
+                    std::clamp(place.Distance + aside, Window.Left + half + rim, Window.Right - half - rim);
                 if (x - half < free_from) continue;
                 if (text == last_text && x - last_x < (Window.Right - Window.Left) / 3) continue;
                 const auto room = Room_In_Layer(model, layer, x - half, x + half);
@@ -263,6 +265,11 @@ class ReportPainting {
             }
         }
         Main.Set_Font_Size(usual_font);
+    }
+
+    bool Has_Error(const ReportModel& model, double x) const {
+        return Choices.Errors && std::any_of(model.Errors.begin(), model.Errors.end(),
+                                             [x](const DepthError& error) { return error.At.X == x; });
     }
 
     void Draw_Errors() {
@@ -405,9 +412,9 @@ SectionWindow Report_Extent(const Project& project, const std::vector<ReportMode
     const ReportCurve ground = Ground_Of(project);
     if (ground.empty()) return {0, 1, 0, 1};
     SectionWindow extent{ground.front().X, ground.back().X, ground.front().Z, ground.front().Z};
+    // An envelope may go on a little beyond the line; nothing is known of the ground there.
     const auto reach = [&extent](const ReportPoint& point) {
-        extent.Left = std::min(extent.Left, point.X);
-        extent.Right = std::max(extent.Right, point.X);
+        if (point.X < extent.Left || point.X > extent.Right) return;
         extent.Bottom = std::min(extent.Bottom, point.Z);
         extent.Top = std::max(extent.Top, point.Z);
     };

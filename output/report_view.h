@@ -44,7 +44,7 @@ struct ReportView {
 /// The methods that the page shows, the one of the layers first; those without depths are left out.
 std::vector<ReportModel> Models_Of(const Project& project, const ReportChoices& choices);
 
-/// Distances of the line, elevations of ground and deepest interface.
+/// Distances of the ground, elevations of ground and deepest interface.
 SectionWindow Report_Extent(const Project& project, const std::vector<ReportModel>& models);
 
 }  // namespace tarnvik
