@@ -114,9 +114,17 @@ class ReportPainting {
     std::vector<ReportCurve> Roofs(const ReportModel& model, int layer) const {
         std::vector<ReportCurve> roofs;
         const auto index = static_cast<std::size_t>(std::max(layer - 2, 0));
+        // All layers end below the same places, though their envelopes may not.
+        double first = Window.Right;
+        double last = Window.Left;
+        for (const SectionPlace& place : model.Places) {
+            if (!place.Known) continue;
+            first = std::min(first, place.Distance);
+            last = std::max(last, place.Distance);
+        }
         for (const ReportCurve& run : model.Interfaces[index].Runs) {
-            const double from = std::max(run.front().X, Window.Left);
-            const double to = std::min(run.back().X, Window.Right);
+            const double from = std::max({run.front().X, Window.Left, first});
+            const double to = std::min({run.back().X, Window.Right, last});
             if (!(to > from)) continue;
             ReportCurve roof = Part_Of_Curve(layer == 1 ? Ground : run, from, to);
             if (roof.size() > 1) roofs.push_back(std::move(roof));
