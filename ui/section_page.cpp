@@ -5,6 +5,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -390,6 +391,17 @@ void SectionPage::Wire_Gestures() {
     gestures->Pan = pan;
     gestures->Show_All = [this] { With_Shown([](auto& shown) { shown.Show_All(); }); };
     gestures->Left = [this] { With_Shown([](auto& shown) { shown.Leave(); }); };
+    Section->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(Section, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        QMenu menu(this);
+        for (const char* name : {"SectionWmf_M", "SectionJpg_M", "SectionClipboard_M"}) {
+            const Command& command = *Find_Command(name);
+            QAction* action = menu.addAction(From(command.Caption));
+            action->setEnabled(Refusal_Of(command, Program).empty());
+            connect(action, &QAction::triggered, this, [this, name] { Run_Command(Program, name); });
+        }
+        menu.exec(Section->mapToGlobal(at));
+    });
     connect(Section, &PictureBox::Key_Pressed, this, [this, enlarge, pan](int key) {
         const Frame frame = Section->Canvas().Current_Frame();
         const double across = (frame.Right - frame.Left) * key_share;
