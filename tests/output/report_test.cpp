@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "core/display_choices.h"
+#include "core/text/number.h"
 #include "output/depth_arcs.h"
 #include "output/hatching.h"
 #include "output/report_picture.h"
@@ -34,11 +35,12 @@ TEST(DepthArcs, AreTouchedByADippingRefractor) {
     EXPECT_LT(envelope.front().X, 0) << "the first arc is touched up-dip of its shot";
     for (const DepthArc& arc : arcs) {
         for (const ReportPoint& point : Points_Of_Arc(arc, 30)) {
-            if (const auto z = Curve_At(envelope, point.X)) EXPECT_LE(*z, point.Z + 1e-9);
+            if (const auto z = Curve_At(envelope, point.X)) EXPECT_LE(*z, point.Z + 1e-3);
         }
     }
     // A circle inside its neighbour says nothing.
-    EXPECT_NEAR(*Curve_At(Envelope_Of_Arcs({{{0, 0}, 10}, {{1, 0}, 2}, {{2, 0}, 10}}), 1), -10, 1e-9);
+    EXPECT_NEAR(*Curve_At(Envelope_Of_Arcs({{{0, 0}, 10}, {{1, 0}, 2}, {{2, 0}, 10}}), 1), -std::sqrt(99),
+                1e-9);
 }
 
 // Over a concave area: every stroke inside, and together as long as the area over their distance.
@@ -108,7 +110,7 @@ TEST_F(ReportPage, ShowsWhatIsKnownWhereItIs) {
     Report.View.Choices.North = "N 35 E";
     const ReportFrame frame = Draw();
     const Colour red = Method_Colour(SectionSource::Shots);
-    EXPECT_TRUE(Page.Has_Line(50, 95, 100, 95, red)) << "joined depths";
+    EXPECT_TRUE(Page.Has_Line(50, 95, 70, 95, red)) << "joined depths";
     // Below the valley the interface would lie above the ground: it follows it.
     const ReportModel model = Model_Of(Work.Project, SectionSource::Shots, InterfaceShape::Joined);
     EXPECT_NEAR(*model.Elevation_Of(1, 30), 92, 1e-9);
@@ -119,7 +121,7 @@ TEST_F(ReportPage, ShowsWhatIsKnownWhereItIs) {
     EXPECT_TRUE(Says("2000 m/s"));
     for (const char* text : {"Line valley", "2024-05-06", "N 35 E", "Distance (m)", "Elev. (m)"})
         EXPECT_TRUE(Says(text)) << text;
-    EXPECT_TRUE(Says("Vertical exaggeration " + std::string(frame.Exaggeration == 5 ? "5.0" : "")));
+    EXPECT_TRUE(Says("Vertical exaggeration " + Format(frame.Exaggeration, "0.0#")));
     // 18 and 22 ms at a critical angle of asin(0.25): half of 500 * 0.004 / (2 cos). One side alone has none.
     ASSERT_EQ(model.Errors.size(), 1U);
     EXPECT_EQ(model.Errors[0].At, (ReportPoint{50, 95}));
@@ -154,7 +156,7 @@ TEST_F(ReportPage, HasItsTrueScaleOnPaper) {
     choices.Scale = 200;
     const std::string fault = Report.Scale_Fault(297, 210);
     EXPECT_NE(fault.find("1:200 does not fit the paper"), std::string::npos);
-    EXPECT_NE(fault.find("1:400 fits"), std::string::npos) << fault;
+    EXPECT_NE(fault.find("1:500 fits"), std::string::npos) << fault;
     EXPECT_FALSE(Draw(true).Fits);
     EXPECT_TRUE(Says("1:200 does not fit this paper"));
     choices.Scale = 0;
@@ -172,7 +174,7 @@ TEST_F(ReportPage, IsEnlargedAndRemembersItsChoices) {
     Report.Choice_Changed();
     Report.Enlarge(50, 95, 4, 4);
     ASSERT_TRUE(Report.View.Enlarged);
-    EXPECT_NEAR(Report.View.Enlarged->Right - Report.View.Enlarged->Left, 25, 1e-9);
+    EXPECT_NEAR(Report.View.Enlarged->Right - Report.View.Enlarged->Left, 27.5, 1e-9);
     Report.Move(60, 96);
     EXPECT_EQ(Work.Fields.Text1, "X= 60.0 m  Z= 96.00 m  depth 4.0 m  layer 1");
     Report.Project_Left();
