@@ -11,6 +11,7 @@
 #include "app/refusals.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "app/su_chain_commands.h"
 #include "app/table_commands.h"
 #include "app/tool_launches.h"
 #include "app/view_commands.h"
@@ -43,6 +44,10 @@ std::string Without_Picture(const Session& session) {
 
 std::string Without_Any_Picture(const Session& session) {
     return Page_Can_Be_Drawn(session, Page::Record) ? "" : Without_Picture(session);
+}
+
+std::string Without_Coloured_Section(const Session& session) {
+    return session.Report.Shown() ? Without_Report(session.Work.Project) : Without_Section(session.Work);
 }
 
 void Quit_From_Menu(Session& session) {
@@ -125,6 +130,7 @@ constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
 constexpr std::string_view screen_menu = "Screen Displa&y";
 constexpr std::string_view printer_menu = "P&rinter";
+constexpr std::string_view section_menu = "P&rinter/Colored section";
 constexpr std::string_view utility_menu = "&Utility";
 constexpr std::string_view ascii_menu = "&Utility/ASCII files";
 constexpr std::string_view csv_menu = "&Utility/CSV tools";
@@ -247,7 +253,11 @@ const std::array command_table = {
 
     // Printer
     Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
-    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture...", .Tooltip = "As PNG, JPG, SVG, PDF or WMF", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "CopyPicture_M", .Menu = printer_menu, .Caption = "Copy picture", .Tooltip = "To the clipboard, as large as the last one saved", .Shortcut = "Ctrl+Shift+C", .Run = Copy_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "SectionWmf_M", .Menu = section_menu, .Caption = "Windows Meta File...", .Run = Section_To_Metafile, .Refusal = Without_Coloured_Section},
+    Command{.Name = "SectionJpg_M", .Menu = section_menu, .Caption = "JPG picture...", .Run = Section_To_Jpg, .Refusal = Without_Coloured_Section},
+    Command{.Name = "SectionClipboard_M", .Menu = section_menu, .Caption = "Clipboard", .Run = Section_To_Clipboard, .Refusal = Without_Coloured_Section},
     Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
     Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
     Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation", .Tooltip = "Velocities and thicknesses below the shots as a table", .Run = Show_Results, .Refusal = Without_Project},
@@ -262,8 +272,9 @@ const std::array command_table = {
     Command{.Name = "filtr", .Menu = utility_menu, .Caption = "Filtering + AGC", .Icon = "frequency", .Run = Launch_Filter},
     Command{.Name = "Rev_Trace", .Menu = utility_menu, .Caption = "Reverse traces", .Run = Launch_Trace_Reversal},
     Command{.Name = "Fldrec", .Menu = utility_menu, .Caption = "Update trace number / record number"},
-    Command{.Name = "Resize", .Menu = utility_menu, .Caption = "Resize channels"},
-    Command{.Name = "extrax", .Menu = utility_menu, .Caption = "Extract traces"},
+    Command{.Name = "Resize", .Menu = utility_menu, .Caption = "Resize channels", .Tooltip = "The records at 1 ms, one and a half times as long as the latest first break, as a new SU file", .Run = Resize_Records, .Refusal = Without_Line_Or_Records},
+    Command{.Name = "extrax", .Menu = utility_menu, .Caption = "Extract traces", .Tooltip = "Some channels of all records as a new SU file", .Run = Extract_From_Records, .Refusal = Without_Records},
+    Command{.Name = "Stack_M", .Menu = utility_menu, .Caption = "Stack shots", .Tooltip = "Use this option to stack (add) contiguous shots,  up to 5 shots to enhance seismic signal", .Run = Stack_Neighbours, .Refusal = Without_Line_Or_Records},
     Separator(utility_menu),
     Command{.Name = "addcsv", .Menu = csv_menu, .Caption = "Add CSV", .Run = Launch_Add_Csv},
     Command{.Name = "dp", .Menu = csv_menu, .Caption = "Display Profile", .Run = Launch_Profile_Display},

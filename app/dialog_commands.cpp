@@ -6,11 +6,13 @@
 #include "app/session.h"
 #include "app/start.h"
 #include "app/view_commands.h"
+#include "core/files.h"
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/number.h"
 #include "depth/grm_picture.h"
 #include "output/profile.h"
+#include "processing/rewrite_su.h"
 #include "records/record_buttons.h"
 #include "records/spectrum_area.h"
 #include "records/su_loading.h"
@@ -138,6 +140,8 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Section(Session& session) {
+    // Who asks for the coloured section wants to see it.
+    session.Report.ShownChoice = 0;
     session.Section.Command13();
 }
 
@@ -224,8 +228,22 @@ void Take_Out_Current_Shot(Session& session) {
                                      work.AppTitle)) {
         return;
     }
+    // A record without a shot of its own would stand for the next shot.
+    FreshFiles records;
+    if (File_Exists(Su_Path(work.Project)) &&
+        session.Outside.Ask.Ask_Yes("Take its field record out of " + work.Project.SuFile + " too ?",
+                                    work.AppTitle)) {
+        records = Rewrite_SU(work, session.Outside, shot);
+        if (records.empty()) return;
+    }
     Close_Computing_Dialogs(session);
-    const EditScope edit(work, "Take out shot " + CStr(shot));
+    EditScope edit(work, "Take out shot " + CStr(shot));
+    const std::string reason = Put_All(records);
+    if (!reason.empty()) {
+        edit.Give_Up();
+        session.Outside.Ask.Say(reason, work.AppTitle, Icon::Critical);
+        return;
+    }
     session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;
     Remove_Colonne(work, session.Outside, shot);
     session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut;

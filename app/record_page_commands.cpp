@@ -5,6 +5,7 @@
 #include "app/record_choices.h"
 #include "app/refusals.h"
 #include "app/session.h"
+#include "app/su_chain_commands.h"
 #include "records/record_buttons.h"
 #include "records/record_choice.h"
 #include "records/record_readout.h"
@@ -93,6 +94,7 @@ const std::array record_page_commands = {
     Command{.Name = "Command16", .Caption = "FB Shift", .Tooltip = "Moves the first breaks of some traces by a time", .Icon = "pick-shift", .Run = On_Record<Shift_Picks>, .Refusal = Without_Shown_Records},
     Command{.Name = "Pick_Time_Shift", .Tooltip = "Time shift in ms for picking FBP", .Icon = "pick-time-shift", .Run = Ask_Time_Shift, .Checked = Shifted, .Refusal = Without_Shown_Records},
     Command{.Name = "Spectre_Frequency", .Tooltip = "Frequency spectrum of an area: draw it on the record", .Icon = "herz", .Run = Arm_Spectrum_Here, .Checked = Spectrum_Armed, .Refusal = Without_Shown_Records},
+    Command{.Name = "Command1", .Caption = "Stack shots", .Tooltip = "Use this option to stack (add) contiguous shots,  up to 5 shots to enhance seismic signal", .Run = Stack_Neighbours, .Refusal = Without_Line_Or_Records},
 };
 // clang-format on
 

@@ -6,6 +6,7 @@
 #include "app/local_time.h"
 #include "app/session.h"
 #include "app/start.h"
+#include "core/edits/kept_files.h"
 #include "core/fault.h"
 #include "core/files.h"
 #include "core/project_file.h"
@@ -83,6 +84,7 @@ bool Offer(Session& session, const JournalContent& journal) {
         case Answer::Yes:
             return Bring_Back(session, journal);
         case Answer::No:
+            Give_Up_Files(journal);
             Remove_Journal(journal);
             return false;
         default:
@@ -91,8 +93,7 @@ bool Offer(Session& session, const JournalContent& journal) {
 }
 
 template <class Wanted>
-bool Offer_Journals(Session& session, Wanted wanted) {
-    if (session.JournalFolder.empty()) return false;
+bool Offer_Each(Session& session, Wanted wanted) {
     for (const JournalContent& journal : Journals_Left_Behind(session.JournalFolder)) {
         if (!wanted(journal)) continue;
         if (!Tells_Something_New(journal)) {
@@ -102,6 +103,17 @@ bool Offer_Journals(Session& session, Wanted wanted) {
         if (Offer(session, journal)) return true;
     }
     return false;
+}
+
+template <class Wanted>
+bool Offer_Journals(Session& session, Wanted wanted) {
+    if (session.JournalFolder.empty()) return false;
+    // Files that were being replaced are put right before anything is read, and what only an answered journal
+    // kept goes behind it.
+    Clear_Kept_Files(session.JournalFolder);
+    const bool brought_back = Offer_Each(session, wanted);
+    Clear_Kept_Files(session.JournalFolder);
+    return brought_back;
 }
 
 }  // namespace

@@ -26,6 +26,11 @@ std::string Without_Records(const Session& session) {
     return session.Work.Project.SuFile.empty() ? no_records : "";
 }
 
+std::string Without_Line_Or_Records(const Session& session) {
+    const std::string refusal = Without_Project(session);
+    return refusal.empty() ? Without_Records(session) : refusal;
+}
+
 std::string Without_Shown_Records(const Session& session) {
     return session.Work.Record.NbTraces < 1 ? no_records : Without_Records(session);
 }

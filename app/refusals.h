@@ -15,6 +15,8 @@ std::string Without_Project(const Session& session);
 std::string Without_Total_Time(const Session& session);
 /// The line names no field records, whether they are found or not.
 std::string Without_Records(const Session& session);
+/// No line is in memory, or it names no field records.
+std::string Without_Line_Or_Records(const Session& session);
 /// No field records are on the record page.
 std::string Without_Shown_Records(const Session& session);
 

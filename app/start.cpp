@@ -170,7 +170,7 @@ void Exit_At_Once(Session& session) {
 
 void End_Session(Session& session) {
     // The user has decided about the work of this session.
-    session.Work.Edits.Drop_Journal();
+    session.Work.Edits.Close();
     session.TriggerFault.Drop_Shift();
     // How the project was looked at is no work that could be lost: a failure is not worth a question.
     session.Work.Choices.Save();

@@ -11,11 +11,6 @@ namespace tarnvik {
 
 namespace {
 
-std::string Without_Line_And_Records(const Session& session) {
-    const std::string refusal = Without_Project(session);
-    return refusal.empty() ? Without_Records(session) : refusal;
-}
-
 std::string Without_Shot(const Session& session) {
     const std::string refusal = Without_Project(session);
     if (!refusal.empty()) return refusal;
@@ -72,8 +67,8 @@ constexpr std::string_view coordinates_group = "Surveyed coordinates";
 const std::array page_commands = {
     Command{.Name = "Save", .Menu = table_group, .Caption = "Save", .Tooltip = "Writes the project with the values of the tables", .Run = Save_Data, .Refusal = Without_Project},
 
-    Command{.Name = "Command20", .Menu = picks_group, .Caption = "Load FBP from SU header", .Tooltip = "Import into grid  FBP value from SU file", .Run = Load_Header_Picks, .Refusal = Without_Line_And_Records},
-    Command{.Name = "Grid_2_SU", .Menu = picks_group, .Caption = "Store FBP in SU header", .Tooltip = "Writes the times of the grid into the trace headers of the SU file", .Run = Store_Header_Picks, .Refusal = Without_Line_And_Records},
+    Command{.Name = "Command20", .Menu = picks_group, .Caption = "Load FBP from SU header", .Tooltip = "Import into grid  FBP value from SU file", .Run = Load_Header_Picks, .Refusal = Without_Line_Or_Records},
+    Command{.Name = "Grid_2_SU", .Menu = picks_group, .Caption = "Store FBP in SU header", .Tooltip = "Writes the times of the grid into the trace headers of the SU file", .Run = Store_Header_Picks, .Refusal = Without_Line_Or_Records},
 
     Command{.Name = "Text6", .Menu = line_group, .Tooltip = "From end shot 1 to last end shot. Double click to change", .Run = Line_Length, .Refusal = Without_Project},
     Command{.Name = "Command6", .Menu = line_group, .Caption = "Distance correction", .Tooltip = "Press here to add or remove distance in order to have distance ZERO at First End Shot", .Run = Correct_Distances, .Refusal = Without_Project},

@@ -107,10 +107,33 @@ std::string Replace_File_In_Pieces(const std::string& path,
     return {};
 }
 
+std::string Flush_File(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "r+b");
+    if (file == nullptr) return Reason();
+    std::string reason = Flush_To_Disk(file) ? std::string() : Reason();
+    if (std::fclose(file) != 0 && reason.empty()) reason = Reason();
+    return reason;
+}
+
+void Flush_Folder_Of(const std::string& path) {
+    Flush_Folder(fs::path(path).parent_path());
+}
+
 std::string Copy_File(const std::string& from, const std::string& to) {
-    const auto content = Read_File(from);
-    if (!content) return from + " cannot be read";
-    return Replace_File(to, *content);
+    constexpr std::size_t piece_length = 4 << 20;
+    std::ifstream source(from, std::ios::binary);
+    std::error_code failed;
+    if (!fs::is_regular_file(fs::path(from), failed) || !source) return from + " cannot be read";
+    return Replace_File_In_Pieces(to, [&](const PieceWriter& write) -> std::string {
+        std::string piece;
+        do {
+            piece.resize(piece_length);
+            source.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+            piece.resize(static_cast<std::size_t>(source.gcount()));
+            if (source.bad()) return from + " cannot be read";
+        } while (!piece.empty() && write(piece));
+        return {};
+    });
 }
 
 std::string Folder_Of(std::string_view path) {

@@ -23,6 +23,11 @@ using PieceWriter = std::function<bool(std::string_view piece)>;
 std::string Replace_File_In_Pieces(const std::string& path,
                                    const std::function<std::string(const PieceWriter& write)>& produce);
 
+/// Brings a file that another program has written to the disk. Answers the reason of a failure.
+std::string Flush_File(const std::string& path);
+/// Brings the name of a file to the disk, after it was renamed.
+void Flush_Folder_Of(const std::string& path);
+
 /// Copies a file over another in the same safe way. Answers the reason of a failure, empty when it went well.
 std::string Copy_File(const std::string& from, const std::string& to);
 

@@ -358,6 +358,7 @@ struct RecordView {
     double DownX = 0;
     double DownY = 0;
     std::int32_t ReferenceTrace = 0;
+    std::int32_t PickedTrace = 0;  ///< trace of the file that was clicked last, 0 before the first click
 };
 
 /// Texts, ticks and choices of the main form that logic reads or writes, by the names of their controls.

@@ -99,6 +99,7 @@ void RecordPointer::Click(double x, double y, int button) {
     RecordView& record = Work.Record;
     const auto trace = Shown_Trace_At(record, x);
     if (!trace) return;
+    record.PickedTrace = *trace;
     if (Work.Record.ReverseOnClick) {
         Reverse_Polarity(Work, Outside, *trace);
         return;

@@ -70,10 +70,15 @@ void Show_Change_On_Record(Workspace& workspace, Ports& ports, const ChangeNotic
         Open_Records(workspace, ports);
         return;
     }
+    const std::string own = Su_Path(workspace.Project);
+    if (std::find(notice.Replaced.begin(), notice.Replaced.end(), own) != notice.Replaced.end()) {
+        Reopen_Records(workspace, ports);
+        return;
+    }
     const RecordView& view = workspace.Record;
     if (view.RecordWidth <= 0) return;
     ShownChange changed;
-    const std::string path = Su_Path(workspace.Project);
+    const std::string& path = own;
     for (const FileChange* file : notice.Files) {
         if (file->Path == path) changed = What_Changed(view, file->Bytes);
     }

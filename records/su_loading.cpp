@@ -199,6 +199,7 @@ void Start_With_SU_File(Workspace& workspace, const std::string& path) {
     view.FirstSample = 1;
     Store_If_It_Fits(view.LastSample, view.NbSamples);
     view.ZoomMode = 0;
+    view.PickedTrace = 0;
     view.TraceScale = 0;
     view.TraceSizes.clear();
     view.StationsTyped.clear();
@@ -212,6 +213,28 @@ void Open_Records(Workspace& workspace, Ports& ports) {
         return;
     }
     Take_Up_Records(workspace);
+    ports.Show.Display_Record();
+    ports.Show.Show_Fields();
+}
+
+void Reopen_Records(Workspace& workspace, Ports& ports) {
+    RecordView& view = workspace.Record;
+    const std::string path = Su_Path(workspace.Project);
+    if (view.NbTraces < 1 || !File_Exists(path)) {
+        Open_Records(workspace, ports);
+        return;
+    }
+    const std::int32_t record = view.Record;
+    const std::int16_t channels = view.ChannelsPerRecord;
+    const std::int32_t traces = view.NbTraces;
+    const std::int32_t samples = view.NbSamples;
+    Recherche_Nb_Trace(view, path);
+    if (view.NbTraces != traces || view.NbSamples != samples) {
+        Take_Up_Records(workspace);
+        // Headers that do not tell the channels were explained by the user.
+        if (view.ChannelsPerRecord < 1 && channels > 0) Set_Channels(view, channels);
+        if (view.NbRecords > 0) Select_Record(workspace, std::clamp<std::int32_t>(record, 1, view.NbRecords));
+    }
     ports.Show.Display_Record();
     ports.Show.Show_Fields();
 }

@@ -23,6 +23,11 @@ bool Scan_Channels(Workspace& workspace, const std::string& path);
 /// there, otherwise nothing is.
 void Open_Records(Workspace& workspace, Ports& ports);
 
+/// The project's SU file holds other traces under the same name: they are counted anew and shown, at the
+/// record that stood there where there is still such one. The part in sight stays where the traces are as
+/// many and as long as before.
+void Reopen_Records(Workspace& workspace, Ports& ports);
+
 /// Nothing is shown any more of the records: ecran and its time scale are blank and clicks on them do
 /// nothing. The ways of drawing and of picking stay as they are set.
 void Close_Records(Workspace& workspace, Ports& ports);

@@ -1,18 +1,17 @@
 #include "setup/remove_shot.h"
 
-#include <filesystem>
+#include <memory>
 #include <string>
-#include <system_error>
 
 #include "core/fault.h"
 #include "core/files.h"
 #include "core/project_file.h"
 #include "core/project_open.h"
 #include "core/text/number.h"
+#include "processing/rewrite_su.h"
 #include "records/su_file.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
-#include "setup/extract_records.h"
 #include "setup/geometry.h"
 #include "traveltime/shot_grid.h"
 
@@ -113,7 +112,6 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
     if (const auto point = new_file.rfind('.'); point != std::string::npos) new_file.erase(point);
     new_file += ".tv5";
     const std::string new_su = has_records ? Name_Without_Shot(Su_Path(project), shot) : std::string();
-    const bool su_existed = File_Exists(new_su);
     for (const std::string& path : {new_file, new_su}) {
         if (File_Exists(path) &&
             !ports.Ask.Ask_Yes(path + " already exists, overwrite ?", workspace.AppTitle)) {
@@ -121,12 +119,15 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
         }
     }
 
-    // The records first: no project may name records that are not there.
+    FreshFiles fresh;
     std::string report;
     if (has_records) {
-        const std::string reason = Extract_Records(workspace, shot, new_su);
-        if (!reason.empty()) {
-            ports.Ask.Say(new_su + " cannot be written: " + reason, workspace.AppTitle, Icon::Critical);
+        fresh.push_back(std::make_unique<FreshFile>(workspace.Edits, new_su));
+        Note_Chain(workspace,
+                   Cleaned_Up(Rewrite_Text(ports.Launch.Program_Folder(), Su_Path(project), new_su)));
+        const ChainEnd end = Drop_Shot(workspace, ports, shot, Su_Path(project), fresh.back()->Name());
+        if (!end.Well()) {
+            Tell_Chain_End(workspace, ports, end);
             return;
         }
         report = "Trace extraction OK ! New SU file has been recorded as " + new_su + "\n";
@@ -134,18 +135,25 @@ void RemoveShot(Workspace& workspace, Ports& ports, int shot) {
     Project left = project;
     Take_Out_Shot(left, shot);
     left.SuFile = new_su;
+    fresh.push_back(std::make_unique<FreshFile>(workspace.Edits, new_file));
     std::string reason;
     try {
-        reason = Replace_File(new_file, Project_Bytes(left));
+        reason = Replace_File(fresh.back()->Name(), Project_Bytes(left));
     } catch (const Fault& fault) {
         reason = fault.what();
     }
     if (!reason.empty()) {
-        std::error_code ignored;
-        if (has_records && !su_existed) std::filesystem::remove(new_su, ignored);
         ports.Ask.Say(new_file + ": " + reason, workspace.AppTitle, Icon::Critical);
         return;
     }
+    EditScope edit(workspace, "Files without shot " + CStr(shot));
+    reason = Put_All(fresh);
+    if (!reason.empty()) {
+        edit.Give_Up();
+        ports.Ask.Say(reason, workspace.AppTitle, Icon::Critical);
+        return;
+    }
+    edit.End();
     report += "The new Tarnvik file has been saved as " + new_file + "\nLoad this file !";
     ports.Ask.Say(report, workspace.AppTitle, Icon::Information);
     workspace.Fields.Caption = "[" + new_file + "]";

@@ -18,8 +18,9 @@ bool Take_Out_Shot(Project& project, int shot);
 bool Remove_Colonne(Workspace& workspace, Ports& ports, int column);
 
 /// Double click on a shot's column: after a question, writes the project without that shot to a file of a new
-/// name and the records without it to an SU file of that name, see Extract_Records. The project in memory,
-/// its file and its records stay as they are. Where the records cannot be written, no project is.
+/// name and the records without it to an SU file of that name, see Drop_Shot: one edit, undone when both are
+/// gone again. The project in memory, its file and its records stay as they are. Where the records cannot be
+/// written, no project is.
 void RemoveShot(Workspace& workspace, Ports& ports, int shot);
 
 /// Name of the file without one shot: "_" and its number stand before the extension.

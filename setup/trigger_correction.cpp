@@ -16,15 +16,6 @@ std::optional<int> Samples_Of_Shift(double shift, int interval) {
     return samples ? std::optional<int>(*samples) : std::nullopt;
 }
 
-void Move_Samples(std::span<const float> samples, int count, std::span<float> moved) {
-    const std::ptrdiff_t length = std::ssize(samples);
-    std::fill(moved.begin(), moved.end(), 0.0F);
-    const std::ptrdiff_t kept = length - std::abs(count);
-    if (kept <= 0) return;
-    const auto from = samples.begin() + std::max(-count, 0);
-    std::copy(from, from + kept, moved.begin() + std::max(count, 0));
-}
-
 std::optional<double> Common_Shift(std::span<const double> project, std::span<const double> record) {
     constexpr double rounding = 0.11;  ///< of two words in tenths and two times in hundredths of a ms
     double least = 0;

@@ -16,10 +16,6 @@ double Corrected_Time(double time, double shift);
 /// beyond 16 bits or an interval (microseconds) of 0.
 std::optional<int> Samples_Of_Shift(double shift, int interval);
 
-/// The samples of a trace `count` places later, or earlier when it is negative, into `moved`, which is as
-/// long: what comes in from outside is 0, what goes out is lost.
-void Move_Samples(std::span<const float> samples, int count, std::span<float> moved);
-
 /// ms that the picks of a record are earlier than those of the project by, when they are by one and the same
 /// amount within the rounding of header words. A 0 on either side is no pick. Nothing when the amounts differ
 /// or there is nothing to compare.

@@ -14,6 +14,7 @@
 #include "core/check_sum.h"
 #include "core/files.h"
 #include "core/text/number.h"
+#include "processing/move_samples.h"
 #include "records/spread_layout.h"
 #include "records/su_file.h"
 #include "records/su_replace.h"

@@ -59,12 +59,17 @@ ToolResult QtLauncher::Run_In_Order(const std::vector<ToolCommand>& commands, co
     dialog.setRange(0, static_cast<int>(commands.size()));
     dialog.setAutoClose(false);
     dialog.setAutoReset(false);
-    const auto alive = [&dialog, &progress](std::size_t place, const ToolCommand& command) {
+    dialog.setWindowTitle(QObject::tr("Processing of SU files"));
+    dialog.setCancelButtonText(QObject::tr("Stop"));
+    dialog.setMinimumWidth(dialog.fontMetrics().averageCharWidth() * 60);
+    const auto alive = [&dialog, &progress, &folder](std::size_t place, const ToolCommand& command) {
         const QString name = QFileInfo(QString::fromStdString(command.Program)).fileName();
         QStringList words{name};
         for (const std::string& argument : command.Arguments)
             words << QString::fromStdString(argument);
-        const QString line = words.join(' ');
+        const std::int64_t traces = Traces_Written(command, folder);
+        QString line = words.join(' ') + '\n';
+        if (traces > 0) line += QObject::tr("%L1 traces done").arg(traces);
         if (dialog.labelText() != line) dialog.setLabelText(line);
         dialog.setValue(static_cast<int>(place));
         QCoreApplication::processEvents();

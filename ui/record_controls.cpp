@@ -9,10 +9,13 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QToolButton>
+#include <utility>
 #include <vector>
 
 #include "app/commands.h"
 #include "app/session.h"
+#include "app/su_chain_commands.h"
+#include "core/text/number.h"
 #include "records/record_choice.h"
 #include "records/record_display.h"
 #include "ui/flow_layout.h"
@@ -245,6 +248,32 @@ void RecordControls::Record_Pane(QWidget* pane) {
              record.ReverseOnClick);
     Fields.Enabled(reverse, [this] { return Has_Record(); });
     grid->addWidget(reverse, 2, 0, 1, 5);
+    grid->addWidget(new QLabel(tr("Shift ms")), 3, 0);
+    grid->addWidget(Shift_List(), 3, 1, 1, 2);
+    QHBoxLayout* row = nullptr;
+    QWidget* stack = Row_Of_Buttons(row);
+    Button(row, "Command1");
+    grid->addWidget(stack, 3, 3, 1, 2, Qt::AlignRight);
+}
+
+QComboBox* RecordControls::Shift_List() {
+    auto* list = new QComboBox;
+    list->setObjectName("Combo6");
+    list->setToolTip("Time (ms) to shift all traces of the record");
+    list->setEditable(true);
+    list->setInsertPolicy(QComboBox::NoInsert);
+    list->addItems({"-200", "-150", "-100", "-50", "-25"});
+    for (int shift = -10; shift <= 10; ++shift)
+        list->addItem((shift > 0 ? "+" : "") + QString::number(shift));
+    list->addItems({"+25", "+50"});
+    Fields.Finished_Text(list, TraceShift, [this] {
+        // The list stands at 0 again, so that the same shift can be chosen once more.
+        const double shift = Val(std::exchange(TraceShift, "0"));
+        Shift_Traces_By(Program, shift);
+        Refresh();
+    });
+    Fields.Enabled(list, [this] { return Has_Record(); });
+    return list;
 }
 
 void RecordControls::Display_Pane(QWidget* pane) {

@@ -39,10 +39,12 @@ class RecordControls : public QWidget {
     QWidget* Pane_Buttons();
     void Record_Pane(QWidget* pane);
     void Display_Pane(QWidget* pane);
+    QComboBox* Shift_List();
     bool Has_Record() const;
     void Redraw();
 
     Session& Program;
+    std::string TraceShift = "0";  ///< Combo6, ms
     FieldBinder Fields;
 };
 

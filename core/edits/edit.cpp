@@ -25,6 +25,7 @@ std::size_t Edit::Footprint() const {
     std::size_t size = sizeof(Edit) + Name.size() + Block.Footprint();
     for (const FileChange& file : Files)
         size += file.Path.size() + file.Bytes.Footprint();
+    size += Swaps.size() * sizeof(FileSwap);
     return size;
 }
 
@@ -38,6 +39,14 @@ void Edit::Write(ByteWriter& writer) const {
     for (const FileChange& file : Files) {
         writer.Text(file.Path);
         file.Bytes.Write(writer);
+    }
+    if (Swaps.empty()) return;
+    writer.Value(static_cast<std::uint32_t>(Swaps.size()));
+    for (const FileSwap& swap : Swaps) {
+        writer.Text(swap.Path);
+        writer.Text(swap.Aside);
+        swap.Before.Write(writer);
+        swap.After.Write(writer);
     }
 }
 
@@ -53,6 +62,16 @@ Edit Edit::Read(ByteReader& reader) {
         file.Path = reader.Text();
         file.Bytes = ByteChanges::Read(reader);
         edit.Files.push_back(std::move(file));
+    }
+    if (reader.At_End()) return edit;
+    const auto swaps = reader.Value<std::uint32_t>();
+    for (std::uint32_t i = 0; i < swaps && !reader.Failed(); ++i) {
+        FileSwap swap;
+        swap.Path = reader.Text();
+        swap.Aside = reader.Text();
+        swap.Before = FileStamp::Read(reader);
+        swap.After = FileStamp::Read(reader);
+        edit.Swaps.push_back(std::move(swap));
     }
     return edit;
 }

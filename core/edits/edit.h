@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/edits/byte_changes.h"
+#include "core/edits/file_swap.h"
 #include "core/edits/project_block.h"
 
 namespace tarnvik {
@@ -23,6 +24,7 @@ struct Edit {
     std::chrono::system_clock::time_point Time;
     ByteChanges Block;  ///< in the project block
     std::vector<FileChange> Files;
+    std::vector<FileSwap> Swaps;  ///< files that were replaced as a whole; none of them is among Files
     /// CurrentFile of the project when the edit gave it another name; both empty otherwise. The journal needs
     /// no such names.
     std::string ProjectFileBefore;
@@ -47,7 +49,8 @@ struct ChangeNotice {
     ProjectParts Parts;                    ///< of the project
     std::vector<PickPlace> Picks;          ///< times that changed, each once
     std::vector<const FileChange*> Files;  ///< changes of files, which live as long as the notice is told
-    bool Nothing() const { return Parts.Empty() && Files.empty(); }
+    std::vector<std::string> Replaced;     ///< paths of files that are others now as a whole
+    bool Nothing() const { return Parts.Empty() && Files.empty() && Replaced.empty(); }
 };
 
 }  // namespace tarnvik

@@ -5,30 +5,47 @@
 
 #include "core/edits/file_changes.h"
 #include "core/edits/journal.h"
+#include "core/edits/kept_files.h"
 #include "core/workspace.h"
 
 namespace tarnvik {
 
 namespace {
 
-constexpr std::size_t most_memory = 512U << 20U;  ///< bytes of history; the oldest edits go beyond it
+constexpr std::size_t most_memory = 512U << 20U;      ///< bytes of history; the oldest edits go beyond it
+constexpr std::size_t never_again = ~std::size_t{0};  ///< the saved state is no longer in the history
 
 using Direction = ByteChanges::Direction;
 
 }  // namespace
 
 Edits::Edits() = default;
-Edits::~Edits() = default;
+Edits::~Edits() {
+    // Without a decision of the user the journal stays for the next start, and what it needs with it.
+    if (Log) return;
+    for (Edit& edit : History)
+        Let_Go(edit);
+}
 Edits::Edits(Edits&&) noexcept = default;
 Edits& Edits::operator=(Edits&&) noexcept = default;
 
 void Edits::Start(const Project& project, bool saved) {
-    History.clear();
-    Position = 0;
-    Series.clear();
+    Close();
     LastBlock = Project_Block(project);
     SavedBlock = saved ? LastBlock : std::string();
     SavedState = saved;
+}
+
+void Edits::Close() {
+    // A program killed from here on finds in the journal what has not been given back yet.
+    Give_Back_Files();
+    for (Edit& edit : History)
+        Let_Go(edit);
+    History.clear();
+    Position = 0;
+    SavedAt = 0;
+    Series.clear();
+    Left.clear();
     Drop_Journal();
 }
 
@@ -39,6 +56,7 @@ void Edits::Saved(const Project& project) {
         Series.clear();
         SavedBlock = std::move(block);
         SavedState = true;
+        SavedAt = Position + 1;
         Drop_Journal();
         return;
     }
@@ -50,6 +68,7 @@ void Edits::Saved(const Project& project) {
     LastBlock = std::move(block);
     SavedBlock = LastBlock;
     SavedState = true;
+    SavedAt = Position;
     Drop_Journal();
 }
 
@@ -63,6 +82,7 @@ std::string Edits::Redo_Name() const {
 
 void Edits::Begin(const Project& project, const std::string& name, const std::string& series) {
     if (Depth++ > 0) return;
+    Note_Foreign_Changes();
     Take_In_Stray_Changes(project);
     Current = {};
     Current.Name = name;
@@ -89,6 +109,12 @@ void Edits::Take_In_Stray_Changes(const Project& project) {
 void Edits::Note_File_Change(const std::string& path, std::int64_t position, std::string_view before,
                              std::string_view after) {
     if (before == after) return;
+    if (Is_Open()) {
+        // Bytes of a file that this edit itself has put there go with the whole of it.
+        for (const FileSwap& swap : Current.Swaps) {
+            if (swap.Path == path) return;
+        }
+    }
     (Is_Open() ? Current : Stray).Add_File_Change(path, position, before, after);
 }
 
@@ -103,7 +129,7 @@ bool Edits::End(const Project& project) {
     const std::string block = Project_Block(project);
     if (block != LastBlock) edit.Block = ByteChanges::Between(LastBlock, block);
     std::erase_if(edit.Files, [](const FileChange& file) { return file.Bytes.Empty(); });
-    if (edit.Block.Empty() && edit.Files.empty()) {
+    if (edit.Block.Empty() && edit.Files.empty() && edit.Swaps.empty()) {
         ChangeNotice nothing;
         Tell(nothing);
         return false;
@@ -122,12 +148,24 @@ void Edits::Add(Edit edit, const Project& project, const std::string& series) {
     std::vector<FileChange> files = edit.Files;
     for (const FileChange& file : files)
         notice.Files.push_back(&file);
+    for (FileSwap& swap : edit.Swaps) {
+        swap.After = Stamp_Of(swap.Path);
+        notice.Replaced.push_back(swap.Path);
+    }
+    Note_Left(edit);
 
-    const bool joins = !series.empty() && series == Series && Position == History.size() && Position > 0;
+    const bool joins = !series.empty() && series == Series && Position == History.size() && Position > 0 &&
+                       edit.Swaps.empty() && History.back().Swaps.empty();
     if (Open_Journal(project)) Log->Write_Edit(edit, joins);
+    for (const FileSwap& swap : edit.Swaps) {
+        if (Kept) Kept->Keep(swap.Aside);
+    }
     LastBlock = Project_Block(project);
     SavedState = !SavedBlock.empty() && Same_Filed_Content(SavedBlock, LastBlock);
 
+    for (std::size_t i = Position; i < History.size(); ++i)
+        Let_Go(History[i]);
+    if (SavedAt > Position) SavedAt = never_again;
     History.resize(Position);
     if (joins) {
         History.back().Join(edit);
@@ -169,15 +207,23 @@ void Edits::Forget_Oldest() {
         ++kept;
     }
     const std::size_t gone = History.size() - kept;
+    for (std::size_t i = 0; i < gone; ++i)
+        Let_Go(History[i]);
+    if (SavedAt != never_again) SavedAt -= std::min(SavedAt, gone);
     History.erase(History.begin(), History.begin() + static_cast<std::ptrdiff_t>(gone));
     Position -= std::min(Position, gone);
 }
 
 void Edits::Give_Up(Project& project) {
     if (Depth == 0 || --Depth > 0) return;
-    const Edit edit = std::exchange(Current, {});
+    Edit edit = std::exchange(Current, {});
     Take_Project_Block(LastBlock, project);
+    for (FileSwap& swap : edit.Swaps)
+        swap.After = Left[swap.Path] = Stamp_Of(swap.Path);
+    Swap_Files(edit, Direction::Back);
+    Let_Go(edit);
     Apply_To_Files(edit.Files, Direction::Back);
+    Note_Left(edit);
     ChangeNotice nothing;
     Tell(nothing);
 }
@@ -205,8 +251,14 @@ std::string Edits::Step(Project& project, Direction direction, ChangeNotice& not
     Edit& edit = History[back ? Position - 1 : Position];
     std::string block = Project_Block(project);
     if (!edit.Block.Apply(block, direction)) return "the project has another size than the history knows";
-    const std::string reason = Apply_To_Files(edit.Files, direction);
+    std::string reason = Swap_Files(edit, direction);
     if (!reason.empty()) return reason;
+    reason = Apply_To_Files(edit.Files, direction);
+    if (!reason.empty()) {
+        Swap_Files(edit, back ? Direction::Forth : Direction::Back);
+        return reason;
+    }
+    Note_Left(edit);
     // The parts are named by the block in which the change stands, before or after: that with more room.
     const TouchedParts before = Touched_By(edit.Block, project);
     Take_Project_Block(block, project);
@@ -216,6 +268,8 @@ std::string Edits::Step(Project& project, Direction direction, ChangeNotice& not
     notice.Picks.insert(notice.Picks.end(), after.Picks.begin(), after.Picks.end());
     for (const FileChange& file : edit.Files)
         notice.Files.push_back(&file);
+    for (const FileSwap& swap : edit.Swaps)
+        notice.Replaced.push_back(swap.Path);
     notice.Name = edit.Name;
     if (Open_Journal(project)) Log->Write_Step(back, edit);
     Position = back ? Position - 1 : Position + 1;
@@ -234,6 +288,7 @@ std::string Edits::Redo(Project& project) {
 
 std::string Edits::Go_To(Project& project, std::size_t position) {
     if (Is_Open()) return "an edit is in work";
+    Note_Foreign_Changes();
     Take_In_Stray_Changes(project);
     position = std::min(position, History.size());
     ChangeNotice notice;
@@ -256,6 +311,7 @@ void Edits::Tell(ChangeNotice& notice) {
 void Edits::Keep_Journals_In(const std::string& folder) {
     JournalFolder = folder;
     Log.reset();
+    Kept = std::make_unique<KeptFiles>(folder);
 }
 
 void Edits::Drop_Journal() {
@@ -275,6 +331,7 @@ bool Edits::Restore(Project& project, const JournalContent& content) {
     JournalContent::Walked walked = content.Walk();
     History = std::move(walked.Edits);
     Position = walked.Done;
+    Take_Over_Swaps(content);
     LastBlock = std::move(block);
     SavedBlock = former;
     SavedState = Same_Filed_Content(former, LastBlock);

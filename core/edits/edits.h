@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@ namespace tarnvik {
 
 class Journal;
 struct JournalContent;
+class KeptFiles;
 struct Workspace;
 
 /// Told of every byte that is written into a file of the user.
@@ -34,8 +36,13 @@ class Edits : public FileRecorder {
     Edits& operator=(Edits&&) noexcept;
 
     /// Another project is in memory: the history begins anew, and the journal of the former one goes, since
-    /// the user has decided about its work. `saved` tells that the file holds it.
+    /// the user has decided about its work. `saved` tells that the file holds it. What was kept for the undo
+    /// goes, see Close.
     void Start(const Project& project, bool saved);
+    /// The user has saved the project or given its changes up: the history ends, its journal and all files
+    /// kept aside go. A file that was replaced together with the project in an edit that is given up comes
+    /// back, since it would not fit the project file.
+    void Close();
     /// The project has just been written to its file. What the save itself changed (TotalTime) belongs to the
     /// last edit, so that undoing to the start gives back the start.
     void Saved(const Project& project);
@@ -59,6 +66,16 @@ class Edits : public FileRecorder {
     bool Is_Open() const { return Depth > 0; }
     void Note_File_Change(const std::string& path, std::int64_t position, std::string_view before,
                           std::string_view after) override;
+
+    /// Puts a whole file in the place of one of the user's as a part of the edit on hand. `fresh` lies in the
+    /// same folder under a name of Name_Aside and is on the disk already; `path` may be the name of a file
+    /// that is not there yet. The former file is kept aside for the undo until the history ends. Answers why
+    /// it could not be done, with both files as they were; empty when done.
+    std::string Replace_Whole_File(const std::string& path, const std::string& fresh);
+    /// Hidden files and folders (Name_Aside) that are made in passing, told before they are made and after
+    /// they are gone: the next start takes away what a killed program left of them.
+    void Note_Passing(const std::string& aside);
+    void Passed(const std::string& aside);
 
     /// Told after each edit, undo and redo, and at the end of a scope that changed nothing.
     std::function<void(const ChangeNotice&)> On_Change;
@@ -88,6 +105,12 @@ class Edits : public FileRecorder {
     std::string Step(Project& project, ByteChanges::Direction direction, ChangeNotice& notice);
     void Tell(ChangeNotice& notice);
     void Forget_Oldest();
+    void Note_Foreign_Changes();
+    void Note_Left(const Edit& edit);
+    std::string Swap_Files(Edit& edit, ByteChanges::Direction direction);
+    void Let_Go(Edit& edit);
+    void Give_Back_Files();
+    void Take_Over_Swaps(const JournalContent& content);
 
     std::vector<Edit> History;
     std::size_t Position = 0;  ///< edits done
@@ -95,11 +118,15 @@ class Edits : public FileRecorder {
     std::string LastBlock;     ///< of the project after the last edit
     std::string SavedBlock;    ///< of the project as its file holds it; empty when no file does
     bool SavedState = true;
+    std::size_t SavedAt = 0;  ///< edits that were done at the last save
+    /// Files replaced as a whole, as this program left them; undone only while they are.
+    std::map<std::string, FileStamp> Left;
     int Depth = 0;
     Edit Current;  ///< in work
     std::string CurrentSeries;
     Edit Stray;  ///< files written outside any scope; taken in before the next one begins
     std::unique_ptr<Journal> Log;
+    std::unique_ptr<KeptFiles> Kept;
     std::string JournalFolder;
     bool JournalFails = false;
 };

@@ -1,7 +1,5 @@
 #include "core/edits/journal.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
@@ -10,14 +8,9 @@
 #include <mutex>
 #include <system_error>
 #include <thread>
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <sys/file.h>
-#include <unistd.h>
-#endif
 
 #include "core/check_sum.h"
+#include "core/edits/locked_file.h"
 #include "core/files.h"
 
 namespace tarnvik {
@@ -29,68 +22,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view mark = "Tarnvik journal 1\n";
 constexpr std::string_view ending = ".journal";
 constexpr int most_names = 100;
-
-#ifdef _WIN32
-int Open_New(const std::string& path) {
-    return _open(path.c_str(), _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-}
-bool Lock(int) {
-    return true;
-}
-bool Held_By_Another(const std::string&) {
-    return false;
-}
-std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
-    return _write(handle, bytes, static_cast<unsigned>(std::min<std::size_t>(count, 1U << 30U)));
-}
-void Cut(int handle, std::int64_t length) {
-    _chsize_s(handle, length);
-}
-void Flush(int handle) {
-    _commit(handle);
-}
-void Close(int handle) {
-    _close(handle);
-}
-#else
-int Open_New(const std::string& path) {
-    return open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600);
-}
-bool Lock(int handle) {
-    return flock(handle, LOCK_EX | LOCK_NB) == 0;
-}
-/// The lock goes with the program that holds it, however it ends.
-bool Held_By_Another(const std::string& path) {
-    const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0) return true;
-    const bool locked = !Lock(handle);
-    close(handle);
-    return locked;
-}
-std::int64_t Write_Some(int handle, const char* bytes, std::size_t count) {
-    return write(handle, bytes, count);
-}
-void Cut(int handle, std::int64_t length) {
-    // Where even this fails the record cut short is known by its sum.
-    [[maybe_unused]] const int failed = ftruncate(handle, length);
-}
-void Flush(int handle) {
-    fdatasync(handle);
-}
-void Close(int handle) {
-    close(handle);
-}
-#endif
-
-bool Write_All(int handle, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const std::int64_t put = Write_Some(handle, bytes.data(), bytes.size());
-        if (put < 0 && errno == EINTR) continue;
-        if (put <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
 
 std::string Free_Name(const std::string& folder, const std::string& project_file, int number) {
     std::string name = Name_Of(project_file);
@@ -132,7 +63,7 @@ class Journal::Flusher {
             if (!Asked) return;
             Asked = false;
             guard.unlock();
-            Flush(Handle);
+            Flush_Handle(Handle);
             guard.lock();
         }
     }
@@ -150,7 +81,7 @@ Journal::Journal(std::string path, int handle)
 
 Journal::~Journal() {
     OnDisk.reset();
-    Close(Handle);
+    Close_Handle(Handle);
 }
 
 std::unique_ptr<Journal> Journal::Begin(const std::string& folder, const std::string& project_file,
@@ -159,16 +90,15 @@ std::unique_ptr<Journal> Journal::Begin(const std::string& folder, const std::st
     fs::create_directories(folder, failed);
     for (int number = 1; number <= most_names; ++number) {
         const std::string path = Free_Name(folder, project_file, number);
-        const int handle = Open_New(path);
+        const int handle = Open_New_Locked(path);
         if (handle < 0 && fs::exists(path, failed)) continue;  // a former journal, kept until it is answered
         if (handle < 0) return nullptr;
-        Lock(handle);
         std::unique_ptr<Journal> journal(new Journal(path, handle));
         ByteWriter head;
         head.Text(project_file);
         head.Text(base_block);
         journal->Length = static_cast<std::int64_t>(mark.size());
-        journal->IsWhole = Write_All(handle, mark);
+        journal->IsWhole = Append_All(handle, mark);
         journal->Append('B', head.Bytes());
         if (journal->IsWhole) return journal;
         journal->Remove();
@@ -184,11 +114,11 @@ void Journal::Append(char kind, std::string_view payload) {
     record.Value(kind);
     record.Text(payload);
     record.Value(Check_Sum(payload));
-    IsWhole = Write_All(Handle, record.Bytes());
+    IsWhole = Append_All(Handle, record.Bytes());
     if (IsWhole) {
         Length += static_cast<std::int64_t>(record.Bytes().size());
     } else {
-        Cut(Handle, Length);
+        Cut_To(Handle, Length);
     }
     OnDisk->Ask();
 }
@@ -225,6 +155,11 @@ void Journal::Write_Step(bool back, const Edit& edit) {
     step.Block = back ? edit.Block.Reversed() : edit.Block;
     for (const FileChange& file : edit.Files)
         step.Files.push_back({file.Path, back ? file.Bytes.Reversed() : file.Bytes});
+    step.Swaps = edit.Swaps;
+    if (back) {
+        for (FileSwap& swap : step.Swaps)
+            std::swap(swap.Before, swap.After);
+    }
     // Behind the beginning of the journal its places and the history's no longer go together: from there on
     // each step is an edit of its own.
     InStep = InStep && (back ? Done > 0 : Done < Size);
@@ -237,14 +172,27 @@ void Journal::Remove() {
     fs::remove(Path, failed);
 }
 
+namespace {
+
+/// A file that went aside with a step may have been written into since the edit.
+void Take_Stamps(Edit& edit, const Edit& step, bool back) {
+    if (step.Swaps.size() != edit.Swaps.size()) return;
+    for (std::size_t i = 0; i < edit.Swaps.size(); ++i) {
+        edit.Swaps[i].Before = back ? step.Swaps[i].After : step.Swaps[i].Before;
+        edit.Swaps[i].After = back ? step.Swaps[i].Before : step.Swaps[i].After;
+    }
+}
+
+}  // namespace
+
 JournalContent::Walked JournalContent::Walk() const {
     Walked walked;
     auto& [edits, done] = walked;
     for (const Record& record : Records) {
         if (record.What == Kind::Undo && done > 0) {
-            --done;
+            Take_Stamps(edits[--done], record.Content, true);
         } else if (record.What == Kind::Redo && done < edits.size()) {
-            ++done;
+            Take_Stamps(edits[done++], record.Content, false);
         } else if (record.What == Kind::Join && done > 0) {
             edits[done - 1].Join(record.Content);
         } else {
@@ -323,7 +271,9 @@ std::vector<JournalContent> Journals_Left_Behind(const std::string& folder) {
         if (content.Edits_Of_Project() > 0) {
             found.push_back(std::move(content));
         } else {
-            Remove_Journal(content);  // it would only fill the folder
+            // It would only fill the folder. A file that was on its way back or forth goes back.
+            Give_Up_Files(content);
+            Remove_Journal(content);
         }
     }
     std::sort(found.begin(), found.end(), [](const JournalContent& one, const JournalContent& other) {

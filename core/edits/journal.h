@@ -88,6 +88,10 @@ std::vector<JournalContent> Journals_Left_Behind(const std::string& folder);
 /// Content of one journal; its File is empty when it is none.
 JournalContent Read_Journal(const std::string& path);
 
+/// The work of a journal is declined: files that were replaced together with the project come back, and what
+/// was kept of the others goes.
+void Give_Up_Files(const JournalContent& content);
+
 /// Takes a journal away that was read, when its work was brought back or declined.
 void Remove_Journal(const JournalContent& content);
 

@@ -19,7 +19,8 @@ struct ToolCommand {
 struct ToolResult {
     std::size_t Done = 0;  ///< commands that ended well, in order
     bool Cancelled = false;
-    std::string Failure;  ///< which tool failed and how, with its own words; empty when all went well
+    bool Missing = false;  ///< the tool that failed could not even be started
+    std::string Failure;   ///< which tool failed and how, with its own words; empty when all went well
     bool Went_Well() const { return Failure.empty() && !Cancelled; }
 };
 

@@ -103,6 +103,7 @@ class RecordingLauncher : public Launcher {
             if (result.Cancelled) return result;
             Ran.push_back(command);
             if (OnRun) result.Failure = OnRun(command);
+            result.Missing = result.Failure.ends_with(" is not found");
             if (!result.Failure.empty()) return result;
             ++result.Done;
         }

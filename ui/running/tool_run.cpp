@@ -15,6 +15,7 @@ namespace {
 constexpr int look_ms = 20;
 constexpr int grace_ms = 2000;  ///< for a tool that is asked to end
 constexpr qsizetype longest_words = 2000;
+constexpr const char* part_ending = ".part";  ///< of an output that is being written
 
 bool Can_Run(const QString& path) {
     const QFileInfo file(path);
@@ -44,15 +45,17 @@ std::string With_Words(const std::string& failure, const std::string& words) {
 
 /// Why a command failed, empty when it went well; `cancelled` when it was stopped.
 std::string Run_One(const ToolCommand& command, const QString& folder, const QString& program_folder,
-                    const std::function<bool()>& alive, bool& cancelled) {
+                    const std::function<bool()>& alive, ToolResult& result) {
+    bool& cancelled = result.Cancelled;
     const QString tool = Find_Tool(QString::fromStdString(command.Program), program_folder);
-    if (tool.isEmpty()) return command.Program + " is not found";
+    result.Missing = tool.isEmpty();
+    if (result.Missing) return command.Program + " is not found";
     QProcess process;
     process.setWorkingDirectory(folder);
     if (!command.InputFile.empty()) process.setStandardInputFile(Path_In(command.InputFile, folder));
     // The output comes under its own name when it is whole.
     const QString output = command.OutputFile.empty() ? QString() : Path_In(command.OutputFile, folder);
-    const QString part = output + ".part";
+    const QString part = output + QString::fromUtf8(part_ending);
     if (!output.isEmpty()) process.setStandardOutputFile(part, QIODevice::Truncate);
     QStringList arguments;
     for (const std::string& argument : command.Arguments)
@@ -60,6 +63,7 @@ std::string Run_One(const ToolCommand& command, const QString& folder, const QSt
     process.start(tool, arguments);
     std::string failure;
     if (!process.waitForStarted()) {
+        result.Missing = true;
         failure = command.Program + " cannot be started: " + process.errorString().toStdString();
     } else {
         if (command.InputFile.empty()) process.closeWriteChannel();
@@ -99,15 +103,30 @@ QString Find_Tool(const QString& program, const QString& program_folder) {
     for (const QString& name : names) {
         if (name.contains('/') && Can_Run(name)) return QFileInfo(name).absoluteFilePath();
     }
-    for (const QString& name : names) {
-        const QString beside = program_folder + '/' + QFileInfo(name).fileName();
-        if (Can_Run(beside)) return QFileInfo(beside).absoluteFilePath();
+    // What the user has put beside the program goes before what was built with it.
+    for (const char* place : {"/", "/tools/", "/../tools/"}) {
+        for (const QString& name : names) {
+            const QString beside = program_folder + place + QFileInfo(name).fileName();
+            if (Can_Run(beside)) return QFileInfo(beside).absoluteFilePath();
+        }
     }
     for (const QString& name : names) {
         const QString found = QStandardPaths::findExecutable(QFileInfo(name).fileName());
         if (!found.isEmpty()) return found;
     }
     return {};
+}
+
+std::int64_t Traces_Written(const ToolCommand& command, const std::string& folder) {
+    if (command.OutputFile.empty()) return 0;
+    QFile file(Path_In(command.OutputFile, QString::fromStdString(folder)) + QString::fromUtf8(part_ending));
+    constexpr qint64 header = 240;
+    constexpr qint64 samples_word = 114;
+    if (!file.open(QIODevice::ReadOnly) || file.size() < header || !file.seek(samples_word)) return 0;
+    const QByteArray word = file.read(2);
+    if (word.size() < 2) return 0;
+    const int samples = static_cast<unsigned char>(word[0]) + 256 * static_cast<unsigned char>(word[1]);
+    return file.size() / (header + 4 * samples);
 }
 
 ToolResult Run_Tools(const std::vector<ToolCommand>& commands, const std::string& folder,
@@ -120,7 +139,7 @@ ToolResult Run_Tools(const std::vector<ToolCommand>& commands, const std::string
         const auto alive = [&progress, &command, place] { return !progress || progress(place, command); };
         result.Cancelled = !alive();
         if (result.Cancelled) return result;
-        const std::string failure = Run_One(command, where, program_folder, alive, result.Cancelled);
+        const std::string failure = Run_One(command, where, program_folder, alive, result);
         if (result.Cancelled) return result;
         if (!failure.empty()) {
             result.Failure = failure;

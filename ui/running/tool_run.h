@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -8,9 +9,13 @@
 
 namespace tarnvik {
 
-/// Full path of a tool: as given, without its ".exe", in lower case, in the program's folder or on the
-/// search path; empty when it is nowhere.
+/// Full path of a tool: as given, without its ".exe", in lower case; where it is named, in the program's
+/// folder, in `tools` within it, in `tools` beside it, on the search path, in this order. Empty when it is
+/// nowhere.
 QString Find_Tool(const QString& program, const QString& program_folder);
+
+/// Whole traces in the output of a tool that is running, by the size that it has grown to.
+std::int64_t Traces_Written(const ToolCommand& command, const std::string& folder);
 
 /// What Launcher::Run_In_Order promises. `progress` is called about fifty times a second while a tool runs:
 /// a window keeps itself alive there.
