@@ -4,11 +4,9 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QProgressDialog>
-#include <QShortcut>
 #include <algorithm>
 #include <memory>
 
-#include "app/edit_commands.h"
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
 #include "ui/header_plot.h"
@@ -75,12 +73,6 @@ HeaderForm::HeaderForm(Session& session, QtDisplay&) : Program(session), Logic(s
 
     On_Enter(this, [this] { Return_Pressed(); });
     On_Escape(this, [this] { Close_Me(); });
-    // The menu with these two belongs to the main window.
-    for (const auto& [key, run] :
-         {std::pair(QKeySequence::Undo, &Undo_Edit), {QKeySequence::Redo, &Redo_Edit}}) {
-        auto* shortcut = new QShortcut(key, this);
-        connect(shortcut, &QShortcut::activated, this, [this, run = run] { run(Program); });
-    }
 }
 
 void HeaderForm::Tie_Values(Ui::HeaderForm& controls) {
