@@ -61,7 +61,8 @@ Cell Key(const ReportView& view, const std::vector<ReportModel>& models) {
     }
     if (models.empty()) cell.Rows.push_back({"No depths"});
     if (errors && view.Choices.Errors)
-        cell.Rows.push_back({"Half the difference of both sides", colours::Black, false, true, colours::Black});
+        cell.Rows.push_back(
+            {"Half the difference of both sides", colours::Black, false, true, colours::Black});
     return cell;
 }
 
