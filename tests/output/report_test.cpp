@@ -35,7 +35,7 @@ TEST(DepthArcs, AreTouchedByADippingRefractor) {
     EXPECT_LT(envelope.front().X, 0) << "the first arc is touched up-dip of its shot";
     for (const DepthArc& arc : arcs) {
         for (const ReportPoint& point : Points_Of_Arc(arc, 30)) {
-            if (const auto z = Curve_At(envelope, point.X)) EXPECT_LE(*z, point.Z + 1e-3);
+            EXPECT_LE(Curve_At(envelope, point.X).value_or(point.Z), point.Z + 1e-3);
         }
     }
     // A circle inside its neighbour says nothing.
