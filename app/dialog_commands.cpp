@@ -77,6 +77,10 @@ void Show_Dip_Dialog(Session& session) {
     session.Outside.Show.Open_Dialog(Dialog::dip, false);
 }
 
+void Show_Header_Editor(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::Header, false);
+}
+
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
 }
@@ -136,6 +140,8 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Section(Session& session) {
+    // Who asks for the coloured section wants to see it.
+    session.Report.ShownChoice = 0;
     session.Section.Command13();
 }
 

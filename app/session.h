@@ -22,7 +22,9 @@
 #include "depth/theoric_f.h"
 #include "depth/velocity_line.h"
 #include "output/coloured_section.h"
+#include "output/section_report.h"
 #include "output/tables/resu.h"
+#include "processing/header_editor.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -102,6 +104,7 @@ class Session {
     resu Results;  ///< table of velocities and thicknesses
 
     ColouredSection Section;
+    SectionReport Report;  ///< the page that stands in its place while it is shown
 
     // Field records.
     RecordZoom RecordArea;
@@ -110,6 +113,7 @@ class Session {
     RecordPointer RecordMouse;
     KeyboardPicking PickKeys;
     SizeGridMouse TraceSizeMouse;
+    Header HeaderEditor;  ///< words of the trace headers of any SU file
 
     PictureExport SavePicture{*this};
 

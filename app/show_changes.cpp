@@ -91,8 +91,14 @@ void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Repaint_Page(Page::Curves);
 }
 
-/// A coloured section that stands, of depths, velocities and places that have changed.
+/// A section that stands, coloured or on the page of a report, of depths, velocities and places that have
+/// changed.
 void Follow_In_Section(Session& session, const ChangeNotice& notice) {
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
+                               ProjectPart::Line, ProjectPart::Velocities, ProjectPart::Refractors,
+                               ProjectPart::Thicknesses, ProjectPart::Grm})) {
+        session.Report.Line_Changed();
+    }
     if (Has_Any(notice.Parts,
                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line,
                  ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses})) {
@@ -144,6 +150,11 @@ void Follow_In_Results(Session& session, const ChangeNotice& notice) {
     }
 }
 
+/// The header editor, of whatever file it shows.
+void Follow_In_Header_Editor(Session& session, const ChangeNotice& notice) {
+    if (session.Outside.Show.Is_Open(Dialog::Header)) session.HeaderEditor.Follow(notice);
+}
+
 }  // namespace
 
 void Show_Changes(Session& session, const ChangeNotice& notice) {
@@ -169,6 +180,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Show_In_Dialogs(session, notice);
     Follow_In_Quick_Interpretation(session, notice);
     Follow_In_Results(session, notice);
+    Follow_In_Header_Editor(session, notice);
     if (work.Edits.Journal_Fails()) {
         work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
                              session.JournalFolder + ". Save the project.";

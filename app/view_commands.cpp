@@ -9,6 +9,7 @@
 #include "core/project_file.h"
 #include "core/project_open.h"
 #include "core/text/letters.h"
+#include "output/section_print.h"
 #include "records/su_loading.h"
 #include "traveltime/curves.h"
 #include "traveltime/shot_grid.h"
@@ -19,7 +20,11 @@ namespace tarnvik {
 namespace {
 
 void Save_Page_As(Session& session, const std::string& path) {
-    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path, PictureFormat());
+    const Page page = Page_On_Screen(session);
+    const PictureFormat format;
+    if (!Scale_May_Change(session, page, format.Width_In_Millimetres(), format.Height_In_Millimetres()))
+        return;
+    const std::string reason = session.Outside.Show.Save_Page(page, path, format);
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
@@ -68,6 +73,7 @@ void Clear_Display(Session& session) {
 void Close_Computing_Dialogs(Session& session) {
     session.Delay.Hide_Delay_Curve();
     session.Section.Project_Left();
+    session.Report.Project_Left();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);
@@ -206,6 +212,41 @@ void Save_Screen_As_Bmp(Session& session) {
 
 void Export_Picture(Session& session) {
     session.SavePicture.Open();
+}
+
+void Copy_Picture(Session& session) {
+    PictureExport& pictures = session.SavePicture;
+    const std::string reason = session.Outside.Show.Copy_Page(pictures.In_Sight(), pictures.Usual_Format());
+    if (!reason.empty()) {
+        session.Outside.Ask.Say("The picture cannot be copied: " + reason, session.Work.AppTitle,
+                                Icon::Critical);
+        return;
+    }
+    session.Work.Fields.Status = "The picture is on the clipboard";
+    session.Outside.Show.Show_Fields();
+}
+
+namespace {
+
+void Put_Out_Section(Session& session, SectionOutput output) {
+    const PictureFormat format = session.SavePicture.Usual_Format();
+    if (Scale_May_Change(session, Page::Section, format.Width_In_Millimetres(),
+                         format.Height_In_Millimetres()))
+        olectra_print(session.Work, session.Outside, output, format, session.Report.Shown());
+}
+
+}  // namespace
+
+void Section_To_Metafile(Session& session) {
+    Put_Out_Section(session, SectionOutput::Metafile);
+}
+
+void Section_To_Jpg(Session& session) {
+    Put_Out_Section(session, SectionOutput::Jpg);
+}
+
+void Section_To_Clipboard(Session& session) {
+    Put_Out_Section(session, SectionOutput::Clipboard);
 }
 
 void Choose_Font(Session& session) {

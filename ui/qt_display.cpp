@@ -1,9 +1,11 @@
 #include "ui/qt_display.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QDockWidget>
+#include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QScreen>
@@ -19,20 +21,6 @@
 namespace tarnvik {
 
 namespace {
-
-PageLayout Layout_Of(Page page) {
-    switch (page) {
-        case Page::Profile:
-            return Profile_Layout();
-        case Page::Record:
-            return Record_Layout();
-        case Page::Section:
-            return Section_Layout();
-        case Page::Curves:
-            break;
-    }
-    return Curves_Layout();
-}
 
 constexpr int least_dock_width = 200;
 
@@ -223,9 +211,31 @@ Form* QtDisplay::Open_Form(Dialog dialog) const {
     return found == Open.end() ? nullptr : found->second.Content;
 }
 
+PageLayout QtDisplay::Layout_Of(Page page) const {
+    switch (page) {
+        case Page::Profile:
+            return Profile_Layout();
+        case Page::Record:
+            return Record_Layout();
+        case Page::Section:
+            return Is_Report(*Owner, page) ? Report_Layout() : Section_Layout();
+        case Page::Curves:
+            break;
+    }
+    return Curves_Layout();
+}
+
 DrawPage QtDisplay::Page_Drawing(Page page) {
     return [this, page](Picture& main, Picture& below, Picture& beside) {
         Draw_Page(*Owner, page, PagePictures{main, below, beside});
+    };
+}
+
+TitleTexts QtDisplay::Page_Titles(Page page) {
+    // A report has a title block of its own.
+    if (Is_Report(*Owner, page)) return {};
+    return [this, page](const Frame& window, double pixels_a_millimetre) {
+        return Page_Title(*Owner, page, window, pixels_a_millimetre);
     };
 }
 
@@ -241,6 +251,8 @@ bool QtDisplay::Print_Page(Page page) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return false;
     QPrintDialog dialog(&Printer(), Window);
     if (dialog.exec() != QDialog::Accepted) return true;
+    const QSizeF paper = Printer().pageRect(QPrinter::Millimeter).size();
+    if (!Scale_May_Change(*Owner, page, paper.width(), paper.height())) return true;
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
     return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
 }
@@ -249,9 +261,28 @@ std::string QtDisplay::Save_Page(Page page, const std::string& path, const Pictu
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
     return Write_Picture_File(path, format, Layout_Of(page),
                               QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
-                              [this, page](const Frame& window, double pixels_a_millimetre) {
-                                  return Page_Title(*Owner, page, window, pixels_a_millimetre);
-                              });
+                              Page_Titles(page));
+}
+
+std::string QtDisplay::Copy_Page(Page page, const PictureFormat& format) {
+    if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
+    const auto made = [&](const char* ending) {
+        return Make_Picture(ending, format, Layout_Of(page),
+                            QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
+                            Page_Titles(page));
+    };
+    const MadePicture bitmap = made(".png");
+    if (!bitmap.Reason.empty()) return bitmap.Reason;
+    // Each program takes the best kind that it knows.
+    auto copied = std::make_unique<QMimeData>();
+    copied->setImageData(QImage::fromData(bitmap.Bytes));
+    for (const auto& [ending, type] :
+         {std::pair(".svg", "image/svg+xml"), std::pair(".wmf", "image/x-wmf")}) {
+        const MadePicture drawing = made(ending);
+        if (drawing.Reason.empty()) copied->setData(type, drawing.Bytes);
+    }
+    QGuiApplication::clipboard()->setMimeData(copied.release());
+    return {};
 }
 
 void QtDisplay::Choose_Printer() {

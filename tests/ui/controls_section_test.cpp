@@ -1,7 +1,14 @@
 // Each control of the coloured section's tab, and the hand on its picture.
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
 #include "control_table.h"
+#include "core/text/number.h"
+#include "output/section_print.h"
 #include "output/section_window.h"
+#include "support/metafile_reader.h"
 
 namespace tarnvik {
 namespace {
@@ -31,10 +38,21 @@ class SectionControls : public Controls {
             EXPECT_TRUE(done());
         };
     }
+    /// Words and Return, into a field or a list that can be typed over; the picture follows.
+    std::function<void(QWidget*)> Entered(const char* words, std::function<bool()> done) {
+        return [this, words, done](QWidget* control) {
+            auto* list = qobject_cast<QComboBox*>(control);
+            QWidget* field = list != nullptr ? list->lineEdit() : control;
+            Type(field, words);
+            QTest::keyClick(field, Qt::Key_Return);
+            EXPECT_TRUE(done());
+        };
+    }
 };
 
 TEST_F(SectionControls, of_the_section_do_their_work) {
     SectionView& view = Work.Section;
+    ReportChoices& choices = Program.Report.View.Choices;
     const auto told = [this](const std::string& part) {
         return [this, part] {
             return Prompts.Said(Prompts.Last_Text()) && Prompts.Last_Text().find(part) != std::string::npos;
@@ -82,6 +100,31 @@ TEST_F(SectionControls, of_the_section_do_their_work) {
          }},
         {"Command8", Clicked({quiet, told("press R for normal display")})},
         {"Text34", Clicked({quiet, told("BOREHOLE N")})},
+        // The other side of the switch, and back.
+        {"ShowReport", Clicked({quiet,
+                                [&] {
+                                    return Program.Report.Shown() && !Box("SectionX")->isVisible() &&
+                                           !Blank(Box("Section"));
+                                }})},
+        {"ReportSource", Chosen(1, [&] { return choices.Source == SectionSource::Abc; })},
+        {"ReportNote", [&](QWidget*) { EXPECT_EQ(Program.Report.Note, "No depths by this method yet"); }},
+        {"ReportAlsoShots", Ticked(choices.Also[0], Redraws("Section"))},
+        {"ReportAlsoAbc", Ticked(choices.Also[1])},
+        {"ReportAlsoGrm", Ticked(choices.Also[2])},
+        {"ReportShape", Chosen(0, [&] { return choices.Shape == InterfaceShape::Joined; })},
+        {"ReportFill", Chosen(2, [&] { return choices.Fill == ReportFill::Hatching; })},
+        {"ReportShots", Ticked(choices.Shots, Redraws("Section"))},
+        {"ReportGeophones", Ticked(choices.Geophones, Redraws("Section"))},
+        {"ReportVelocities", Ticked(choices.Velocities)},
+        {"ReportErrors", Ticked(choices.Errors)},
+        {"ReportScale", Entered("1:750", [&] { return choices.Scale == 750; })},
+        {"ReportExaggeration", Entered("1.5", [&] { return choices.Exaggeration == 1.5; })},
+        {"ReportLine", Entered("L 7", [&] { return choices.Line == "L 7"; })},
+        {"ReportCompany", Entered("Sons", [&] { return choices.Company == "Sons"; })},
+        {"ReportDate", Entered("May", [&] { return choices.Date == "May"; })},
+        {"ReportNorth", Entered("N 35 E", [&] { return choices.North == "N 35 E"; })},
+        {"ShowColoured",
+         Clicked({quiet, [&] { return !Program.Report.Shown() && Box("SectionX")->isVisible(); }})},
     };
     Check_All([this] { return Page(); }, rows);
 }
@@ -113,6 +156,59 @@ TEST_F(SectionControls, ctrl_and_r_frame_and_show_all) {
     Run_Command(Program, "SideBySide_M");
     Display.Select_Tab(Tab::Curves);
     EXPECT_EQ(Display.Tab_In_Sight(), Tab::Curves);
+}
+
+TEST_F(SectionControls, the_section_goes_to_files_and_to_the_clipboard_by_its_own_commands) {
+    for (const char* name : {"SectionWmf_M", "SectionJpg_M", "SectionClipboard_M"})
+        EXPECT_EQ(Refusal_Of(*Find_Command(name), Program), "No section is made yet") << name;
+    Page();
+    Run_Command(Program, "Command13");
+    ASSERT_TRUE(Stands());
+    const auto told = [this](const std::string& path) {
+        const auto bytes = Read_File(path).value_or("").size();
+        EXPECT_EQ(Prompts.Last_Text(),
+                  CStr(Rounded(static_cast<double>(bytes) / 1024)) + " KB has been recorded");
+    };
+    const std::string name = Name_Of(Line.CurrentFile);
+    const std::string wmf = Folder / "section.wmf";
+    Prompts.Expect_File("Select a Windows Meta File name", Folder / "section");
+    Run_Command(Program, "SectionWmf_M");
+    EXPECT_EQ(Prompts.FileRequests.back().DefaultName, name.substr(0, name.size() - 4) + "._p.wmf");
+    told(wmf);
+    const test::PlayedMetafile file = test::Play_Metafile(Read_File(wmf).value_or(""));
+    EXPECT_EQ(file.Fault, "");
+    EXPECT_EQ(file.Texts("Velocity meters/s").size(), 1U);
+    // Asked about the name that the dialog did not know; a refusal keeps what stood there.
+    Prompts.Expect_File("Select a Windows Meta File name", Folder / "section");
+    Prompts.Expect(wmf + " already exists, overwrite ?", Answer::No);
+    ASSERT_EQ(Replace_File(wmf, "old"), "");
+    Run_Command(Program, "SectionWmf_M");
+    EXPECT_EQ(Read_File(wmf).value_or(""), "old");
+    Prompts.Expect_File("Select a JPG name", Folder / "section.jpg");
+    Run_Command(Program, "SectionJpg_M");
+    told(Folder / "section.jpg");
+    EXPECT_EQ(QImage(QString::fromStdString(Folder / "section.jpg")).size(), QSize(1200, 750));
+    Prompts.Expect_File("Select a JPG name", Folder / "none/section.jpg");
+    Run_Command(Program, "SectionJpg_M");
+    EXPECT_NE(Prompts.Last_Text().find("none/section.jpg cannot be written: "), std::string::npos);
+    const std::pair<SectionSource, const char*> names[] = {{SectionSource::Shots, "/l/a._p.jpg"},
+                                                           {SectionSource::Abc, "/l/a_abc.jpg"},
+                                                           {SectionSource::Grm, "/l/a_grm.jpg"}};
+    for (const auto& [source, jpg] : names)
+        EXPECT_EQ(Section_Picture_File("/l/a.TV5", source, SectionOutput::Jpg), jpg);
+
+    Run_Command(Program, "SectionClipboard_M");
+    EXPECT_EQ(Prompts.Last_Text(), "You can now paste the map in your app!");
+    const auto copied = [](const char* kind) {
+        return QGuiApplication::clipboard()->mimeData()->data(kind).toStdString();
+    };
+    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(1200, 750));
+    EXPECT_EQ(test::Play_Metafile(copied("image/x-wmf")).Texts("Velocity meters/s").size(), 1U);
+    Display.Select_Tab(Tab::Curves);
+    Run_Command(Program, "CopyPicture_M");
+    EXPECT_EQ(Work.Fields.Status, "The picture is on the clipboard");
+    EXPECT_TRUE(test::Play_Metafile(copied("image/x-wmf")).Texts("Velocity meters/s").empty());
+    EXPECT_NE(copied("image/svg+xml").find("<svg"), std::string::npos);
 }
 
 }  // namespace
