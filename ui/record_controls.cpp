@@ -253,6 +253,8 @@ void RecordControls::Record_Pane(QWidget* pane) {
     QHBoxLayout* row = nullptr;
     QWidget* stack = Row_Of_Buttons(row);
     Button(row, "Command1");
+    // Alone in a pane of fields it must look like a button.
+    stack->findChild<QToolButton*>("Command1")->setAutoRaise(false);
     grid->addWidget(stack, 3, 3, 1, 2, Qt::AlignRight);
 }
 
