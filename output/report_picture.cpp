@@ -344,6 +344,8 @@ class ReportPainting {
             if (tier == tiers) continue;
             taken[tier] = px + size.Width / 2 + Point;
             const double top = py - 2 * half - Point - size.Height * (1 + 0.85 * static_cast<double>(tier));
+            // Enlarged, the ground may lie at the upper edge of the page.
+            if (top < 0) continue;
             Main.Print_At(x - Across(size.Width / 2), z + Upward(py - top), text, colours::Black);
         }
     }
