@@ -45,6 +45,7 @@ void Add_Section(CLI::App& app, Request& request);
 void Add_Table(CLI::App& app, Request& request);
 void Add_Export(CLI::App& app, Request& request);
 void Add_Import(CLI::App& app, Request& request);
+void Add_Header(CLI::App& app, Request& request);
 
 /// "1600x900" into the size of the picture files; false when it is no size in pixels.
 bool Parse_Size(const std::string& text, HeadlessDisplay& display);

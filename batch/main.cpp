@@ -59,6 +59,7 @@ int Run(int argc, char** argv) {
     Add_Table(app, request);
     Add_Export(app, request);
     Add_Import(app, request);
+    Add_Header(app, request);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {

@@ -41,6 +41,13 @@ bool Is_Count(const std::string& text) {
            *value == Int(*value);
 }
 
+/// Why a text is no FIRST:LAST whose end lies `beyond` or more behind its begin; empty when it is one.
+std::string Check_Range(const std::string& text, double beyond) {
+    const std::vector<std::string> parts = Parts(text, ':');
+    const bool whole = parts.size() == 2 && Is_Count(parts[0]) && Is_Count(parts[1]);
+    return whole && Val(parts[1]) >= Val(parts[0]) + beyond ? "" : text + " is no FIRST:LAST, such as 1:500";
+}
+
 CLI::Validator Check(std::string description, std::function<std::string(std::string&)> check) {
     return CLI::Validator(std::move(check), std::move(description));
 }
@@ -99,11 +106,11 @@ CLI::Validator List_Of_Receivers(std::size_t most) {
 }
 
 CLI::Validator First_And_Last() {
-    return Check("FIRST:LAST", [](const std::string& text) -> std::string {
-        const std::vector<std::string> parts = Parts(text, ':');
-        const bool whole = parts.size() == 2 && Is_Count(parts[0]) && Is_Count(parts[1]);
-        return whole && Val(parts[0]) < Val(parts[1]) ? "" : text + " is no FIRST:LAST, such as 1:500";
-    });
+    return Check("FIRST:LAST", [](const std::string& text) { return Check_Range(text, 1); });
+}
+
+CLI::Validator First_To_Last() {
+    return Check("FIRST:LAST", [](const std::string& text) { return Check_Range(text, 0); });
 }
 
 CLI::Validator Name_Ending_In(std::vector<std::string> endings) {

@@ -25,6 +25,9 @@ CLI::Validator List_Of_Receivers(std::size_t most);
 /// Two whole numbers "FIRST:LAST", from 1, the second one larger.
 CLI::Validator First_And_Last();
 
+/// The same where both may be one.
+CLI::Validator First_To_Last();
+
 /// A file name with one of these endings (".tv5"), whatever the case.
 CLI::Validator Name_Ending_In(std::vector<std::string> endings);
 /// A file that a picture can be written to.

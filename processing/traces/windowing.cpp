@@ -67,8 +67,7 @@ class TimeWindow {
         const auto total = static_cast<double>(samples.size());
         const auto from = static_cast<std::int64_t>(std::clamp(first, 0.0, total));
         const auto to = static_cast<std::int64_t>(std::clamp(first + static_cast<double>(Count), 0.0, total));
-        const auto before = static_cast<std::int64_t>(
-            std::clamp(-first, 0.0, static_cast<double>(Count - std::max<std::int64_t>(to - from, 0))));
+        const auto before = static_cast<std::int64_t>(std::clamp(-first, 0.0, static_cast<double>(Count)));
         if (Interval > 0) Set_Start(header, begins + first * Interval, number, result.Notes);
         TraceWord(words::ns).Set_Or_Fault(header, static_cast<double>(Count), number);
         writer.Put(header, static_cast<std::size_t>(before),
