@@ -254,7 +254,7 @@ const std::array command_table = {
     Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation", .Tooltip = "Velocities and thicknesses below the shots as a table", .Run = Show_Results, .Refusal = Without_Project},
 
     // Utility
-    Command{.Name = "headerx", .Menu = utility_menu, .Caption = "Seismic Unix Header editing"},
+    Command{.Name = "headerx", .Menu = utility_menu, .Caption = "Seismic Unix Header editing", .Run = Show_Header_Editor},
     Command{.Name = "Edit_Mnu", .Menu = utility_menu, .Caption = "Edit Data File", .Run = Edit_Data_File},
     Command{.Name = "Font_Mnu", .Menu = utility_menu, .Caption = "Font selection", .Run = Choose_Font},
     Command{.Name = "shiftFBP", .Menu = utility_menu, .Caption = "Time pick scale or shift", .Run = Scale_Or_Shift_Picks},

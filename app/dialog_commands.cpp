@@ -77,6 +77,10 @@ void Show_Dip_Dialog(Session& session) {
     session.Outside.Show.Open_Dialog(Dialog::dip, false);
 }
 
+void Show_Header_Editor(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::Header, false);
+}
+
 void Show_Depth_Dialog(Session& session) {
     Open_Over_Curves(session, Dialog::Fcalcul);
 }

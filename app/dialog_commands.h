@@ -18,6 +18,8 @@ void Show_Hand_Velocity_Dialog(Session& session);
 /// Opens or closes vELINE, the velocities of the cross at the pointer.
 void Toggle_Velocity_Ruler(Session& session);
 void Show_Dip_Dialog(Session& session);
+/// Opens Header on the project's field records, or on none.
+void Show_Header_Editor(Session& session);
 /// Opens Fcalcul beside the curves.
 void Show_Depth_Dialog(Session& session);
 /// Opens Erase_TT over the curves.

@@ -34,6 +34,7 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::DelayF, "Delay times", DialogPlace::Dock, DisplayMode::Delay, true, Tab::Curves},
     DialogRow{Dialog::GRM_depth, "GRM  Depth computation", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::resu, "Seismic Profile", DialogPlace::Window, DisplayMode::None, true},
+    DialogRow{Dialog::Header, "Header editor", DialogPlace::Window, DisplayMode::None, true},
     DialogRow{Dialog::GRM, "GRM", DialogPlace::Dock, DisplayMode::GrmV, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},

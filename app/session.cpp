@@ -53,6 +53,7 @@ Session::Session(Ports outside, std::string settings_file)
       RecordMouse(Work, Outside, AutomaticPicking, RecordArea),
       PickKeys(Work, Outside),
       TraceSizeMouse(Work, Outside),
+      HeaderEditor(Work, Outside),
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {

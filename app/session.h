@@ -23,6 +23,7 @@
 #include "depth/velocity_line.h"
 #include "output/coloured_section.h"
 #include "output/tables/resu.h"
+#include "processing/header_editor.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -110,6 +111,7 @@ class Session {
     RecordPointer RecordMouse;
     KeyboardPicking PickKeys;
     SizeGridMouse TraceSizeMouse;
+    Header HeaderEditor;  ///< words of the trace headers of any SU file
 
     PictureExport SavePicture{*this};
 

@@ -144,6 +144,11 @@ void Follow_In_Results(Session& session, const ChangeNotice& notice) {
     }
 }
 
+/// The header editor, of whatever file it shows.
+void Follow_In_Header_Editor(Session& session, const ChangeNotice& notice) {
+    if (session.Outside.Show.Is_Open(Dialog::Header)) session.HeaderEditor.Follow(notice);
+}
+
 }  // namespace
 
 void Show_Changes(Session& session, const ChangeNotice& notice) {
@@ -169,6 +174,7 @@ void Show_Changes(Session& session, const ChangeNotice& notice) {
     Show_In_Dialogs(session, notice);
     Follow_In_Quick_Interpretation(session, notice);
     Follow_In_Results(session, notice);
+    Follow_In_Header_Editor(session, notice);
     if (work.Edits.Journal_Fails()) {
         work.Fields.Status = "The last changes cannot be brought back after a crash: no room in " +
                              session.JournalFolder + ". Save the project.";

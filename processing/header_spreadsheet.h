@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include "processing/trace_count.h"
 
 namespace tarnvik {
 
@@ -13,9 +14,6 @@ struct HeaderTable {
     std::int64_t First = 1;  ///< trace
     std::int64_t Last = 0;   ///< beyond the end of the file: its last trace
 };
-
-/// Told after each block of traces; false stops the work.
-using TraceProgress = std::function<bool(std::int64_t done, std::int64_t all)>;
 
 /// Heading of a word's column: its description.
 std::string Spreadsheet_Heading(int word);

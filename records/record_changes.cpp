@@ -11,7 +11,9 @@ namespace {
 
 /// What changed of a file, as far as the record on screen shows it.
 struct ShownChange {
-    bool Record = false;  ///< more than picks
+    bool Record = false;    ///< more than picks
+    bool Length = false;    ///< the number of samples or their interval
+    bool Channels = false;  ///< the channel words of the first record
     std::int64_t FirstPick = 0;
     std::int64_t LastPick = -1;
 
@@ -39,6 +41,11 @@ ShownChange What_Changed(const RecordView& view, const ByteChanges& changes) {
             shown.Add_Pick(trace);
             continue;
         }
+        const int words_of_length = Header_Word(words::ns).Offset;
+        if (run.Position < words_of_length + 4 && run.Position + bytes > words_of_length) shown.Length = true;
+        const int channel_word = Header_Word(words::tracf).Offset;
+        if (trace <= view.ChannelsPerRecord + 1 && offset < channel_word + 4 && offset + bytes > channel_word)
+            shown.Channels = true;
         // Anything else counts in the traces shown and in the first one of their record, which has the
         // stations.
         const std::int64_t last = (run.Position + bytes - 1) / length + 1;
@@ -46,6 +53,13 @@ ShownChange What_Changed(const RecordView& view, const ByteChanges& changes) {
         if (last > view.FirstTrace - before && trace <= view.LastTrace) shown.Record = true;
     }
     return shown;
+}
+
+/// The file tells other records than those that are shown. A channel word that does not run tells none.
+bool Other_Records(const RecordView& view, const std::string& path) {
+    SuTraces file(path);
+    const std::int16_t channels = Channels_Per_Record(file, file.Nb_Traces().value_or(0));
+    return channels > 0 && channels != view.ChannelsPerRecord;
 }
 
 }  // namespace
@@ -67,6 +81,10 @@ void Show_Change_On_Record(Workspace& workspace, Ports& ports, const ChangeNotic
     const std::string& path = own;
     for (const FileChange* file : notice.Files) {
         if (file->Path == path) changed = What_Changed(view, file->Bytes);
+    }
+    if (changed.Length || (changed.Channels && Other_Records(view, path))) {
+        Open_Records(workspace, ports);
+        return;
     }
     const bool spread = notice.Parts.Has(ProjectPart::Counts) || notice.Parts.Has(ProjectPart::Shots) ||
                         notice.Parts.Has(ProjectPart::Receivers);

@@ -25,22 +25,6 @@ T Value_At(const char* bytes) {
     return value;
 }
 
-double Word_From(const char* bytes, WordType type) {
-    switch (type) {
-        case WordType::Int16:
-            return Value_At<std::int16_t>(bytes);
-        case WordType::Int32:
-            return Value_At<std::int32_t>(bytes);
-        case WordType::Float32:
-            return Value_At<float>(bytes);
-    }
-    return 0;
-}
-
-constexpr int Size_Of(WordType type) {
-    return type == WordType::Int16 ? 2 : 4;
-}
-
 }  // namespace
 
 SuTraces::SuTraces(const std::string& path, Access access) : File(path, access) {
@@ -58,8 +42,12 @@ std::optional<double> SuTraces::Word(std::int64_t trace, int word) {
     const HeaderWord& entry = Header_Word(word);
     std::array<char, 4> bytes{};
     const std::int64_t position = Trace_Position(trace, Nb_Samples()) + entry.Offset;
-    if (!File.Read(position, bytes.data(), Size_Of(entry.Type))) return std::nullopt;
-    return Word_From(bytes.data(), entry.Type);
+    if (!File.Read(position, bytes.data(), Size_Of_Word(entry.Type))) return std::nullopt;
+    return Word_From_Bytes(bytes.data(), entry.Type);
+}
+
+bool SuTraces::Read_Header(std::int64_t trace, TraceHeader& header) {
+    return File.Read(Trace_Position(trace, Nb_Samples()), header.Bytes.data(), header_length);
 }
 
 std::optional<std::int16_t> SuTraces::Channel(std::int64_t trace) {
@@ -80,14 +68,24 @@ Stored SuWriter::Put(std::int64_t position, const void* source, std::int64_t cou
 }
 
 Stored SuWriter::Set_Word(std::int64_t trace, int word, double value) {
-    const HeaderWord& entry = Header_Word(word);
-    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + entry.Offset;
-    if (entry.Type == WordType::Int16) {
-        const auto whole = CInt(value);
-        return whole ? Put(position, &*whole, 2) : Stored::DoesNotFit;
+    const auto bytes = Bytes_Of_Word(word, value);
+    if (!bytes) return Stored::DoesNotFit;
+    const std::int64_t position = Trace_Position(trace, Nb_Samples()) + Header_Word(word).Offset;
+    return Put(position, bytes->data(), std::ssize(*bytes));
+}
+
+Stored SuWriter::Set_Header(std::int64_t trace, const TraceHeader& before, const TraceHeader& after) {
+    const std::int64_t start = Trace_Position(trace, Nb_Samples());
+    const auto bytes_of = [](const TraceHeader& header) {
+        return std::string_view(header.Bytes.data(), header.Bytes.size());
+    };
+    const ByteChanges changes = ByteChanges::Between(bytes_of(before), bytes_of(after));
+    for (const ByteChanges::Run& run : changes.All()) {
+        const std::int64_t position = start + run.Position;
+        if (!File.Write(position, run.After.data(), std::ssize(run.After))) return Stored::No;
+        if (Recorder != nullptr) Recorder->Note_File_Change(Path, position, run.Before, run.After);
     }
-    const auto whole = CLng(value);
-    return whole ? Put(position, &*whole, 4) : Stored::DoesNotFit;
+    return Stored::Yes;
 }
 
 Stored SuWriter::Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel) {

@@ -8,6 +8,7 @@
 #include "core/positioned_file.h"
 #include "core/workspace.h"
 #include "records/header_words.h"
+#include "records/trace_header.h"
 
 namespace tarnvik {
 
@@ -50,6 +51,8 @@ class SuTraces {
     std::optional<double> Word(std::int64_t trace, int word);
     /// The same, and 0 beyond the end.
     double Word_Or_Zero(std::int64_t trace, int word) { return Word(trace, word).value_or(0); }
+    /// The whole header of a trace in one read. False beyond the end of the file.
+    bool Read_Header(std::int64_t trace, TraceHeader& header);
     /// The low 16 bits of `tracf`; nothing beyond the end.
     std::optional<std::int16_t> Channel(std::int64_t trace);
 
@@ -92,6 +95,8 @@ class SuWriter : public SuTraces {
     /// leaves a 16-bit word as it was. Words 72 to 78 get the 32-bit integer form of the value, although they
     /// are read as floats; users' files rely on it.
     Stored Set_Word(std::int64_t trace, int word, double value);
+    /// Writes the bytes in which a header differs from the one that Read_Header has just given.
+    Stored Set_Header(std::int64_t trace, const TraceHeader& before, const TraceHeader& after);
     /// Writes `fldr` and `tracf`, which stand side by side.
     Stored Set_Record_And_Channel(std::int64_t trace, std::int32_t record, std::int32_t channel);
     /// Writes samples 1 to `source.size()`, at most Nb_Samples.

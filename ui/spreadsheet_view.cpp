@@ -29,6 +29,10 @@ class CellEditor : public QStyledItemDelegate {
             event->accept();
             return true;
         }
+        if (event->type() == QEvent::KeyPress &&
+            View->Types_Refused_Letter(*static_cast<QKeyEvent*>(event))) {
+            return true;
+        }
         const auto step =
             event->type() == QEvent::KeyPress ? Step_Of(*static_cast<QKeyEvent*>(event)) : std::nullopt;
         if (!step) return QStyledItemDelegate::eventFilter(editor, event);
@@ -205,7 +209,17 @@ bool SpreadsheetView::event(QEvent* event) {
     return QTableView::event(event);
 }
 
+bool SpreadsheetView::Types_Refused_Letter(const QKeyEvent& key) const {
+    if (!Key_Allowed || key.text().isEmpty() || !key.text().front().isPrint()) return false;
+    if ((key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) return false;
+    return !Key_Allowed(key.text().front());
+}
+
 void SpreadsheetView::keyPressEvent(QKeyEvent* event) {
+    if (Types_Refused_Letter(*event)) {
+        event->accept();
+        return;
+    }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Move(event->modifiers().testFlag(Qt::ShiftModifier) ? Step::Up : Step::Down);
         event->accept();

@@ -36,6 +36,11 @@ class SpreadsheetView : public QTableView {
     /// True while a cell is edited that the user began to type into.
     bool Edit_Begun_By_Typing() const { return BegunByTyping; }
 
+    /// Letters that can be typed into a cell; all without it.
+    std::function<bool(QChar letter)> Key_Allowed;
+    /// True for a key that would type a letter that is not allowed.
+    bool Types_Refused_Letter(const QKeyEvent& key) const;
+
     /// Told of each try to edit a cell that cannot be edited, by a double click or by keys.
     std::function<void(int row, int column, bool clicked)> On_Refused;
 

@@ -95,6 +95,8 @@ void Edits::Take_In_Stray_Changes(const Project& project) {
     std::string block = Project_Block(project);
     if (LastBlock.empty()) {
         LastBlock = std::move(block);
+        // Without a line there is nothing to save, whatever becomes of SU files.
+        if (SavedState) SavedBlock = LastBlock;
         return;
     }
     if (block == LastBlock && Stray.Files.empty()) return;
@@ -179,7 +181,8 @@ void Edits::Add(Edit edit, const Project& project, const std::string& series) {
 /// Called while LastBlock is still that before the change, which is what a journal begins with. One that
 /// could not be written on is kept until another one holds the same state.
 bool Edits::Open_Journal(const Project& project) {
-    if (JournalFolder.empty()) return false;
+    // Without a line nothing can be lost: SU files are written at once.
+    if (JournalFolder.empty() || (project.CurrentFile.empty() && project.NbShots == 0)) return false;
     if (!Log || !Log->Whole()) {
         auto begun = Journal::Begin(JournalFolder, project.CurrentFile, LastBlock);
         if (begun) {

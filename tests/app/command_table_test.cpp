@@ -284,6 +284,7 @@ const std::vector<Row>& Rows() {
         {"Print_rec", nothing, Starts("suprint2.exe|")},
         {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
 
+        {"headerx", nothing, Opens(Dialog::Header)},
         {"Edit_Mnu", nothing, [](W& w) { return w.Started("editor|" + w.Path); }},
         {"Font_Mnu", [](W& w) { w.Prompts.Expect_File("font", "Courier"); },
          [](W& w) { return w.Program.Work.Settings.FontName == "Courier"; }},

@@ -12,6 +12,7 @@
 #include "ui/forms/grm_depth_form.h"
 #include "ui/forms/grm_form.h"
 #include "ui/forms/hand_velocity_form.h"
+#include "ui/forms/header_form.h"
 #include "ui/forms/history_form.h"
 #include "ui/forms/keys_form.h"
 #include "ui/forms/new_profile_form.h"
@@ -60,6 +61,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::GRM_depth, Make<GrmDepthForm>},
         {Dialog::resu, Make<ResuForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
+        {Dialog::Header, Make<HeaderForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
         {Dialog::RulerF, Make<RulerForm>},
