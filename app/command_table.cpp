@@ -46,6 +46,10 @@ std::string Without_Any_Picture(const Session& session) {
     return Page_Can_Be_Drawn(session, Page::Record) ? "" : Without_Picture(session);
 }
 
+std::string Without_Coloured_Section(const Session& session) {
+    return Without_Section(session.Work);
+}
+
 void Quit_From_Menu(Session& session) {
     Quit(session, false);
 }
@@ -126,6 +130,7 @@ constexpr std::string_view recent_menu = "&File/Recent files";
 constexpr std::string_view processing_menu = "&Processing";
 constexpr std::string_view screen_menu = "Screen Displa&y";
 constexpr std::string_view printer_menu = "P&rinter";
+constexpr std::string_view section_menu = "P&rinter/Colored section";
 constexpr std::string_view utility_menu = "&Utility";
 constexpr std::string_view ascii_menu = "&Utility/ASCII files";
 constexpr std::string_view csv_menu = "&Utility/CSV tools";
@@ -248,7 +253,11 @@ const std::array command_table = {
 
     // Printer
     Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
-    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture as PNG, SVG or PDF...", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture...", .Tooltip = "As PNG, JPG, SVG, PDF or WMF", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "CopyPicture_M", .Menu = printer_menu, .Caption = "Copy picture", .Tooltip = "To the clipboard, as large as the last one saved", .Shortcut = "Ctrl+Shift+C", .Run = Copy_Picture, .Refusal = Without_Any_Picture},
+    Command{.Name = "SectionWmf_M", .Menu = section_menu, .Caption = "Windows Meta File...", .Run = Section_To_Metafile, .Refusal = Without_Coloured_Section},
+    Command{.Name = "SectionJpg_M", .Menu = section_menu, .Caption = "JPG picture...", .Run = Section_To_Jpg, .Refusal = Without_Coloured_Section},
+    Command{.Name = "SectionClipboard_M", .Menu = section_menu, .Caption = "Clipboard", .Run = Section_To_Clipboard, .Refusal = Without_Coloured_Section},
     Command{.Name = "Print_rec", .Menu = printer_menu, .Caption = "SU Record printer module", .Run = Launch_Record_Printer},
     Command{.Name = "psetup", .Menu = printer_menu, .Caption = "Printer selection", .Run = Choose_Printer},
     Command{.Name = "Print_Comput", .Menu = printer_menu, .Caption = "Print computation", .Tooltip = "Velocities and thicknesses below the shots as a table", .Run = Show_Results, .Refusal = Without_Project},

@@ -29,8 +29,12 @@ std::string In_Tenths(double value) {
 
 /// The kinds of file, the one of the last time first: a name typed without an ending gets that.
 std::string File_Kinds(const std::string& ending) {
-    const std::array<std::pair<const char*, const char*>, 3> kinds = {
-        {{".png", "PNG picture|*.png|"}, {".svg", "SVG drawing|*.svg|"}, {".pdf", "PDF document|*.pdf|"}}};
+    const std::array<std::pair<const char*, const char*>, 5> kinds = {
+        {{".png", "PNG picture|*.png|"},
+         {".svg", "SVG drawing|*.svg|"},
+         {".pdf", "PDF document|*.pdf|"},
+         {".wmf", "Windows metafile|*.wmf|"},
+         {".jpg", "JPG picture|*.jpg;*.jpeg|"}}};
     std::string filter;
     for (const auto& [kind, text] : kinds)
         if (ending == kind) filter = text;
@@ -53,13 +57,21 @@ double PictureExport::Typed_Height() const {
     return Rounded(Pixels_Of(Val(Height)));
 }
 
+bool PictureExport::Resolution_Is_Possible() const {
+    return Val(Dpi) >= least_dpi && Val(Dpi) <= most_dpi;
+}
+
+bool PictureExport::Size_Is_Possible() const {
+    const auto [low, high] = std::minmax({Typed_Width(), Typed_Height()});
+    return Resolution_Is_Possible() && low >= least_pixels && high <= most_pixels && low * high <= most_area;
+}
+
 std::string PictureExport::Refusal() const {
     if (!Page_Can_Be_Drawn(Program, Chosen())) return "This picture is not drawn yet";
-    if (!(Val(Dpi) >= least_dpi && Val(Dpi) <= most_dpi)) {
+    if (!Resolution_Is_Possible()) {
         return "The resolution must be " + CStr(least_dpi) + " to " + CStr(most_dpi) + " pixels an inch";
     }
-    const auto [low, high] = std::minmax({Typed_Width(), Typed_Height()});
-    if (!(low >= least_pixels && high <= most_pixels) || low * high > most_area) {
+    if (!Size_Is_Possible()) {
         return "Width and height must be " + CStr(least_pixels) + " to " + CStr(most_pixels) +
                " pixels, 200 million together";
     }
@@ -110,12 +122,21 @@ void PictureExport::Remember(const std::string& ending) {
     }
 }
 
+Page PictureExport::In_Sight() const {
+    const Page page = Page_On_Screen(Program);
+    const bool record =
+        Program.Outside.Show.Tab_In_Sight() == Tab::Record || !Page_Can_Be_Drawn(Program, page);
+    return record && Page_Can_Be_Drawn(Program, Page::Record) ? Page::Record : page;
+}
+
+PictureFormat PictureExport::Usual_Format() {
+    Recall();
+    return Size_Is_Possible() ? Format() : PictureFormat();
+}
+
 void PictureExport::Open() {
     Recall();
-    Page page = Page_On_Screen(Program);
-    if (Program.Outside.Show.Tab_In_Sight() == Tab::Record || !Page_Can_Be_Drawn(Program, page)) {
-        page = Page_Can_Be_Drawn(Program, Page::Record) ? Page::Record : page;
-    }
+    const Page page = In_Sight();
     Choice = static_cast<int>(std::find(pages.begin(), pages.end(), page) - pages.begin());
     Tell_Outcome();
     Program.Outside.Show.Open_Dialog(Dialog::PictureExport, true);
@@ -184,7 +205,8 @@ void PictureExport::Save() {
         return;
     }
     const std::string ending = LCase(path.substr(path.rfind('.')));
-    Remember(ending == ".svg" || ending == ".pdf" ? ending : ".png");
+    const std::array offered = {".svg", ".pdf", ".wmf", ".jpg"};
+    Remember(std::find(offered.begin(), offered.end(), ending) != offered.end() ? ending : ".png");
     Program.Outside.Show.Close_Dialog(Dialog::PictureExport);
 }
 

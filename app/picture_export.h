@@ -53,6 +53,11 @@ class PictureExport {
     void Save();
     void Cancel();
 
+    /// The picture in sight that can be saved.
+    Page In_Sight() const;
+    /// Size and resolution of the last time, for a picture that is made without the dialog.
+    PictureFormat Usual_Format();
+
     /// Why the picture cannot be made so, in words; empty when it can.
     std::string Refusal() const;
     PictureFormat Format() const;
@@ -63,6 +68,8 @@ class PictureExport {
     double Typed_Height() const;
     double Pixels_Of(double value) const;
     void Tell_Outcome();
+    bool Resolution_Is_Possible() const;
+    bool Size_Is_Possible() const;
     void Recall();
     void Remember(const std::string& ending);
 

@@ -9,6 +9,7 @@
 #include "core/project_file.h"
 #include "core/project_open.h"
 #include "core/text/letters.h"
+#include "output/section_print.h"
 #include "records/su_loading.h"
 #include "traveltime/curves.h"
 #include "traveltime/shot_grid.h"
@@ -206,6 +207,31 @@ void Save_Screen_As_Bmp(Session& session) {
 
 void Export_Picture(Session& session) {
     session.SavePicture.Open();
+}
+
+void Copy_Picture(Session& session) {
+    PictureExport& pictures = session.SavePicture;
+    const std::string reason = session.Outside.Show.Copy_Page(pictures.In_Sight(), pictures.Usual_Format());
+    if (!reason.empty()) {
+        session.Outside.Ask.Say("The picture cannot be copied: " + reason, session.Work.AppTitle,
+                                Icon::Critical);
+        return;
+    }
+    session.Work.Fields.Status = "The picture is on the clipboard";
+    session.Outside.Show.Show_Fields();
+}
+
+void Section_To_Metafile(Session& session) {
+    olectra_print(session.Work, session.Outside, SectionOutput::Metafile, session.SavePicture.Usual_Format());
+}
+
+void Section_To_Jpg(Session& session) {
+    olectra_print(session.Work, session.Outside, SectionOutput::Jpg, session.SavePicture.Usual_Format());
+}
+
+void Section_To_Clipboard(Session& session) {
+    olectra_print(session.Work, session.Outside, SectionOutput::Clipboard,
+                  session.SavePicture.Usual_Format());
 }
 
 void Choose_Font(Session& session) {

@@ -37,8 +37,14 @@ void Print_Picture(Session& session);
 void Choose_Printer(Session& session);
 /// The picture on the screen as a bitmap, its name asked for.
 void Save_Screen_As_Bmp(Session& session);
-/// The picture on the screen as PNG, SVG or PDF.
+/// The picture on the screen as a file of any kind.
 void Export_Picture(Session& session);
+/// The picture on the screen to the clipboard, as large as the last one saved.
+void Copy_Picture(Session& session);
+/// The coloured section as a metafile, as a JPG picture, and to the clipboard.
+void Section_To_Metafile(Session& session);
+void Section_To_Jpg(Session& session);
+void Section_To_Clipboard(Session& session);
 
 void Choose_Font(Session& session);
 void Choose_Velocity_Line_Colour(Session& session);

@@ -98,7 +98,7 @@ void Add_Draw(CLI::App& app, Request& request) {
     command->add_option("WHAT", options->What, "curves or profile")
         ->required()
         ->check(CLI::IsMember({"curves", "profile"}));
-    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")
+    command->add_option("--out", request.Common.Out, "picture file (.png, .jpg, .svg, .pdf or .wmf)")
         ->required()
         ->check(Picture_Name());
     command->add_option("--size", options->Size, "WIDTHxHEIGHT in pixels");

@@ -224,7 +224,7 @@ void Add_Grm(CLI::App& app, Request& request) {
     command->add_option("--factor", options->Factor, "units of the picture from one curve to the next")
         ->check(Number_Between(-100, 100));
     Add_Reference_Velocity(*command, options->Vref);
-    command->add_option("--out", request.Common.Out, "picture of the curves (.png, .svg or .pdf)")
+    command->add_option("--out", request.Common.Out, "picture of the curves (.png, .jpg, .svg, .pdf or .wmf)")
         ->check(Picture_Name());
     command->callback([&request, options] {
         request.Run = [options](const CommonOptions& common, const std::string& folder) {

@@ -126,7 +126,7 @@ CLI::Validator Name_Ending_In(std::vector<std::string> endings) {
 }
 
 CLI::Validator Picture_Name() {
-    return Name_Ending_In({".png", ".svg", ".pdf", ".jpg", ".jpeg", ".bmp"});
+    return Name_Ending_In({".png", ".svg", ".pdf", ".wmf", ".jpg", ".jpeg", ".bmp"});
 }
 
 std::vector<double> Numbers(const std::string& list) {

@@ -252,7 +252,7 @@ void Add_Record(CLI::App& app, Request& request) {
     auto options = std::make_shared<RecordOptions>();
     command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
     command->add_option("--record", options->Record, "record, from 1")->required();
-    command->add_option("--out", request.Common.Out, "picture file (.png, .svg or .pdf)")
+    command->add_option("--out", request.Common.Out, "picture file (.png, .jpg, .svg, .pdf or .wmf)")
         ->required()
         ->check(Picture_Name());
     command->add_option("--style", options->Style, "area, wiggle or color")

@@ -1,9 +1,11 @@
 #include "ui/qt_display.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QDockWidget>
+#include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QScreen>
@@ -229,6 +231,12 @@ DrawPage QtDisplay::Page_Drawing(Page page) {
     };
 }
 
+TitleTexts QtDisplay::Page_Titles(Page page) {
+    return [this, page](const Frame& window, double pixels_a_millimetre) {
+        return Page_Title(*Owner, page, window, pixels_a_millimetre);
+    };
+}
+
 QPrinter& QtDisplay::Printer() {
     if (!ChosenPrinter) {
         ChosenPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
@@ -249,9 +257,28 @@ std::string QtDisplay::Save_Page(Page page, const std::string& path, const Pictu
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
     return Write_Picture_File(path, format, Layout_Of(page),
                               QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
-                              [this, page](const Frame& window, double pixels_a_millimetre) {
-                                  return Page_Title(*Owner, page, window, pixels_a_millimetre);
-                              });
+                              Page_Titles(page));
+}
+
+std::string QtDisplay::Copy_Page(Page page, const PictureFormat& format) {
+    if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
+    const auto made = [&](const char* ending) {
+        return Make_Picture(ending, format, Layout_Of(page),
+                            QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
+                            Page_Titles(page));
+    };
+    const MadePicture bitmap = made(".png");
+    if (!bitmap.Reason.empty()) return bitmap.Reason;
+    // Each program takes the best kind that it knows.
+    auto copied = std::make_unique<QMimeData>();
+    copied->setImageData(QImage::fromData(bitmap.Bytes));
+    for (const auto& [ending, type] :
+         {std::pair(".svg", "image/svg+xml"), std::pair(".wmf", "image/x-wmf")}) {
+        const MadePicture drawing = made(ending);
+        if (drawing.Reason.empty()) copied->setData(type, drawing.Bytes);
+    }
+    QGuiApplication::clipboard()->setMimeData(copied.release());
+    return {};
 }
 
 void QtDisplay::Choose_Printer() {

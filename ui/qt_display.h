@@ -37,6 +37,7 @@ class QtDisplay : public SessionDisplay {
     bool Is_Open(Dialog dialog) const override;
     bool Print_Page(Page page) override;
     std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) override;
+    std::string Copy_Page(Page page, const PictureFormat& format) override;
     void Choose_Printer() override;
     void End_Program() override;
 
@@ -60,6 +61,7 @@ class QtDisplay : public SessionDisplay {
     };
     void Forget(Dialog dialog);
     DrawPage Page_Drawing(Page page);
+    TitleTexts Page_Titles(Page page);
     QPrinter& Printer();
 
     MainWindow* Window = nullptr;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -334,6 +335,17 @@ void SectionPage::Wire_Gestures() {
     gestures->Pan = [&logic](double across, double up) { logic.Pan(across, up); };
     gestures->Show_All = [&logic] { logic.Show_All(); };
     gestures->Left = [&logic] { logic.Leave(); };
+    Section->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(Section, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        QMenu menu(this);
+        for (const char* name : {"SectionWmf_M", "SectionJpg_M", "SectionClipboard_M"}) {
+            const Command& command = *Find_Command(name);
+            QAction* action = menu.addAction(From(command.Caption));
+            action->setEnabled(Refusal_Of(command, Program).empty());
+            connect(action, &QAction::triggered, this, [this, name] { Run_Command(Program, name); });
+        }
+        menu.exec(Section->mapToGlobal(at));
+    });
     connect(Section, &PictureBox::Key_Pressed, this, [this, &logic](int key) {
         const Frame frame = Section->Canvas().Current_Frame();
         const double across = (frame.Right - frame.Left) * key_share;

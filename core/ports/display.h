@@ -67,7 +67,8 @@ enum class Dialog {
 /// What can be printed or saved as a picture, each with the scale strips that belong to it.
 enum class Page { Curves, Profile, Record, Section };
 
-/// How a picture file is made. Drawings (.svg, .pdf) have the size that the pixels have at the resolution.
+/// How a picture file is made. Drawings (.svg, .pdf, .wmf) have the size that the pixels have at the
+/// resolution.
 struct PictureFormat {
     int Width = 1200;  ///< pixels
     int Height = 750;
@@ -115,9 +116,12 @@ class Display {
     /// Prints a page by the same drawing routine as the screen, after the printer dialog; false when there is
     /// no printer or nothing that can be printed.
     virtual bool Print_Page(Page page) = 0;
-    /// Writes a page to a file whose ending tells the kind (.png, .bmp, .svg, .pdf). Answers the reason of a
-    /// failure, empty when it went well.
+    /// Writes a page to a file whose ending tells the kind (.png, .jpg, .bmp, .svg, .pdf, .wmf). Answers
+    /// the reason of a failure, empty when it went well.
     virtual std::string Save_Page(Page page, const std::string& path, const PictureFormat& format) = 0;
+    /// Puts a page onto the clipboard, as a bitmap and as a drawing. Answers the reason of a failure, empty
+    /// when it went well.
+    virtual std::string Copy_Page(Page, const PictureFormat&) { return "there is no clipboard"; }
     virtual void Choose_Printer() = 0;
     /// Closes all windows and ends the program's event loop; no question is asked any more.
     virtual void End_Program() = 0;

@@ -48,6 +48,18 @@ struct Row {
 using W = OpenLine;
 constexpr auto nothing = [](W&) {};
 
+/// A section of the line with thicknesses below its shots.
+void With_Section(W& w) {
+    for (int shot = 1; shot <= w.Line.NbShots; ++shot) {
+        for (int layer = 1; layer <= 3; ++layer) {
+            w.Line.VelocityA(shot, layer) = w.Line.VelocityB(shot, layer) =
+                static_cast<std::int16_t>(900 * layer);
+        }
+        w.Line.ShotThickness(shot, 1) = w.Line.ShotThickness(shot, 2) = 6;
+    }
+    Run_Command(w.Program, "Command13");
+}
+
 auto Starts(const char* tool) {
     return [tool](W& w) { return w.Started(tool); };
 }
@@ -281,6 +293,21 @@ const std::vector<Row>& Rows() {
 
         {"winprint", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"Export_M", nothing, [](W& w) { return w.Shows(Dialog::PictureExport); }},
+        {"CopyPicture_M", nothing, [](W& w) { return w.Display.Copied == std::vector{Page::Curves}; }},
+        {"SectionWmf_M",
+         [](W& w) {
+             With_Section(w);
+             w.Prompts.Expect_File("Select a Windows Meta File name", w.Folder / "a");
+         },
+         [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "a.wmf"}; }},
+        {"SectionJpg_M",
+         [](W& w) {
+             With_Section(w);
+             w.Prompts.Expect_File("Select a JPG name", w.Folder / "a.JPG");
+         },
+         [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "a.JPG"}; }},
+        {"SectionClipboard_M", With_Section,
+         [](W& w) { return w.Said("You can now paste the map in your app!"); }},
         {"Print_rec", nothing, Starts("suprint2.exe|")},
         {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
 

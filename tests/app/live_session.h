@@ -35,6 +35,11 @@ class LiveDisplay : public SessionDisplay {
         LastFormat = format;
         return {};
     }
+    std::string Copy_Page(Page page, const PictureFormat& format) override {
+        Copied.push_back(page);
+        LastFormat = format;
+        return {};
+    }
     void Choose_Printer() override { ++PrinterChosen; }
     void End_Program() override { ++Ended; }
 
@@ -52,6 +57,7 @@ class LiveDisplay : public SessionDisplay {
     std::set<Dialog> Open;
     std::vector<Dialog> Opened;
     std::vector<std::string> SavedPages;
+    std::vector<Page> Copied;
     Tab Selected = Tab::Record;
     int PrinterChosen = 0;
     int Ended = 0;

@@ -98,6 +98,13 @@ TEST_F(PictureExportDialog, remembers_its_choices_beside_the_settings) {
     Prompts.Expect_File("Save picture", "");
     Dialogue.Save();
     EXPECT_EQ(Display.SavedPages.size(), 3U);
+    // A copy is as large as the last file.
+    Session later({Prompts, Display, Launcher}, Folder / "Tarnvik32.INI");
+    Run_Command(later, "SectionClipboard_M");
+    EXPECT_TRUE(Display.Copied.empty()) << "refused without a section";
+    EXPECT_EQ(later.SavePicture.Usual_Format().Width, 2480);
+    later.SavePicture.Dpi = "0";
+    EXPECT_EQ(later.SavePicture.Usual_Format().Dpi, 150);
 }
 
 TEST_F(PictureExportDialog, tells_the_scale_of_each_page) {

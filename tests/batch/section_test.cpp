@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "batch/batch_fixture.h"
+#include "support/metafile_reader.h"
 
 namespace tarnvik::test {
 namespace {
@@ -84,6 +85,51 @@ TEST_F(SectionCommand, DrawsTheSection) {
     const std::string svg = Read_File(Folder / "section.svg").value_or("");
     for (const char* text : {">3S<", ">Velocity meters/s<", ">Distance (m)<"})
         EXPECT_NE(svg.find(text), std::string::npos) << text;
+    // The metafile plays, and shows the same: its letters, its colours on their places.
+    const std::string wmf = Folder / "section.wmf";
+    ASSERT_EQ(Run("section " + line + " --source shot --colours even --out " + wmf + Between).Status, 0);
+    const PlayedMetafile played = Play_Metafile(Read_File(wmf).value_or(""));
+    ASSERT_EQ(played.Fault, "");
+    EXPECT_EQ(played.UnitsAnInch, 1440);
+    EXPECT_NEAR(played.Width, 1600 * 15, 1);
+    EXPECT_NEAR(played.Height, 900 * 15, 1);
+    for (const char* text : {"3S", "Velocity meters/s", "Distance (m)", "70", "v"}) {
+        const auto found = played.Texts(text);
+        ASSERT_FALSE(found.empty()) << text;
+        EXPECT_EQ(found[0].FontHeight, 160) << "8 points";
+        EXPECT_EQ(found[0].Advances.size(), found[0].Letters.size());
+    }
+    // Below the middle shot lie the three layers from top to bottom; the last box drawn there is seen.
+    const auto seen = [&](int x, int y) {
+        int colour = -1;
+        for (const auto& box : played.All(PlayedMetafile::Rectangle)) {
+            if (x >= box.Places[0] && y >= box.Places[1] && x < box.Places[2] && y < box.Places[3])
+                colour = box.Filling;
+        }
+        return colour;
+    };
+    const int middle = played.Texts("3S")[0].Places[0] + 100;
+    std::vector<int> colours;
+    for (int y = 0; y < played.Height; y += 20) {
+        const int colour = seen(middle, y);
+        if (colours.empty() || colours.back() != colour) colours.push_back(colour);
+    }
+    ASSERT_EQ(colours.size(), 5U) << "paper, three layers, paper";
+    EXPECT_EQ(colours[0], 0xFFFFFF);
+    for (const int colour : {colours[1], colours[2], colours[3]})
+        EXPECT_NE(colour, 0xFFFFFF);
+    // Paper of five metres gets fewer units, and all of it is there.
+    ASSERT_EQ(
+        Run("section " + line + " --source shot --size 20000x2000 --out " + (Folder / "long.wmf") + Between)
+            .Status,
+        0);
+    const PlayedMetafile large = Play_Metafile(Read_File(Folder / "long.wmf").value_or(""));
+    EXPECT_EQ(large.Fault, "");
+    EXPECT_EQ(large.UnitsAnInch, 144);
+    EXPECT_NEAR(large.Width, 30000, 1);
+    const auto right = large.Texts("5000");
+    ASSERT_EQ(right.size(), 1U) << "of the legend at the right edge";
+    EXPECT_GT(right[0].Places[0], 29000);
     // A broken scale leaves no picture.
     ASSERT_EQ(Replace_File(Folder / "broken.lvl", "LVL2\nwords\n"), "");
     const std::string out = Folder / "none.png";

@@ -1,7 +1,14 @@
 // Each control of the coloured section's tab, and the hand on its picture.
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
 #include "control_table.h"
+#include "core/text/number.h"
+#include "output/section_print.h"
 #include "output/section_window.h"
+#include "support/metafile_reader.h"
 
 namespace tarnvik {
 namespace {
@@ -113,6 +120,59 @@ TEST_F(SectionControls, ctrl_and_r_frame_and_show_all) {
     Run_Command(Program, "SideBySide_M");
     Display.Select_Tab(Tab::Curves);
     EXPECT_EQ(Display.Tab_In_Sight(), Tab::Curves);
+}
+
+TEST_F(SectionControls, the_section_goes_to_files_and_to_the_clipboard_by_its_own_commands) {
+    for (const char* name : {"SectionWmf_M", "SectionJpg_M", "SectionClipboard_M"})
+        EXPECT_EQ(Refusal_Of(*Find_Command(name), Program), "No section is made yet") << name;
+    Page();
+    Run_Command(Program, "Command13");
+    ASSERT_TRUE(Stands());
+    const auto told = [this](const std::string& path) {
+        const auto bytes = Read_File(path).value_or("").size();
+        EXPECT_EQ(Prompts.Last_Text(),
+                  CStr(Rounded(static_cast<double>(bytes) / 1024)) + " KB has been recorded");
+    };
+    const std::string name = Name_Of(Line.CurrentFile);
+    const std::string wmf = Folder / "section.wmf";
+    Prompts.Expect_File("Select a Windows Meta File name", Folder / "section");
+    Run_Command(Program, "SectionWmf_M");
+    EXPECT_EQ(Prompts.FileRequests.back().DefaultName, name.substr(0, name.size() - 4) + "._p.wmf");
+    told(wmf);
+    const test::PlayedMetafile file = test::Play_Metafile(Read_File(wmf).value_or(""));
+    EXPECT_EQ(file.Fault, "");
+    EXPECT_EQ(file.Texts("Velocity meters/s").size(), 1U);
+    // Asked about the name that the dialog did not know; a refusal keeps what stood there.
+    Prompts.Expect_File("Select a Windows Meta File name", Folder / "section");
+    Prompts.Expect(wmf + " already exists, overwrite ?", Answer::No);
+    ASSERT_EQ(Replace_File(wmf, "old"), "");
+    Run_Command(Program, "SectionWmf_M");
+    EXPECT_EQ(Read_File(wmf).value_or(""), "old");
+    Prompts.Expect_File("Select a JPG name", Folder / "section.jpg");
+    Run_Command(Program, "SectionJpg_M");
+    told(Folder / "section.jpg");
+    EXPECT_EQ(QImage(QString::fromStdString(Folder / "section.jpg")).size(), QSize(1200, 750));
+    Prompts.Expect_File("Select a JPG name", Folder / "none/section.jpg");
+    Run_Command(Program, "SectionJpg_M");
+    EXPECT_NE(Prompts.Last_Text().find("none/section.jpg cannot be written: "), std::string::npos);
+    const std::pair<SectionSource, const char*> names[] = {{SectionSource::Shots, "/l/a._p.jpg"},
+                                                           {SectionSource::Abc, "/l/a_abc.jpg"},
+                                                           {SectionSource::Grm, "/l/a_grm.jpg"}};
+    for (const auto& [source, jpg] : names)
+        EXPECT_EQ(Section_Picture_File("/l/a.TV5", source, SectionOutput::Jpg), jpg);
+
+    Run_Command(Program, "SectionClipboard_M");
+    EXPECT_EQ(Prompts.Last_Text(), "You can now paste the map in your app!");
+    const auto copied = [](const char* kind) {
+        return QGuiApplication::clipboard()->mimeData()->data(kind).toStdString();
+    };
+    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(1200, 750));
+    EXPECT_EQ(test::Play_Metafile(copied("image/x-wmf")).Texts("Velocity meters/s").size(), 1U);
+    Display.Select_Tab(Tab::Curves);
+    Run_Command(Program, "CopyPicture_M");
+    EXPECT_EQ(Work.Fields.Status, "The picture is on the clipboard");
+    EXPECT_TRUE(test::Play_Metafile(copied("image/x-wmf")).Texts("Velocity meters/s").empty());
+    EXPECT_NE(copied("image/svg+xml").find("<svg"), std::string::npos);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "core/files.h"
 #include "ui/painting/image_picture.h"
+#include "ui/painting/metafile_device.h"
 
 namespace tarnvik {
 
@@ -53,7 +54,10 @@ QByteArray Bitmap_Bytes(const QImage& image, const char* format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format)) bytes.clear();
+    // Little loss where the type has any: thin lines and letters would get a haze.
+    constexpr int jpg_quality = 95;
+    const bool lossy = qstrnicmp(format, "jp", 2) == 0;
+    if (!image.save(&buffer, format, lossy ? jpg_quality : -1)) bytes.clear();
     return bytes;
 }
 
@@ -184,9 +188,8 @@ void Draw_Titled_Page(QPainter& painter, const QRectF& area, double density, boo
 
 }  // namespace
 
-std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,
-                               const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
-    const QString ending = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+MadePicture Make_Picture(const std::string& ending, const PictureFormat& format, const PageLayout& layout,
+                         const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
     const QSizeF paper = QSizeF(format.Width, format.Height) / format.Dpi;  // inches
     const auto paint = [&](QPainter& painter, const QSizeF& size, double dots_an_inch, bool raster) {
         const QRectF area(QPointF(0, 0), size);
@@ -197,10 +200,10 @@ std::string Write_Picture_File(const std::string& path, const PictureFormat& for
             Draw_Page(painter, area, density, raster, layout, font_family, draw);
         }
     };
-    QByteArray bytes;
-    if (ending == "png" || ending == "jpg" || ending == "jpeg" || ending == "bmp") {
+    MadePicture made;
+    if (ending == ".png" || ending == ".jpg" || ending == ".jpeg" || ending == ".bmp") {
         QImage image(QSize(format.Width, format.Height), QImage::Format_RGB32);
-        if (image.isNull()) return "The picture is too large";
+        if (image.isNull()) return {{}, "The picture is too large"};
         const int dots_a_metre = qRound(format.Dpi * inches_a_metre);
         image.setDotsPerMeterX(dots_a_metre);
         image.setDotsPerMeterY(dots_a_metre);
@@ -208,10 +211,10 @@ std::string Write_Picture_File(const std::string& path, const PictureFormat& for
         QPainter painter(&image);
         paint(painter, image.size(), format.Dpi, true);
         painter.end();
-        bytes = Bitmap_Bytes(image, ending.toLatin1().constData());
-    } else if (ending == "svg") {
+        made.Bytes = Bitmap_Bytes(image, ending.c_str() + 1);
+    } else if (ending == ".svg") {
         const QSize nominal = (paper * pixels_an_inch).toSize();
-        QBuffer buffer(&bytes);
+        QBuffer buffer(&made.Bytes);
         QSvgGenerator generator;
         generator.setOutputDevice(&buffer);
         generator.setTitle("Tarnvik");
@@ -220,8 +223,8 @@ std::string Write_Picture_File(const std::string& path, const PictureFormat& for
         generator.setViewBox(QRect(QPoint(0, 0), nominal * svg_grid));
         QPainter painter(&generator);
         paint(painter, nominal * svg_grid, svg_grid * pixels_an_inch, false);
-    } else if (ending == "pdf") {
-        QBuffer buffer(&bytes);
+    } else if (ending == ".pdf") {
+        QBuffer buffer(&made.Bytes);
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter writer(&buffer);
         writer.setCreator("Tarnvik");
@@ -230,14 +233,29 @@ std::string Write_Picture_File(const std::string& path, const PictureFormat& for
             QPageSize(paper * points_an_inch, QPageSize::Point, QString(), QPageSize::ExactMatch));
         writer.setPageMargins(QMarginsF(0, 0, 0, 0));
         QPainter painter;
-        if (!painter.begin(&writer)) return "The page cannot be printed";
+        if (!painter.begin(&writer)) return {{}, "The page cannot be printed"};
         paint(painter, QSizeF(writer.width(), writer.height()), writer.logicalDpiX(), false);
-        if (!painter.end()) return "The page cannot be printed";
+        if (!painter.end()) return {{}, "The page cannot be printed"};
+    } else if (ending == ".wmf") {
+        MetafileDevice device(paper);
+        QPainter painter(&device);
+        paint(painter, device.Size(), device.Dots_An_Inch(), false);
+        painter.end();
+        made.Bytes = device.Bytes();
     } else {
-        return "No picture of this type can be written: " + path;
+        return {{}, "No picture of this type can be written"};
     }
-    if (bytes.isEmpty()) return "The picture cannot be made: " + path;
-    return Replace_File(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    if (made.Bytes.isEmpty()) made.Reason = "The picture cannot be made";
+    return made;
+}
+
+std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,
+                               const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
+    const std::string ending = "." + QFileInfo(QString::fromStdString(path)).suffix().toLower().toStdString();
+    const MadePicture made = Make_Picture(ending, format, layout, font_family, draw, title);
+    if (!made.Reason.empty()) return made.Reason + ": " + path;
+    return Replace_File(
+        path, std::string_view(made.Bytes.constData(), static_cast<std::size_t>(made.Bytes.size())));
 }
 
 }  // namespace tarnvik

@@ -49,10 +49,20 @@ std::string Print_Page(QPagedPaintDevice& device, const PageLayout& layout, cons
 /// The texts of a title block from left to right, of a picture with that window at that density.
 using TitleTexts = std::function<std::vector<std::string>(const Frame& window, double pixels_a_millimetre)>;
 
-/// Writes the page to a ".png", ".svg", ".pdf", ".jpg" or ".bmp" file, by its ending; the vector files get
-/// the size that the pixels of `format` have on paper. A title block stands under the picture when the format
-/// wants one. The old file stays whole when the new one cannot be written. Answers the reason of a failure,
-/// empty when it went well.
+/// A picture file in memory, or the reason why there is none.
+struct MadePicture {
+    QByteArray Bytes;
+    std::string Reason;
+};
+
+/// The page as a picture of the kind that the ending tells: ".png", ".jpg", ".jpeg" or ".bmp", or ".svg",
+/// ".pdf" or ".wmf", which get the size that the pixels of `format` have on paper. A title block stands under
+/// the picture when the format wants one.
+MadePicture Make_Picture(const std::string& ending, const PictureFormat& format, const PageLayout& layout,
+                         const QString& font_family, const DrawPage& draw, const TitleTexts& title = {});
+
+/// Writes it to a file of that ending. The old file stays whole when the new one cannot be written. Answers
+/// the reason of a failure, empty when it went well.
 std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,
                                const QString& font_family, const DrawPage& draw,
                                const TitleTexts& title = {});
