@@ -226,7 +226,7 @@ void Add_Window(CLI::App& app, Request& request) {
     extract->excludes(drop, key, until);
     drop->excludes(key, until);
     key->excludes(until);
-    command->final_callback([options] {
+    command->parse_complete_callback([options] {
         if (options->Extract.empty() && options->DropRecord < 1 && options->Key.empty() && !options->Until)
             throw CLI::RequiredError("--extract, --drop-record, --key or --tmax");
     });

@@ -175,6 +175,7 @@ TEST_F(Changes, a_shot_that_comes_back_brings_its_mark) {
     Toggle_Shot(Program.Work, Program.Outside, 4);
     Program.Work.Grids.Buildgrid.CurrentColumn = 2;
     Prompts.Expect("Take shot 2 out of the project in memory ?", Answer::Yes);
+    Prompts.Expect_Start("Take its field record out of ", Answer::No);
     Run_Command(Program, "TakeOutShot");
     const std::set<int>& left_out = Program.Work.Curves.ShotsLeftOut;
     EXPECT_EQ(left_out, std::set{3});

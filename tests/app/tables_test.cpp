@@ -138,6 +138,7 @@ TEST_F(TablesOfTheDemoLine, every_command_is_one_named_edit_and_a_cancelled_one_
         {"TakeOutShot", "Take out shot 2",
          [&](bool go) {
              prompts.Expect("Take shot 2 out of the project in memory ?", go ? Answer::Yes : Answer::No);
+             if (go) prompts.Expect_Start("Take its field record out of ", Answer::No);
          }},
         {"shiftFBP", "Scale or shift of all picks",
          [&](bool go) {
