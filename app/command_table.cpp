@@ -47,7 +47,7 @@ std::string Without_Any_Picture(const Session& session) {
 }
 
 std::string Without_Coloured_Section(const Session& session) {
-    return Without_Section(session.Work);
+    return session.Report.Shown() ? Without_Report(session.Work.Project) : Without_Section(session.Work);
 }
 
 void Quit_From_Menu(Session& session) {

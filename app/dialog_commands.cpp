@@ -140,6 +140,8 @@ void Show_Full_Profile(Session& session) {
 }
 
 void Show_Section(Session& session) {
+    // Who asks for the coloured section wants to see it.
+    session.Report.ShownChoice = 0;
     session.Section.Command13();
 }
 

@@ -57,8 +57,8 @@ constexpr Gesture gestures[] = {
     {on_section, "Ctrl + wheel", "Enlarge the elevations at the pointer"},
     {on_section, "Shift + wheel", "Enlarge the distances at the pointer"},
     {on_section, "+ and -", "Enlarge and shrink"},
-    {in_dialogs, "Alt+Left, Alt+Right", "Header editor: the 120 traces before or behind"},
     {on_section, "Right click", "Save or copy the section"},
+    {in_dialogs, "Alt+Left, Alt+Right", "Header editor: the 120 traces before or behind"},
     {in_dialogs, "Enter, Escape", "Give the keys back to the picture"},
     {in_dialogs, "Ctrl+Return", "Save the velocity and go to the next layer"},
 };

@@ -8,6 +8,7 @@
 #include "core/text/number.h"
 #include "depth/grm_picture.h"
 #include "output/profile_painting.h"
+#include "output/report_picture.h"
 #include "output/section_picture.h"
 #include "records/record_files.h"
 #include "records/record_header.h"
@@ -26,9 +27,13 @@ ShotColour Curve_Colours(const Workspace& workspace) {
 }
 
 Page Page_On_Screen(const Session& session) {
-    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && session.Work.Section.Grid)
+    if (session.Outside.Show.Tab_In_Sight() == Tab::Section && Page_Can_Be_Drawn(session, Page::Section))
         return Page::Section;
     return session.Work.Curves.FrameDrawn == 2 ? Page::Profile : Page::Curves;
+}
+
+bool Is_Report(const Session& session, Page page) {
+    return page == Page::Section && session.Report.Shown();
 }
 
 bool Page_Can_Be_Drawn(const Session& session, Page page) {
@@ -42,7 +47,8 @@ bool Page_Can_Be_Drawn(const Session& session, Page page) {
         case Page::Record:
             return session.Work.Record.RecordWidth > 0;
         case Page::Section:
-            return session.Work.Section.Grid.has_value();
+            return session.Report.Shown() ? Without_Report(project).empty()
+                                          : session.Work.Section.Grid.has_value();
     }
     return false;
 }
@@ -127,6 +133,29 @@ std::vector<std::string> Page_Title(const Session& session, Page page, const Fra
     return texts;
 }
 
+bool Scale_May_Change(Session& session, Page page, double width, double height) {
+    const std::string fault = Is_Report(session, page) ? session.Report.Scale_Fault(width, height) : "";
+    return fault.empty() ||
+           session.Outside.Ask.Ask_Yes(fault + ". Draw it so ?", session.Work.AppTitle, Icon::Warning);
+}
+
+namespace {
+
+void Draw_Section_Page(Session& session, const PagePictures& pictures) {
+    if (!session.Report.Shown()) {
+        Draw_Section(session.Work, session.Section.Scale(), {pictures.Main, pictures.Below, pictures.Beside});
+        return;
+    }
+    if (!Page_Can_Be_Drawn(session, Page::Section)) {
+        pictures.Main.Clear();
+        return;
+    }
+    session.Report.View.Today = Local_Time_Text(std::chrono::system_clock::now(), "%Y-%m-%d");
+    Draw_Report(session.Work, session.Report.View, session.Section.Scale(), pictures.Main, pictures.OnPaper);
+}
+
+}  // namespace
+
 void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
     switch (page) {
         case Page::Curves: {
@@ -148,8 +177,7 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             Draw_Record_Header(session.Work, pictures.Below, Su_Path(session.Work.Project));
             break;
         case Page::Section:
-            Draw_Section(session.Work, session.Section.Scale(),
-                         {pictures.Main, pictures.Below, pictures.Beside});
+            Draw_Section_Page(session, pictures);
             break;
     }
 }

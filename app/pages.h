@@ -29,6 +29,10 @@ ShotColour Curve_Colours(const Workspace& workspace);
 /// The page whose picture stands on the screen.
 Page Page_On_Screen(const Session& session);
 
+/// True for the section's page while it is that of a report, with a title block and axes of its own: it has
+/// no scale strips.
+bool Is_Report(const Session& session, Page page);
+
 /// True when the page has something to show.
 bool Page_Can_Be_Drawn(const Session& session, Page page);
 
@@ -39,6 +43,10 @@ std::string Page_Scale(const Session& session, Page page, const Frame& window, d
 /// The title block of a page: name of the line and of what is drawn, date of today, scale.
 std::vector<std::string> Page_Title(const Session& session, Page page, const Frame& window,
                                     double pixels_a_millimetre);
+
+/// A report whose chosen scale does not fit a paper of that size in mm is drawn in one that does: the user is
+/// told and asked. True when it may be drawn.
+bool Scale_May_Change(Session& session, Page page, double width, double height);
 
 /// Draws a page by the routine that also draws it on the screen: for the printer, PDF, SVG and PNG. Nothing
 /// of the project changes.

@@ -75,6 +75,10 @@ std::string PictureExport::Refusal() const {
         return "Width and height must be " + CStr(least_pixels) + " to " + CStr(most_pixels) +
                " pixels, 200 million together";
     }
+    if (Is_Report(Program, Chosen())) {
+        const PictureFormat format = Format();
+        return Program.Report.Scale_Fault(format.Width_In_Millimetres(), format.Height_In_Millimetres());
+    }
     return {};
 }
 

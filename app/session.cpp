@@ -47,6 +47,7 @@ Session::Session(Ports outside, std::string settings_file)
       GrmDepths(Work, Outside),
       Results(Work, Outside),
       Section(Work, Outside),
+      Report(Work, Outside),
       RecordArea(Work, Outside),
       RecordWheel(Work, Outside),
       AutomaticPicking(Work, Outside),

@@ -22,6 +22,7 @@
 #include "depth/theoric_f.h"
 #include "depth/velocity_line.h"
 #include "output/coloured_section.h"
+#include "output/section_report.h"
 #include "output/tables/resu.h"
 #include "processing/header_editor.h"
 #include "processing/rezize.h"
@@ -105,6 +106,7 @@ class Session {
     resu Results;  ///< table of velocities and thicknesses
 
     ColouredSection Section;
+    SectionReport Report;  ///< the page that stands in its place while it is shown
 
     // Field records.
     RecordZoom RecordArea;

@@ -194,7 +194,7 @@ void SessionDisplay::Paint_Curves() {
 void SessionDisplay::Paint_Section() {
     Draw_Page(*Owner, Page::Section,
               {Canvas_Of(Canvas::Section), Canvas_Of(Canvas::SectionX), Canvas_Of(Canvas::SectionZ), false});
-    Owner->Section.Draw_Cut();
+    if (!Owner->Report.Shown()) Owner->Section.Draw_Cut();
 }
 
 void SessionDisplay::Refresh_Cell(int, int) {

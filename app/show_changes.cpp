@@ -91,8 +91,14 @@ void Follow_In_Grm(Session& session, const ChangeNotice& notice) {
         session.Outside.Show.Repaint_Page(Page::Curves);
 }
 
-/// A coloured section that stands, of depths, velocities and places that have changed.
+/// A section that stands, coloured or on the page of a report, of depths, velocities and places that have
+/// changed.
 void Follow_In_Section(Session& session, const ChangeNotice& notice) {
+    if (Has_Any(notice.Parts, {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots,
+                               ProjectPart::Line, ProjectPart::Velocities, ProjectPart::Refractors,
+                               ProjectPart::Thicknesses, ProjectPart::Grm})) {
+        session.Report.Line_Changed();
+    }
     if (Has_Any(notice.Parts,
                 {ProjectPart::Counts, ProjectPart::Receivers, ProjectPart::Shots, ProjectPart::Line,
                  ProjectPart::Velocities, ProjectPart::Refractors, ProjectPart::Thicknesses})) {

@@ -20,7 +20,11 @@ namespace tarnvik {
 namespace {
 
 void Save_Page_As(Session& session, const std::string& path) {
-    const std::string reason = session.Outside.Show.Save_Page(Page_On_Screen(session), path, PictureFormat());
+    const Page page = Page_On_Screen(session);
+    const PictureFormat format;
+    if (!Scale_May_Change(session, page, format.Width_In_Millimetres(), format.Height_In_Millimetres()))
+        return;
+    const std::string reason = session.Outside.Show.Save_Page(page, path, format);
     if (!reason.empty()) {
         session.Outside.Ask.Say(path + " cannot be written: " + reason, session.Work.AppTitle,
                                 Icon::Critical);
@@ -69,6 +73,7 @@ void Clear_Display(Session& session) {
 void Close_Computing_Dialogs(Session& session) {
     session.Delay.Hide_Delay_Curve();
     session.Section.Project_Left();
+    session.Report.Project_Left();
     for (const DialogRow& row : Dialog_Rows()) {
         if (!row.ClosesWithProject) continue;
         session.Outside.Show.Close_Dialog(row.Which);
@@ -221,17 +226,27 @@ void Copy_Picture(Session& session) {
     session.Outside.Show.Show_Fields();
 }
 
+namespace {
+
+void Put_Out_Section(Session& session, SectionOutput output) {
+    const PictureFormat format = session.SavePicture.Usual_Format();
+    if (Scale_May_Change(session, Page::Section, format.Width_In_Millimetres(),
+                         format.Height_In_Millimetres()))
+        olectra_print(session.Work, session.Outside, output, format, session.Report.Shown());
+}
+
+}  // namespace
+
 void Section_To_Metafile(Session& session) {
-    olectra_print(session.Work, session.Outside, SectionOutput::Metafile, session.SavePicture.Usual_Format());
+    Put_Out_Section(session, SectionOutput::Metafile);
 }
 
 void Section_To_Jpg(Session& session) {
-    olectra_print(session.Work, session.Outside, SectionOutput::Jpg, session.SavePicture.Usual_Format());
+    Put_Out_Section(session, SectionOutput::Jpg);
 }
 
 void Section_To_Clipboard(Session& session) {
-    olectra_print(session.Work, session.Outside, SectionOutput::Clipboard,
-                  session.SavePicture.Usual_Format());
+    Put_Out_Section(session, SectionOutput::Clipboard);
 }
 
 void Choose_Font(Session& session) {

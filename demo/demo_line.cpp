@@ -65,4 +65,21 @@ Project Demo_Project() {
     return project;
 }
 
+Project Demo_Model() {
+    Project project = Demo_Project();
+    const LayeredEarth earth = Demo_Earth();
+    for (int geophone = 1; geophone <= project.NbReceivers; ++geophone) {
+        const SectionPoint place = Geophone_Point(project, geophone);
+        const auto set = [&](ReceiverRow row, double value) {
+            project.ReceiverData(row, geophone) = static_cast<float>(value);
+        };
+        set(ReceiverV1, earth.Velocity(1));
+        set(ReceiverV2, earth.Velocity(2));
+        set(ReceiverV3, earth.Velocity(3));
+        set(ReceiverDepth1, earth.Boundary_Depth(1, place.X) - place.Z);
+        set(ReceiverDepth2, earth.Boundary_Depth(2, place.X) - place.Z);
+    }
+    return project;
+}
+
 }  // namespace tarnvik

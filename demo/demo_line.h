@@ -31,4 +31,8 @@ SectionPoint Geophone_Point(const Project& project, int geophone);
 /// The project before any interpretation: geometry and the exact first breaks, to 0.01 ms.
 Project Demo_Project();
 
+/// The line with the depths and velocities of its earth below each geophone, in the place of those that delay
+/// times would find: a section of them shows the model.
+Project Demo_Model();
+
 }  // namespace tarnvik

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <utility>
 #include <vector>
@@ -32,6 +33,7 @@ class LayeredEarth {
     static LayeredEarth Horizontal(std::span<const double> velocities, std::span<const double> thicknesses);
 
     int Count() const { return static_cast<int>(Layers.size()); }
+    double Velocity(int layer) const { return Layers[static_cast<std::size_t>(layer) - 1].Velocity; }
     /// Depth of the lower boundary of layer 1 to Count() - 1 below the zero level at x.
     double Boundary_Depth(int layer, double x) const;
     /// Distance at right angles from a point to the lower boundary of a layer.

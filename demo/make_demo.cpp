@@ -1,6 +1,8 @@
-// Writes the demo lines, demo1.tv5 with demo1.su and demo2.tv5, into a folder.
+// Writes the demo lines, demo1.tv5 with demo1.su and demo2.tv5, into a folder, or with --models the lines
+// with the depths of their models below each geophone, model1.tv5 and model2.tv5.
 
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <string>
 
@@ -21,12 +23,20 @@ bool Write(const std::string& path, const std::string& content) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: make_demo FOLDER\n");
+    const bool models = argc == 3 && std::strcmp(argv[1], "--models") == 0;
+    if (argc != 2 && !models) {
+        std::fprintf(stderr, "usage: make_demo [--models] FOLDER\n");
         return 2;
     }
     try {
-        const std::string folder = argv[1];
+        const std::string folder = argv[argc - 1];
+        if (models) {
+            return Write(folder + "/model1.tv5", tarnvik::Project_Bytes(tarnvik::Demo_Model())) &&
+                           Write(folder + "/model2.tv5",
+                                 tarnvik::Project_Bytes(tarnvik::Undulating_Demo_Model()))
+                       ? 0
+                       : 1;
+        }
         const tarnvik::Project project = tarnvik::Demo_Project();
         const bool written =
             Write(folder + "/demo1.tv5", tarnvik::Project_Bytes(project)) &&

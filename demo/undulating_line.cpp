@@ -59,4 +59,15 @@ Project Undulating_Demo_Project() {
     return project;
 }
 
+Project Undulating_Demo_Model() {
+    Project project = Undulating_Demo_Project();
+    for (int geophone = 1; geophone <= project.NbReceivers; ++geophone) {
+        project.ReceiverData(ReceiverV1, geophone) = static_cast<float>(undulating_line::layer_velocity);
+        project.ReceiverData(ReceiverV2, geophone) = static_cast<float>(undulating_line::refractor_velocity);
+        project.ReceiverData(ReceiverRockDepth, geophone) =
+            static_cast<float>(Refractor_Depth(project.ReceiverData(ReceiverDistance, geophone)));
+    }
+    return project;
+}
+
 }  // namespace tarnvik

@@ -28,4 +28,7 @@ UndulatingEarth Undulating_Demo_Earth();
 /// The project before any interpretation: geometry and the exact first breaks, to 0.01 ms.
 Project Undulating_Demo_Project();
 
+/// The line with the depths of its earth below each geophone, as Demo_Model has them.
+Project Undulating_Demo_Model();
+
 }  // namespace tarnvik

@@ -259,4 +259,11 @@ ColourScaleReading Read_Colour_Scale(std::string_view bytes, double max_velocity
     return map ? Read_Colour_Map(lines, max_velocity) : Read_Levels(lines, first == "LVL3" ? 6 : 5);
 }
 
+bool Is_Dark(Colour colour) {
+    constexpr int full = 255;
+    const double brightness =
+        0.299 * (colour & full) + 0.587 * ((colour >> 8) & full) + 0.114 * ((colour >> 16) & full);
+    return brightness < full * 0.45;
+}
+
 }  // namespace tarnvik

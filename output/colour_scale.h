@@ -65,6 +65,9 @@ struct ColourScaleReading {
 /// `max_velocity`.
 ColourScaleReading Read_Colour_Scale(std::string_view bytes, double max_velocity);
 
+/// True for a colour on which white letters are read more easily than black ones.
+bool Is_Dark(Colour colour);
+
 /// A colour by its English name or in the form "R255 G128 B0"; nothing for other words.
 std::optional<Colour> Named_Colour(std::string_view text);
 

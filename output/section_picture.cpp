@@ -8,9 +8,10 @@
 #include "core/end_shots.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "output/axis_ticks.h"
+#include "output/report_model.h"
 #include "output/section_files.h"
 #include "output/section_window.h"
-#include "records/axis_steps.h"
 
 namespace tarnvik {
 
@@ -24,11 +25,6 @@ constexpr double row_height = 0.25;
 constexpr int most_user_labels = 5;
 constexpr int legend_slices = 100;
 
-struct Point {
-    double X = 0;
-    double Y = 0;
-};
-
 std::string_view Title_Of(SectionSource source) {
     switch (source) {
         case SectionSource::Abc:
@@ -39,44 +35,6 @@ std::string_view Title_Of(SectionSource source) {
             break;
     }
     return "Shot point depth computation     ";
-}
-
-/// Shots on the line and receivers in rising distance.
-std::vector<Point> Ground_Of(const Project& line) {
-    std::vector<Point> ground;
-    int first = 1;
-    int last = 1;
-    First_Last_End_Shot(line, first, last);
-    for (int shot = first; shot <= std::min<int>(last, line.NbShots); ++shot)
-        ground.push_back({line.ShotDistance(shot), line.ShotElevation(shot)});
-    for (int receiver = 1; receiver <= line.NbReceivers; ++receiver) {
-        ground.push_back(
-            {line.ReceiverData(ReceiverDistance, receiver), line.ReceiverData(ReceiverElevation, receiver)});
-    }
-    std::stable_sort(ground.begin(), ground.end(), [](Point a, Point b) { return a.X < b.X; });
-    return ground;
-}
-
-bool Is_Dark(Colour colour) {
-    constexpr int full = 255;
-    const double brightness =
-        0.299 * (colour & full) + 0.587 * ((colour >> 8) & full) + 0.114 * ((colour >> 16) & full);
-    return brightness < full * 0.45;
-}
-
-/// Numbers of an axis so far apart that texts of that many pixels stand beside each other.
-std::vector<double> Ticks(double low, double high, double pixels, double room) {
-    if (!(high > low) || !(pixels > 0)) return {};
-    const double step = Round_Step((high - low) / pixels * room);
-    // A bound that is a multiple stays one in spite of rounding.
-    const double hair = step * 1e-9;
-    return Multiples(low - hair, high + hair, step);
-}
-
-/// A tick's text without the last digits of a sum of steps.
-std::string Tick_Text(double value) {
-    constexpr double digits = 1e6;
-    return CStr(Rounded(value * digits) / digits);
 }
 
 class SectionPainting {
@@ -179,9 +137,9 @@ class SectionPainting {
 
     void Draw_Ground() {
         Main.Set_Draw_Width(1);
-        const std::vector<Point> ground = Ground_Of(Line);
+        const ReportCurve ground = Ground_Of(Line);
         for (std::size_t i = 1; i < ground.size(); ++i) {
-            Main.Line(ground[i - 1].X, ground[i - 1].Y, ground[i].X, ground[i].Y, colours::Black);
+            Main.Line(ground[i - 1].X, ground[i - 1].Z, ground[i].X, ground[i].Z, colours::Black);
         }
     }
 
@@ -296,7 +254,7 @@ class SectionPainting {
                 const double high = most * (slice + 1) / legend_slices;
                 Legend_Box(left, right, place(low), place(high), (low + high) / 2);
             }
-            named = Ticks(0, most, height / UnitY, 2 * Letter);
+            named = Axis_Ticks(0, most, height / UnitY, 2 * Letter);
         }
         Main.Box(left, Window.Top, right, Window.Bottom, colours::Black, false);
         std::sort(named.begin(), named.end());
@@ -327,7 +285,7 @@ class SectionPainting {
         Below.Line(Window.Left, 1, Window.Right, 1, colours::Black);
         const double widest = std::max(Below.Size_Of(Tick_Text(Window.Right)).Width, 2 * letter);
         const double pixels = (Window.Right - Window.Left) / UnitX;
-        for (const double at : Ticks(Window.Left, Window.Right, pixels, 2 * widest)) {
+        for (const double at : Axis_Ticks(Window.Left, Window.Right, pixels, 2 * widest)) {
             const std::string text = Tick_Text(at);
             Below.Line(at, 1, at, 1 - letter / 3 * unit, colours::Black);
             Below.Print_At(at - Below.Size_Of(text).Width / 2 * UnitX, 1 - letter / 3 * unit, text,
@@ -348,7 +306,7 @@ class SectionPainting {
         const double letter = Beside.Size_Of("0").Height;
         Beside.Line(1, Window.Top, 1, Window.Bottom, colours::Black);
         const double pixels = (Window.Top - Window.Bottom) / UnitY;
-        for (const double at : Ticks(Window.Bottom, Window.Top, pixels, 2 * letter)) {
+        for (const double at : Axis_Ticks(Window.Bottom, Window.Top, pixels, 2 * letter)) {
             const std::string text = Tick_Text(at);
             Beside.Line(1 - letter / 3 * unit, at, 1, at, colours::Black);
             Beside.Print_At(1 - (letter / 2 + Beside.Size_Of(text).Width) * unit, at + letter / 2 * UnitY,

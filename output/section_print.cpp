@@ -53,8 +53,9 @@ std::string Section_Picture_File(const std::string& project_file, SectionSource 
     return (project ? project_file.substr(0, project_file.size() - 4) : project_file) + mark + ending;
 }
 
-void olectra_print(Workspace& workspace, Ports& ports, SectionOutput output, const PictureFormat& format) {
-    if (const std::string refusal = Without_Section(workspace); !refusal.empty()) {
+void olectra_print(Workspace& workspace, Ports& ports, SectionOutput output, const PictureFormat& format,
+                   bool report) {
+    if (const std::string refusal = Without_Section(workspace); !report && !refusal.empty()) {
         ports.Ask.Say(refusal, workspace.AppTitle, Icon::Warning);
         return;
     }
@@ -64,7 +65,8 @@ void olectra_print(Workspace& workspace, Ports& ports, SectionOutput output, con
     }
     const Kind& kind = output == SectionOutput::Metafile ? metafile : jpg;
     const std::string offered =
-        Section_Picture_File(workspace.Project.CurrentFile, workspace.Section.Grid->Source, output);
+        report ? workspace.Project.ProjectName + "_report" + kind.Ending
+               : Section_Picture_File(workspace.Project.CurrentFile, workspace.Section.Grid->Source, output);
     std::string path =
         ports.Ask.Save_File({kind.Title, kind.Filter, Name_Of(offered), workspace.Project.ProjectDir});
     if (path.empty()) return;

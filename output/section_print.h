@@ -15,6 +15,9 @@ std::string Section_Picture_File(const std::string& project_file, SectionSource 
 
 /// The coloured section that stands as a metafile or a JPG picture, whose name the user chooses and whose
 /// size he is told, or on the clipboard. Tells when that fails; a file that stood there stays then.
-void olectra_print(Workspace& workspace, Ports& ports, SectionOutput output, const PictureFormat& format);
+/// `report`: the page of a report stands in its place, and its files have "_report" behind the project's
+/// name.
+void olectra_print(Workspace& workspace, Ports& ports, SectionOutput output, const PictureFormat& format,
+                   bool report = false);
 
 }  // namespace tarnvik

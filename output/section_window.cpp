@@ -29,15 +29,15 @@ void Move_Axis(double& low, double& high, double by, double whole_low, double wh
     high = low + size;
 }
 
-void Show_Window(Workspace& workspace, const SectionWindow& window) {
-    const SectionWindow whole = Whole_Section(workspace);
+void Show_Window(const SectionWindow& whole, std::optional<SectionWindow>& enlarged,
+                 const SectionWindow& window) {
     constexpr double nearly = 1e-9;
     const bool all = window.Right - window.Left >= (whole.Right - whole.Left) * (1 - nearly) &&
                      window.Top - window.Bottom >= (whole.Top - whole.Bottom) * (1 - nearly);
     if (all) {
-        workspace.Section.Enlarged.reset();
+        enlarged.reset();
     } else {
-        workspace.Section.Enlarged = window;
+        enlarged = window;
     }
 }
 
@@ -57,28 +57,27 @@ SectionWindow Section_In_Sight(const Workspace& workspace) {
     return workspace.Section.Enlarged.value_or(Whole_Section(workspace));
 }
 
-void Enlarge_Section(Workspace& workspace, double distance, double elevation, double more_x, double more_y) {
-    if (!workspace.Section.Grid || !(more_x > 0) || !(more_y > 0)) return;
-    const SectionWindow whole = Whole_Section(workspace);
-    SectionWindow window = Section_In_Sight(workspace);
+void Enlarge_Window(const SectionWindow& whole, std::optional<SectionWindow>& enlarged, double distance,
+                    double elevation, double more_x, double more_y) {
+    if (!(more_x > 0) || !(more_y > 0)) return;
+    SectionWindow window = enlarged.value_or(whole);
     Enlarge_Axis(window.Left, window.Right, distance, more_x, whole.Left, whole.Right);
     Enlarge_Axis(window.Bottom, window.Top, elevation, more_y, whole.Bottom, whole.Top);
-    Show_Window(workspace, window);
+    Show_Window(whole, enlarged, window);
 }
 
-void Pan_Section(Workspace& workspace, double across, double upward) {
-    if (!workspace.Section.Enlarged) return;
-    const SectionWindow whole = Whole_Section(workspace);
-    SectionWindow& window = *workspace.Section.Enlarged;
-    Move_Axis(window.Left, window.Right, across, whole.Left, whole.Right);
-    Move_Axis(window.Bottom, window.Top, upward, whole.Bottom, whole.Top);
+void Pan_Window(const SectionWindow& whole, std::optional<SectionWindow>& enlarged, double across,
+                double upward) {
+    if (!enlarged) return;
+    Move_Axis(enlarged->Left, enlarged->Right, across, whole.Left, whole.Right);
+    Move_Axis(enlarged->Bottom, enlarged->Top, upward, whole.Bottom, whole.Top);
 }
 
-void Frame_Section(Workspace& workspace, double x1, double y1, double x2, double y2) {
-    if (!workspace.Section.Grid) return;
+void Frame_Window(const SectionWindow& whole, std::optional<SectionWindow>& enlarged, double x1, double y1,
+                  double x2, double y2) {
     if (x1 > x2) std::swap(x1, x2);
     if (y1 > y2) std::swap(y1, y2);
-    const SectionWindow before = Section_In_Sight(workspace);
+    const SectionWindow before = enlarged.value_or(whole);
     x1 = std::max(x1, before.Left);
     x2 = std::min(x2, before.Right);
     y1 = std::max(y1, before.Bottom);
@@ -88,7 +87,6 @@ void Frame_Section(Workspace& workspace, double x1, double y1, double x2, double
         return;
     }
     // The frame's middle, so that one smaller than the smallest window is shown with its surroundings.
-    const SectionWindow whole = Whole_Section(workspace);
     SectionWindow window{x1, x2, y1, y2};
     const auto widen = [](double& low, double& high, double all) {
         const double missing = all / largest_enlargement - (high - low);
@@ -100,7 +98,21 @@ void Frame_Section(Workspace& workspace, double x1, double y1, double x2, double
     widen(window.Bottom, window.Top, whole.Top - whole.Bottom);
     Move_Axis(window.Left, window.Right, 0, whole.Left, whole.Right);
     Move_Axis(window.Bottom, window.Top, 0, whole.Bottom, whole.Top);
-    Show_Window(workspace, window);
+    Show_Window(whole, enlarged, window);
+}
+
+void Enlarge_Section(Workspace& workspace, double distance, double elevation, double more_x, double more_y) {
+    if (!workspace.Section.Grid) return;
+    Enlarge_Window(Whole_Section(workspace), workspace.Section.Enlarged, distance, elevation, more_x, more_y);
+}
+
+void Pan_Section(Workspace& workspace, double across, double upward) {
+    Pan_Window(Whole_Section(workspace), workspace.Section.Enlarged, across, upward);
+}
+
+void Frame_Section(Workspace& workspace, double x1, double y1, double x2, double y2) {
+    if (!workspace.Section.Grid) return;
+    Frame_Window(Whole_Section(workspace), workspace.Section.Enlarged, x1, y1, x2, y2);
 }
 
 int Column_At(const SectionGrid& grid, double line_length, double distance) {

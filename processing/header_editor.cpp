@@ -144,6 +144,7 @@ void Header::Show_Range(std::int64_t first, std::int64_t last) {
 
 /// Headers of traces `first` to `last`, as far as they stand in the file.
 void Header::lecture_data(std::int64_t first, std::int64_t last) {
+    ++Changes;
     SuTraces file(Texth1);
     SamplesShown = file.Nb_Samples();
     HeaderGrid.clear();

@@ -116,6 +116,9 @@ class Header {
     /// Bytes of files have changed, by this dialog, by another one or by an undo.
     void Follow(const ChangeNotice& notice);
 
+    /// Counts up whenever another file is shown or the headers of this one have changed.
+    int Changes = 0;
+
     static constexpr int most_traces = 120;  ///< of the grid
 
   private:

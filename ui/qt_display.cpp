@@ -22,20 +22,6 @@ namespace tarnvik {
 
 namespace {
 
-PageLayout Layout_Of(Page page) {
-    switch (page) {
-        case Page::Profile:
-            return Profile_Layout();
-        case Page::Record:
-            return Record_Layout();
-        case Page::Section:
-            return Section_Layout();
-        case Page::Curves:
-            break;
-    }
-    return Curves_Layout();
-}
-
 constexpr int least_dock_width = 200;
 
 /// Tells when the window's own controls close a shell.
@@ -225,6 +211,20 @@ Form* QtDisplay::Open_Form(Dialog dialog) const {
     return found == Open.end() ? nullptr : found->second.Content;
 }
 
+PageLayout QtDisplay::Layout_Of(Page page) const {
+    switch (page) {
+        case Page::Profile:
+            return Profile_Layout();
+        case Page::Record:
+            return Record_Layout();
+        case Page::Section:
+            return Is_Report(*Owner, page) ? Report_Layout() : Section_Layout();
+        case Page::Curves:
+            break;
+    }
+    return Curves_Layout();
+}
+
 DrawPage QtDisplay::Page_Drawing(Page page) {
     return [this, page](Picture& main, Picture& below, Picture& beside) {
         Draw_Page(*Owner, page, PagePictures{main, below, beside});
@@ -232,6 +232,8 @@ DrawPage QtDisplay::Page_Drawing(Page page) {
 }
 
 TitleTexts QtDisplay::Page_Titles(Page page) {
+    // A report has a title block of its own.
+    if (Is_Report(*Owner, page)) return {};
     return [this, page](const Frame& window, double pixels_a_millimetre) {
         return Page_Title(*Owner, page, window, pixels_a_millimetre);
     };
@@ -249,6 +251,8 @@ bool QtDisplay::Print_Page(Page page) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return false;
     QPrintDialog dialog(&Printer(), Window);
     if (dialog.exec() != QDialog::Accepted) return true;
+    const QSizeF paper = Printer().pageRect(QPrinter::Millimeter).size();
+    if (!Scale_May_Change(*Owner, page, paper.width(), paper.height())) return true;
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
     return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
 }

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QMenu>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <tuple>
 
 #include "app/commands.h"
 #include "app/refusals.h"
@@ -23,6 +25,7 @@
 #include "ui/painting/picture_file.h"
 #include "ui/picture_gestures.h"
 #include "ui/qt_display.h"
+#include "ui/report_options.h"
 
 namespace tarnvik {
 
@@ -45,6 +48,15 @@ QString From(std::string_view text) {
 
 }  // namespace
 
+template <class Act>
+void SectionPage::With_Shown(Act act) {
+    if (Program.Report.Shown()) {
+        act(Program.Report);
+    } else {
+        act(Program.Section);
+    }
+}
+
 SectionPage::SectionPage(Session& session, QtDisplay& display) : Program(session), Screen(display) {
     auto* across = new QHBoxLayout(this);
     across->setContentsMargins(4, 4, 4, 4);
@@ -63,7 +75,7 @@ SectionPage::SectionPage(Session& session, QtDisplay& display) : Program(session
     whole->setObjectName("WholeSection");
     whole->setShortcut(Qt::Key_R);
     whole->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(whole, &QAction::triggered, this, [this] { Program.Section.Show_All(); });
+    connect(whole, &QAction::triggered, this, [this] { With_Shown([](auto& shown) { shown.Show_All(); }); });
     addAction(whole);
     Refresh();
 }
@@ -78,7 +90,7 @@ QWidget* SectionPage::Pictures() {
     SectionX->setObjectName("SectionX");
     SectionZ->setObjectName("SectionZ");
     SectionCut->setObjectName("SectionCut");
-    Section->setAccessibleName(tr("Coloured section"));
+    Section->setAccessibleName(tr("Section"));
     SectionCut->setAccessibleName(tr("Velocity against depth at the pointer"));
     SectionCut->setToolTip(tr("Velocity against elevation at the pointer"));
     Section->setMinimumSize(240, 160);
@@ -153,18 +165,58 @@ QWidget* SectionPage::Options() {
     auto* side = new QWidget;
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins(4, 0, 4, 0);
+    rows->addWidget(Switch());
+    auto* coloured = new QWidget;
+    auto* of_coloured = new QVBoxLayout(coloured);
+    of_coloured->setContentsMargins(0, 0, 0, 0);
     Fields.Follow([this] { Program.Section.Follow(); });
-    Making(rows);
-    Look(rows);
+    Making(of_coloured);
+    Look(of_coloured);
+    rows->addWidget(coloured);
+    QWidget* report = Report_Options(Program, Fields);
+    rows->addWidget(report);
     rows->addStretch(1);
+    const int widest = std::max(coloured->sizeHint().width(), report->sizeHint().width());
+    const auto is_report = [this] { return Program.Report.Shown(); };
+    Fields.Shown(report, is_report);
+    for (QWidget* of_section : {coloured, static_cast<QWidget*>(SectionX), static_cast<QWidget*>(SectionZ),
+                                static_cast<QWidget*>(SectionCut)})
+        Fields.Shown(of_section, [is_report] { return !is_report(); });
+    Fields.Follow([this, is_report] {
+        Section->Canvas().Set_Margins((is_report() ? Report_Layout() : Section_Layout()).Margins);
+    });
     // On a small screen the options scroll; the picture keeps its height.
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(side);
-    scroll->setFixedWidth(side->sizeHint().width() + 16);
+    scroll->setFixedWidth(widest + 24);
     return scroll;
+}
+
+/// What stands on the tab: two buttons beside each other, one of them down.
+QWidget* SectionPage::Switch() {
+    auto* both = new QWidget;
+    auto* across = new QHBoxLayout(both);
+    across->setContentsMargins(0, 0, 0, 0);
+    across->setSpacing(0);
+    auto* group = new QButtonGroup(both);
+    const std::tuple<const char*, QString, QString> buttons[] = {
+        {"ShowColoured", tr("Coloured section"), tr("Velocities on a grid, in colours")},
+        {"ShowReport", tr("Report page"),
+         tr("Interfaces with velocities, true scale and title block, for reports")}};
+    int id = 0;
+    for (const auto& [name, caption, tooltip] : buttons) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(name);
+        button->setToolTip(tooltip);
+        button->setCheckable(true);
+        group->addButton(button, id++);
+        across->addWidget(button);
+    }
+    Fields.Choice(group, Program.Report.ShownChoice, [this] { Program.Report.Shown_Chosen(); });
+    return both;
 }
 
 void SectionPage::Making(QBoxLayout* rows) {
@@ -299,42 +351,46 @@ void SectionPage::Look(QBoxLayout* rows) {
 }
 
 void SectionPage::Wire_Pointer() {
-    ColouredSection& logic = Program.Section;
-    connect(Section, &PictureBox::Pressed, this, [this, &logic](const PictureEvent& event) {
+    connect(Section, &PictureBox::Pressed, this, [this](const PictureEvent& event) {
         if (!event.LeftButton) return;
         const bool frame = QApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-        logic.Press(event.X, event.Y, frame);
+        With_Shown([&](auto& shown) { shown.Press(event.X, event.Y, frame); });
         Dragging = !frame;
         DragAcross = event.Across;
         DragDown = event.Down;
     });
-    connect(Section, &PictureBox::Moved, this, [this, &logic](const PictureEvent& event) {
+    connect(Section, &PictureBox::Moved, this, [this](const PictureEvent& event) {
         if (Dragging && event.LeftButton) {
             const Frame frame = Section->Canvas().Current_Frame();
             const double across = frame.To_World_X(DragAcross) - frame.To_World_X(event.Across);
             const double up = frame.To_World_Y(DragDown) - frame.To_World_Y(event.Down);
             DragAcross = event.Across;
             DragDown = event.Down;
-            logic.Pan(across, up);
+            With_Shown([&](auto& shown) { shown.Pan(across, up); });
             return;
         }
-        logic.Move(event.X, event.Y);
+        With_Shown([&](auto& shown) { shown.Move(event.X, event.Y); });
     });
-    connect(Section, &PictureBox::Released, this, [this, &logic](const PictureEvent& event) {
+    connect(Section, &PictureBox::Released, this, [this](const PictureEvent& event) {
         Dragging = false;
-        logic.Release(event.X, event.Y);
+        With_Shown([&](auto& shown) { shown.Release(event.X, event.Y); });
     });
 }
 
 void SectionPage::Wire_Gestures() {
-    ColouredSection& logic = Program.Section;
-    auto* gestures = new PictureGestures(Section);
-    gestures->Enlarge = [&logic](QPointF at, double more_x, double more_y) {
-        logic.Enlarge(at.x(), at.y(), more_x, more_y);
+    const auto enlarge = [this](double x, double y, double more_x, double more_y) {
+        With_Shown([&](auto& shown) { shown.Enlarge(x, y, more_x, more_y); });
     };
-    gestures->Pan = [&logic](double across, double up) { logic.Pan(across, up); };
-    gestures->Show_All = [&logic] { logic.Show_All(); };
-    gestures->Left = [&logic] { logic.Leave(); };
+    const auto pan = [this](double across, double upward) {
+        With_Shown([&](auto& shown) { shown.Pan(across, upward); });
+    };
+    auto* gestures = new PictureGestures(Section);
+    gestures->Enlarge = [enlarge](QPointF at, double more_x, double more_y) {
+        enlarge(at.x(), at.y(), more_x, more_y);
+    };
+    gestures->Pan = pan;
+    gestures->Show_All = [this] { With_Shown([](auto& shown) { shown.Show_All(); }); };
+    gestures->Left = [this] { With_Shown([](auto& shown) { shown.Leave(); }); };
     Section->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(Section, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
         QMenu menu(this);
@@ -346,7 +402,7 @@ void SectionPage::Wire_Gestures() {
         }
         menu.exec(Section->mapToGlobal(at));
     });
-    connect(Section, &PictureBox::Key_Pressed, this, [this, &logic](int key) {
+    connect(Section, &PictureBox::Key_Pressed, this, [this, enlarge, pan](int key) {
         const Frame frame = Section->Canvas().Current_Frame();
         const double across = (frame.Right - frame.Left) * key_share;
         const double up = (frame.Top - frame.Bottom) * key_share;
@@ -354,22 +410,22 @@ void SectionPage::Wire_Gestures() {
         const double y = (frame.Top + frame.Bottom) / 2;
         switch (key) {
             case 37:
-                logic.Pan(-across, 0);
+                pan(-across, 0);
                 break;
             case 38:
-                logic.Pan(0, up);
+                pan(0, up);
                 break;
             case 39:
-                logic.Pan(across, 0);
+                pan(across, 0);
                 break;
             case 40:
-                logic.Pan(0, -up);
+                pan(0, -up);
                 break;
             case 107:
-                logic.Enlarge(x, y, key_zoom, key_zoom);
+                enlarge(x, y, key_zoom, key_zoom);
                 break;
             case 109:
-                logic.Enlarge(x, y, 1 / key_zoom, 1 / key_zoom);
+                enlarge(x, y, 1 / key_zoom, 1 / key_zoom);
                 break;
             default:
                 break;

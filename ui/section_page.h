@@ -29,11 +29,15 @@ class SectionPage : public QWidget {
   private:
     QWidget* Pictures();
     QWidget* Options();
+    QWidget* Switch();
     void Making(QBoxLayout* rows);
     void Look(QBoxLayout* rows);
     void Elevations(QGridLayout* grid);
     void Wire_Pointer();
     void Wire_Gestures();
+    /// Calls `act` with the logic of what stands on the picture: the section or the page of a report.
+    template <class Act>
+    void With_Shown(Act act);
     QLineEdit* Number(const char* name, const QString& tooltip);
     void Tick(QBoxLayout* rows, const char* name, const QString& caption, const QString& tooltip, bool& field,
               FieldBinder::Reaction changed);

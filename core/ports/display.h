@@ -74,6 +74,10 @@ struct PictureFormat {
     int Height = 750;
     double Dpi = 96;          ///< pixels an inch: texts and lines keep their size on paper
     bool TitleBlock = false;  ///< name of the line, date and scale under the picture
+
+    static constexpr double millimetres_an_inch = 25.4;
+    double Width_In_Millimetres() const { return Width / Dpi * millimetres_an_inch; }
+    double Height_In_Millimetres() const { return Height / Dpi * millimetres_an_inch; }
 };
 
 /// The tabs of the main form (SSTab1).

@@ -49,6 +49,9 @@ class Picture {
     virtual void Scale(double left, double top, double right, double bottom) = 0;
     /// The world coordinates in force and the size in pixels.
     virtual Frame Current_Frame() const = 0;
+    /// Pixels of a point, a 72nd of an inch: what a true scale on paper needs. Those of a usual screen where
+    /// the device has no size.
+    virtual double Pixels_Per_Point() const { return 96.0 / 72; }
     /// Wipes the picture white and puts the pen at (0, 0).
     virtual void Clear() = 0;
     /// From now on every verb, Clear among them, leaves alone what lies outside this rectangle of world

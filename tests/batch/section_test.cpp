@@ -156,5 +156,31 @@ TEST_F(SectionCommand, LeavesNoFileWhereItIsRefused) {
     EXPECT_EQ(Run("section " + bare + " --source shot --quality 4" + Between).Status, 2);
 }
 
+TEST_F(SectionCommand, DrawsThePageOfAReport) {
+    const std::string line = Interpreted();
+    const std::string page = "section " + line + " --source shot --report --paper 297x210 ";
+    const std::string out = Folder / "page.svg";
+    const Outcome drawn = Run(page +
+                              "--scale 1:500 --interfaces joined --fill hatching --north N35E "
+                              "--company Sons --json --out " +
+                              out);
+    ASSERT_EQ(drawn.Status, 0) << drawn.Errors;
+    const std::string svg = Read_File(out).value_or("");
+    for (const char* text : {">Horizontal 1:500<", ">S3<", ">N35E<", ">Sons<", ">1600 m/s<"})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    const nlohmann::json shots = drawn.Json()["models"][0];
+    const auto run = shots["interfaces"][1]["runs"][0];
+    EXPECT_NEAR(run[0][1].get<double>(), Read(line).ShotElevation(2) - 18.91, 1e-6);
+    // A scale that the paper has no room for is told, and no file is left.
+    const std::string none = Folder / "none.pdf";
+    const Outcome large = Run(page + "--scale 1:200 --json --out " + none);
+    EXPECT_EQ(large.Status, 1);
+    EXPECT_NE(large.Errors.find("1:200 does not fit the paper"), std::string::npos) << large.Errors;
+    EXPECT_FALSE(File_Exists(none));
+    EXPECT_EQ(Run("section " + line + " --source grm --report --out " + none).Status, 1) << "no depths";
+    EXPECT_EQ(Run("section " + line + " --source shot --scale 1:500" + Between).Status, 2);
+    EXPECT_EQ(Run("section " + line + " --source shot").Status, 2) << "no elevations";
+}
+
 }  // namespace
 }  // namespace tarnvik::test

@@ -61,12 +61,12 @@ TEST_F(SuChain, writes_each_kind_of_file_by_the_tools_beside_the_program) {
 TEST_F(SuChain, a_refused_command_leaves_no_file) {
     const std::string in = Records();
     const std::string out = Folder / "out.su";
-    for (const std::string arguments :
-         {"su-window " + in + " --key fldr --min 8 --max 9",
-          "su-window " + in + " --key nonsense --min 1 --max 2", "su-window " + in + " --extract 7:9",
-          "su-window " + in + " --drop-record 99", "su-stack " + in + " --first 0 --last 2 --channels 4",
-          "su-stack " + in + " --first 1 --last 9", "su-shift " + in + " --shift=1 --trace 13",
-          "su-resample " + (Folder / "none.su") + " --nt 5 --dt 1000"}) {
+    for (const std::string& arguments : std::vector<std::string>{
+             "su-window " + in + " --key fldr --min 8 --max 9",
+             "su-window " + in + " --key nonsense --min 1 --max 2", "su-window " + in + " --extract 7:9",
+             "su-window " + in + " --drop-record 99", "su-stack " + in + " --first 0 --last 2 --channels 4",
+             "su-stack " + in + " --first 1 --last 9", "su-shift " + in + " --shift=1 --trace 13",
+             "su-resample " + (Folder / "none.su") + " --nt 5 --dt 1000"}) {
         const Outcome refused = Run(arguments + " --json --out " + out);
         EXPECT_EQ(refused.Status, 1) << arguments;
         EXPECT_FALSE(refused.Json()["messages"].empty()) << arguments << refused.Errors;

@@ -8,6 +8,8 @@
 #include "demo/demo_line.h"
 #include "depth/fcalcul.h"
 #include "depth/shot_velocities.h"
+#include "output/section.h"
+#include "section_depths.h"
 #include "support/test_ports.h"
 #include "traveltime/confirm.h"
 #include "traveltime/speed_f.h"
@@ -103,6 +105,25 @@ TEST_F(DemoInterpretation, FindsTheLayersBelowEachShot) {
         EXPECT_NEAR(project.ShotThickness(found.Shot, 2), second, 0.13 * second) << found.Shot;
     }
     EXPECT_TRUE(Test.Prompts.Messages.empty()) << Test.Prompts.Last_Text();
+}
+
+/// The coloured section of the shots, along the line: as its README sets it beside the model.
+TEST_F(DemoInterpretation, ShowsTheModelInItsSection) {
+    for (const Stretch& stretch : stretches)
+        Mark(stretch);
+    for (const int shot : {2, 3, 4})
+        Compute_Depths(shot);
+    ASSERT_TRUE(Make_Section(Work, Test.Ports, {110, 70})) << Test.Prompts.Last_Text();
+    const LayeredEarth earth = Demo_Earth();
+    for (const double distance : {1.0, 20.0, 40.0, 60.0, 80.0, 100.0, 119.0}) {
+        const double first = demo_line::zero_elevation - earth.Boundary_Depth(1, distance);
+        const double second = demo_line::zero_elevation - earth.Boundary_Depth(2, distance);
+        EXPECT_NEAR(Boundary_In_Section(Work, distance, false), first, 0.8) << distance;
+        EXPECT_NEAR(Boundary_In_Section(Work, distance, true), second, 2.0) << distance;
+        RecordProperty("found_" + CStr(distance),
+                       CStr(Boundary_In_Section(Work, distance, false)) + " " + CStr(first) + " " +
+                           CStr(Boundary_In_Section(Work, distance, true)) + " " + CStr(second));
+    }
 }
 
 }  // namespace

@@ -12,6 +12,9 @@
 #include "depth/abc_grid_f.h"
 #include "depth/delay_f.h"
 #include "depth/grm_depth.h"
+#include "depth/grm_storage.h"
+#include "output/section.h"
+#include "section_depths.h"
 #include "support/test_ports.h"
 
 namespace tarnvik::test {
@@ -111,6 +114,31 @@ TEST_F(UndulatingInterpretation, GrmComesNearestAtTheXyWhoseRaysMeet) {
     EXPECT_LT(nearest->second, 0.5 * held[16]);
     EXPECT_TRUE(std::is_sorted(own.begin(), own.end(),
                                [](const auto& a, const auto& b) { return a.second < b.second; }));
+}
+
+// The coloured sections of both methods, along the part of the line that both reach.
+TEST_F(UndulatingInterpretation, ShowsTheModelInItsSections) {
+    ABCGridF abc(Work, World.Ports);
+    abc.Load();
+    abc.Layers = "2";
+    abc.CalculBt();
+    ASSERT_LT(Grm_Misfit(6, "2400"), 0.6);
+    ASSERT_TRUE(Write_GRM_File(Work, World.Ports, "6"));
+    const UndulatingEarth earth = Undulating_Demo_Earth();
+    for (const auto& [source, within] :
+         {std::pair(SectionSource::Abc, 2.2), std::pair(SectionSource::Grm, 1.1)}) {
+        Work.Section.Source = source;
+        if (source == SectionSource::Abc) {
+            World.Prompts.Expect("With two layers, ABC is not possible, add a third level, Quit ?",
+                                 Answer::No);
+        }
+        ASSERT_TRUE(Make_Section(Work, World.Ports, {110, 60})) << World.Prompts.Last_Text();
+        for (double distance = 30; distance <= 90; distance += 10) {
+            const double model = undulating_line::zero_elevation - earth.Depth(distance);
+            EXPECT_NEAR(Boundary_In_Section(Work, distance, true), model, within)
+                << static_cast<int>(source) << " " << distance;
+        }
+    }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "control_table.h"
 #include "records/su_file.h"
+#include "ui/header_plot.h"
 #include "ui/spreadsheet_view.h"
 
 namespace tarnvik {
@@ -228,9 +229,55 @@ TEST_F(HeaderControls, do_their_work) {
                            })},
         {"Command7", Says("COPY HEADER VALUES")},
     };
+    const std::vector<Row> tables = {
+        {"XCheck1", Ticked(Logic.XCheck1)},
+        {"xText2", Typed(Logic.xText2)},
+        {"xText3", Typed(Logic.xText3)},
+        {"xText4",
+         [&](QWidget* control) {
+             control->setFocus();
+             QTest::keyClick(control, Qt::Key_Home);
+             QTest::keyClick(control, Qt::Key_Down, Qt::ShiftModifier);
+             EXPECT_EQ(Logic.xText4, (std::set<int>{1, 2}));
+         }},
+        {"XCommand2", Clicked({[&] {
+                                   Logic.XCheck1 = true;
+                                   Prompts.Expect_File("Excel file selection", Folder / "words.csv");
+                               },
+                               [&] { return File_Exists(Folder / "words.csv"); }})},
+        {"spreadsheet", Clicked({[] {},
+                                 [&] {
+                                     return !Launcher.Started.empty() &&
+                                            Launcher.Started.back() == Folder / "words.csv";
+                                 }})},
+        {"Command8", Says("HEADER VALUES IN EXCEL")},
+        {"scalco", Typed(Logic.scalco)},
+        {"scalel", Typed(Logic.scalel)},
+        {"Command10",
+         Clicked({[&] { Prompts.Expect_File("Geometry file selection", Folder / "geometry.csv"); },
+                  [&] { return File_Exists(Folder / "geometry.csv"); }})},
+        {"Command11", Says("OK, Header has been updated in",
+                           [&] {
+                               Logic.scalco = Logic.scalel = "0";
+                               Prompts.Expect_File("Geometry file selection", Folder / "geometry.csv");
+                           })},
+        {"Command12", Says("GEOMETRY OF SHOTS AND RECEIVERS")},
+        {"PlotWord",
+         [&](QWidget* control) {
+             control->setFocus();
+             QTest::keyClick(control, Qt::Key_Home);
+             auto* plot = Page()->findChild<HeaderPlot*>();
+             emit plot->Trace_Clicked(77);
+             EXPECT_EQ(Logic.FlexArray.Text(1, 0), "77");
+             EXPECT_EQ(Page()->findChild<QTabWidget*>("SSTab1")->currentIndex(), 0);
+         }},
+        {"CheckFile", Clicked({[&] { Logic.CheckText.clear(); }, [&] { return !Logic.CheckText.empty(); }})},
+    };
     // Buttons of a page that is not in sight cannot be clicked.
     std::vector<Row> in_sight;
-    for (const Row& row : rows) {
+    std::vector<Row> all = rows;
+    all.insert(all.end(), tables.begin(), tables.end());
+    for (const Row& row : all) {
         in_sight.push_back({row.Name, [this, check = row.Check](QWidget* control) {
                                 auto* pages = Page()->findChild<QTabWidget*>("SSTab1");
                                 for (int page = 0; page < pages->count(); ++page) {

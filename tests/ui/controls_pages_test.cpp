@@ -150,6 +150,7 @@ TEST_F(PageControls, of_the_tables_do_their_work) {
                       page->findChild<QTableView*>("Buildgrid")
                           ->setCurrentIndex(page->findChild<QTableView*>("Buildgrid")->model()->index(2, 4));
                       Prompts.Expect("Take shot 4 out of the project in memory ?", Answer::Yes);
+                      Prompts.Expect_Start("Take its field record out of ", Answer::No);
                   },
                   [&] { return Line.NbShots == 4; }})},
     };

@@ -105,6 +105,18 @@ TEST_F(RecordPageControls, each_does_its_work) {
          }},
         {"Check16", Ticked(View.ReverseOnClick)},
         {"RecordPane", Opens("Check8")},
+        {"Combo6",
+         [&](QWidget* control) {
+             auto* list = qobject_cast<QComboBox*>(control);
+             EXPECT_EQ(list->currentText(), "0");
+             Prompts.Expect_Input("Do you want to shift 1-Active trace 2-Active shot 3-All shots ", "2");
+             emit list->textActivated("+5");
+             EXPECT_EQ(Work.Edits.Undo_Name(), "Shift shot 1 by 5 ms");
+             EXPECT_EQ(list->currentText(), "0") << "ready for the next";
+             EXPECT_EQ(Work.Edits.Undo(Line), "");
+         }},
+        {"Command1", Clicked({[&] { Prompts.Expect_Start("Use this module to add", Answer::Cancel); },
+                              [&] { return Prompts.Last_Text().starts_with("Use this module"); }})},
         {"Text9", Finished<std::int32_t>(View.FirstTrace, 2, 5, Draws())},
         {"Text10",
          Finished<std::int32_t>(

@@ -38,10 +38,21 @@ class SectionControls : public Controls {
             EXPECT_TRUE(done());
         };
     }
+    /// Words and Return, into a field or a list that can be typed over; the picture follows.
+    std::function<void(QWidget*)> Entered(const char* words, std::function<bool()> done) {
+        return [this, words, done](QWidget* control) {
+            auto* list = qobject_cast<QComboBox*>(control);
+            QWidget* field = list != nullptr ? list->lineEdit() : control;
+            Type(field, words);
+            QTest::keyClick(field, Qt::Key_Return);
+            EXPECT_TRUE(done());
+        };
+    }
 };
 
 TEST_F(SectionControls, of_the_section_do_their_work) {
     SectionView& view = Work.Section;
+    ReportChoices& choices = Program.Report.View.Choices;
     const auto told = [this](const std::string& part) {
         return [this, part] {
             return Prompts.Said(Prompts.Last_Text()) && Prompts.Last_Text().find(part) != std::string::npos;
@@ -89,6 +100,31 @@ TEST_F(SectionControls, of_the_section_do_their_work) {
          }},
         {"Command8", Clicked({quiet, told("press R for normal display")})},
         {"Text34", Clicked({quiet, told("BOREHOLE N")})},
+        // The other side of the switch, and back.
+        {"ShowReport", Clicked({quiet,
+                                [&] {
+                                    return Program.Report.Shown() && !Box("SectionX")->isVisible() &&
+                                           !Blank(Box("Section"));
+                                }})},
+        {"ReportSource", Chosen(1, [&] { return choices.Source == SectionSource::Abc; })},
+        {"ReportNote", [&](QWidget*) { EXPECT_EQ(Program.Report.Note, "No depths by this method yet"); }},
+        {"ReportAlsoShots", Ticked(choices.Also[0], Redraws("Section"))},
+        {"ReportAlsoAbc", Ticked(choices.Also[1])},
+        {"ReportAlsoGrm", Ticked(choices.Also[2])},
+        {"ReportShape", Chosen(0, [&] { return choices.Shape == InterfaceShape::Joined; })},
+        {"ReportFill", Chosen(2, [&] { return choices.Fill == ReportFill::Hatching; })},
+        {"ReportShots", Ticked(choices.Shots, Redraws("Section"))},
+        {"ReportGeophones", Ticked(choices.Geophones, Redraws("Section"))},
+        {"ReportVelocities", Ticked(choices.Velocities)},
+        {"ReportErrors", Ticked(choices.Errors)},
+        {"ReportScale", Entered("1:750", [&] { return choices.Scale == 750; })},
+        {"ReportExaggeration", Entered("1.5", [&] { return choices.Exaggeration == 1.5; })},
+        {"ReportLine", Entered("L 7", [&] { return choices.Line == "L 7"; })},
+        {"ReportCompany", Entered("Sons", [&] { return choices.Company == "Sons"; })},
+        {"ReportDate", Entered("May", [&] { return choices.Date == "May"; })},
+        {"ReportNorth", Entered("N 35 E", [&] { return choices.North == "N 35 E"; })},
+        {"ShowColoured",
+         Clicked({quiet, [&] { return !Program.Report.Shown() && Box("SectionX")->isVisible(); }})},
     };
     Check_All([this] { return Page(); }, rows);
 }

@@ -4,13 +4,12 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QProgressDialog>
-#include <QShortcut>
 #include <algorithm>
 #include <memory>
 
-#include "app/edit_commands.h"
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/header_plot.h"
 #include "ui/spreadsheet_view.h"
 #include "ui/text_grid_model.h"
 #include "ui_header_form.h"
@@ -68,15 +67,12 @@ HeaderForm::HeaderForm(Session& session, QtDisplay&) : Program(session), Logic(s
     Tie_Single_Word(controls);
     Tie_Update(controls);
     Tie_Copy(controls);
+    Tie_Excel(controls);
+    Tie_Geometry(controls);
+    Tie_Plot(controls);
 
     On_Enter(this, [this] { Return_Pressed(); });
     On_Escape(this, [this] { Close_Me(); });
-    // The menu with these two belongs to the main window.
-    for (const auto& [key, run] :
-         {std::pair(QKeySequence::Undo, &Undo_Edit), {QKeySequence::Redo, &Redo_Edit}}) {
-        auto* shortcut = new QShortcut(key, this);
-        connect(shortcut, &QShortcut::activated, this, [this, run = run] { run(Program); });
-    }
 }
 
 void HeaderForm::Tie_Values(Ui::HeaderForm& controls) {
@@ -221,6 +217,82 @@ void HeaderForm::Tie_Copy(Ui::HeaderForm& controls) {
     Fields.Command(controls.Command7, [this] { Logic.Command7(); });
 }
 
+void HeaderForm::Tie_Excel(Ui::HeaderForm& controls) {
+    Bar = controls.xProgressBar;
+    Fields.Tick(controls.XCheck1, Logic.XCheck1, [this] { Form::Refresh(); });
+    for (const auto& [field, text] :
+         {std::pair(controls.xText2, &Logic.xText2), {controls.xText3, &Logic.xText3}}) {
+        Fields.Text(field, *text);
+        Fields.Enabled(field, [this] { return !Logic.XCheck1; });
+        field->setFixedWidth(fontMetrics().horizontalAdvance("8888888") + 16);
+    }
+    auto* list = controls.xText4;
+    for (int word = 1; word <= header_words; ++word) {
+        list->addItem(QString::fromStdString(Listed_Label(word)));
+        list->item(word - 1)->setSelected(Logic.xText4.contains(word));
+    }
+    connect(list, &QListWidget::itemSelectionChanged, this, [this, list] {
+        Logic.xText4.clear();
+        for (int word = 1; word <= header_words; ++word) {
+            if (list->item(word - 1)->isSelected()) Logic.xText4.insert(word);
+        }
+    });
+    Fields.Command(controls.XCommand2,
+                   [this] { Run_Long([this](const TraceProgress& told) { Logic.XCommand2(told); }); });
+    Fields.Command(controls.spreadsheet, [this] { Logic.Header_spreadsheet(); });
+    Fields.Enabled(controls.spreadsheet, [this] { return !Logic.LastSpreadsheet.empty(); });
+    Fields.Command(controls.Command8, [this] { Logic.Command8(); });
+}
+
+void HeaderForm::Tie_Geometry(Ui::HeaderForm& controls) {
+    for (const auto& [list, scale] :
+         {std::pair(controls.scalco, &Logic.scalco), {controls.scalel, &Logic.scalel}}) {
+        list->addItems({"0", "1", "10", "100", "1000", "-10", "-100", "-1000"});
+        list->setFixedWidth(fontMetrics().horizontalAdvance("-10000") + 48);
+        Fields.Text(list, *scale);
+    }
+    controls.geometryGrid->setColumnStretch(1, 1);
+    controls.geometryGrid->setHorizontalSpacing(16);
+    Fields.Command(controls.Command10,
+                   [this] { Run_Long([this](const TraceProgress& told) { Logic.Command10(told); }); });
+    Fields.Command(controls.Command11, [this] { Logic.Command11(); });
+    Fields.Command(controls.Command12, [this] { Logic.Command12(); });
+}
+
+void HeaderForm::Tie_Plot(Ui::HeaderForm& controls) {
+    PlotWord = controls.PlotWord;
+    for (int word = 1; word <= header_words; ++word)
+        PlotWord->addItem(QString::fromStdString(Listed_Label(word)));
+    PlotWord->setCurrentIndex(words::tracf - 1);
+    Plot = new HeaderPlot;
+    controls.plotPlace->addWidget(Plot);
+    controls.PlotPageRows->setStretch(1, 1);
+    controls.CheckText->setMaximumHeight(fontMetrics().height() * 7);
+    connect(PlotWord, &QComboBox::currentIndexChanged, this, &HeaderForm::Draw_Plot);
+    connect(Pages, &QTabWidget::currentChanged, this, &HeaderForm::Draw_Plot);
+    connect(Plot, &HeaderPlot::Trace_Clicked, this, [this](int trace) {
+        Logic.Texth2 = std::to_string(trace);
+        Logic.Texth3 = "0";
+        Logic.Commandh1();
+        Pages->setCurrentIndex(0);
+        Grid->setCurrentIndex(Grid->model()->index(1, PlotWord->currentIndex() + 1));
+    });
+    Fields.Command(controls.CheckFile, [this] { Logic.Check_File(); });
+    Fields.Follow([this, text = controls.CheckText] {
+        const QString found = QString::fromStdString(Logic.CheckText);
+        if (text->toPlainText() != found) text->setPlainText(found);
+    });
+}
+
+/// All headers are read for it: only while it is in sight, and once for each change.
+void HeaderForm::Draw_Plot() {
+    if (Plot == nullptr || !Pages->currentWidget()->isAncestorOf(Plot)) return;
+    const std::pair now(PlotWord->currentIndex() + 1, Logic.Changes);
+    if (now == Plotted) return;
+    Plotted = now;
+    Plot->Show_Word(Logic.Texth1, now.first);
+}
+
 void HeaderForm::On_Double_Click(QWidget* field, std::function<void()> run) {
     field->installEventFilter(this);
     DoubleClicks.emplace_back(field, std::move(run));
@@ -250,6 +322,8 @@ void HeaderForm::Run_Long(const std::function<void(const TraceProgress&)>& work)
             box->setMinimumWidth(fontMetrics().horizontalAdvance("Processing trace 8888888 of 8888888") * 3 /
                                  2);
         }
+        Bar->setMaximum(static_cast<int>(all));
+        Bar->setValue(static_cast<int>(done));
         box->setMaximum(static_cast<int>(all));
         box->setLabelText(QString::fromStdString(Logic.Status));
         box->setValue(static_cast<int>(done));
@@ -283,6 +357,7 @@ QSize HeaderForm::sizeHint() const {
 void HeaderForm::Refresh() {
     Form::Refresh();
     Grid->Refresh();
+    Draw_Plot();
 }
 
 void HeaderForm::Opened() {

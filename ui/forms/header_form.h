@@ -7,6 +7,8 @@
 #include "processing/trace_count.h"
 #include "ui/form.h"
 
+class QComboBox;
+class QProgressBar;
 class QTabWidget;
 
 namespace Ui {
@@ -16,6 +18,7 @@ class HeaderForm;
 namespace tarnvik {
 
 class Header;
+class HeaderPlot;
 class SpreadsheetView;
 
 /// Form of Header, "Header editor": a window with a page for each way of changing headers.
@@ -37,6 +40,10 @@ class HeaderForm : public Form {
     void Tie_Single_Word(Ui::HeaderForm& controls);
     void Tie_Update(Ui::HeaderForm& controls);
     void Tie_Copy(Ui::HeaderForm& controls);
+    void Tie_Excel(Ui::HeaderForm& controls);
+    void Tie_Geometry(Ui::HeaderForm& controls);
+    void Tie_Plot(Ui::HeaderForm& controls);
+    void Draw_Plot();
     void Make_Grid();
     void Set_Column_Widths();
     void On_Double_Click(QWidget* field, std::function<void()> run);
@@ -48,6 +55,10 @@ class HeaderForm : public Form {
     Header& Logic;
     SpreadsheetView* Grid = nullptr;
     QTabWidget* Pages = nullptr;
+    QProgressBar* Bar = nullptr;  ///< xProgressBar
+    HeaderPlot* Plot = nullptr;
+    QComboBox* PlotWord = nullptr;
+    std::pair<int, int> Plotted;  ///< word, and Changes of the logic, as the plot shows them
     std::vector<std::pair<QWidget*, std::function<void()>>> DoubleClicks;
     QWidget* RangeFields[3] = {};  ///< where Return displays
 };

@@ -51,6 +51,7 @@ class PainterPicture : public Picture {
 
     void Scale(double left, double top, double right, double bottom) override;
     Frame Current_Frame() const override { return InForce; }
+    double Pixels_Per_Point() const override { return Density; }
     void Clear() override;
     void Set_Clip(double x1, double y1, double x2, double y2) override;
     void Clear_Clip() override;
@@ -78,7 +79,6 @@ class PainterPicture : public Picture {
 
     /// Place of the world window on the painter, in pixels.
     const QRectF& Window() const { return Inner; }
-    double Pixels_Per_Point() const { return Density; }
 
   protected:
     /// The painter to draw with; null when there is nothing to draw on.

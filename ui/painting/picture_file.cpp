@@ -75,6 +75,10 @@ PageLayout Section_Layout() {
     return {{.Left = 0, .Top = 4, .Right = 6, .Bottom = 0}, 34, 52};
 }
 
+PageLayout Report_Layout() {
+    return {};
+}
+
 PageLayout Record_Layout() {
     return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24, 50};
 }

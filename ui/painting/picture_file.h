@@ -29,6 +29,8 @@ PageLayout Curves_Layout();
 PageLayout Profile_Layout();
 PageLayout Record_Layout();
 PageLayout Section_Layout();
+/// The section page of a report has its axes and its margins in the picture itself.
+PageLayout Report_Layout();
 
 /// Draws the page on three pictures. A strip that the layout lacks swallows what is drawn on it.
 using DrawPage = std::function<void(Picture& main, Picture& strip_x, Picture& strip_y)>;
