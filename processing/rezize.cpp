@@ -18,8 +18,8 @@ namespace tarnvik {
 
 namespace {
 
-constexpr int most_readable = 32767;      ///< samples of a record and microseconds that the display stands
-constexpr double ordinary_record = 500;   ///< ms, long enough for a shallow line
+constexpr int most_readable = 32767;     ///< samples of a record and microseconds that the display stands
+constexpr double ordinary_record = 500;  ///< ms, long enough for a shallow line
 
 std::string Counted(double number) {
     return CStr(number);
@@ -131,8 +131,8 @@ void rezize::Show_Records() {
 }
 
 void rezize::Command2() {
-    const std::string path = Outside.Ask.Save_File(
-        {"SU File selection", "SU File |*.SU|All files|*.*|", Text2, Folder_Of(Text2)});
+    const std::string path =
+        Outside.Ask.Save_File({"SU File selection", "SU File |*.SU|All files|*.*|", Text2, Folder_Of(Text2)});
     if (path.empty()) return;
     Text2 = Agreed = path;  // the file dialog has asked whether a file of that name may go
     Outside.Show.Show_Fields();
@@ -219,8 +219,8 @@ rezize::Plan rezize::Plan_Samples() const {
         plan.Refusal = "The new number of samples must be a whole number from 1 to " + CStr(most_readable);
     } else if (!interval) {
         plan.Refusal = No_Number("New sample interval", Text16);
-    } else if (std::abs(interval_us - Rounded(interval_us)) > as_good_as_whole ||
-               Rounded(interval_us) < 1 || Rounded(interval_us) > most_readable) {
+    } else if (std::abs(interval_us - Rounded(interval_us)) > as_good_as_whole || Rounded(interval_us) < 1 ||
+               Rounded(interval_us) > most_readable) {
         plan.Refusal = "The new sample interval must be a whole number of microseconds, 0.001 to " +
                        Counted(most_readable / 1000.0) + " ms";
     } else {

@@ -54,8 +54,8 @@ class rezize {
         std::string Refusal;
         std::string Tool;
         std::vector<std::string> Arguments;
-        std::string Text;    ///< for the log
-        std::string Edit;    ///< name of the edit
+        std::string Text;     ///< for the log
+        std::string Edit;     ///< name of the edit
         std::string Closing;  ///< begin of the closing message
     };
     bool Take_Up(const std::string& path);

@@ -38,9 +38,9 @@ void Update_FLDR::Load() {
 }
 
 void Update_FLDR::Command1() {
-    const std::string path = Outside.Ask.Open_File(
-        {"Tarnvik File selection", "SU FIle SU |*.SU|", "*.SU",
-         Text1.empty() ? Work.Project.ProjectDir : Folder_Of(Text1)});
+    const std::string path =
+        Outside.Ask.Open_File({"Tarnvik File selection", "SU FIle SU |*.SU|", "*.SU",
+                               Text1.empty() ? Work.Project.ProjectDir : Folder_Of(Text1)});
     if (path.empty()) return;
     Text1 = path;
     Input_Typed();
@@ -125,8 +125,7 @@ void Update_FLDR::Renumber(std::int32_t channels, std::int32_t first_record, con
         const auto channel = static_cast<double>(Channel_Of_Trace(trace, channels));
         header.Set_Word(words::tracl, channel);
         header.Set_Word(words::tracf, channel);
-        header.Set_Word(words::fldr,
-                        first_record + static_cast<double>(Record_Of_Trace(trace, channels)));
+        header.Set_Word(words::fldr, first_record + static_cast<double>(Record_Of_Trace(trace, channels)));
         return HeaderStep::Changed;
     };
     const HeaderPass pass = Change_Headers(file, 1, NbTraces, number, false, progress);
@@ -140,8 +139,7 @@ void Update_FLDR::Renumber(std::int32_t channels, std::int32_t first_record, con
         return;
     }
     if (!pass.Went_Well()) {
-        return Say("Trace " + Counted(pass.Trace) + ": " + pass.Reason +
-                   ". The headers are as they were.");
+        return Say("Trace " + Counted(pass.Trace) + ": " + pass.Reason + ". The headers are as they were.");
     }
     Channels_Are(channels);
     Say("Number of channel per shot has been updated", Icon::Information);

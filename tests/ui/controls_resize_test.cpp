@@ -1,7 +1,6 @@
 // Each control of the two dialogs that prepare SU files.
 
 #include <QTableView>
-
 #include <cstring>
 
 #include "control_table.h"
@@ -38,13 +37,12 @@ TEST_F(ResizeControls, of_the_su_file_utility_do_their_work) {
              EXPECT_NE(Prompts.Last_Text().find("text file"), std::string::npos) << "no traces in there";
              EXPECT_EQ(Text(control).toStdString(), Su);
          }},
-        {"Command1",
-         Clicked({[&] {
-                      logic.Text2.clear();
-                      EXPECT_EQ(Copy_File(Su, Folder / "b.su"), "");
-                      Prompts.Expect_File("SU File selection", Folder / "b.su");
-                  },
-                  [&] { return logic.Text2 == Folder / "b_new.su"; }})},
+        {"Command1", Clicked({[&] {
+                                  logic.Text2.clear();
+                                  EXPECT_EQ(Copy_File(Su, Folder / "b.su"), "");
+                                  Prompts.Expect_File("SU File selection", Folder / "b.su");
+                              },
+                              [&] { return logic.Text2 == Folder / "b_new.su"; }})},
         {"Command2", Clicked({[&] { Prompts.Expect_File("SU File selection", made); },
                               [&] { return logic.Text2 == made; }})},
         {"Text2", Typed(logic.Text2)},
@@ -113,11 +111,11 @@ TEST_F(ResizeControls, of_the_numbering_do_their_work) {
                               [&] { return logic.Text1 == Su && logic.Text3 == "24"; }})},
         {"Text3", Typed(logic.Text3)},
         {"Text4", Typed(logic.Text4)},
-        {"Command4",
-         Clicked({[] {},
-                  [&] {
-                      return Prompts.Last_Text().starts_with("HOW MODIFY TRACE NUMBER AND FIELD RECORD NUMBER");
-                  }})},
+        {"Command4", Clicked({[] {},
+                              [&] {
+                                  return Prompts.Last_Text().starts_with(
+                                      "HOW MODIFY TRACE NUMBER AND FIELD RECORD NUMBER");
+                              }})},
         {"Command3",
          [&](QWidget* control) {
              logic.Text4 = "7";
@@ -136,7 +134,8 @@ TEST_F(ResizeControls, of_the_numbering_do_their_work) {
 }
 
 TEST_F(ResizeControls, a_long_record_is_shortened_and_loaded_in_one_go) {
-    // The utility comes up by itself, with the file just chosen, and goes away once it has made a shorter one.
+    // The utility comes up by itself, with the file just chosen, and goes away once it has made a shorter
+    // one.
     std::string longer = test::Content_Of(Su);
     const std::int32_t samples = SuTraces(Su).Nb_Samples();
     const auto interval = static_cast<std::int16_t>(600000 / samples);

@@ -8,7 +8,7 @@ namespace tarnvik {
 
 namespace {
 
-constexpr int shown_after_ms = 500;
+constexpr int shown_after_ms = 300;
 
 }  // namespace
 
