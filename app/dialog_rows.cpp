@@ -35,6 +35,8 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::GRM_depth, "GRM  Depth computation", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::resu, "Seismic Profile", DialogPlace::Window, DisplayMode::None, true},
     DialogRow{Dialog::Header, "Header editor", DialogPlace::Window, DisplayMode::None, true},
+    DialogRow{Dialog::rezize, "SU file utility", DialogPlace::Box, DisplayMode::None, false},
+    DialogRow{Dialog::Update_FLDR, "Update FLDR and TRACF", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::GRM, "GRM", DialogPlace::Dock, DisplayMode::GrmV, true, Tab::Curves},
     DialogRow{Dialog::History, "History", DialogPlace::Dock, DisplayMode::None, false},
     DialogRow{Dialog::Zoom, "Enlargement factors", DialogPlace::Dock, DisplayMode::None, false, Tab::Curves},

@@ -55,6 +55,8 @@ Session::Session(Ports outside, std::string settings_file)
       PickKeys(Work, Outside),
       TraceSizeMouse(Work, Outside),
       HeaderEditor(Work, Outside),
+      SuUtility(Work, Outside),
+      TraceNumbers(Work, Outside),
       NewProfile(Work, Outside),
       PickTable(Work, Outside, GridEditor::Grid::Buildgrid),
       RemarkTable(Work, Outside, GridEditor::Grid::Remarks) {
@@ -76,6 +78,7 @@ Session::Session(Ports outside, std::string settings_file)
     Hooks.OfferSuFile = [this] { Offer_SU_File(Work, Outside); };
     Hooks.ReadGrmFile = [this] { Take_Up_GRM_File(Work, Outside); };
     Hooks.LoadSuFile = [this] { Open_Records(Work, Outside); };
+    Work.Resize = [this](const std::string& su_file) { return SuUtility.Make_Of(su_file); };
     Pointer.Pick_In_Hand().Save = [this] { Write_Project(Work, Outside); };
 }
 

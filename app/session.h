@@ -25,6 +25,8 @@
 #include "output/section_report.h"
 #include "output/tables/resu.h"
 #include "processing/header_editor.h"
+#include "processing/rezize.h"
+#include "processing/update_fldr.h"
 #include "records/auto_pik.h"
 #include "records/keyboard_picking.h"
 #include "records/picking.h"
@@ -114,6 +116,8 @@ class Session {
     KeyboardPicking PickKeys;
     SizeGridMouse TraceSizeMouse;
     Header HeaderEditor;  ///< words of the trace headers of any SU file
+    rezize SuUtility;     ///< files of another size made of SU files
+    Update_FLDR TraceNumbers;
 
     PictureExport SavePicture{*this};
 

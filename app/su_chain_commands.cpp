@@ -16,6 +16,14 @@ void Resize_Records(Session& session) {
     Resize_Channels(session.Work, session.Outside);
 }
 
+void Show_Su_Utility(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::rezize, true);
+}
+
+void Show_Trace_Numbers(Session& session) {
+    session.Outside.Show.Open_Dialog(Dialog::Update_FLDR, false);
+}
+
 void Stack_Neighbours(Session& session) {
     Workspace& work = session.Work;
     const auto note = [&] { session.LeftOutByCount[work.Project.NbShots] = work.Curves.ShotsLeftOut; };

@@ -411,6 +411,9 @@ struct Workspace {
     RecordView Record;
     MainFields Fields;
     MainGrids Grids;
+    /// Lets the user make a shorter SU file of one that he is loading; answers that file, empty when he made
+    /// none. What does it stands above whoever loads.
+    std::function<std::string(const std::string& su_file)> Resize;
 };
 
 /// Forgets what is marked on the Dromo picture; nothing is redrawn.

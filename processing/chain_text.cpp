@@ -31,6 +31,11 @@ std::string Range(int least, int most) {
     return " min=" + CStr(least) + " max=" + CStr(most);
 }
 
+std::string Without_Blanks(std::string path) {
+    std::erase(path, ' ');
+    return path;
+}
+
 }  // namespace
 
 std::string Rewrite_Text(const std::string& tools, const std::string& marked, const std::string& su_file) {
@@ -46,6 +51,23 @@ std::string Extract_Text(const std::string& tools, const std::string& su_file, c
 std::string Resample_Text(const std::string& tools, const std::string& su_file, const std::string& out_file,
                           int samples) {
     return Line(tools, "SURESAMP", su_file, out_file, "dt=0.001 tmin=0 nt=" + CStr(samples));
+}
+
+std::string Time_Text(const std::string& tools, const std::string& input, const std::string& output,
+                      const std::string& tmax) {
+    return Line(tools, "SUWIND", Without_Blanks(input), Without_Blanks(output), "tmin=0 tmax=" + tmax);
+}
+
+std::string Samples_Text(const std::string& tools, const std::string& input, const std::string& output,
+                         const std::string& samples, const std::string& interval) {
+    return Line(tools, "SURESAMP", Without_Blanks(input), Without_Blanks(output),
+                "nt=" + samples + " dt=" + interval);
+}
+
+std::string Channels_Text(const std::string& tools, const std::string& input, const std::string& output,
+                          int first, int last) {
+    return tools + "\\SUWIND key=tracf <" + Without_Blanks(input) + " >" + Without_Blanks(output) +
+           Range(first, last);
 }
 
 std::string Stack_Text(const std::string& tools, const std::string& folder, const std::string& su_file,

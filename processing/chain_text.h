@@ -20,6 +20,18 @@ std::string Extract_Text(const std::string& tools, const std::string& su_file, c
 std::string Resample_Text(const std::string& tools, const std::string& su_file, const std::string& out_file,
                           int samples);
 
+// The three ways of making a file of another size. Blanks are taken out of the paths, as users know the text.
+
+/// Recording time from 0 to `tmax` seconds.
+std::string Time_Text(const std::string& tools, const std::string& input, const std::string& output,
+                      const std::string& tmax);
+/// `samples` samples at `interval` seconds.
+std::string Samples_Text(const std::string& tools, const std::string& input, const std::string& output,
+                         const std::string& samples, const std::string& interval);
+/// Channels first to last, under their numbers.
+std::string Channels_Text(const std::string& tools, const std::string& input, const std::string& output,
+                          int first, int last);
+
 /// Which records are stacked.
 struct StackPlan {
     int First = 1;

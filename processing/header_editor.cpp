@@ -1,12 +1,11 @@
 #include "processing/header_editor.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 #include "core/files.h"
 #include "core/text/letters.h"
 #include "core/text/number.h"
+#include "processing/su_names.h"
 #include "records/su_check.h"
 #include "records/su_file.h"
 
@@ -22,25 +21,8 @@ std::int64_t Trace_Typed(const std::string& text) {
 
 }  // namespace
 
-bool Header::Same_File(const std::string& one, const std::string& other) {
-    std::error_code failed;
-    return one == other || std::filesystem::equivalent(one, other, failed);
-}
-
 void Header::Say(const std::string& text, Icon icon) {
     Outside.Ask.Say(text, Work.AppTitle, icon);
-}
-
-/// The records on screen follow a file by the name that the project knows it by.
-std::string Header::Known_Path(const std::string& path) const {
-    for (const std::string& known : {Su_Path(Work.Project), Work.Record.TwinSuFile}) {
-        if (!known.empty() && !path.empty() && Same_File(path, known)) return known;
-    }
-    return path;
-}
-
-std::string Header::Edit_Name(const std::string& what, const std::string& path) const {
-    return path == Su_Path(Work.Project) ? what : what + ", " + Name_Of(path);
 }
 
 void Header::Load() {
@@ -79,7 +61,7 @@ void Header::Choose_File() {
 }
 
 void Header::File_Typed() {
-    Texth1 = Known_Path(Trim(Texth1));
+    Texth1 = Known_Path(Work, Trim(Texth1));
     if (Texth1 == Shown) return;
     if (const std::string refusal = Foreign(Texth1); !refusal.empty()) {
         Texth1 = Shown;

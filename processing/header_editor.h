@@ -128,11 +128,8 @@ class Header {
         double Value = 0;
     };
     std::string Chosen(const std::string& now);
-    static bool Same_File(const std::string& one, const std::string& other);
     static std::string Foreign(const std::string& path);
     static std::string Room_Of(int word);
-    std::string Known_Path(const std::string& path) const;
-    std::string Edit_Name(const std::string& what, const std::string& path) const;
     void Show_File();
     void Show_Range(std::int64_t first, std::int64_t last);
     void lecture_data(std::int64_t first, std::int64_t last);

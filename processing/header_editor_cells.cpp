@@ -5,6 +5,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "processing/header_editor.h"
+#include "processing/su_names.h"
 
 namespace tarnvik {
 
@@ -74,7 +75,7 @@ bool Header::Write_Cells(const std::vector<NewValue>& values) {
             : number(std::ssize(values)) + " header words, traces " + number(one.Trace) + " to " +
                   number(values.back().Trace);
     SuWriter file(Texth1, &Work.Edits);
-    EditScope edit(Work, Edit_Name(name, Texth1));
+    EditScope edit(Work, Edit_Name_Of(Work, name, Texth1));
     bool written = file.Is_Open();
     for (std::size_t i = 0; written && i < values.size();) {
         const std::int64_t trace = values[i].Trace;

@@ -6,6 +6,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "processing/header_editor.h"
+#include "processing/su_names.h"
 
 namespace tarnvik {
 
@@ -96,7 +97,7 @@ bool Header::Copy(const std::string& name, const CopyFiles& files, std::int64_t 
     TraceHeader source;
     Pass pass;
     pass.Name = name;
-    pass.Path = Known_Path(files.Output);
+    pass.Path = Known_Path(Work, files.Output);
     pass.Last = traces;
     pass.Change = [&](std::int64_t trace, TraceHeader& header) {
         if (!input.Read_Header(trace, source)) return HeaderStep::Failed;

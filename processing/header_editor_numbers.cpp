@@ -7,6 +7,7 @@
 #include "core/text/letters.h"
 #include "core/text/number.h"
 #include "processing/header_editor.h"
+#include "processing/su_names.h"
 #include "records/su_loading.h"
 
 namespace tarnvik {
@@ -69,7 +70,7 @@ bool Header::Run(const Pass& work, const TraceProgress& progress) {
         Tell_Error(access_error, work.Path + ": " + file.Reason());
         return false;
     }
-    EditScope edit(Work, Edit_Name(work.Name, work.Path));
+    EditScope edit(Work, Edit_Name_Of(Work, work.Name, work.Path));
     const HeaderPass pass =
         Change_Headers(file, work.First, work.Last, work.Change, work.LookFirst, progress);
     if (!pass.Went_Well()) edit.Give_Up();

@@ -9,6 +9,7 @@
 #include "processing/header_editor.h"
 #include "processing/header_geometry_table.h"
 #include "processing/header_spreadsheet.h"
+#include "processing/su_names.h"
 
 namespace tarnvik {
 
@@ -99,7 +100,7 @@ void Header::Command11() {
     if (!text) return Say(path + " does not exist !");
     const GeometryTable table = Read_Geometry_Table(*text);
     if (!table.Fault.empty()) return Say(path + ": " + table.Fault, Icon::Critical);
-    EditScope edit(Work, Edit_Name("Geometry from " + Name_Of(path), Texth1));
+    EditScope edit(Work, Edit_Name_Of(Work, "Geometry from " + Name_Of(path), Texth1));
     const GeometryWritten written = Write_Geometry(
         Texth1, &Work.Edits, table.Rows, {CLng(Val(scalco)).value_or(0), CLng(Val(scalel)).value_or(0)});
     if (!written.Fault.empty()) edit.Give_Up();

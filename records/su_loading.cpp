@@ -89,6 +89,27 @@ bool Ask_For_Channels(Workspace& workspace, Ports& ports) {
     return channels != 0 && view.ChannelsPerRecord >= 1;
 }
 
+/// The file to load: the one chosen, or a shorter one that the user has made of it instead. Empty when he
+/// gave up.
+std::string Of_Wanted_Length(Workspace& workspace, Ports& ports, const std::string& path) {
+    {
+        const SuTraces file(path);
+        if (file.Nb_Samples() / 1000.0 * file.Sample_Interval() / 1000.0 <= long_recording) return path;
+    }
+    if (!ports.Ask.Ask_Yes("The recording time > 0.5 sec, it is probably not necessary, modify in UTILITY ?",
+                           workspace.AppTitle)) {
+        return path;
+    }
+    const std::string made = workspace.Resize ? workspace.Resize(path) : std::string();
+    if (made.empty()) return path;
+    const Answer answer =
+        ports.Ask.Message("Load " + made + " in the place of " + Name_Of(path) +
+                              " ?\r\nNo loads the file as it was chosen.",
+                          workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
+    if (answer == Answer::Yes) return made;
+    return answer == Answer::No ? path : std::string();
+}
+
 /// Where the stored file and one of the same name beside the project are both there the user says which one
 /// is meant, once in a session.
 void Choose_Of_Two(Workspace& workspace, Ports& ports) {
@@ -311,16 +332,11 @@ bool Load_SU_File(Workspace& workspace, Ports& ports) {
 bool Load_Chosen_SU_File(Workspace& workspace, Ports& ports, const std::string& chosen) {
     const std::string path = Checked_SU_File(workspace, ports, chosen);
     if (path.empty()) return false;
+    const std::string wanted = Of_Wanted_Length(workspace, ports, path);
+    if (wanted != path) return !wanted.empty() && Load_Chosen_SU_File(workspace, ports, wanted);
     const Former former(workspace);
     RecordView& view = workspace.Record;
     Start_With_SU_File(workspace, path);
-
-    if (view.NbSamples / 1000.0 * view.SampleInterval / 1000.0 > long_recording &&
-        ports.Ask.Ask_Yes("The recording time > 0.5 sec, it is probably not necessary, modify in UTILITY ?",
-                          workspace.AppTitle)) {
-        ports.Ask.Say("SU files cannot be resized in this version. The file is loaded as it is.",
-                      workspace.AppTitle, Icon::Information);
-    }
 
     bool trusted = false;
     {

@@ -76,6 +76,7 @@ void Begin_Aside(Workspace& aside, const Workspace& workspace) {
     aside.Fields = workspace.Fields;
     aside.Record = workspace.Record;
     aside.Grids.size_grid = workspace.Grids.size_grid;
+    aside.Resize = workspace.Resize;
     aside.Project.ProjectDir = workspace.Project.ProjectDir;  // where the file dialogs begin
     aside.Project.GeoSpace = workspace.Project.GeoSpace;      // offered as the spacing
 }

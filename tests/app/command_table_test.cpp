@@ -312,6 +312,8 @@ const std::vector<Row>& Rows() {
         {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
 
         {"headerx", nothing, Opens(Dialog::Header)},
+        {"Fldrec", nothing, Opens(Dialog::Update_FLDR)},
+        {"Rezize_M", nothing, Opens(Dialog::rezize)},
         {"Edit_Mnu", nothing, [](W& w) { return w.Started("editor|" + w.Path); }},
         {"Font_Mnu", [](W& w) { w.Prompts.Expect_File("font", "Courier"); },
          [](W& w) { return w.Program.Work.Settings.FontName == "Courier"; }},

@@ -10,8 +10,7 @@ namespace tarnvik::test {
 
 class Commands : public SessionTest {};
 
-TEST_F(Commands, a_command_of_later_work_does_nothing) {
-    Run_Command(Program, "Fldrec");
+TEST_F(Commands, a_command_that_is_none_does_nothing) {
     Run_Command(Program, "no such command");
     EXPECT_TRUE(World.Display.Calls.empty());
     EXPECT_TRUE(World.Prompts.Messages.empty());

@@ -147,6 +147,29 @@ TEST_F(SuLoading, ALongRecordingIsAskedAbout) {
     Outside.Prompts.Expect_File("Load ", Write(SuBuilder(12, 501).Records(6)));
     Outside.Prompts.Expect(question, Answer::No);
     EXPECT_TRUE(Load_SU_File(Work, Outside.Ports));
+    // Yes leads to a shorter file, which can be loaded in the place of the one chosen.
+    const std::string chosen = Write(SuBuilder(12, 501).Records(6), "long.su");
+    const std::string made = Write(SuBuilder(12, 100).Records(3), "short.su");
+    std::string answer;
+    Work.Resize = [&](const std::string& path) {
+        EXPECT_EQ(path, chosen);
+        EXPECT_FALSE(Work.Edits.Is_Open());
+        return answer;
+    };
+    const auto load = [&](const std::string& loads, Answer instead) {
+        Outside.Prompts.Expect_File("Load ", chosen);
+        Outside.Prompts.Expect(question, Answer::Yes);
+        if (!answer.empty())
+            Outside.Prompts.Expect_Start("Load " + made + " in the place of long.su ?", instead);
+        EXPECT_EQ(Load_SU_File(Work, Outside.Ports), instead != Answer::Cancel);
+        EXPECT_EQ(Work.Project.SuFile, loads);
+    };
+    load(chosen, Answer::No);
+    answer = made;
+    load(made, Answer::Yes);
+    EXPECT_EQ(Work.Record.ChannelsPerRecord, 3);
+    load(made, Answer::Cancel);
+    load(chosen, Answer::No);
     // Exactly half a second is not long.
     EXPECT_TRUE(Load(Write(SuBuilder(12, 500).Records(6))));
 }

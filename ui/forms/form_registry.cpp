@@ -19,12 +19,14 @@
 #include "ui/forms/picture_export_form.h"
 #include "ui/forms/quick_form.h"
 #include "ui/forms/resu_form.h"
+#include "ui/forms/rezize_form.h"
 #include "ui/forms/ruler_form.h"
 #include "ui/forms/second_window_form.h"
 #include "ui/forms/speed_form.h"
 #include "ui/forms/splash_form.h"
 #include "ui/forms/theoric_form.h"
 #include "ui/forms/true_velocity_form.h"
+#include "ui/forms/update_fldr_form.h"
 #include "ui/forms/velocity_line_form.h"
 #include "ui/forms/zoom_form.h"
 
@@ -62,6 +64,8 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::resu, Make<ResuForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
         {Dialog::Header, Make<HeaderForm>},
+        {Dialog::rezize, Make<RezizeForm>},
+        {Dialog::Update_FLDR, Make<UpdateFldrForm>},
         {Dialog::History, Make<HistoryForm>},
         {Dialog::Zoom, Make<ZoomForm>},
         {Dialog::RulerF, Make<RulerForm>},

@@ -3,12 +3,12 @@
 #include <QButtonGroup>
 #include <QEvent>
 #include <QHeaderView>
-#include <QProgressDialog>
 #include <algorithm>
 #include <memory>
 
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/long_work.h"
 #include "ui/header_plot.h"
 #include "ui/spreadsheet_view.h"
 #include "ui/text_grid_model.h"
@@ -18,7 +18,6 @@ namespace tarnvik {
 
 namespace {
 
-constexpr int progress_after = 300;  ///< ms
 constexpr QSize wished_size(1160, 660);
 
 /// The cells of FlexArray: what is typed goes into the file.
@@ -311,24 +310,12 @@ bool HeaderForm::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HeaderForm::Run_Long(const std::function<void(const TraceProgress&)>& work) {
-    // Questions come before the work: the box is there only when the first trace is told.
-    std::unique_ptr<QProgressDialog> box;
-    work([this, &box](std::int64_t done, std::int64_t all) {
-        if (!box) {
-            box = std::make_unique<QProgressDialog>(QString(), tr("Stop"), 0, 1, this);
-            box->setWindowTitle(windowTitle());
-            box->setWindowModality(Qt::ApplicationModal);
-            box->setMinimumDuration(progress_after);
-            box->setMinimumWidth(fontMetrics().horizontalAdvance("Processing trace 8888888 of 8888888") * 3 /
-                                 2);
-        }
+    const auto told = [this](std::int64_t done, std::int64_t all) {
         Bar->setMaximum(static_cast<int>(all));
         Bar->setValue(static_cast<int>(done));
-        box->setMaximum(static_cast<int>(all));
-        box->setLabelText(QString::fromStdString(Logic.Status));
-        box->setValue(static_cast<int>(done));
-        return !box->wasCanceled();
-    });
+        return QString::fromStdString(Logic.Status);
+    };
+    Run_Long_Work(this, told, work);
     Refresh();
 }
 
