@@ -102,10 +102,9 @@ std::string Of_Wanted_Length(Workspace& workspace, Ports& ports, const std::stri
     }
     const std::string made = workspace.Resize ? workspace.Resize(path) : std::string();
     if (made.empty()) return path;
-    const Answer answer =
-        ports.Ask.Message("Load " + made + " in the place of " + Name_Of(path) +
-                              " ?\r\nNo loads the file as it was chosen.",
-                          workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
+    const Answer answer = ports.Ask.Message(
+        "Load " + made + " in the place of " + Name_Of(path) + " ?\r\nNo loads the file as it was chosen.",
+        workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
     if (answer == Answer::Yes) return made;
     return answer == Answer::No ? path : std::string();
 }
