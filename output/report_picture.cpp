@@ -233,14 +233,27 @@ class ReportPainting {
         return std::pair(top, bottom);
     }
 
+    /// Distances in sight between the outermost places with depths.
+    std::pair<double, double> Filled_Stretch(const ReportModel& model) const {
+        double first = Window.Right;
+        double last = Window.Left;
+        for (const SectionPlace& place : model.Places) {
+            if (!place.Known) continue;
+            first = std::min(first, place.Distance);
+            last = std::max(last, place.Distance);
+        }
+        return {std::max(first, Window.Left), std::min(last, Window.Right)};
+    }
+
     /// The velocity of each layer below its place, where it has room in the layer and beside the one before
     /// it; one that only repeats it comes again after a third of the picture.
     void Draw_Velocities(const ReportModel& model) {
         Main.Set_Font_Size(velocity_font);
         const double gap = Across(3 * Letter);
         const double rim = Across(Letter / 2);
+        const auto [left, right] = Filled_Stretch(model);
         for (int layer = 1; layer <= model.Layers(); ++layer) {
-            double free_from = Window.Left;
+            double free_from = left;
             double last_x = -1e300;
             std::string last_text;
             for (const SectionPlace& place : model.Places) {
@@ -249,12 +262,11 @@ class ReportPainting {
                 const std::string text = CStr(Rounded(velocity)) + " " + LengthUnit + "/s";
                 const TextSize size = Main.Size_Of(text);
                 const double half = Across(size.Width / 2);
-                if (place.Distance < Window.Left || place.Distance > Window.Right) continue;
-                if (Window.Right - Window.Left < 2 * (half + rim)) continue;
+                if (place.Distance < left || place.Distance > right) continue;
+                if (right - left < 2 * (half + rim)) continue;
                 // An error bar at the place would cross the text.
                 const double aside = Has_Error(model, place.Distance) ? half + Across(2 * cap * Point) : 0;
-                const double x =
-                    std::clamp(place.Distance + aside, Window.Left + half + rim, Window.Right - half - rim);
+                const double x = std::clamp(place.Distance + aside, left + half + rim, right - half - rim);
                 if (x - half < free_from) continue;
                 if (text == last_text && x - last_x < (Window.Right - Window.Left) / 3) continue;
                 const auto room = Room_In_Layer(model, layer, x - half, x + half);

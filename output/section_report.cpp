@@ -114,13 +114,25 @@ void SectionReport::Follow() {
     if (Val(Exaggeration) != choices.Exaggeration || choices.Exaggeration == 0)
         Exaggeration = choices.Exaggeration > 0 ? CStr(choices.Exaggeration) : fitting;
     Note.clear();
-    if (Shown() && Without_Report(Work.Project).empty() &&
-        Model_Of(Work.Project, choices.Source, choices.Shape).Interfaces.empty()) {
+    if (Shown() && Without_Report(Work.Project).empty() && !Has_Depths(choices.Source)) {
         Note = "No depths by this method yet";
     }
 }
 
+bool SectionReport::Has_Depths(SectionSource source) const {
+    return Without_Report(Work.Project).empty() &&
+           !Model_Of(Work.Project, source, View.Choices.Shape).Interfaces.empty();
+}
+
 void SectionReport::Shown_Chosen() {
+    // A page that opens shows what there is.
+    SectionSource& chosen = View.Choices.Source;
+    if (Shown() && !Has_Depths(chosen)) {
+        for (const SectionSource source :
+             {SectionSource::Grm, SectionSource::Abc, SectionSource::Shots, Work.Section.Source}) {
+            if (Has_Depths(source)) chosen = source;
+        }
+    }
     Note_Choices();
     Leave();
     // The form shows and hides pictures before the page is painted on them.

@@ -57,6 +57,7 @@ class SectionReport {
     /// The choices of the project are taken up when it is seen for the first time, and noted when they
     /// change.
     void Take_Up_Choices();
+    bool Has_Depths(SectionSource source) const;
     void Note_Choices();
     ReportFrame Layout() const;
     /// All that can be in sight on the picture that stands.
