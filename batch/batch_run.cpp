@@ -1,6 +1,5 @@
 #include "batch/batch_run.h"
 
-#include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -10,21 +9,11 @@
 #include "core/project_open.h"
 #include "core/project_save.h"
 #include "core/text/letters.h"
+#include "processing/su_names.h"
 #include "records/su_loading.h"
 #include "setup/build_grid.h"
 
 namespace tarnvik {
-
-namespace {
-
-/// True when two names mean one file, whatever links lead there.
-bool Same_File(const std::string& one, const std::string& other) {
-    if (one.empty() || other.empty()) return false;
-    std::error_code failed;
-    return std::filesystem::equivalent(one, other, failed) && !failed;
-}
-
-}  // namespace
 
 BatchRun::BatchRun(const CommonOptions& options, std::string program_folder)
     : Prompts(options.Answers, options.AlwaysYes),

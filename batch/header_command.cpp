@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <cmath>
-#include <cstring>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -87,20 +86,9 @@ std::optional<NewValue> Value_Asked(const std::string& setting) {
 
 /// What the word reads once the value is written; nothing where it does not fit.
 std::optional<double> As_Read(const NewValue& value) {
-    const auto whole = CLng(value.Value);
-    if (!whole) return std::nullopt;
-    switch (Header_Word(value.Word).Type) {
-        case WordType::Int16:
-            return CInt(value.Value);
-        case WordType::Int32:
-            return *whole;
-        case WordType::Float32:
-            break;
-    }
-    // A whole number goes into the place of a float, as in the header editor.
-    float read = 0;
-    std::memcpy(&read, &*whole, sizeof read);
-    return read;
+    TraceHeader header;
+    if (!header.Set_Word(value.Word, value.Value)) return std::nullopt;
+    return header.Word(value.Word);
 }
 
 std::string Write_Value(const std::string& path, const NewValue& value, const HeaderTable& table) {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
 #include "core/positioned_file.h"
-#include "records/header_words.h"
+#include "records/trace_header.h"
 
 namespace tarnvik {
 
@@ -24,13 +23,13 @@ class HeaderReader {
     /// Takes the header of a trace in hand. False beyond the end of the file.
     bool Take(std::int64_t trace);
     /// A word (1 to 90) of the header in hand.
-    double Word(int word) const;
+    double Word(int word) const { return Header.Word(word); }
 
   private:
     PositionedFile File;
     std::int64_t Traces = 0;
     std::int32_t Samples = 0;
-    std::array<char, header_length> Header{};
+    TraceHeader Header;
 };
 
 /// Number of the word with this name (any case, as in the table of words); 0 for none.
