@@ -103,6 +103,12 @@ void Header::Commandh1() {
     Show_Range(Trace_Typed(Texth2), Trace_Typed(Texth3));
 }
 
+void Header::Show_From(int trace) {
+    Texth2 = CStr(trace);
+    Texth3.clear();
+    Commandh1();
+}
+
 void Header::Command16() {
     Show_Range(FirstTrace - most_traces, 0);
 }

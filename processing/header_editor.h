@@ -54,6 +54,8 @@ class Header {
     void Choose_File();  ///< double click on Texth1
     void File_Typed();
     void Commandh1();  ///< "Display"
+    /// As many traces as the grid holds, from this one on.
+    void Show_From(int trace);
     void Command16();  ///< "<<<"
     void Command17();  ///< ">>>"
     bool Has_Previous() const { return FirstTrace > 1; }

@@ -270,9 +270,7 @@ void HeaderForm::Tie_Plot(Ui::HeaderForm& controls) {
     connect(PlotWord, &QComboBox::currentIndexChanged, this, &HeaderForm::Draw_Plot);
     connect(Pages, &QTabWidget::currentChanged, this, &HeaderForm::Draw_Plot);
     connect(Plot, &HeaderPlot::Trace_Clicked, this, [this](int trace) {
-        Logic.Texth2 = std::to_string(trace);
-        Logic.Texth3 = "0";
-        Logic.Commandh1();
+        Logic.Show_From(trace);
         Pages->setCurrentIndex(0);
         Grid->setCurrentIndex(Grid->model()->index(1, PlotWord->currentIndex() + 1));
     });
