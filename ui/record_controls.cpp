@@ -270,7 +270,7 @@ QComboBox* RecordControls::Shift_List() {
     list->addItems({"+25", "+50"});
     Fields.Finished_Text(list, TraceShift, [this] {
         // The list stands at 0 again, so that the same shift can be chosen once more.
-        const double shift = Val(std::exchange(TraceShift, "0"));
+        const double shift = Val(std::exchange(TraceShift, std::string("0")));
         Shift_Traces_By(Program, shift);
         Refresh();
     });
