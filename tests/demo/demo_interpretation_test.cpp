@@ -34,7 +34,7 @@ class DemoInterpretation : public testing::Test {
     DemoInterpretation() {
         Files.SaveProject = [](Workspace&, Ports&) { return true; };
         Project& project = Work.Project;
-        Parse_Project(Read_File(std::string(TARNVIK_DEMO_FOLDER) + "/demo1.tv5").value_or(""), project);
+        Parse_Project(Read_File(TARNVIK_DEMO_FOLDER "/demo1.tv5").value_or(""), project);
         Scale_Time_Grid(Work);
     }
 
