@@ -7,6 +7,7 @@
 #include "core/tv4_file.h"
 #include "live_session.h"
 #include "records/set_pick.h"
+#include "support/shell_tools.h"
 
 namespace tarnvik::test {
 
@@ -314,6 +315,27 @@ const std::vector<Row>& Rows() {
         {"headerx", nothing, Opens(Dialog::Header)},
         {"Fldrec", nothing, Opens(Dialog::Update_FLDR)},
         {"Rezize_M", nothing, Opens(Dialog::rezize)},
+        {"Resize", [](W& w) { Give_Tools(w.Launcher); },
+         [](W& w) {
+             return w.Said("demo1_RS.SU has been recorded ") && File_Exists(w.Folder / "demo1_RS.SU");
+         }},
+        {"extrax",
+         [](W& w) {
+             Give_Tools(w.Launcher);
+             w.Prompts.Expect_Input("Enter the first trace to keep (0=exit)", "1");
+             w.Prompts.Expect_Input("Enter the Last trace to keep (0=exit)", "12");
+         },
+         [](W& w) { return w.Said("Trace extraction OK !") && File_Exists(w.Folder / "demo1_Xtract.su"); }},
+        {"Stack_M",
+         [](W& w) {
+             Give_Tools(w.Launcher);
+             w.Prompts.Expect_Start("Use this module to add (stack) some ADJACENT shots", Answer::Ok);
+             w.Prompts.Expect_Input(" First shot to stack ", "2");
+             w.Prompts.Expect_Input(" Last shot to stack ", "1");
+             w.Prompts.Expect("Stack shots1 to 2", Answer::Yes);
+             w.Prompts.Expect("Keep temporary SU files ", Answer::No);
+         },
+         [](W& w) { return w.Said("OK, Stack shots1 to 2 in ") && w.Line.NbShots == 4; }},
         {"Edit_Mnu", nothing, [](W& w) { return w.Started("editor|" + w.Path); }},
         {"Font_Mnu", [](W& w) { w.Prompts.Expect_File("font", "Courier"); },
          [](W& w) { return w.Program.Work.Settings.FontName == "Courier"; }},

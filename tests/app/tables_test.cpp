@@ -9,6 +9,7 @@
 #include "session_fixture.h"
 #include "setup/build_grid.h"
 #include "setup/geometry.h"
+#include "support/shell_tools.h"
 
 namespace tarnvik {
 namespace {
@@ -182,6 +183,7 @@ TEST_F(TablesOfTheDemoLine, every_command_is_one_named_edit_and_a_cancelled_one_
 }
 
 TEST_F(TablesOfTheDemoLine, the_records_without_a_shot_belong_to_the_project_without_it) {
+    test::Give_Tools(World.Launcher);
     Run_Command(Program, "Grid_2_SU");
     const State stored = Now();
     Work.Grids.Buildgrid.CurrentColumn = 2;

@@ -32,8 +32,7 @@ class SuUtility : public testing::Test {
         Work.Project.SuFile = Path;
         Work.Project.CurrentFile = Folder / "line.tv5";
         Work.Edits.Start(Work.Project, true);
-        Outside.Launcher.Folder = TARNVIK_TOOLS;
-        Outside.Launcher.OnRun = Run_In_Shell;
+        Give_Tools(Outside.Launcher);
         Dialog.Load();
     }
     std::string Go() {

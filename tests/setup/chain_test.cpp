@@ -56,8 +56,7 @@ class Chain : public ::testing::Test {
         Start_With_SU_File(workspace, path);
         Scan_Channels(workspace, path);
         workspace.Edits.Start(workspace.Project, true);
-        ports.Launcher.Folder = TARNVIK_TOOLS;
-        ports.Launcher.OnRun = test::Run_In_Shell;
+        test::Give_Tools(ports.Launcher);
     }
     std::string Content() const { return Read_File(path).value_or("none"); }
     static std::size_t Length() { return 240 + 4 * samples; }

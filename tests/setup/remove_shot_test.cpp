@@ -54,8 +54,7 @@ class Removal : public ::testing::Test {
         Make_Line(workspace, 4, 3, 6);  // shots at 0, 4, 8, 12
         Mark_Shots(workspace.Project);
         Fill_Grid(workspace);
-        launcher.Folder = TARNVIK_TOOLS;
-        launcher.OnRun = test::Run_In_Shell;
+        test::Give_Tools(launcher);
         workspace.Project.CurrentFile = folder / "line.TV5";
         ASSERT_TRUE(Save_Geometry(workspace, ports));
     }

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/files.h"
-#include "core/ports/launcher.h"
+#include "support/test_ports.h"
 
 namespace tarnvik::test {
 
@@ -19,5 +19,13 @@ inline std::string Run_In_Shell(const ToolCommand& command) {
     line += " <" + quoted(command.InputFile) + " >" + quoted(command.OutputFile) + " 2>/dev/null";
     return std::system(line.c_str()) == 0 ? std::string() : command.Program + " failed";
 }
+
+/// The tools of the chains as this build makes them; for programs that are given TARNVIK_TOOLS.
+#ifdef TARNVIK_TOOLS
+inline void Give_Tools(RecordingLauncher& launcher) {
+    launcher.Folder = TARNVIK_TOOLS;
+    launcher.OnRun = Run_In_Shell;
+}
+#endif
 
 }  // namespace tarnvik::test

@@ -1,6 +1,7 @@
 // Each control of the two dialogs that prepare SU files.
 
 #include <QTableView>
+#include <cmath>
 #include <cstring>
 
 #include "control_table.h"
@@ -15,8 +16,7 @@ namespace {
 class ResizeControls : public Controls {
   protected:
     ResizeControls() {
-        Launcher.Folder = TARNVIK_TOOLS;
-        Launcher.OnRun = test::Run_In_Shell;
+        test::Give_Tools(Launcher);
     }
     QWidget* Page_Of_Dialog(Dialog dialog) {
         return Display.Is_Open(dialog) ? Display.Open_Form(dialog) : Open(dialog);
@@ -149,13 +149,13 @@ TEST_F(ResizeControls, a_long_record_is_shortened_and_loaded_in_one_go) {
         auto* form = Display.Open_Form(Dialog::rezize);
         ASSERT_NE(form, nullptr);
         auto* time = form->findChild<QLineEdit*>("Text8");
-        EXPECT_TRUE(time->hasFocus());
+        EXPECT_EQ(form->window()->focusWidget(), time);
         QTest::keyClicks(time, "200");
         QTest::keyClick(time, Qt::Key_Return);
     });
     Run_Command(Program, "Command18");
     EXPECT_EQ(Line.SuFile, Folder / "long_new.su");
-    EXPECT_EQ(Work.Record.NbSamples, 200000 / interval + 1);
+    EXPECT_EQ(Work.Record.NbSamples, std::lround(200000.0 / interval) + 1) << "the nearest sample ends it";
     EXPECT_FALSE(Display.Is_Open(Dialog::rezize));
 }
 

@@ -1,9 +1,5 @@
 #include "ui/forms/update_fldr_form.h"
 
-#include <QKeySequence>
-#include <QShortcut>
-
-#include "app/edit_commands.h"
 #include "app/session.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/long_work.h"
@@ -34,12 +30,6 @@ UpdateFldrForm::UpdateFldrForm(Session& session, QtDisplay&) : Logic(session.Tra
     controls.Command3->setDefault(true);
     On_Enter(this, [this] { Return_Pressed(); });
     On_Escape(this, [this] { Close_Me(); });
-    // The menu with these two belongs to the main window.
-    for (const auto& [key, run] :
-         {std::pair(QKeySequence::Undo, &Undo_Edit), {QKeySequence::Redo, &Redo_Edit}}) {
-        auto* shortcut = new QShortcut(key, this);
-        connect(shortcut, &QShortcut::activated, this, [&session, run = run] { run(session); });
-    }
 }
 
 void UpdateFldrForm::Renumber() {
