@@ -37,8 +37,10 @@ struct Line {
     std::string Replace(const std::string& path, const std::string& bytes, double length) {
         EditScope edit(Work, "Replace");
         const std::string fresh = Name_Aside(path);
+        Work.Edits.Note_Passing(fresh);
         Put(fresh, bytes);
         const std::string reason = Work.Edits.Replace_Whole_File(path, fresh);
+        Work.Edits.Passed(fresh);
         if (length > 0) Work.Project.LineLength = length;
         return reason;
     }
