@@ -15,9 +15,7 @@ namespace {
 
 class ResizeControls : public Controls {
   protected:
-    ResizeControls() {
-        test::Give_Tools(Launcher);
-    }
+    ResizeControls() { test::Give_Tools(Launcher); }
     QWidget* Page_Of_Dialog(Dialog dialog) {
         return Display.Is_Open(dialog) ? Display.Open_Form(dialog) : Open(dialog);
     }

@@ -73,8 +73,12 @@ QTableView* RezizeForm::Make_List() {
     Records = new TextGridModel(Logic.Records, list);
     Records->Editable = false;
     list->setModel(Records);
-    list->setRowHidden(0, true);
-    list->setColumnHidden(0, true);
+    // Row and column 0 stand in the headings.
+    const auto hide_headings = [list] {
+        list->setRowHidden(0, true);
+        list->setColumnHidden(0, true);
+    };
+    hide_headings();
     list->setSelectionMode(QAbstractItemView::NoSelection);
     list->setTabKeyNavigation(false);
     list->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -82,7 +86,7 @@ QTableView* RezizeForm::Make_List() {
     list->verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance("Record n° 8888") + 16);
     list->setMinimumWidth(fontMetrics().horizontalAdvance("Record n° 8888 Channels Time (ms) Samples") + 110);
     list->setMinimumHeight((rows_in_sight + 1) * list->verticalHeader()->defaultSectionSize());
-    connect(Records, &QAbstractItemModel::modelReset, list, [list] { list->setRowHidden(0, true); });
+    connect(Records, &QAbstractItemModel::modelReset, list, hide_headings);
     return list;
 }
 
