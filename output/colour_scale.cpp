@@ -260,7 +260,6 @@ ColourScaleReading Read_Colour_Scale(std::string_view bytes, double max_velocity
 }
 
 bool Is_Dark(Colour colour) {
-    constexpr int full = 255;
     const double brightness =
         0.299 * (colour & full) + 0.587 * ((colour >> 8) & full) + 0.114 * ((colour >> 16) & full);
     return brightness < full * 0.45;

@@ -60,13 +60,24 @@ QStringList File_Filters(const std::string& filter) {
     return filters;
 }
 
+void QtPrompts::Set_Parent(QWidget* parent) {
+    Parent = parent;
+    QObject::connect(qApp, &QApplication::focusChanged, parent, [this](QWidget*, QWidget* now) {
+        if (now != nullptr) InUse = now->window();
+    });
+}
+
 QWidget* QtPrompts::Owner() const {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr) return modal;
-    // Over the window in use: the keys go back there, and it stays in sight.
-    QWidget* active = QApplication::activeWindow();
-    const bool own = active != nullptr && Parent != nullptr && active->parentWidget() == Parent;
-    return own ? active : Parent.data();
+    // Over the window in use: the keys go back there, and it stays in sight. While the box of a long work
+    // goes away no window is active, and the box stands for the window that it belongs to.
+    QWidget* used = QApplication::activeWindow();
+    if (used == nullptr) used = InUse;
+    while (used != nullptr && used->parentWidget() != nullptr && used->parentWidget() != Parent)
+        used = used->parentWidget()->window();
+    const bool own = used != nullptr && Parent != nullptr && used->parentWidget() == Parent;
+    return own && used->isVisible() ? used : Parent.data();
 }
 
 Answer QtPrompts::Message(const std::string& text, const std::string& title, Icon icon, Buttons buttons) {

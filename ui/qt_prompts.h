@@ -12,7 +12,7 @@ namespace tarnvik {
 class QtPrompts : public Prompts {
   public:
     /// Window that the boxes stand over.
-    void Set_Parent(QWidget* parent) { Parent = parent; }
+    void Set_Parent(QWidget* parent);
 
     Answer Message(const std::string& text, const std::string& title, Icon icon, Buttons buttons) override;
     std::string Input(const std::string& prompt, const std::string& title,
@@ -27,7 +27,8 @@ class QtPrompts : public Prompts {
     /// The path, and its folder remembered.
     std::string Chosen(const QString& path);
     QPointer<QWidget> Parent;
-    QString LastFolder;  ///< of the file that was chosen last
+    QPointer<QWidget> InUse;  ///< window that had the keys last
+    QString LastFolder;       ///< of the file that was chosen last
 };
 
 /// "Seismic Unix (SU)|*.SU|All files|*.*|" as the file dialog takes it; each pattern holds in upper and lower

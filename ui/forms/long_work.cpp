@@ -27,11 +27,20 @@ void Run_Long_Work(QWidget* form, const std::function<QString(std::int64_t done,
             box->setMinimumDuration(shown_after_ms);
             box->setMinimumWidth(form->fontMetrics().averageCharWidth() * 60);
             box->setRange(0, static_cast<int>(all));
+            // It stays until the last message is read: a message over nothing would stand over the main
+            // window and bring that one in front of the form.
+            box->setAutoClose(false);
+            box->setAutoReset(false);
         }
         box->setLabelText(label(done, all));
         box->setValue(static_cast<int>(done));
+        // One that was quick enough not to be seen does not come any more.
+        if (done >= all && !box->isVisible()) box->reset();
         return !box->wasCanceled();
     });
+    if (!box) return;
+    box.reset();
+    form->window()->activateWindow();
 }
 
 }  // namespace tarnvik
