@@ -91,10 +91,15 @@ std::optional<double> As_Read(const NewValue& value) {
     return header.Word(value.Word);
 }
 
-std::string Write_Value(const std::string& path, const NewValue& value, const HeaderTable& table) {
-    SuWriter file(path, nullptr);
+/// All traces get the value or none: what was written before a fault is given back.
+std::string Write_Value(Workspace& workspace, const std::string& path, const NewValue& value,
+                        const HeaderTable& table) {
+    EditScope edit(workspace, std::string("Header word ") + Header_Word(value.Word).Name);
+    SuWriter file(path, &workspace.Edits);
     for (std::int64_t trace = table.First; trace <= table.Last && file.Is_Open(); ++trace) {
-        if (file.Set_Word(trace, value.Word, value.Value) != Stored::Yes) break;
+        if (file.Set_Word(trace, value.Word, value.Value) == Stored::Yes) continue;
+        edit.Give_Up();
+        break;
     }
     return file.Reason();
 }
@@ -109,7 +114,7 @@ Json Rows(const std::string& path, const HeaderTable& table, const std::optional
             const bool changed = value && value->Word == word;
             const double number = changed ? *As_Read(*value) : headers.Word(word);
             row.push_back(std::isfinite(number) ? Json(number) : Json(nullptr));
-            if (!changed && Header_Word(word).Type != WordType::Float32)
+            if (Header_Word(word).Type != WordType::Float32)
                 row.back() = static_cast<std::int64_t>(number);
         }
         rows.push_back(std::move(row));
@@ -160,7 +165,7 @@ class HeaderRun {
                               "; nothing is written");
         }
         if (!Common.Save) return true;
-        const std::string reason = Write_Value(Common.ProjectFile, *Value, Table);
+        const std::string reason = Write_Value(Run.Program.Work, Common.ProjectFile, *Value, Table);
         return reason.empty() || Run.Refuse(Common.ProjectFile + " cannot be written: " + reason);
     }
     bool Write_Table() {

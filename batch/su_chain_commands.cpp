@@ -100,21 +100,6 @@ Range Range_Of(const std::string& text) {
     return {CLng(Val(text)).value_or(0), CLng(Val(text.substr(colon + 1))).value_or(0)};
 }
 
-/// "FIRST:LAST" from 1, both may be the same.
-CLI::Validator Trace_Range() {
-    return CLI::Validator(
-        [](std::string& text) -> std::string {
-            const auto colon = text.find(':');
-            const bool digits = text.find_first_not_of("0123456789:") == std::string::npos;
-            if (colon == std::string::npos || !digits || text.rfind(':') != colon ||
-                Range_Of(text).First < 1 || Range_Of(text).Last < Range_Of(text).First) {
-                return "FIRST:LAST, from 1";
-            }
-            return {};
-        },
-        "FIRST:LAST");
-}
-
 struct WindowOptions {
     std::string Extract;
     int DropRecord = 0;
@@ -213,7 +198,7 @@ void Add_Window(CLI::App& app, Request& request) {
     CLI::App* command = Add(app, request, "su-window", "a part of an SU file");
     auto options = std::make_shared<WindowOptions>();
     auto* extract = command->add_option("--extract", options->Extract, "channels to keep, FIRST:LAST");
-    extract->check(Trace_Range());
+    extract->check(First_To_Last());
     auto* drop = command->add_option("--drop-record", options->DropRecord, "record to leave out, from 1");
     drop->check(Number_Between(1, 32767));
     auto* key = command->add_option("--key", options->Key, "header word");
@@ -282,7 +267,7 @@ void Add_Shift(CLI::App& app, Request& request) {
         ->check(Any_Number());
     auto* which = command->add_option_group("traces");
     which->add_option("--trace", options->Trace, "trace of the file, from 1")->check(Number_Between(1, 2e9));
-    which->add_option("--traces", options->Traces, "traces FIRST:LAST")->check(Trace_Range());
+    which->add_option("--traces", options->Traces, "traces FIRST:LAST")->check(First_To_Last());
     which->add_flag("--all", options->All, "all traces");
     which->require_option(1);
     Runs(command, request,

@@ -174,11 +174,6 @@ std::string SectionReport::Scale_Fault(double width, double height) const {
     return Report_Scale_Fault(room);
 }
 
-ReportFrame SectionReport::Layout() const {
-    return Lay_Out_Report(Room_Of_Report(Work, View, Models_Of(Work.Project, View.Choices),
-                                         Outside.Show.Canvas_Of(Canvas::Section), false));
-}
-
 SectionWindow SectionReport::Whole() const {
     ReportView all = View;
     all.Enlarged.reset();
@@ -207,7 +202,11 @@ void SectionReport::Move(double x, double y) {
         const Mark mark{Mark::Kind::Box, *FrameX, FrameY, x, y, colours::Red};
         Outside.Show.Show_Marks(Canvas::Section, MarkLayer::Selection, {mark});
     }
-    const SectionWindow window = Layout().Window;
+    // Once for a move: the envelopes of a long line take milliseconds.
+    const std::vector<ReportModel> models = Models_Of(Work.Project, View.Choices);
+    const SectionWindow window =
+        Lay_Out_Report(Room_Of_Report(Work, View, models, Outside.Show.Canvas_Of(Canvas::Section), false))
+            .Window;
     if (x < window.Left || x > window.Right || y < window.Bottom || y > window.Top) {
         Leave();
         return;
@@ -218,9 +217,10 @@ void SectionReport::Move(double x, double y) {
     const auto ground = Curve_At(Ground_Of(Work.Project), x);
     if (ground && *ground >= y) {
         text += "  depth " + Format(*ground - y, "0.0") + unit;
-        const ReportModel model = Model_Of(Work.Project, View.Choices.Source, View.Choices.Shape);
-        int layer = model.Elevation_Of(1, x) ? 1 : 0;
-        while (layer > 0 && layer < model.Layers() && y < model.Elevation_Of(layer, x).value_or(y))
+        const bool known = !models.empty() && models.front().Source == View.Choices.Source;
+        int layer = known && models.front().Elevation_Of(1, x) ? 1 : 0;
+        while (layer > 0 && layer < models.front().Layers() &&
+               y < models.front().Elevation_Of(layer, x).value_or(y))
             ++layer;
         if (layer > 0) text += "  layer " + CStr(layer);
     }

@@ -59,7 +59,6 @@ class SectionReport {
     void Take_Up_Choices();
     bool Has_Depths(SectionSource source) const;
     void Note_Choices();
-    ReportFrame Layout() const;
     /// All that can be in sight on the picture that stands.
     SectionWindow Whole() const;
     void Repaint();

@@ -21,10 +21,6 @@ namespace {
 constexpr int most_readable = 32767;     ///< samples of a record and microseconds that the display stands
 constexpr double ordinary_record = 500;  ///< ms, long enough for a shallow line
 
-std::string Counted(double number) {
-    return CStr(number);
-}
-
 std::string No_Number(const char* name, const std::string& text) {
     return std::string(name) + ": \"" + Trim(text) + "\" is no number";
 }
@@ -94,20 +90,20 @@ void rezize::Show_Scan() {
     OriginalTime = OriginalSamples = OriginalInterval = OriginalChannels = "";
     Text8 = Text14 = Text16 = Text9 = Text10 = "";
     if (Scan.Good()) {
-        OriginalTime = Counted(Scan.Recording_Time());
+        OriginalTime = CStr(Scan.Recording_Time());
         OriginalSamples = CStr(Scan.Samples);
-        OriginalInterval = Counted(Scan.Interval / 1000.0);
+        OriginalInterval = CStr(Scan.Interval / 1000.0);
         OriginalChannels = Scan.Records.empty() ? "" : CStr(Scan.Channels());
-        Text8 = Counted(std::min(Scan.Recording_Time(), ordinary_record));
+        Text8 = CStr(std::min(Scan.Recording_Time(), ordinary_record));
         Text14 = OriginalSamples;
         Text16 = OriginalInterval;
         Text9 = CStr(Scan.FirstChannel);
         Text10 = CStr(Scan.LastChannel);
-        Hint = Counted(static_cast<double>(Scan.Traces)) + " traces, " +
+        Hint = CStr(static_cast<double>(Scan.Traces)) + " traces, " +
                (Scan.Records.empty() ? "the channel word does not run: the records are not known"
                                      : CStr(static_cast<int>(Scan.Records.size())) + " records");
         if (Scan.LeftOver > 0) {
-            Hint += "; " + Counted(static_cast<double>(Scan.LeftOver)) +
+            Hint += "; " + CStr(static_cast<double>(Scan.LeftOver)) +
                     " bytes are left over behind the last whole trace";
         }
     }
@@ -144,14 +140,14 @@ void rezize::Samples_Typed() {
     const auto samples = Typed_Number(Text14);
     if (!samples || *samples < 1 || !Scan.Good()) return;
     const double interval = Rounded(Scan.Recording_Time() * 1000 / *samples);
-    Text16 = Counted(std::max(interval, 1.0) / 1000);
+    Text16 = CStr(std::max(interval, 1.0) / 1000);
 }
 
 void rezize::Interval_Typed() {
     const auto interval = Typed_Number(Text16);
     if (!interval || *interval <= 0 || !Scan.Good()) return;
     constexpr double as_good_as_whole = 1e-9;
-    Text14 = Counted(std::max(1.0, Int(Scan.Recording_Time() / *interval + as_good_as_whole)));
+    Text14 = CStr(std::max(1.0, Int(Scan.Recording_Time() / *interval + as_good_as_whole)));
 }
 
 std::string rezize::Output_Refusal() const {
@@ -188,20 +184,20 @@ rezize::Plan rezize::Plan_Time() const {
     } else if (*time <= 0) {
         plan.Refusal = "The new recording time must be above 0 ms";
     } else if (last > end) {
-        plan.Refusal = "The new recording time must be shorter than the original one, " + Counted(most) +
-                       " ms" + (Scan.Delay == 0 ? "" : " from " + CStr(Scan.Delay) + " ms");
+        plan.Refusal = "The new recording time must be shorter than the original one, " + CStr(most) + " ms" +
+                       (Scan.Delay == 0 ? "" : " from " + CStr(Scan.Delay) + " ms");
     } else if (last < first) {
         plan.Refusal = "The records begin at " + CStr(Scan.Delay) + " ms: nothing would be left";
     } else if (last >= most_readable) {
-        plan.Refusal = "Records of " + Counted(last + 1) + " samples are too long, the most is " +
-                       CStr(most_readable) + ": " + Counted((most_readable - 1) * Scan.Interval / 1000.0) +
+        plan.Refusal = "Records of " + CStr(last + 1) + " samples are too long, the most is " +
+                       CStr(most_readable) + ": " + CStr((most_readable - 1) * Scan.Interval / 1000.0) +
                        " ms";
     } else {
         const std::string tmax = CStr(*time / 1000);
         plan.Tool = "suwind";
         plan.Arguments = {"tmin=0", "tmax=" + tmax};
         plan.Text = Time_Text(Outside.Launch.Program_Folder(), Text1, Text2, tmax);
-        plan.Edit = "Recording time " + Counted(*time) + " ms";
+        plan.Edit = "Recording time " + CStr(*time) + " ms";
         plan.Closing = "Time has been changed for file ";
     }
     return plan;
@@ -222,13 +218,13 @@ rezize::Plan rezize::Plan_Samples() const {
     } else if (std::abs(interval_us - Rounded(interval_us)) > as_good_as_whole || Rounded(interval_us) < 1 ||
                Rounded(interval_us) > most_readable) {
         plan.Refusal = "The new sample interval must be a whole number of microseconds, 0.001 to " +
-                       Counted(most_readable / 1000.0) + " ms";
+                       CStr(most_readable / 1000.0) + " ms";
     } else {
         const std::string seconds = CStr(Rounded(interval_us) / 1e6);
         plan.Tool = "suresamp";
-        plan.Arguments = {"nt=" + Counted(*samples), "dt=" + seconds};
-        plan.Text = Samples_Text(Outside.Launch.Program_Folder(), Text1, Text2, Counted(*samples), seconds);
-        plan.Edit = Counted(*samples) + " samples";
+        plan.Arguments = {"nt=" + CStr(*samples), "dt=" + seconds};
+        plan.Text = Samples_Text(Outside.Launch.Program_Folder(), Text1, Text2, CStr(*samples), seconds);
+        plan.Edit = CStr(*samples) + " samples";
         plan.Closing = "Trace length has been changed for file ";
     }
     return plan;

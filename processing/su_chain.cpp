@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <utility>
 
 #include "core/files.h"
 #include "core/text/number.h"
 #include "records/su_file.h"
+#include "records/trace_header.h"
 
 namespace tarnvik {
 
@@ -46,16 +46,16 @@ std::string Number(double value) {
     return text;
 }
 
-template <class T>
-void Put(std::string& trace, int word, T value) {
+/// Puts a word into the bytes of a trace, as far as they reach.
+void Put(std::string& trace, int word, double value) {
+    const auto bytes = Bytes_Of_Word(word, value);
     const auto offset = static_cast<std::size_t>(Header_Word(word).Offset);
-    if (offset + sizeof value <= trace.size()) std::memcpy(trace.data() + offset, &value, sizeof value);
+    if (bytes && offset + bytes->size() <= trace.size()) trace.replace(offset, bytes->size(), *bytes);
 }
 
 std::int16_t Identification(const std::string& trace) {
-    std::int16_t word = 0;
-    std::memcpy(&word, trace.data() + Header_Word(words::trid).Offset, sizeof word);
-    return word;
+    const HeaderWord& word = Header_Word(words::trid);
+    return static_cast<std::int16_t>(Word_From_Bytes(trace.data() + word.Offset, word.Type));
 }
 
 /// Joins whole files, in the order given.
@@ -116,7 +116,7 @@ std::string Write_Marked(const std::string& source, const std::string& marked, c
                 kept.Identifications.push_back(Identification(bytes));
                 kept.Stations.push_back(plan.Station ? plan.Station(trace) : std::nullopt);
             }
-            Put(bytes, words::trid, static_cast<std::int16_t>(goes ? dead_trace : live_trace));
+            Put(bytes, words::trid, goes ? dead_trace : live_trace);
             return write(bytes);
         });
     });

@@ -1,36 +1,29 @@
 #include "processing/su_scan.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 #include "core/positioned_file.h"
 #include "core/text/number.h"
-#include "records/header_words.h"
 #include "records/su_check.h"
 #include "records/su_file.h"
+#include "records/trace_header.h"
 
 namespace tarnvik {
 
 namespace {
 
-/// The words looked at in each header lie from `tracf` to `dt`.
-class ScannedHeader {
-  public:
-    bool Read(PositionedFile& file, std::int64_t trace, std::int64_t samples) {
-        return file.Read(Trace_Position(trace, samples) + First, Bytes.data(), std::ssize(Bytes));
-    }
-    template <class T>
-    T Word(int word) const {
-        T value;
-        std::memcpy(&value, Bytes.data() + (Header_Word(word).Offset - First), sizeof value);
-        return value;
-    }
+bool Read(PositionedFile& file, std::int64_t trace, std::int64_t samples, TraceHeader& header) {
+    return file.Read(Trace_Position(trace, samples), header.Bytes.data(), header_length);
+}
 
-  private:
-    static constexpr int First = 12;
-    std::array<char, 106> Bytes{};
-};
+/// A 16-bit word without its sign.
+int Unsigned(const TraceHeader& header, int word) {
+    return static_cast<std::uint16_t>(static_cast<std::int16_t>(header.Word(word)));
+}
+
+std::int32_t Channel(const TraceHeader& header) {
+    return static_cast<std::int32_t>(header.Word(words::tracf));
+}
 
 /// Why a file is no little-endian SU file by its first bytes; empty when it is one or too strange to say.
 std::string Foreign_Kind(PositionedFile& file, const std::string& path) {
@@ -63,11 +56,11 @@ SuScan Scan_SU_File(const std::string& path) {
     PositionedFile file(path, PositionedFile::Access::Read);
     if (!file.Is_Open()) return refused(path + ": " + file.Reason());
     if (std::string foreign = Foreign_Kind(file, path); !foreign.empty()) return refused(std::move(foreign));
-    ScannedHeader header;
-    if (file.Length() < header_length || !header.Read(file, 1, 0)) return refused(path + " holds no trace");
-    scan.Samples = header.Word<std::uint16_t>(words::ns);
-    scan.Interval = header.Word<std::uint16_t>(words::dt);
-    scan.Delay = header.Word<std::int16_t>(words::delrt);
+    TraceHeader header;
+    if (file.Length() < header_length || !Read(file, 1, 0, header)) return refused(path + " holds no trace");
+    scan.Samples = Unsigned(header, words::ns);
+    scan.Interval = Unsigned(header, words::dt);
+    scan.Delay = static_cast<int>(header.Word(words::delrt));
     if (scan.Samples == 0)
         return refused(path + "\r\nns, the number of samples of a trace, is 0 in the first header");
     if (scan.Interval == 0) return refused(path + "\r\ndt, the sample interval, is 0 in the first header");
@@ -79,12 +72,11 @@ SuScan Scan_SU_File(const std::string& path) {
     std::int32_t before = 0;
     bool rises = false;
     for (std::int64_t trace = 1; trace <= scan.Traces; ++trace) {
-        if (!header.Read(file, trace, scan.Samples)) return refused(path + ": " + file.Reason());
-        if (header.Word<std::uint16_t>(words::ns) != scan.Samples)
+        if (!Read(file, trace, scan.Samples, header)) return refused(path + ": " + file.Reason());
+        if (Unsigned(header, words::ns) != scan.Samples)
             return refused("Number of Samples per trace must be constant !");
-        if (header.Word<std::uint16_t>(words::dt) != scan.Interval)
-            return refused("Sample rate must be constant !");
-        const auto channel = header.Word<std::int32_t>(words::tracf);
+        if (Unsigned(header, words::dt) != scan.Interval) return refused("Sample rate must be constant !");
+        const std::int32_t channel = Channel(header);
         if (trace == 1) {
             scan.FirstChannel = scan.LastChannel = channel;
         } else {
@@ -103,10 +95,10 @@ SuScan Scan_SU_File(const std::string& path) {
 std::int64_t Traces_Of_Channels(const std::string& path, const SuScan& scan, std::int32_t first,
                                 std::int32_t last) {
     PositionedFile file(path, PositionedFile::Access::Read);
-    ScannedHeader header;
+    TraceHeader header;
     std::int64_t count = 0;
-    for (std::int64_t trace = 1; trace <= scan.Traces && header.Read(file, trace, scan.Samples); ++trace) {
-        const auto channel = header.Word<std::int32_t>(words::tracf);
+    for (std::int64_t trace = 1; trace <= scan.Traces && Read(file, trace, scan.Samples, header); ++trace) {
+        const std::int32_t channel = Channel(header);
         if (channel >= first && channel <= last) ++count;
     }
     return count;
