@@ -114,8 +114,7 @@ Json Rows(const std::string& path, const HeaderTable& table, const std::optional
             const bool changed = value && value->Word == word;
             const double number = changed ? *As_Read(*value) : headers.Word(word);
             row.push_back(std::isfinite(number) ? Json(number) : Json(nullptr));
-            if (Header_Word(word).Type != WordType::Float32)
-                row.back() = static_cast<std::int64_t>(number);
+            if (Header_Word(word).Type != WordType::Float32) row.back() = static_cast<std::int64_t>(number);
         }
         rows.push_back(std::move(row));
     }
