@@ -168,7 +168,7 @@ const std::array command_table = {
     Command{.Name = "velo2", .Tooltip = "velocity / Straight line", .Icon = "velo2", .Run = Show_Hand_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "vitess3", .Tooltip = "True velocity", .Icon = "vitess3", .Run = Show_True_Velocity_Dialog, .Refusal = Without_Project},
     Command{.Name = "sum", .Tooltip = "Thickness computation", .Icon = "sum", .Run = Show_Depth_Dialog, .Refusal = Without_Project},
-    Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Print_Picture},
+    Command{.Name = "print", .Tooltip = "Print travel time or profile", .Icon = "print", .Run = Start_Superprint},
     Command{.Name = "ruler2", .Tooltip = "Display ruler", .Icon = "ruler2", .Run = Show_Ruler},
     Command{.Name = "drawing", .Tooltip = "display profile", .Icon = "drawing", .Run = Show_Intercept_Profile, .Refusal = Without_Project},
     Command{.Name = "smallcap", .Tooltip = "delay /ABC method", .Icon = "smallcap", .Run = Show_Delay_Dialog, .Refusal = Without_Project},
@@ -252,7 +252,8 @@ const std::array command_table = {
     Command{.Name = "TShift", .Menu = screen_menu, .Caption = "Time Shift", .Run = Ask_Time_Shift},
 
     // Printer
-    Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Icon = "print", .Shortcut = "Ctrl+P", .Run = Print_Picture},
+    Command{.Name = "winprint", .Menu = printer_menu, .Caption = "Dromo Printer module", .Tooltip = "Travel times, profile and section on one sheet", .Icon = "print", .Run = Start_Superprint},
+    Command{.Name = "PrintPicture_M", .Menu = printer_menu, .Caption = "Print picture...", .Tooltip = "The picture in sight, as large as the paper allows", .Shortcut = "Ctrl+P", .Run = Print_Picture},
     Command{.Name = "Export_M", .Menu = printer_menu, .Caption = "Save picture...", .Tooltip = "As PNG, JPG, SVG, PDF or WMF", .Shortcut = "Ctrl+E", .Run = Export_Picture, .Refusal = Without_Any_Picture},
     Command{.Name = "CopyPicture_M", .Menu = printer_menu, .Caption = "Copy picture", .Tooltip = "To the clipboard, as large as the last one saved", .Shortcut = "Ctrl+Shift+C", .Run = Copy_Picture, .Refusal = Without_Any_Picture},
     Command{.Name = "SectionWmf_M", .Menu = section_menu, .Caption = "Windows Meta File...", .Run = Section_To_Metafile, .Refusal = Without_Coloured_Section},

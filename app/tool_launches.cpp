@@ -1,10 +1,15 @@
 #include "app/tool_launches.h"
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
+#include "app/pages.h"
 #include "app/session.h"
 #include "core/files.h"
+#include "core/project_file.h"
 #include "core/settings_file.h"
+#include "records/record_files.h"
 
 namespace tarnvik {
 
@@ -26,6 +31,24 @@ std::string In_Program_Folder(const Session& session, const std::string& tool) {
     return session.Outside.Launch.Program_Folder() + "/" + tool;
 }
 
+/// Names what is in memory to a tool that is told nothing but a number: the project file and its records in
+/// the settings, and where the line has changes that are not saved, a copy of it as it stands.
+void Name_Line(Session& session) {
+    const Project& project = session.Work.Project;
+    Write_Setting(session.SettingsFile, "DROMO", "File", project.CurrentFile);
+    Write_Setting(session.SettingsFile, "DROMO", "SU", Su_Path(project));
+    std::string unsaved;
+    if (!session.Work.Edits.Is_Saved() && !session.Work.CompanionFolder.empty()) {
+        unsaved = session.Work.CompanionFolder + "/unsaved.tv5";
+        Project copy = project;
+        copy.TotalTime -= 1;  // writing raises it
+        std::error_code failed;
+        std::filesystem::create_directories(session.Work.CompanionFolder, failed);
+        if (!Replace_File(unsaved, Project_Bytes(copy)).empty()) unsaved.clear();
+    }
+    Write_Setting(session.SettingsFile, "Tools", unsaved_line_key, unsaved);
+}
+
 }  // namespace
 
 void Launch_Enhancement(Session& session) {
@@ -34,8 +57,8 @@ void Launch_Enhancement(Session& session) {
 }
 
 void Launch_Filter(Session& session) {
-    // The filter tool looks the file up in the settings, not on its command line alone.
-    Write_Setting(session.SettingsFile, "DROMO", "SU", session.Work.Project.SuFile);
+    // The filter tool looks the files up in the settings, not on its command line alone.
+    Name_Line(session);
     Start_Tool(session, In_Program_Folder(session, "reverse.exe"), session.Work.Project.SuFile,
                shell_failure);
 }
@@ -54,7 +77,17 @@ void Launch_Seg2_Conversion(Session& session) {
 }
 
 void Launch_Record_Printer(Session& session) {
-    Start_Tool(session, In_Program_Folder(session, "suprint2.exe"), "", shell_failure);
+    Name_Line(session);
+    Start_Tool(session, In_Program_Folder(session, "suprint2.exe"), "412", shell_failure);
+}
+
+void Start_Superprint(Session& session) {
+    if (!Page_Can_Be_Drawn(session, Page::Curves)) {
+        session.Outside.Ask.Say("The GRAPHIC cannot be printed", session.Work.AppTitle, Icon::Critical);
+        return;
+    }
+    Name_Line(session);
+    Start_Tool(session, In_Program_Folder(session, "tvmprint.exe"), "412", shell_failure);
 }
 
 void Launch_Add_Csv(Session& session) {

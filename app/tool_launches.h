@@ -10,7 +10,9 @@ void Launch_Filter(Session& session);       ///< reverse.exe on the field record
 void Launch_Trace_Reversal(Session& session);  ///< reverse.exe alone
 void Launch_Conversion(Session& session);      ///< seismograph files to SU
 void Launch_Seg2_Conversion(Session& session);
-void Launch_Record_Printer(Session& session);
+void Launch_Record_Printer(Session& session);  ///< suprint2.exe
+/// tvmprint.exe: curves, profile and section on one sheet. Refused while no curves can be drawn.
+void Start_Superprint(Session& session);
 void Launch_Add_Csv(Session& session);
 void Launch_Profile_Display(Session& session);
 void Launch_Merge_Csv(Session& session);

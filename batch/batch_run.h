@@ -6,7 +6,7 @@
 #include "app/session.h"
 #include "batch/console_launcher.h"
 #include "batch/console_prompts.h"
-#include "batch/headless_display.h"
+#include "ui/headless/headless_display.h"
 
 namespace tarnvik {
 

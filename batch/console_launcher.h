@@ -15,6 +15,7 @@ class ConsoleLauncher : public Launcher {
     explicit ConsoleLauncher(std::string program_folder) : Folder(std::move(program_folder)) {}
 
     int Start(const std::string&, const std::string&, const std::string&) override { return 0; }
+    bool Has_Tool(const std::string&) const override { return false; }
     ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,
                             const ToolProgress& progress) override {
         return Run_Tools(commands, folder, QString::fromStdString(Folder), progress);

@@ -10,6 +10,10 @@ namespace tarnvik {
 /// Name of the settings file; its folder is the caller's choice.
 inline constexpr const char* settings_file_name = "Tarnvik32.INI";
 
+/// Key of section "Tools" that names a copy of a line with changes that are not saved, for the tools that
+/// print it; empty when the project file itself holds all.
+inline constexpr const char* unsaved_line_key = "Unsaved";
+
 /// Reads the user settings and the values of the project block that the file holds (CurrentFile, ProjectDir,
 /// GeoSpace, NbReceivers, NbShots). Missing file, section or key: the default, no message. A number that does
 /// not fit its place or an unreadable file: a message, what was read stays, the rest has its default.

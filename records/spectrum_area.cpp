@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/files.h"
 #include "core/text/number.h"
 #include "records/record_files.h"
 #include "records/su_file.h"
@@ -14,11 +13,6 @@ namespace {
 
 constexpr int most_traces = 75;
 constexpr const char* tool_name = "SUSPECTRE.EXE";
-
-/// The tool stands in the program's folder as it was named first, or without its ending.
-bool Tool_Exists(const std::string& tool) {
-    return File_Exists(tool) || File_Exists(Derived_File(tool, ".EXE", ""));
-}
 
 }  // namespace
 
@@ -52,7 +46,7 @@ void Show_Spectrum(Workspace& workspace, Ports& ports, const RecordArea& dragged
     }
     const std::string folder = ports.Launch.Program_Folder();
     const std::string tool = folder + "/" + tool_name;
-    if (!Tool_Exists(tool)) {
+    if (!ports.Launch.Has_Tool(tool)) {
         ports.Ask.Say(tool + " is missing", workspace.AppTitle);
         return;
     }

@@ -40,15 +40,22 @@ void Write_Below(const QString& folder, const QString& name, const QByteArray& c
 }  // namespace
 
 int QtLauncher::Start(const std::string& program, const std::string& arguments, const std::string& folder) {
-    const QString tool = Find_Tool(QString::fromStdString(program), QString::fromStdString(Program_Folder()));
-    if (tool.isEmpty()) return file_not_found;
+    const FoundProgram found =
+        Find_Launched(QString::fromStdString(program), QString::fromStdString(Program_Folder()));
+    if (found.Program.isEmpty()) return file_not_found;
     const QString text = QString::fromStdString(arguments);
     // A path with blanks that stands for itself is one argument.
-    const QStringList list =
-        !text.isEmpty() && QFileInfo::exists(text) ? QStringList{text} : QProcess::splitCommand(text);
-    const QString where = QString::fromStdString(folder);
-    return QProcess::startDetached(tool, list, QFileInfo(where).isDir() ? where : QString()) ? launched
-                                                                                             : file_not_found;
+    const QStringList list = found.Before + (!text.isEmpty() && QFileInfo::exists(text)
+                                                 ? QStringList{text}
+                                                 : QProcess::splitCommand(text));
+    const QString where = QFileInfo(QString::fromStdString(folder)).isDir() ? QString::fromStdString(folder)
+                                                                            : QString();
+    return QProcess::startDetached(found.Program, list, where) ? launched : file_not_found;
+}
+
+bool QtLauncher::Has_Tool(const std::string& program) const {
+    return !Find_Launched(QString::fromStdString(program), QString::fromStdString(Program_Folder()))
+                .Program.isEmpty();
 }
 
 ToolResult QtLauncher::Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,

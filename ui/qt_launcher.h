@@ -14,6 +14,7 @@ class QtLauncher : public Launcher {
     void Set_Parent(QWidget* parent) { Parent = parent; }
 
     int Start(const std::string& program, const std::string& arguments, const std::string& folder) override;
+    bool Has_Tool(const std::string& program) const override;
     ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,
                             const ToolProgress& progress) override;
     int Open_Document(const std::string& path) override;

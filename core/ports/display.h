@@ -61,6 +61,7 @@ enum class Dialog {
     PictureExport,
     Header,       ///< header editor of SU files
     rezize,       ///< shorter records, other sampling, fewer channels
+    Conversion,   ///< seismograph files to SU
     Update_FLDR,  ///< numbers of records and traces of recorders that write them badly
 };
 

@@ -36,6 +36,8 @@ class Launcher {
     /// found as "X".
     virtual int Start(const std::string& program, const std::string& arguments,
                       const std::string& folder) = 0;
+    /// True when Start would find this program.
+    virtual bool Has_Tool(const std::string& program) const = 0;
     /// Runs tools one after the other in a working folder, until one fails or the run is stopped. A tool that
     /// is stopped or fails leaves the file of its output as it was.
     virtual ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string& folder,

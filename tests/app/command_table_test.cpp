@@ -147,7 +147,7 @@ const std::vector<Row>& Rows() {
         {"GRM_mnu", [](W& w) { w.Program.Work.Project.TotalTime = w.Program.Work.Project.GrmData(1, 1) = 5; },
          [](W& w) { return w.Shows(Dialog::GRM) && w.Mode_Is(DisplayMode::GrmV); }},
         {"sum", nothing, [](W& w) { return w.Shows(Dialog::Fcalcul) && w.Mode_Is(DisplayMode::Calcul); }},
-        {"print", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"print", nothing, Starts("tvmprint.exe|412|")},
         {"quick", nothing,
          [](W& w) { return w.Shows(Dialog::quick_interpret) && w.Mode_Is(DisplayMode::Quick); }},
         {"ruler2", nothing, Opens(Dialog::RulerF)},
@@ -292,7 +292,8 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Program.Work.Curves.ZeroOnTop && w.Display.Count("curves") == 1; }},
         {"MultiScreen", nothing, [](W& w) { return w.Program.Work.Settings.MultiScreen; }},
 
-        {"winprint", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
+        {"winprint", nothing, Starts("tvmprint.exe|412|")},
+        {"PrintPicture_M", nothing, [](W& w) { return !w.Said("cannot be printed"); }},
         {"Export_M", nothing, [](W& w) { return w.Shows(Dialog::PictureExport); }},
         {"CopyPicture_M", nothing, [](W& w) { return w.Display.Copied == std::vector{Page::Curves}; }},
         {"SectionWmf_M",
@@ -309,7 +310,7 @@ const std::vector<Row>& Rows() {
          [](W& w) { return w.Display.SavedPages == std::vector{w.Folder / "a.JPG"}; }},
         {"SectionClipboard_M", With_Section,
          [](W& w) { return w.Said("You can now paste the map in your app!"); }},
-        {"Print_rec", nothing, Starts("suprint2.exe|")},
+        {"Print_rec", nothing, Starts("suprint2.exe|412|")},
         {"psetup", nothing, [](W& w) { return w.Display.PrinterChosen == 1; }},
 
         {"headerx", nothing, Opens(Dialog::Header)},

@@ -2,7 +2,9 @@
 
 #include "app/dialog_commands.h"
 #include "app/start.h"
+#include "core/project_file.h"
 #include "core/project_save.h"
+#include "core/settings_file.h"
 #include "session_fixture.h"
 #include "support/su_builder.h"
 
@@ -77,6 +79,21 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
     Run_Command(Program, "filtr");
     EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("SU=/data/a.su"), std::string::npos);
     EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/data/a.su|.");
+    // What is not saved is in a copy that the tools print.
+    ASSERT_TRUE(Open_File_Named(Program, Project_File()));
+    Program.Work.CompanionFolder = Folder / "projects";
+    const double total = Program.Work.Project.TotalTime;
+    {
+        const EditScope edit(Program.Work, "Pick");
+        Program.Work.Project.ShotTimes(1, 1) = 77;
+    }
+    Run_Command(Program, "winprint");
+    EXPECT_EQ(World.Launcher.Started.back(), "./tvmprint.exe|412|.");
+    const std::string copy = Read_Setting(Folder / "Tarnvik32.INI", "Tools", "Unsaved");
+    Project printed;
+    ASSERT_TRUE(Parse_Project(Read_File(copy).value_or(""), printed).Whole());
+    EXPECT_EQ(printed.ShotTimes(1, 1), 77);
+    EXPECT_EQ(printed.TotalTime, total);
 }
 
 TEST_F(Commands, a_missing_file_is_not_superposed_and_the_combined_display_not_enlarged) {
@@ -95,7 +112,10 @@ TEST_F(Commands, a_missing_file_is_not_superposed_and_the_combined_display_not_e
 
 TEST_F(Commands, a_picture_without_a_printer_is_refused) {
     World.Display.Printable = false;
-    Run_Command(Program, "print");
+    Run_Command(Program, "PrintPicture_M");
+    EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
+    World.Prompts.Messages.clear();
+    Run_Command(Program, "print");  // no line
     EXPECT_EQ(World.Prompts.Last_Text(), "The GRAPHIC cannot be printed");
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <string>
@@ -95,6 +96,7 @@ class RecordingLauncher : public Launcher {
         Started.push_back(program + "|" + arguments + "|" + folder);
         return Result;
     }
+    bool Has_Tool(const std::string& program) const override { return std::ifstream(program).good(); }
     ToolResult Run_In_Order(const std::vector<ToolCommand>& commands, const std::string&,
                             const ToolProgress& progress) override {
         ToolResult result;

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "ui/running/own_tools.h"
+
 namespace tarnvik {
 
 namespace {
@@ -89,9 +91,8 @@ std::string Run_One(const ToolCommand& command, const QString& folder, const QSt
     return failed ? output.toStdString() + ": " + failed.message() : std::string();
 }
 
-}  // namespace
-
-QString Find_Tool(const QString& program, const QString& program_folder) {
+/// A name as given, without its ".exe", and both in lower case.
+QStringList Spellings(const QString& program) {
     QString given = program;
     given.replace('\\', '/');
     QStringList names{given};
@@ -100,6 +101,11 @@ QString Find_Tool(const QString& program, const QString& program_folder) {
         const QFileInfo file(name);
         names << (file.path() == "." ? QString() : file.path() + '/') + file.fileName().toLower();
     }
+    return names;
+}
+
+/// Where it is named, or in one of the folders for tools.
+QString Find_Beside(const QStringList& names, const QString& program_folder) {
     for (const QString& name : names) {
         if (name.contains('/') && Can_Run(name)) return QFileInfo(name).absoluteFilePath();
     }
@@ -110,11 +116,36 @@ QString Find_Tool(const QString& program, const QString& program_folder) {
             if (Can_Run(beside)) return QFileInfo(beside).absoluteFilePath();
         }
     }
+    return {};
+}
+
+QString Find_On_Path(const QStringList& names) {
     for (const QString& name : names) {
         const QString found = QStandardPaths::findExecutable(QFileInfo(name).fileName());
         if (!found.isEmpty()) return found;
     }
     return {};
+}
+
+}  // namespace
+
+QString Find_Tool(const QString& program, const QString& program_folder) {
+    const QStringList names = Spellings(program);
+    const QString beside = Find_Beside(names, program_folder);
+    return beside.isEmpty() ? Find_On_Path(names) : beside;
+}
+
+FoundProgram Find_Launched(const QString& program, const QString& program_folder) {
+    const QStringList names = Spellings(program);
+    const QString beside = Find_Beside(names, program_folder);
+    if (!beside.isEmpty()) return {beside, {}};
+    for (const QString& name : names) {
+        const QString tool = QFileInfo(name).fileName();
+        if (!Is_Own_Tool(tool)) continue;
+        const QString own = Find_Tool("tarnvik-tools", program_folder);
+        if (!own.isEmpty()) return {own, {tool}};
+    }
+    return {Find_On_Path(names), {}};
 }
 
 std::int64_t Traces_Written(const ToolCommand& command, const std::string& folder) {

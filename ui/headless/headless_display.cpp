@@ -1,4 +1,4 @@
-#include "batch/headless_display.h"
+#include "ui/headless/headless_display.h"
 
 #include "app/pages.h"
 #include "app/session.h"

@@ -1,0 +1,30 @@
+#include "ui/tools/tool_window.h"
+
+#include <QCloseEvent>
+#include <QSettings>
+#include <QVBoxLayout>
+
+namespace tarnvik {
+
+ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& places) : Places(places) {
+    setObjectName(QString::fromLatin1(row.Name.data(), static_cast<qsizetype>(row.Name.size())));
+    setWindowTitle(QString::fromUtf8(row.Title.data(), static_cast<qsizetype>(row.Title.size())));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    Content = row.Make(start).release();
+    Content->Close_Me = [this] { close(); };
+    layout->addWidget(Content);
+    Content->Refresh();
+    const QSettings places_of_windows(Places, QSettings::IniFormat);
+    restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());
+}
+
+ToolWindow::~ToolWindow() = default;
+
+void ToolWindow::closeEvent(QCloseEvent* event) {
+    QSettings(Places, QSettings::IniFormat).setValue("Tools/" + objectName(), saveGeometry());
+    Content->Closed();
+    event->accept();
+}
+
+}  // namespace tarnvik
