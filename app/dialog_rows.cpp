@@ -35,6 +35,7 @@ constexpr std::array dialog_rows = {
     DialogRow{Dialog::GRM_depth, "GRM  Depth computation", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::resu, "Seismic Profile", DialogPlace::Window, DisplayMode::None, true},
     DialogRow{Dialog::Header, "Header editor", DialogPlace::Window, DisplayMode::None, true},
+    DialogRow{Dialog::Conversion, "Seismograph file conversion", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::rezize, "SU file utility", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::Update_FLDR, "Update FLDR and TRACF", DialogPlace::Box, DisplayMode::None, true},
     DialogRow{Dialog::GRM, "GRM", DialogPlace::Dock, DisplayMode::GrmV, true, Tab::Curves},

@@ -4,12 +4,47 @@
 
 #include "core/files.h"
 #include "core/settings_file.h"
+#include "ui/forms/add_csv_form.h"
+#include "ui/forms/conversion_form.h"
+#include "ui/forms/merge_file_form.h"
 
 namespace tarnvik {
 
+namespace {
+
+/// A form that gets the files it is started with.
+template <class FormType>
+std::unique_ptr<Form> Make(ToolStart& start) {
+    std::vector<std::string> files;
+    for (const QString& argument : start.Arguments)
+        files.push_back(argument.toStdString());
+    return std::make_unique<FormType>(start.Program.Outside, start.Program.Work.AppTitle, files);
+}
+
+/// The files behind the code that the main program gives.
+std::unique_ptr<Form> Make_Conversion(ToolStart& start) {
+    Conversion& logic = start.Program.FieldFiles;
+    logic.Remember_In(start.Program.SettingsFile);
+    logic.Title = start.Program.Work.AppTitle;
+    std::vector<std::string> files;
+    for (const QString& argument : start.Arguments) {
+        const bool code = argument == "356" || argument == "412";
+        if (!code) files.push_back(argument.toStdString());
+    }
+    logic.Add(files);
+    return std::make_unique<ConversionForm>(logic);
+}
+
+}  // namespace
+
 std::span<const ToolRow> Tool_Rows() {
     // One row for each tool that has a window.
-    static const std::vector<ToolRow> rows = {};
+    static const std::vector<ToolRow> rows = {
+        {"conversion", "Seismograph file conversion", Make_Conversion},
+        {"SEG2SU", "SEG2 to SU conversion", Make_Conversion},
+        {"merge_file", "Merge SU files", Make<MergeFileForm>},
+        {"add_csv", "Add CSV", Make<AddCsvForm>},
+    };
     return rows;
 }
 
