@@ -38,11 +38,11 @@ TEST_F(Grouping, tables_that_the_program_writes_become_one) {
     Dialog.Sort_By_Name();
     EXPECT_EQ(Dialog.Files.Text(1, 2), "south");
     Dialog.Write();
-    EXPECT_TRUE(Out().starts_with("Travel Time;Geophone;X;Y;Z;v1;v2;V3;V4;E1;E2;E3;Bed Rock;Distance;Line"))
-        << Out();
-    const auto rows = static_cast<int>(std::count(Out().begin(), Out().end(), '\n'));
-    EXPECT_EQ(rows, 1 + 2 * project.NbReceivers);
-    EXPECT_LT(Out().find(";south\r\n"), Out().find(";north\r\n"));
+    const std::string out = Out();
+    EXPECT_TRUE(out.starts_with("Travel Time;Geophone;X;Y;Z;v1;v2;V3;V4;E1;E2;E3;Bed Rock;Distance;Line"))
+        << out;
+    EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 1 + 2 * project.NbReceivers);
+    EXPECT_LT(out.find(";south\r\n"), out.find(";north\r\n"));
     EXPECT_EQ(Dialog.Preview.Text(0, 15), "Line");
 
     // A table of the shots has other columns, and no name of its own.

@@ -48,7 +48,7 @@ FileTable::FileTable(TextGrid& grid, int& row, Actions actions, QWidget* parent)
     List->horizontalHeader()->setHighlightSections(false);
     List->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     List->setMinimumHeight((rows_in_sight + 1) * List->verticalHeader()->defaultSectionSize());
-    List->setMinimumWidth(fontMetrics().averageCharWidth() * 70);
+    List->setMinimumWidth(fontMetrics().averageCharWidth() * 112);
     List->installEventFilter(this);
     // Row and column 0 stand in the headings.
     const auto hide_headings = [this] {
