@@ -1,5 +1,6 @@
 #include "processing/instruments/trace_places.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -56,6 +57,10 @@ bool Put_Scaled(TraceHeader& header, std::span<const PlacedWord> row, int scale_
     std::array<double, elevation_words.size()> values{};
     double largest = 0;
     bool given = false;
+    // Never coarser than the header itself, so that all traces of a file go by one scale.
+    for (const int former : {10, 100, 1000}) {
+        if (header.Word(scale_word) == -former) steps = std::max(steps, former);
+    }
     for (std::size_t i = 0; i < row.size(); ++i) {
         const auto place = row[i].Place != nullptr ? places.*row[i].Place : std::nullopt;
         given = given || place.has_value();
