@@ -59,7 +59,10 @@ SpectrumPlot::SpectrumPlot(QWidget* parent) : QWidget(parent), Plot(new QCustomP
         Plot->setSelectionRectMode(event->button() == Qt::RightButton ? QCP::srmZoom : QCP::srmNone);
     });
     connect(Plot, &QCustomPlot::mouseMove, this, &SpectrumPlot::Follow_Pointer);
-    connect(Plot, &QCustomPlot::mouseDoubleClick, this, &SpectrumPlot::Show_All);
+    connect(Plot, &QCustomPlot::mouseDoubleClick, this, [this] {
+        ToNyquist = !ToNyquist;
+        Show_Whole();
+    });
     Take_Colours();
     Say_Usual();
 }
@@ -104,9 +107,10 @@ bool SpectrumPlot::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void SpectrumPlot::Say_Usual() {
-    Readout->setText(Curves.empty()
-                         ? tr("No spectrum")
-                         : tr("Wheel enlarges, drag moves, right drag spans, double click shows all"));
+    Readout->setText(
+        Curves.empty()
+            ? tr("No spectrum")
+            : tr("Wheel enlarges, drag moves, right drag spans, double click: all or what is strong"));
 }
 
 void SpectrumPlot::Show_Curves(const std::vector<SpectrumCurve>& curves, const Scale& scale) {
@@ -127,12 +131,12 @@ void SpectrumPlot::Show_Curves(const std::vector<SpectrumCurve>& curves, const S
         for (qsizetype k = 0; k < hertz.size(); ++k)
             hertz[k] = static_cast<double>(k) * curve.Step;
         graph->setData(hertz, QVector<double>(curve.Values.begin(), curve.Values.end()), true);
-        graph->setPen(QPen(curve.Ink.isValid() ? curve.Ink : Own_Colour(i), curve.Thick ? 2.5 : 1));
+        graph->setPen(QPen(curve.Ink.isValid() ? curve.Ink : Own_Colour(i), curve.Width));
     }
     Plot->yAxis->setLabel(Axis.Name);
     // What the user enlarged stays while the same is shown of other traces.
     if (other_axis || hertz_before != MostHertz) {
-        Show_All();
+        Show_Whole();
     } else {
         Mark_Band(BandLow, BandHigh);
     }
@@ -147,7 +151,7 @@ void SpectrumPlot::Set_Log_Frequency(bool log) {
         Plot->xAxis->setTicker(QSharedPointer<QCPAxisTickerLog>(new QCPAxisTickerLog));
     else
         Plot->xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
-    Show_All();
+    Show_Whole();
 }
 
 void SpectrumPlot::Mark_Band(double low, double high) {
@@ -164,8 +168,9 @@ void SpectrumPlot::Mark_Band(double low, double high) {
     Plot->replot(QCustomPlot::rpQueuedReplot);
 }
 
-void SpectrumPlot::Show_All() {
-    const double most = MostHertz > 0 ? MostHertz : 1;
+void SpectrumPlot::Show_Whole() {
+    const double all = MostHertz > 0 ? MostHertz : 1;
+    const double most = Axis.InSight > 0 && !ToNyquist ? std::min(Axis.InSight, all) : all;
     Plot->xAxis->setRange(Log ? most / std::pow(10, decades_at_first) : 0, most);
     double low = Axis.Low;
     double high = Axis.High;
@@ -191,7 +196,7 @@ void SpectrumPlot::Follow_Pointer(QMouseEvent* event) {
         Cross->end->setCoords(hertz, Plot->yAxis->range().upper);
         QString text = tr("%1 Hz, period %2 ms").arg(hertz, 0, 'f', 1).arg(1000 / hertz, 0, 'f', 2);
         for (const SpectrumCurve& curve : Curves) {
-            if (!curve.Thick || curve.Values.empty()) continue;
+            if (curve.Width <= 1 || curve.Values.empty()) continue;
             const double place = hertz / curve.Step;
             const auto at = std::min(static_cast<std::size_t>(std::lround(place)), curve.Values.size() - 1);
             text += QString("   %1: %2 %3").arg(curve.Name).arg(curve.Values[at], 0, 'g', 4).arg(Axis.Unit);

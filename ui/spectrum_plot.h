@@ -19,13 +19,14 @@ struct SpectrumCurve {
     QString Name;
     double Step = 0;
     std::vector<double> Values;
-    bool Thick = false;
-    QColor Ink;  ///< one that is not valid gets a colour of its own
+    double Width = 1;  ///< above 1 it is read at the pointer
+    QColor Ink;        ///< one that is not valid gets a colour of its own
 };
 
 /// Spectra over frequency. The wheel enlarges at the pointer, a drag moves, a drag with the right button
-/// enlarges what it spans, a double click shows all; frequency, value and period at the pointer stand under
-/// the plot, of the thick curves.
+/// enlarges what it spans, a double click changes between all and
+/// what is strong; frequency, value and period at the pointer stand under
+/// the plot, of the thicker curves.
 class SpectrumPlot : public QWidget {
     Q_OBJECT
 
@@ -38,7 +39,8 @@ class SpectrumPlot : public QWidget {
         QString Name;
         QString Unit;
         double Low = 0;
-        double High = 0;  ///< as Low: ends by the values
+        double High = 0;     ///< as Low: ends by the values
+        double InSight = 0;  ///< Hz, highest in sight before anything is enlarged; 0: all
     };
     void Show_Curves(const std::vector<SpectrumCurve>& curves, const Scale& scale);
     /// Frequencies by their logarithm; what is in sight stays where it can.
@@ -55,7 +57,7 @@ class SpectrumPlot : public QWidget {
 
   private:
     void Take_Colours();
-    void Show_All();
+    void Show_Whole();
     void Follow_Pointer(QMouseEvent* event);
     void Say_Usual();
 
@@ -67,6 +69,7 @@ class SpectrumPlot : public QWidget {
     Scale Axis;
     double MostHertz = 0;
     bool Log = false;
+    bool ToNyquist = false;  ///< the whole axis, not only what is strong
     double BandLow = 0;
     double BandHigh = 0;
 };

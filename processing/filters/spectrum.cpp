@@ -110,6 +110,15 @@ StrongBand Strong_Band(const Spectrum& spectrum) {
     return band;
 }
 
+double Noteworthy_End(const Spectrum& spectrum) {
+    const std::vector<double>& values = spectrum.Amplitude;
+    if (values.empty()) return 0;
+    const double least = *std::max_element(values.begin(), values.end()) / 50;
+    const auto behind =
+        std::find_if(values.rbegin(), values.rend(), [&](double value) { return value > least; });
+    return static_cast<double>(values.rend() - behind) * spectrum.Step * 1.25;
+}
+
 double Decibels(double amplitude, double reference, double lowest) {
     if (!(amplitude > 0) || !(reference > 0)) return lowest;
     return std::max(20 * std::log10(amplitude / reference), lowest);

@@ -55,6 +55,10 @@ struct StrongBand {
 };
 StrongBand Strong_Band(const Spectrum& spectrum);
 
+/// Highest frequency at which a spectrum has more than a fiftieth of its largest amplitude, and a quarter
+/// above it: what is worth being looked at.
+double Noteworthy_End(const Spectrum& spectrum);
+
 /// Amplitude against a reference in dB, at least `lowest`.
 double Decibels(double amplitude, double reference, double lowest);
 

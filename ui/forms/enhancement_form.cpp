@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/forms/form_keys.h"
 #include "ui/forms/long_work.h"
@@ -37,6 +38,7 @@ EnhancementForm::EnhancementForm(std::unique_ptr<Enhancement> logic) : Logic(std
     Ui::EnhancementForm controls;
     controls.setupUi(this);
     setAcceptDrops(true);
+    setMinimumSize(980, 560);
     Soon.setSingleShot(true);
     connect(&Soon, &QTimer::timeout, this, [this] {
         Logic->Update();
@@ -150,7 +152,7 @@ void EnhancementForm::Tie_Filters(Ui::EnhancementForm& controls) {
             Logic->Corner_Typed();
             Try();
         });
-        corners[i]->setMinimumWidth(width);
+        corners[i]->setFixedWidth(width);
     }
     tick(controls.MuteOn, Logic->MuteOn, {controls.MuteMs, controls.MuteUnit});
     Fields.Text(controls.MuteMs, Logic->MuteMs, changed);
@@ -165,9 +167,15 @@ void EnhancementForm::Tie_Filters(Ui::EnhancementForm& controls) {
     Fields.Text(controls.LastReversed, Logic->LastReversed, changed);
     for (QLineEdit* trace :
          {controls.FirstTrace, controls.LastTrace, controls.FirstReversed, controls.LastReversed}) {
-        trace->setMinimumWidth(width);
+        trace->setFixedWidth(width);
         trace->setPlaceholderText(tr("all"));
     }
+    for (QWidget* number :
+         std::initializer_list<QWidget*>{controls.Harmonics, controls.MuteMs, controls.AgcMs})
+        number->setFixedWidth(width);
+    controls.HumHertz->setFixedWidth(width + 12);
+    for (QGridLayout* grid : {controls.notchGrid, controls.gainGrid})
+        grid->setColumnStretch(0, 1);
     controls.choicesArea->setFixedWidth(controls.choices->sizeHint().width() + 18);
 }
 
@@ -202,19 +210,22 @@ void EnhancementForm::Draw() {
     Logic->Draw_After(After->Canvas());
     Logic->Draw_Scale(Scale->Canvas());
     std::vector<SpectrumCurve> curves;
-    const auto add = [&curves](const QString& name, const Spectrum& spectrum, const QColor& ink) {
+    const auto add = [&curves](const QString& name, const Spectrum& spectrum, const QColor& ink,
+                               double width) {
         if (!spectrum.Amplitude.empty())
-            curves.push_back({name, spectrum.Step, spectrum.Amplitude, true, ink});
+            curves.push_back({name, spectrum.Step, spectrum.Amplitude, width, ink});
     };
+    const double in_sight =
+        std::max(Noteworthy_End(Logic->Spectrum_Before()), Noteworthy_End(Logic->Spectrum_After()));
     // Each to its own peak: a gain would flatten the other one.
-    add(tr("Before"), Logic->Spectrum_Before(), before_ink);
-    add(tr("After"), Logic->Spectrum_After(), after_ink);
+    add(tr("Before"), Logic->Spectrum_Before(), before_ink, 5);
+    add(tr("After"), Logic->Spectrum_After(), after_ink, 2);
     for (SpectrumCurve& curve : curves) {
         const double peak = *std::max_element(curve.Values.begin(), curve.Values.end());
         for (double& value : curve.Values)
             value = peak > 0 ? value / peak : 0;
     }
-    Plot->Show_Curves(curves, {tr("Share of the peak"), QString(), 0, 0});
+    Plot->Show_Curves(curves, {tr("Share of the peak"), QString(), 0, 0, in_sight});
 }
 
 void EnhancementForm::Write() {

@@ -23,6 +23,7 @@ SpectrumForm::SpectrumForm(std::unique_ptr<SpectrumOfTraces> logic) : Logic(std:
     Ui::SpectrumForm controls;
     controls.setupUi(this);
     setAcceptDrops(true);
+    setMinimumSize(760, 480);
     Plot = new SpectrumPlot;
     controls.plotPlace->addWidget(Plot, 1);
     controls.middle->setStretch(1, 1);
@@ -52,8 +53,7 @@ void SpectrumForm::Tie(Ui::SpectrumForm& controls) {
                                          {controls.LastTrace, &Logic->LastTrace},
                                          {controls.FirstSample, &Logic->FirstSample},
                                          {controls.LastSample, &Logic->LastSample}}) {
-        control->setMinimumWidth(width);
-        control->setMaximumWidth(2 * width);
+        control->setFixedWidth(width);
         Fields.Text(control, *field, compute);
     }
     controls.Shown->addItems({tr("Amplitude"), tr("Amplitude, dB"), tr("Phase")});
@@ -94,24 +94,25 @@ void SpectrumForm::Draw() {
         std::int64_t trace = Logic->First();
         for (const Spectrum& one : Logic->Spectra()) {
             if (Logic->EachTrace)
-                curves.push_back({tr("Trace %1").arg(trace), one.Step, Logic->Values(one), false, QColor()});
+                curves.push_back({tr("Trace %1").arg(trace), one.Step, Logic->Values(one), 1, QColor()});
             ++trace;
         }
         const Spectrum& mean = Logic->Mean_Spectrum();
         const QString name = Logic->Shown == SpectrumOfTraces::Phase ? tr("sum") : tr("mean");
-        curves.push_back({name, mean.Step, Logic->Values(mean), true, mean_ink});
+        curves.push_back({name, mean.Step, Logic->Values(mean), 2.5, mean_ink});
     }
     switch (Logic->Shown) {
         case SpectrumOfTraces::Decibel:
             Plot->Show_Curves(curves, {tr("Amplitude (dB below the peak of the mean)"), "dB",
-                                       SpectrumOfTraces::lowest_decibel, 20});
+                                       SpectrumOfTraces::lowest_decibel, 20, 0});
             break;
         case SpectrumOfTraces::Phase:
             Plot->Show_Curves(curves,
-                              {tr("Phase (degrees, of a cosine from the first sample)"), "°", -180, 180});
+                              {tr("Phase (degrees, of a cosine from the first sample)"), "°", -180, 180, 0});
             break;
         default:
-            Plot->Show_Curves(curves, {tr("Amplitude"), QString(), 0, 0});
+            Plot->Show_Curves(curves,
+                              {tr("Amplitude"), QString(), 0, 0, Noteworthy_End(Logic->Mean_Spectrum())});
             break;
     }
     const StrongBand band = Logic->Band();
