@@ -7,6 +7,8 @@
 #include "ui/forms/add_csv_form.h"
 #include "ui/forms/conversion_form.h"
 #include "ui/forms/merge_file_form.h"
+#include "ui/forms/enhancement_form.h"
+#include "ui/forms/spectrum_form.h"
 
 namespace tarnvik {
 
@@ -35,6 +37,31 @@ std::unique_ptr<Form> Make_Conversion(ToolStart& start) {
     return std::make_unique<ConversionForm>(logic);
 }
 
+/// All arguments as one text: a path may hold blanks.
+std::string Whole_Line(const ToolStart& start) {
+    return start.Arguments.join(' ').trimmed().toStdString();
+}
+
+/// The file told, or the records that the main program has open.
+std::unique_ptr<Form> Make_Enhancement(ToolStart& start) {
+    const std::string& settings = start.Program.SettingsFile;
+    auto logic = std::make_unique<Enhancement>(start.Program.Outside, start.Program.Work.AppTitle, settings);
+    std::string file = Whole_Line(start);
+    if (file.empty()) {
+        file = Line_Of_Main_Program(settings).SuFile;
+        if (!File_Exists(file)) file.clear();
+    }
+    if (!file.empty()) logic->Take_Up(file);
+    return std::make_unique<EnhancementForm>(std::move(logic));
+}
+
+std::unique_ptr<Form> Make_Spectrum(ToolStart& start) {
+    auto logic = std::make_unique<SpectrumOfTraces>(start.Program.Outside, start.Program.Work.AppTitle,
+                                                    start.Program.SettingsFile);
+    logic->Take_Arguments(Whole_Line(start));
+    return std::make_unique<SpectrumForm>(std::move(logic));
+}
+
 }  // namespace
 
 std::span<const ToolRow> Tool_Rows() {
@@ -44,6 +71,8 @@ std::span<const ToolRow> Tool_Rows() {
         {"SEG2SU", "SEG2 to SU conversion", Make_Conversion},
         {"merge_file", "Merge SU files", Make<MergeFileForm>},
         {"add_csv", "Add CSV", Make<AddCsvForm>},
+        {"reverse", "SU enhancement", Make_Enhancement},
+        {"SUSPECTRE", "Spectrum", Make_Spectrum},
     };
     return rows;
 }

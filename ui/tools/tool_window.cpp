@@ -1,6 +1,7 @@
 #include "ui/tools/tool_window.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 #include <QSettings>
 #include <QVBoxLayout>
 
@@ -15,6 +16,11 @@ ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& plac
     Content->Close_Me = [this] { close(); };
     layout->addWidget(Content);
     Content->Refresh();
+    // As large as the form wants to be; by itself a window begins with two thirds of the screen at most.
+    constexpr double share_of_screen = 0.92;
+    resize(Content->sizeHint()
+               .expandedTo(Content->minimumSizeHint())
+               .boundedTo(screen()->availableSize() * share_of_screen));
     const QSettings places_of_windows(Places, QSettings::IniFormat);
     restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());
 }
