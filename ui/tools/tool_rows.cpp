@@ -4,12 +4,33 @@
 
 #include "core/files.h"
 #include "core/settings_file.h"
+#include "core/text/letters.h"
+#include "ui/forms/line_sheet_form.h"
 
 namespace tarnvik {
 
+namespace {
+
+/// The sheet of the line that the main program has open, or of the project named.
+std::unique_ptr<Form> Make_Line_Sheet(ToolStart& start) {
+    auto form = std::make_unique<LineSheetForm>(start.Program);
+    const std::string named = start.Arguments.value(0).toStdString();
+    const NamedLine line = Line_Of_Main_Program(start.Program.SettingsFile);
+    if (LCase(Right(named, 4)) == ".tv5") {
+        form->Open(named, named, false);
+    } else if (!line.ProjectFile.empty()) {
+        form->Open(line.ProjectFile, line.Name, line.Unsaved);
+    }
+    return form;
+}
+
+}  // namespace
+
 std::span<const ToolRow> Tool_Rows() {
     // One row for each tool that has a window.
-    static const std::vector<ToolRow> rows = {};
+    static const std::vector<ToolRow> rows = {
+        {"tvmprint", "Sheet of a line", Make_Line_Sheet},
+    };
     return rows;
 }
 
