@@ -15,6 +15,7 @@
 #include "output/profile.h"
 #include "output/profile_painting.h"
 #include "output/report_model.h"
+#include "output/report_view.h"
 #include "output/section.h"
 #include "output/section_window.h"
 #include "output/title_block.h"
@@ -38,6 +39,7 @@ constexpr double grm_stretch = 1.16;  ///< of the arcs of GRM
 constexpr int grm_bedrock_row = 9;
 // Points.
 constexpr SectionRoom section_room = {.Right = 78, .Above = 42};
+constexpr double least_below = 0.1;  ///< of a section's height, below its deepest interface
 constexpr double note_height = 5;  // mm
 constexpr std::size_t remark_letters = 44;
 constexpr std::size_t most_remark_rows = 5;
@@ -119,7 +121,10 @@ double Deepest_Arc(const Workspace& work, SectionSource source) {
 
 }  // namespace
 
-LineSheet::LineSheet(Session& session) : Program(session) {}
+LineSheet::LineSheet(Session& session) : Program(session) {
+    // Three panels above each other want height.
+    Paper.Upright = true;
+}
 
 void LineSheet::Open(const std::string& file, const std::string& name, bool unsaved) {
     Line.clear();
@@ -265,7 +270,16 @@ std::optional<LinePanel> LineSheet::Section_Panel() {
         Missing.push_back("Without the section: " + reason);
         return std::nullopt;
     }
-    const SectionWindow window = Whole_Section(work);
+    // The grid reaches from ten to ten; empty paper above and below is worth a larger scale.
+    SectionWindow window = Whole_Section(work);
+    ReportChoices interfaces;
+    interfaces.Source = work.Section.Source;
+    interfaces.Shape = InterfaceShape::Joined;
+    const SectionWindow extent = Report_Extent(work.Project, Models_Of(work.Project, interfaces));
+    const double room = std::max(1.0, least_below * (extent.Top - extent.Bottom));
+    window.Top = std::min(window.Top, std::ceil(extent.Top) + 1);
+    window.Bottom = std::max(window.Bottom, std::floor(extent.Bottom - room));
+    work.Section.Enlarged = window;
     LinePanel panel;
     panel.Layout = Section_Layout();
     panel.Room = section_room;

@@ -185,7 +185,7 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             break;
         case Page::Record:
             Draw_Traces(session.Work, pictures.Main, Su_Path(session.Work.Project),
-                        Curve_Colours(session.Work));
+                        Curve_Colours(session.Work), pictures.Picks);
             Draw_Time_Scale(session.Work.Record, pictures.Beside);
             Draw_Record_Header(session.Work, pictures.Below, Su_Path(session.Work.Project));
             break;

@@ -24,6 +24,7 @@ struct PagePictures {
     Picture& Beside;
     bool OnPaper = true;  ///< or on the screen, where what moves under the hand stands as marks
     std::optional<SectionRoom> Room = {};  ///< of a coloured section; nothing: as its letters need it
+    bool Picks = true;                     ///< of a field record
 };
 
 /// The colours of the travel-time curves, for the record that shows them too. The project must outlive the

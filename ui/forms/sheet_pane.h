@@ -41,6 +41,7 @@ class SheetPane : public QWidget {
   public:
     /// `tool` names the section of the settings that remembers the choices.
     SheetPane(Session& session, SheetSource& source, const std::string& tool);
+    QSize sizeHint() const override { return {820, 680}; }
     /// The sheets have changed.
     void Refresh();
     /// Goes to a page, from 0.

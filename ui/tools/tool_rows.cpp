@@ -6,6 +6,7 @@
 #include "core/settings_file.h"
 #include "core/text/letters.h"
 #include "ui/forms/line_sheet_form.h"
+#include "ui/forms/record_sheets_form.h"
 
 namespace tarnvik {
 
@@ -24,11 +25,27 @@ std::unique_ptr<Form> Make_Line_Sheet(ToolStart& start) {
     return form;
 }
 
+/// The records of that line on paper, or of the SU file or project named.
+std::unique_ptr<Form> Make_Record_Sheets(ToolStart& start) {
+    auto form = std::make_unique<RecordSheetsForm>(start.Program);
+    const std::string named = start.Arguments.value(0).toStdString();
+    const NamedLine line = Line_Of_Main_Program(start.Program.SettingsFile);
+    if (named.find('.') != std::string::npos) {
+        form->Logic.Open_File(named);
+    } else if (!line.ProjectFile.empty()) {
+        form->Logic.Open_Line(line.ProjectFile, line.Name);
+    } else if (!line.SuFile.empty()) {
+        form->Logic.Open_File(line.SuFile);
+    }
+    return form;
+}
+
 }  // namespace
 
 std::span<const ToolRow> Tool_Rows() {
     // One row for each tool that has a window.
     static const std::vector<ToolRow> rows = {
+        {"suprint2", "Records on paper", Make_Record_Sheets},
         {"tvmprint", "Sheet of a line", Make_Line_Sheet},
     };
     return rows;
