@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/paper_choice.h"
+#include "output/sheets/paper_choice.h"
 #include "output/sheets/sheet_source.h"
 
 namespace tarnvik {

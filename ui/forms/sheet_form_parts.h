@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/paper_choice.h"
+#include "output/sheets/paper_choice.h"
 #include "ui/field_binder.h"
 
 namespace tarnvik {

@@ -5,6 +5,7 @@
 #include "core/files.h"
 #include "core/settings_file.h"
 #include "core/text/letters.h"
+#include "ui/forms/joined_profiles_form.h"
 #include "ui/forms/line_sheet_form.h"
 #include "ui/forms/record_sheets_form.h"
 
@@ -40,6 +41,16 @@ std::unique_ptr<Form> Make_Record_Sheets(ToolStart& start) {
     return form;
 }
 
+/// Profiles of the projects named, or of a set of them; nothing otherwise.
+std::unique_ptr<Form> Make_Joined_Profiles(ToolStart& start) {
+    auto form = std::make_unique<JoinedProfilesForm>(start.Program);
+    std::vector<std::string> files;
+    for (const QString& file : start.Arguments)
+        files.push_back(file.toStdString());
+    form->Take(files);
+    return form;
+}
+
 }  // namespace
 
 std::span<const ToolRow> Tool_Rows() {
@@ -47,6 +58,7 @@ std::span<const ToolRow> Tool_Rows() {
     static const std::vector<ToolRow> rows = {
         {"suprint2", "Records on paper", Make_Record_Sheets},
         {"tvmprint", "Sheet of a line", Make_Line_Sheet},
+        {"TVProfile", "Joined profiles", Make_Joined_Profiles},
     };
     return rows;
 }

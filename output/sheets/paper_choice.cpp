@@ -1,4 +1,4 @@
-#include "app/paper_choice.h"
+#include "output/sheets/paper_choice.h"
 
 #include <algorithm>
 
