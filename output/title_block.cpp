@@ -108,7 +108,7 @@ class BlockPainting {
             double text = x;
             if (row.Sample) {
                 const double middle = top + Main.Size_Of(row.Text).Height / 2;
-                Main.Set_Draw_Width(2);
+                Main.Set_Draw_Width(row.SampleWidth);
                 Main.Line(X(x), Y(middle), X(x + (sample_length - rim) * Point), Y(middle), row.SampleColour);
                 Main.Set_Draw_Width(1);
                 text += sample_length * Point;

@@ -14,6 +14,7 @@ struct TitleRow {
     bool Large = false;
     bool Sample = false;  ///< a line in SampleColour stands before the text
     Colour SampleColour = colours::Black;
+    int SampleWidth = 2;  ///< of that line, points
 };
 
 /// Rows that stand together, in a frame.

@@ -18,6 +18,7 @@ constexpr std::array fills = {Rgb(244, 224, 156), Rgb(214, 178, 118), Rgb(166, 1
 constexpr int usual_font = 8;
 constexpr int name_font = 9;
 constexpr int interface_width = 2;  // points
+constexpr int fill_sample = 12;     // width of a filled layer's stroke in the legend
 constexpr Colour limit_colour = 0x909090;
 
 /// A fill's lines: the same colour, darker.
@@ -157,7 +158,10 @@ class JoinedPainting {
         for (int first = 1; first <= Profiles.Layers(); first += 3) {
             TitleCell key;
             for (int layer = first; layer < first + 3 && layer <= Profiles.Layers(); ++layer)
-                key.Rows.push_back({.Text = Layer_Text(layer), .Sample = true, .SampleColour = Sample(layer)});
+                key.Rows.push_back({.Text = Layer_Text(layer),
+                                    .Sample = true,
+                                    .SampleColour = Sample(layer),
+                                    .SampleWidth = Profiles.Filled ? fill_sample : interface_width});
             cells.push_back(key);
         }
         const Frame size = Main.Current_Frame();

@@ -21,6 +21,11 @@ namespace {
 
 constexpr int visible_rows = 6;
 
+const std::vector<std::string>& Offered_Exaggerations() {
+    static const std::vector<std::string> all = {"fitting", "1", "1.5", "2", "2.5", "3", "4", "5", "10"};
+    return all;
+}
+
 std::string Centimetres(double value) {
     constexpr double digits = 100;
     return Tick_Text(Rounded(value * digits) / digits);
@@ -107,7 +112,7 @@ void JoinedProfilesForm::Bind(const Ui::JoinedProfilesForm& controls) {
     Fields.Choice(controls.Shape, Logic.Shape, changed);
     Fields.Tick(controls.Filled, Logic.Filled, changed);
     Fields.Entries(controls.Scale, Offered_Scales());
-    Fields.Entries(controls.Exaggeration, {"fitting", "1", "1.5", "2", "2.5", "3", "4", "5", "10"});
+    Fields.Entries(controls.Exaggeration, Offered_Exaggerations());
     Fields.Finished_Text(controls.Scale, Logic.Scale, changed);
     Fields.Finished_Text(controls.Exaggeration, Logic.Exaggeration, changed);
     Fields.Finished_Text(controls.LowestElevation, Logic.LowestElevation, changed);
