@@ -4,10 +4,14 @@
 
 #include "core/files.h"
 #include "core/settings_file.h"
+#include "core/text/letters.h"
 #include "ui/forms/add_csv_form.h"
 #include "ui/forms/conversion_form.h"
-#include "ui/forms/merge_file_form.h"
 #include "ui/forms/enhancement_form.h"
+#include "ui/forms/joined_profiles_form.h"
+#include "ui/forms/line_sheet_form.h"
+#include "ui/forms/merge_file_form.h"
+#include "ui/forms/record_sheets_form.h"
 #include "ui/forms/spectrum_form.h"
 
 namespace tarnvik {
@@ -62,6 +66,44 @@ std::unique_ptr<Form> Make_Spectrum(ToolStart& start) {
     return std::make_unique<SpectrumForm>(std::move(logic));
 }
 
+/// The sheet of the line that the main program has open, or of the project named.
+std::unique_ptr<Form> Make_Line_Sheet(ToolStart& start) {
+    auto form = std::make_unique<LineSheetForm>(start.Program);
+    const std::string named = start.Arguments.value(0).toStdString();
+    const NamedLine line = Line_Of_Main_Program(start.Program.SettingsFile);
+    if (LCase(Right(named, 4)) == ".tv5") {
+        form->Open(named, named, false);
+    } else if (!line.ProjectFile.empty()) {
+        form->Open(line.ProjectFile, line.Name, line.Unsaved);
+    }
+    return form;
+}
+
+/// The records of that line on paper, or of the SU file or project named.
+std::unique_ptr<Form> Make_Record_Sheets(ToolStart& start) {
+    auto form = std::make_unique<RecordSheetsForm>(start.Program);
+    const std::string named = start.Arguments.value(0).toStdString();
+    const NamedLine line = Line_Of_Main_Program(start.Program.SettingsFile);
+    if (named.find('.') != std::string::npos) {
+        form->Logic.Open_File(named);
+    } else if (!line.ProjectFile.empty()) {
+        form->Logic.Open_Line(line.ProjectFile, line.Name);
+    } else if (!line.SuFile.empty()) {
+        form->Logic.Open_File(line.SuFile);
+    }
+    return form;
+}
+
+/// Profiles of the projects named, or of a set of them; nothing otherwise.
+std::unique_ptr<Form> Make_Joined_Profiles(ToolStart& start) {
+    auto form = std::make_unique<JoinedProfilesForm>(start.Program);
+    std::vector<std::string> files;
+    for (const QString& file : start.Arguments)
+        files.push_back(file.toStdString());
+    form->Take(files);
+    return form;
+}
+
 }  // namespace
 
 std::span<const ToolRow> Tool_Rows() {
@@ -73,6 +115,9 @@ std::span<const ToolRow> Tool_Rows() {
         {"add_csv", "Add CSV", Make<AddCsvForm>},
         {"reverse", "SU enhancement", Make_Enhancement},
         {"SUSPECTRE", "Spectrum", Make_Spectrum},
+        {"suprint2", "Records on paper", Make_Record_Sheets},
+        {"tvmprint", "Sheet of a line", Make_Line_Sheet},
+        {"TVProfile", "Joined profiles", Make_Joined_Profiles},
     };
     return rows;
 }

@@ -22,7 +22,9 @@ ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& plac
                .expandedTo(Content->minimumSizeHint())
                .boundedTo(screen()->availableSize() * share_of_screen));
     const QSettings places_of_windows(Places, QSettings::IniFormat);
-    restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());
+    // A window that was never placed is as large as its form wants, on the screen that there is.
+    if (!restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray()))
+        resize(sizeHint().boundedTo(screen()->availableSize() - QSize(40, 60)));
 }
 
 ToolWindow::~ToolWindow() = default;
