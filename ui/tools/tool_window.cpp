@@ -2,7 +2,10 @@
 
 #include <QCloseEvent>
 #include <QSettings>
+#include <QShortcut>
 #include <QVBoxLayout>
+
+#include "app/documents.h"
 
 namespace tarnvik {
 
@@ -14,6 +17,9 @@ ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& plac
     Content = row.Make(start).release();
     Content->Close_Me = [this] { close(); };
     layout->addWidget(Content);
+    new QShortcut(
+        QKeySequence(help_key), this,
+        [&session = start.Program, chapter = std::string(row.Chapter)] { Open_Chapter(session, chapter); });
     Content->Refresh();
     const QSettings places_of_windows(Places, QSettings::IniFormat);
     restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());

@@ -1,0 +1,127 @@
+#include "picture_stage.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <stdexcept>
+
+#include "app/commands.h"
+#include "app/start.h"
+
+namespace tarnvik {
+
+Answer StagePrompts::Message(const std::string& text, const std::string&, Icon, Buttons buttons) {
+    Said.push_back(text);
+    switch (buttons) {
+        case Buttons::YesNo:
+        case Buttons::YesNoCancel:
+            return AnswerYes ? Answer::Yes : Answer::No;
+        case Buttons::SaveDiscardCancel:
+        case Buttons::RenumberKeepCancel:
+            return Answer::No;
+        case Buttons::OkCancel:
+            return Answer::Cancel;
+        default:
+            return Answer::Ok;
+    }
+}
+
+PictureStage::PictureStage(const std::string& work_folder, const QString& pictures,
+                           const std::string& project)
+    : Pictures(pictures), Line({Prompts, Display, Launcher}, work_folder + "/Tarnvik32.INI") {
+    Launcher.Folder = work_folder;
+    Display.Attach(Line);
+    // A file of its own that is never written: each picture starts from the places of a first start.
+    Window = std::make_unique<MainWindow>(Line, Display,
+                                          QString::fromStdString(work_folder) + "/no such file.ini");
+    Window->resize(1280, 800);
+    Window->show();
+    Settle();
+    if (project.empty()) return;
+    Form_Load(Line, '"' + work_folder + "/" + project + '"');
+    Settle();
+    if (Line.Work.Project.NbShots == 0) throw std::runtime_error(project + " cannot be opened");
+}
+
+PictureStage::~PictureStage() {
+    Display.End_Program();
+}
+
+void PictureStage::Settle() {
+    // The layout of one turn can ask for a drawing in the next.
+    for (int turn = 0; turn < 8; ++turn)
+        QApplication::processEvents();
+}
+
+void PictureStage::Show(Tab tab) {
+    Display.Select_Tab(tab);
+    Display.Show_Fields();
+    Settle();
+}
+
+void PictureStage::Run(const char* command) {
+    const Command* known = Find_Command(command);
+    if (known == nullptr) throw std::runtime_error(std::string("there is no command ") + command);
+    if (const std::string refusal = Refusal_Of(*known, Line); !refusal.empty())
+        throw std::runtime_error(std::string(command) + " is refused: " + refusal);
+    Run_Command(Line, command);
+    Settle();
+}
+
+void PictureStage::Close(Dialog dialog) {
+    Display.Close_Dialog(dialog);
+    Settle();
+}
+
+void PictureStage::Save(const QString& name, QWidget& widget, const QRect& part) {
+    Settle();
+    const QPixmap picture = widget.grab(part);
+    const QString path = Pictures + "/" + name + ".png";
+    if (picture.isNull() || !picture.save(path))
+        throw std::runtime_error("the picture " + name.toStdString() + " cannot be made");
+}
+
+void PictureStage::Take_Window(const QString& name, double part_of_height) {
+    Display.Show_Fields();
+    Settle();
+    const QRect part(0, 0, Window->width(), static_cast<int>(Window->height() * part_of_height));
+    Save(name, *Window, part);
+}
+
+void PictureStage::Take_Form(const QString& name, Dialog dialog) {
+    Display.Show_Fields();
+    Settle();
+    Form* form = Display.Open_Form(dialog);
+    if (form == nullptr)
+        throw std::runtime_error("the dialog of the picture " + name.toStdString() + " is not open");
+    Save(name, *form, form->rect());
+}
+
+void PictureStage::Take_Control(const QString& name, const char* object_name) {
+    auto* control = Window->findChild<QWidget*>(object_name);
+    if (control == nullptr)
+        throw std::runtime_error("the picture " + name.toStdString() + " finds no " + object_name);
+    Save(name, *control, control->rect());
+}
+
+void PictureStage::Take_Modal(const QString& name, const char* command, Dialog dialog,
+                              const std::function<void()>& prepare) {
+    std::string failure;
+    bool taken = false;
+    // A dialog that does not come up would let the caller wait for ever.
+    QTimer::singleShot(0, Window.get(), [&] {
+        try {
+            if (prepare) prepare();
+            Take_Form(name, dialog);
+            taken = true;
+        } catch (const std::exception& fault) {
+            failure = fault.what();
+        }
+        Close(dialog);
+    });
+    Run(command);
+    Settle();
+    if (!failure.empty()) throw std::runtime_error(failure);
+    if (!taken) throw std::runtime_error("the dialog of the picture " + name.toStdString() + " did not open");
+}
+
+}  // namespace tarnvik
