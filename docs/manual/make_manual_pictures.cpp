@@ -1,6 +1,6 @@
-// Pictures of the manual: the tabs and dialogs of the program on the demo lines, as PNG, and the list of keys as
-// a page of Markdown. `make_manual_pictures WORK PICTURES`: WORK holds the lines, prepared, and takes settings;
-// PICTURES gets the files. Any dialog that cannot be shown ends it with a message.
+// Pictures of the manual: the tabs and dialogs of the program on the demo lines, as PNG, and the list of keys
+// as a page of Markdown. `make_manual_pictures WORK PICTURES`: WORK holds the lines, prepared, and takes
+// settings; PICTURES gets the files. Any dialog that cannot be shown ends it with a message.
 
 #include <QApplication>
 #include <QComboBox>
@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "app/commands.h"
+#include "app/dialog_commands.h"
 #include "app/dialog_rows.h"
 #include "app/key_list.h"
 #include "core/files.h"
@@ -18,30 +19,42 @@ namespace tarnvik {
 
 namespace {
 
+/// Pictures of two builds are the same.
+constexpr const char* day = "2026-12-01";
+
 /// Longest time that all the pictures may take; a dialog that waits for an answer would never end.
 constexpr int longest_ms = 240'000;
 
-void Without_Line(const std::string& work, const QString& pictures) {
-    PictureStage stage(work, pictures, "");
+void Without_Line(const QString& pictures) {
+    PictureStage stage(pictures, "");
     stage.Take_Modal("start", "Version_N", Dialog::frmSplash);
     StagePrompts& answers = stage.Answers();
     answers.AnswerYes = true;
-    answers.FileToOpen = work + "/records.su";
+    answers.FileToOpen = "line/demo1.su";
     stage.Take_Modal("new_profile", "T_Assembly", Dialog::rechinfo);
     answers.AnswerYes = false;
     stage.Run("Keys_M");
     stage.Take_Form("keys", Dialog::Keys);
 }
 
-void Records_And_Tables(const std::string& work, const QString& pictures) {
-    PictureStage stage(work, pictures, "demo1.tv5");
+void Records_And_Tables(const QString& pictures) {
+    PictureStage stage(pictures, "plain/demo1.tv5");
     stage.Show(Tab::Record);
+    stage.Run("Command23");
+    stage.Run("Command23");
     stage.Take_Window("record");
+    stage.Run("Command24");
     stage.Run("Command5");
-    stage.Program().AutomaticPicking.Set_Start(12.5, 13.5);
+    AutoPik& picking = stage.Program().AutomaticPicking;
+    picking.ReplaceHand = true;
+    picking.Frequency = "100";
+    picking.Frequency_Changed();
+    picking.MinAmplitude = "0.02";
+    picking.Set_Start(1, 12);
     stage.Take_Window("automatic_picking_window");
     stage.Take_Form("automatic_picking", Dialog::AutoPik);
     stage.Run("Command5");
+    stage.Run("Undo_M");
     stage.Show(Tab::Tables);
     stage.Take_Window("tables");
     stage.Show(Tab::Curves);
@@ -60,9 +73,16 @@ void Records_And_Tables(const std::string& work, const QString& pictures) {
         line.Speed.Command5();
         PictureStage::Settle();
     };
+    line.Speed.ThroughShot = true;
+    velocity("2", "1", "1", "4");
+    Save_Velocity_And_Go_On(line);
+    line.Speed.ThroughShot = false;
     velocity("2", "2", "5", "9");
     stage.Take_Window("velocity_window");
     stage.Take_Form("velocity", Dialog::SpeedF);
+    Save_Velocity_And_Go_On(line);
+    velocity("2", "3", "10", "24");
+    Save_Velocity_And_Go_On(line);
     stage.Close(Dialog::SpeedF);
 
     stage.Run("Vel2name");
@@ -89,8 +109,8 @@ void Records_And_Tables(const std::string& work, const QString& pictures) {
 
     stage.Run("dipc");
     line.Dip.Velocity1 = "600";
-    line.Dip.UpDip = "1628";
-    line.Dip.DownDip = "1574";
+    line.Dip.UpDip = "1672";
+    line.Dip.DownDip = "1534";
     line.Dip.Calcul_dip();
     stage.Take_Form("dip", Dialog::dip);
     stage.Close(Dialog::dip);
@@ -109,6 +129,10 @@ void Records_And_Tables(const std::string& work, const QString& pictures) {
     line.Quick.Shot_Changed();
     line.Quick.LayerCount = "3";
     line.Quick.Layers_Changed();
+    QuickLimits knees{};
+    knees[2][1] = 16;
+    knees[2][2] = 36;
+    line.Quick.Take_Limits(knees);
     stage.Take_Window("quick_window");
     stage.Take_Form("quick", Dialog::quick_interpret);
     stage.Close(Dialog::quick_interpret);
@@ -123,6 +147,9 @@ void Records_And_Tables(const std::string& work, const QString& pictures) {
     stage.Run("ruler2");
     stage.Take_Form("ruler", Dialog::RulerF);
     stage.Close(Dialog::RulerF);
+    stage.Run("History_M");
+    stage.Take_Form("history", Dialog::History);
+    stage.Close(Dialog::History);
     stage.Run("headerx");
     stage.Take_Form("header_editor", Dialog::Header);
     stage.Close(Dialog::Header);
@@ -137,8 +164,8 @@ void Records_And_Tables(const std::string& work, const QString& pictures) {
     stage.Run("SideBySide_M");
 }
 
-void Interpreted_Line(const std::string& work, const QString& pictures) {
-    PictureStage stage(work, pictures, "interpreted.tv5");
+void Interpreted_Line(const QString& pictures) {
+    PictureStage stage(pictures, "interpreted/demo1.tv5");
     Session& line = stage.Program();
     stage.Show(Tab::Curves);
     stage.Take_Window("curves");
@@ -159,6 +186,7 @@ void Interpreted_Line(const std::string& work, const QString& pictures) {
     stage.Take_Window("depth_window");
     stage.Take_Form("depth", Dialog::Fcalcul);
     stage.Close(Dialog::Fcalcul);
+    line.Work.Velocity.CurrentShot = 2;
     stage.Run("theoric");
     line.Theoretic.Take_Model();
     line.Theoretic.LineType = 1;
@@ -167,18 +195,20 @@ void Interpreted_Line(const std::string& work, const QString& pictures) {
     stage.Take_Form("theoretic", Dialog::Theoric_F);
     stage.Close(Dialog::Theoric_F);
     stage.Run("Print_Comput");
+    line.Results.Date = day;
     stage.Take_Form("results", Dialog::resu);
     stage.Close(Dialog::resu);
-    stage.Run("History_M");
-    stage.Take_Form("history", Dialog::History);
-    stage.Close(Dialog::History);
+    line.Work.Profile.GivenMaxElevation = 110;
+    line.Work.Profile.GivenMinElevation = 70;
     stage.Run("BI_M");
+    line.Work.Fields.Status.clear();
     stage.Take_Window("curves_and_profile");
     stage.Run("S2");
     stage.Take_Window("profile");
     stage.Run("Command13");
     stage.Take_Window("section");
     line.Report.ShownChoice = 1;
+    line.Report.View.Choices.Date = day;
     line.Report.Shown_Chosen();
     stage.Take_Window("report");
     stage.Take_Modal("save_picture", "Export_M", Dialog::PictureExport);
@@ -190,8 +220,8 @@ void Interpreted_Line(const std::string& work, const QString& pictures) {
     stage.Run("Double");
 }
 
-void Undulating_Line(const std::string& work, const QString& pictures) {
-    PictureStage stage(work, pictures, "undulating.tv5");
+void Undulating_Line(const QString& pictures) {
+    PictureStage stage(pictures, "undulating/demo2.tv5");
     Session& line = stage.Program();
     stage.Run("DTDetName");
     line.Delay.FixedLeft = "2";
@@ -205,9 +235,11 @@ void Undulating_Line(const std::string& work, const QString& pictures) {
     stage.Take_Window("delay_times_window");
     stage.Take_Form("delay_times", Dialog::DelayF);
     stage.Close(Dialog::DelayF);
+    line.Work.Profile.GivenMaxElevation = 110;
+    line.Work.Profile.GivenMinElevation = 70;
     stage.Run("S3");
     stage.Take_Window("abc_profile");
-    stage.Run("DepthName");
+    line.Outside.Show.Open_Dialog(Dialog::ABCGridF, false);
     stage.Take_Form("abc", Dialog::ABCGridF);
     stage.Close(Dialog::ABCGridF);
     stage.Run("TT_Mnu");
@@ -243,12 +275,13 @@ std::string Keys_As_Markdown() {
     return page;
 }
 
-int Make_All(const std::string& work, const QString& pictures) {
+int Make_All(const QString& work, const QString& pictures) {
     QDir().mkpath(pictures);
-    Without_Line(work, pictures);
-    Records_And_Tables(work, pictures);
-    Interpreted_Line(work, pictures);
-    Undulating_Line(work, pictures);
+    if (!QDir::setCurrent(work)) throw std::runtime_error("there is no folder " + work.toStdString());
+    Without_Line(pictures);
+    Records_And_Tables(pictures);
+    Interpreted_Line(pictures);
+    Undulating_Line(pictures);
     const std::string reason = Replace_File(pictures.toStdString() + "/key_list.md", Keys_As_Markdown());
     if (!reason.empty()) throw std::runtime_error("key_list.md cannot be written: " + reason);
     return 0;
@@ -259,6 +292,8 @@ int Make_All(const std::string& work, const QString& pictures) {
 }  // namespace tarnvik
 
 int main(int argc, char** argv) {
+    // What the platform without a screen has to remark is of no use to who builds the manual.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication application(argc, argv);
     QApplication::setStyle("fusion");
     if (argc != 3) {
@@ -270,7 +305,7 @@ int main(int argc, char** argv) {
         std::_Exit(1);
     });
     try {
-        return tarnvik::Make_All(argv[1], QString::fromLocal8Bit(argv[2]));
+        return tarnvik::Make_All(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
     } catch (const std::exception& fault) {
         std::cerr << "make_manual_pictures: " << fault.what() << "\n";
         return 1;

@@ -2,12 +2,20 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <algorithm>
 #include <stdexcept>
 
 #include "app/commands.h"
+#include "app/dialog_rows.h"
 #include "app/start.h"
 
 namespace tarnvik {
+
+namespace {
+
+constexpr int margin = 8;
+
+}  // namespace
 
 Answer StagePrompts::Message(const std::string& text, const std::string&, Icon, Buttons buttons) {
     Said.push_back(text);
@@ -25,19 +33,17 @@ Answer StagePrompts::Message(const std::string& text, const std::string&, Icon, 
     }
 }
 
-PictureStage::PictureStage(const std::string& work_folder, const QString& pictures,
-                           const std::string& project)
-    : Pictures(pictures), Line({Prompts, Display, Launcher}, work_folder + "/Tarnvik32.INI") {
-    Launcher.Folder = work_folder;
+PictureStage::PictureStage(const QString& pictures, const std::string& project)
+    : Pictures(pictures), Line({Prompts, Display, Launcher}, "Tarnvik32.INI") {
     Display.Attach(Line);
     // A file of its own that is never written: each picture starts from the places of a first start.
-    Window = std::make_unique<MainWindow>(Line, Display,
-                                          QString::fromStdString(work_folder) + "/no such file.ini");
+    Window = std::make_unique<MainWindow>(Line, Display, "no such file.ini");
+    Window->setWindowState(Qt::WindowNoState);
     Window->resize(1280, 800);
     Window->show();
     Settle();
     if (project.empty()) return;
-    Form_Load(Line, '"' + work_folder + "/" + project + '"');
+    Form_Load(Line, '"' + project + '"');
     Settle();
     if (Line.Work.Project.NbShots == 0) throw std::runtime_error(project + " cannot be opened");
 }
@@ -48,8 +54,11 @@ PictureStage::~PictureStage() {
 
 void PictureStage::Settle() {
     // The layout of one turn can ask for a drawing in the next.
-    for (int turn = 0; turn < 8; ++turn)
+    for (int turn = 0; turn < 8; ++turn) {
         QApplication::processEvents();
+        // What was closed goes at the end of the turn of an event loop, which there is none of here.
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 void PictureStage::Show(Tab tab) {
@@ -91,9 +100,16 @@ void PictureStage::Take_Form(const QString& name, Dialog dialog) {
     Display.Show_Fields();
     Settle();
     Form* form = Display.Open_Form(dialog);
-    if (form == nullptr)
-        throw std::runtime_error("the dialog of the picture " + name.toStdString() + " is not open");
-    Save(name, *form, form->rect());
+    if (form == nullptr) {
+        throw std::runtime_error("the dialog of the picture " + name.toStdString() + " is not open" +
+                                 (Prompts.Said.empty() ? "" : "; said last: " + Prompts.Said.back()));
+    }
+    QRect part = form->rect();
+    // A tool window is as high as the picture beside it; below its last control it is empty.
+    const DialogRow* row = Row_Of(dialog);
+    if (row != nullptr && row->Place == DialogPlace::Dock)
+        part.setHeight(std::min(part.height(), form->childrenRect().bottom() + 1 + margin));
+    Save(name, *form, part);
 }
 
 void PictureStage::Take_Control(const QString& name, const char* object_name) {

@@ -43,20 +43,19 @@ class StageLauncher : public Launcher {
     int Open_Document(const std::string&) override { return 0; }
     int Edit_Text(const std::string&) override { return 0; }
     std::string Find_Program(const std::string&) override { return {}; }
-    std::string Program_Folder() const override { return Folder; }
-    std::string Documents_Folder() const override { return Folder; }
+    std::string Program_Folder() const override { return "."; }
+    std::string Documents_Folder() const override { return "."; }
     std::string Decimal_Separator() const override { return "."; }
     void Set_Decimal_Point() override {}
     void Register_File_Type() override {}
-
-    std::string Folder;  ///< of the work on these pictures
 };
 
-/// The program with its window on one line, from which pictures are taken. A picture that cannot be taken is a
-/// std::runtime_error that names it.
+/// The program with its window on one line, from which pictures are taken. A picture that cannot be taken is
+/// a std::runtime_error that names it.
 class PictureStage {
   public:
-    PictureStage(const std::string& work_folder, const QString& pictures, const std::string& project);
+    /// `project` is opened from the working folder, so that no path of this machine gets into a picture.
+    PictureStage(const QString& pictures, const std::string& project);
     ~PictureStage();
 
     Session& Program() { return Line; }
