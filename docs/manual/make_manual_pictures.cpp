@@ -30,7 +30,7 @@ void Without_Line(const QString& pictures) {
     stage.Take_Modal("start", "Version_N", Dialog::frmSplash);
     StagePrompts& answers = stage.Answers();
     answers.AnswerYes = true;
-    answers.FileToOpen = "line/demo1.su";
+    answers.FileToOpen = QDir::current().absoluteFilePath("line/demo1.su").toStdString();
     stage.Take_Modal("new_profile", "T_Assembly", Dialog::rechinfo);
     answers.AnswerYes = false;
     stage.Run("Keys_M");

@@ -36,6 +36,7 @@ Answer StagePrompts::Message(const std::string& text, const std::string&, Icon, 
 PictureStage::PictureStage(const QString& pictures, const std::string& project)
     : Pictures(pictures), Line({Prompts, Display, Launcher}, "Tarnvik32.INI") {
     Display.Attach(Line);
+    Line.Keep_Display_Choices();
     // A file of its own that is never written: each picture starts from the places of a first start.
     Window = std::make_unique<MainWindow>(Line, Display, "no such file.ini");
     Window->setWindowState(Qt::WindowNoState);

@@ -59,7 +59,10 @@ std::set<std::string> Places_In(const std::string& text) {
 
 class Documents : public SessionTest {
   protected:
-    Documents() { World.Launcher.Folder = Folder / "bin"; }
+    Documents() {
+        World.Launcher.Folder = Folder / "bin";
+        std::filesystem::create_directory(World.Launcher.Folder);
+    }
     void Put(const std::string& name) {
         const std::filesystem::path path = Folder / name;
         std::filesystem::create_directories(path.parent_path());
