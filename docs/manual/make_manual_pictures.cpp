@@ -255,6 +255,18 @@ void Undulating_Line(const QString& pictures) {
     stage.Close(Dialog::GRM_depth);
 }
 
+void Tools(const QString& pictures) {
+    Take_Tool("conversion", pictures, "conversion", {"356", "line/demo1.su"});
+    Take_Tool("enhancement", pictures, "reverse", {"interpreted/demo1.tv5"});
+    Take_Tool("spectrum", pictures, "SUSPECTRE",
+              {"f=interpreted/demo1.su", "ftr=49", "ltr=72", "fpt=1", "lpt=500"});
+    Take_Tool("record_sheets", pictures, "suprint2", {"412"});
+    Take_Tool("line_sheet", pictures, "tvmprint", {"412"});
+    Take_Tool("joined_profiles", pictures, "TVProfile", {});
+    Take_Tool("merge_files", pictures, "merge_file", {"plain/demo1.su", "interpreted/demo1.su"});
+    Take_Tool("csv_files", pictures, "add_csv", {"plain/demo1.csv", "interpreted/demo1.csv"});
+}
+
 /// Text of a cell of a Markdown table.
 std::string Cell(std::string text) {
     for (std::size_t at = 0; (at = text.find('|', at)) != std::string::npos; at += 2)
@@ -282,6 +294,7 @@ int Make_All(const QString& work, const QString& pictures) {
     Records_And_Tables(pictures);
     Interpreted_Line(pictures);
     Undulating_Line(pictures);
+    Tools(pictures);
     const std::string reason = Replace_File(pictures.toStdString() + "/key_list.md", Keys_As_Markdown());
     if (!reason.empty()) throw std::runtime_error("key_list.md cannot be written: " + reason);
     return 0;

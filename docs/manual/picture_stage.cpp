@@ -1,19 +1,32 @@
 #include "picture_stage.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
+#include <iostream>
 #include <stdexcept>
 
 #include "app/commands.h"
 #include "app/dialog_rows.h"
 #include "app/start.h"
+#include "core/settings_file.h"
+#include "ui/headless/headless_display.h"
+#include "ui/tools/tool_window.h"
 
 namespace tarnvik {
 
 namespace {
 
 constexpr int margin = 8;
+/// Time in which a tool has looked at its files and drawn its previews.
+constexpr int tool_is_ready_ms = 500;
+
+void Save_Picture(const QString& folder, const QString& name, QWidget& widget, const QRect& part) {
+    const QPixmap picture = widget.grab(part);
+    if (picture.isNull() || !picture.save(folder + "/" + name + ".png"))
+        throw std::runtime_error("the picture " + name.toStdString() + " cannot be made");
+}
 
 }  // namespace
 
@@ -84,10 +97,7 @@ void PictureStage::Close(Dialog dialog) {
 
 void PictureStage::Save(const QString& name, QWidget& widget, const QRect& part) {
     Settle();
-    const QPixmap picture = widget.grab(part);
-    const QString path = Pictures + "/" + name + ".png";
-    if (picture.isNull() || !picture.save(path))
-        throw std::runtime_error("the picture " + name.toStdString() + " cannot be made");
+    Save_Picture(Pictures, name, widget, part);
 }
 
 void PictureStage::Take_Window(const QString& name, double part_of_height) {
@@ -139,6 +149,33 @@ void PictureStage::Take_Modal(const QString& name, const char* command, Dialog d
     Settle();
     if (!failure.empty()) throw std::runtime_error(failure);
     if (!taken) throw std::runtime_error("the dialog of the picture " + name.toStdString() + " did not open");
+}
+
+void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
+               const QStringList& arguments) {
+    const auto rows = Tool_Rows();
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [tool](const ToolRow& each) { return each.Name == tool; });
+    if (row == rows.end()) {
+        std::cerr << "make_manual_pictures: there is no tool " << tool << "\n";
+        return;
+    }
+    StagePrompts prompts;
+    StageLauncher launcher;
+    HeadlessDisplay display;
+    Session session({prompts, display, launcher}, "tools.INI");
+    display.Attach(session);
+    // As the main program names the line that is open in it.
+    Write_Setting(session.SettingsFile, "DROMO", "File", "interpreted/demo1.tv5");
+    Write_Setting(session.SettingsFile, "DROMO", "SU", "interpreted/demo1.su");
+    session.Work.AppTitle = std::string(row->Title);
+    ToolStart start{session, arguments};
+    ToolWindow window(*row, start, "no such file.ini");
+    window.show();
+    QEventLoop ready;
+    QTimer::singleShot(tool_is_ready_ms, &ready, &QEventLoop::quit);
+    ready.exec();
+    Save_Picture(pictures, QString::fromLatin1(name), window, window.rect());
 }
 
 }  // namespace tarnvik

@@ -2,10 +2,12 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/session.h"
@@ -86,5 +88,10 @@ class PictureStage {
     Session Line;
     std::unique_ptr<MainWindow> Window;
 };
+
+/// The window of a tool beside the program, on the interpreted demo line and with these arguments. A tool
+/// that is not there is passed over with a word on standard error.
+void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
+               const QStringList& arguments);
 
 }  // namespace tarnvik

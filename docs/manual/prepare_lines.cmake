@@ -27,6 +27,9 @@ foreach(stretch "2;1;1;4;--start-at-shot" "2;2;5;9" "2;3;10;24" "3;1;8;12;--star
   step(velocity interpreted/demo1.tv5 --shot ${shot} --layer ${layer} --from ${first} --to ${last} ${stretch} --record --save)
 endforeach()
 step(depth interpreted/demo1.tv5 --method intercept --record --save)
+foreach(folder plain interpreted)
+  step(table ${folder}/demo1.tv5 resu --out ${folder}/demo1.csv)
+endforeach()
 
 step(velocity undulating/demo2.tv5 --shot 2 --layer 1 --from 1 --to 20 --start-at-shot --record --save)
 step(velocity undulating/demo2.tv5 --shot 3 --layer 1 --from 30 --to 48 --start-at-shot --record --save)
