@@ -121,7 +121,6 @@ void Records_And_Tables(const QString& pictures) {
     line.Phantom.Pair_Changed();
     line.Phantom.Slide_To(14);
     stage.Take_Window("phantom_window");
-    stage.Take_Form("phantom", Dialog::FantomF);
     stage.Close(Dialog::FantomF);
 
     stage.Run("QuickInterpretation");
@@ -134,7 +133,6 @@ void Records_And_Tables(const QString& pictures) {
     knees[2][2] = 36;
     line.Quick.Take_Limits(knees);
     stage.Take_Window("quick_window");
-    stage.Take_Form("quick", Dialog::quick_interpret);
     stage.Close(Dialog::quick_interpret);
 
     stage.Run("erase");
@@ -192,7 +190,6 @@ void Interpreted_Line(const QString& pictures) {
     line.Theoretic.LineType = 1;
     line.Theoretic.Command2();
     stage.Take_Window("theoretic_window");
-    stage.Take_Form("theoretic", Dialog::Theoric_F);
     stage.Close(Dialog::Theoric_F);
     stage.Run("Print_Comput");
     line.Results.Date = day;
@@ -233,7 +230,6 @@ void Undulating_Line(const QString& pictures) {
     line.Delay.Shift(DelayF::Handle::RightCurve, 24);
     line.Delay.Set_Total_Time(94.5);
     stage.Take_Window("delay_times_window");
-    stage.Take_Form("delay_times", Dialog::DelayF);
     stage.Close(Dialog::DelayF);
     line.Work.Profile.GivenMaxElevation = 110;
     line.Work.Profile.GivenMinElevation = 70;
@@ -248,7 +244,6 @@ void Undulating_Line(const QString& pictures) {
     line.GrmAnalysis.Maximum = "16";
     line.GrmAnalysis.Command1();
     stage.Take_Window("grm_window");
-    stage.Take_Form("grm", Dialog::GRM);
     stage.Close(Dialog::GRM);
     line.Outside.Show.Open_Dialog(Dialog::GRM_depth, false);
     stage.Take_Form("grm_depth", Dialog::GRM_depth);
