@@ -109,15 +109,15 @@ std::unique_ptr<Form> Make_Joined_Profiles(ToolStart& start) {
 std::span<const ToolRow> Tool_Rows() {
     // One row for each tool that has a window.
     static const std::vector<ToolRow> rows = {
-        {"conversion", "Seismograph file conversion", Make_Conversion},
-        {"SEG2SU", "SEG2 to SU conversion", Make_Conversion},
-        {"merge_file", "Merge SU files", Make<MergeFileForm>},
-        {"add_csv", "Add CSV", Make<AddCsvForm>},
-        {"reverse", "SU enhancement", Make_Enhancement},
-        {"SUSPECTRE", "Spectrum", Make_Spectrum},
-        {"suprint2", "Records on paper", Make_Record_Sheets},
-        {"tvmprint", "Sheet of a line", Make_Line_Sheet},
-        {"TVProfile", "Joined profiles", Make_Joined_Profiles},
+        {"conversion", "Seismograph file conversion", Make_Conversion, "conversion"},
+        {"SEG2SU", "SEG2 to SU conversion", Make_Conversion, "conversion"},
+        {"merge_file", "Merge SU files", Make<MergeFileForm>, "merge_files"},
+        {"add_csv", "Add CSV", Make<AddCsvForm>, "csv_files"},
+        {"reverse", "SU enhancement", Make_Enhancement, "enhancement"},
+        {"SUSPECTRE", "Spectrum", Make_Spectrum, "spectrum"},
+        {"suprint2", "Records on paper", Make_Record_Sheets, "record_sheets"},
+        {"tvmprint", "Sheet of a line", Make_Line_Sheet, "line_sheet"},
+        {"TVProfile", "Joined profiles", Make_Joined_Profiles, "joined_profiles"},
     };
     return rows;
 }
