@@ -164,6 +164,7 @@ class Seg2Reader : public FieldReader {
     /// up to the next trace or the end of the file. Nothing where the file ends before.
     std::optional<std::int64_t> Samples_Of(const std::string& head, const StoredTrace& trace,
                                            std::int64_t end, std::int64_t number) {
+        if (trace.Data > Length) return std::nullopt;
         constexpr std::int64_t padding = 4;  // blocks may be filled up to whole words
         const std::int64_t room = Samples_In_Bytes(trace.Code, std::max<std::int64_t>(end - trace.Data, 0));
         const std::int64_t bytes = U32_At(head.data() + 4, Order);
