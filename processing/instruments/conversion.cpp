@@ -157,6 +157,8 @@ class Conversion {
                 record.HighestChannel = std::max(record.HighestChannel, channel);
                 Refine(taken.Steps, header.Places);
             }
+            for (const std::string& fault : reader.Late_Faults())
+                taken.File.Faults.push_back(fault);
         } catch (const Fault& fault) {
             Leave_Out(taken, fault.what());
         }

@@ -154,6 +154,8 @@ class Seg2Reader : public FieldReader {
         if (number == 1) {
             for (const std::string& note : strings.Notes)
                 Told.Notes.push_back(note);
+            for (const auto& [keyword, value] : strings.Words)
+                Told.Notes.push_back(keyword + " " + value);
         }
         Tell_Format(Name_Of_Code(*code), number);
         Traces.push_back(std::move(trace));
