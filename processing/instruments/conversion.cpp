@@ -333,7 +333,6 @@ class Conversion {
                      std::int64_t index, const std::vector<std::size_t>& rows) {
         TraceHeader& to = header.Words;
         to.Set_Word(words::ns, Samples);
-        to.Set_Word(words::dt, Interval);
         if (!OneFile || taken.File.Format == "SEG-2")
             to.Set_Word(words::tracr, static_cast<double>(++RunningTrace));
         if (NewNumbers) {
