@@ -157,6 +157,8 @@ class Conversion {
                 record.HighestChannel = std::max(record.HighestChannel, channel);
                 Refine(taken.Steps, header.Places);
             }
+            for (const std::string& fault : reader.Late_Faults())
+                taken.File.Faults.push_back(fault);
         } catch (const Fault& fault) {
             Leave_Out(taken, fault.what());
         }
@@ -331,7 +333,6 @@ class Conversion {
                      std::int64_t index, const std::vector<std::size_t>& rows) {
         TraceHeader& to = header.Words;
         to.Set_Word(words::ns, Samples);
-        to.Set_Word(words::dt, Interval);
         if (!OneFile || taken.File.Format == "SEG-2")
             to.Set_Word(words::tracr, static_cast<double>(++RunningTrace));
         if (NewNumbers) {

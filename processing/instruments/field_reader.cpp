@@ -41,6 +41,7 @@ class NamedReader : public FieldReader {
     }
     FieldHeader Header(std::int64_t trace) override { return Inner->Header(trace); }
     void Samples(std::int64_t trace, std::vector<float>& samples) override { Inner->Samples(trace, samples); }
+    std::vector<std::string> Late_Faults() const override { return Inner->Late_Faults(); }
 
   private:
     std::unique_ptr<FieldReader> Inner;

@@ -36,6 +36,8 @@ class FieldReader {
     virtual FieldHeader Header(std::int64_t trace) = 0;
     /// All samples, `File().Samples` of them, zeros behind the trace's own.
     virtual void Samples(std::int64_t trace, std::vector<float>& samples) = 0;
+    /// What was found to be wrong since the file was opened, after all headers were read.
+    virtual std::vector<std::string> Late_Faults() const { return {}; }
 
   protected:
     FieldFile Told;

@@ -154,6 +154,8 @@ class Seg2Reader : public FieldReader {
         if (number == 1) {
             for (const std::string& note : strings.Notes)
                 Told.Notes.push_back(note);
+            for (const auto& [keyword, value] : strings.Words)
+                Told.Notes.push_back(keyword + " " + value);
         }
         Tell_Format(Name_Of_Code(*code), number);
         Traces.push_back(std::move(trace));
@@ -164,6 +166,7 @@ class Seg2Reader : public FieldReader {
     /// up to the next trace or the end of the file. Nothing where the file ends before.
     std::optional<std::int64_t> Samples_Of(const std::string& head, const StoredTrace& trace,
                                            std::int64_t end, std::int64_t number) {
+        if (trace.Data > Length) return std::nullopt;
         constexpr std::int64_t padding = 4;  // blocks may be filled up to whole words
         const std::int64_t room = Samples_In_Bytes(trace.Code, std::max<std::int64_t>(end - trace.Data, 0));
         const std::int64_t bytes = U32_At(head.data() + 4, Order);

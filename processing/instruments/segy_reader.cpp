@@ -52,6 +52,10 @@ class SegyReader : public FieldReader {
     FieldHeader Header(std::int64_t trace) override {
         std::string bytes(header_length, '\0');
         Source.Read_At(Layout.Position(trace), bytes.data(), bytes.size());
+        if (trace > std::max(looked_at, LastLookedAt)) {
+            Look_At_Count(bytes, trace, Late);
+            LastLookedAt = trace;
+        }
         FieldHeader header;
         for (int word = 1; word <= last_common_word; ++word) {
             const HeaderWord& row = Header_Word(word);
@@ -94,8 +98,15 @@ class SegyReader : public FieldReader {
         }
     }
 
+    std::vector<std::string> Late_Faults() const override {
+        std::vector<std::string> faults;
+        Late.Tell(faults, Layout.Traces);
+        return faults;
+    }
+
   private:
-    static constexpr int format_float64 = 6;  // of revision 2, unknown to the library
+    static constexpr std::int64_t looked_at = 1000;  ///< traces
+    static constexpr int format_float64 = 6;         // of revision 2, unknown to the library
 
     bool Samples_Fit() {
         if (Layout.Samples > most_samples) {
@@ -116,24 +127,26 @@ class SegyReader : public FieldReader {
         return Layout.Samples <= most_samples && Layout.Interval <= longest_interval;
     }
 
-    /// Traces whose header tells another sample count than that by which they stand in the file.
+    /// A trace whose header tells another sample count than that by which it stands in the file.
+    void Look_At_Count(const std::string& head, std::int64_t trace, TraceRemarks& remarks) const {
+        const int samples = U16_At(head.data() + Header_Word(words::ns).Offset, Layout.Order);
+        if (samples == 0 || samples == Layout.Samples) return;
+        remarks.Add("The header of the trace tells another sample count; " + std::to_string(Layout.Samples) +
+                        " samples are taken.",
+                    trace);
+    }
+    /// The first traces alone: a large file is not read as a whole before it is converted.
     void Look_At_Counts() {
-        const int at = Header_Word(words::ns).Offset;
         TraceRemarks remarks;
-        char bytes[2];
-        for (std::int64_t trace = 1; trace <= Layout.Traces; ++trace) {
-            Source.Read_At(Layout.Position(trace) + at, bytes, sizeof bytes);
-            const int samples = U16_At(bytes, Layout.Order);
-            if (samples != 0 && samples != Layout.Samples)
-                remarks.Add("The header of the trace tells another sample count; " +
-                                std::to_string(Layout.Samples) + " samples are taken.",
-                            trace);
-        }
+        for (std::int64_t trace = 1; trace <= std::min(Layout.Traces, looked_at); ++trace)
+            Look_At_Count(Bytes_Of_Source(Source, Layout.Position(trace), header_length), trace, remarks);
         remarks.Tell(Told.Faults, Layout.Traces);
     }
 
     ByteSource& Source;
     SegyLayout Layout;
+    TraceRemarks Late;
+    std::int64_t LastLookedAt = 0;
     std::string Bytes;
 };
 

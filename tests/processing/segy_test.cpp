@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 
 #include "processing/instruments/field_reader.h"
 #include "support/field_file_builder.h"
@@ -163,6 +164,33 @@ TEST(SegY, TakesTheCountsThatFitTheFile) {
         EXPECT_EQ(read.File.Traces, 1) << cut;
         EXPECT_EQ(read.Samples[0], (std::vector<float>{1, -2, 3}));
         EXPECT_TRUE(Told(read.File.Faults, "ends within trace 2: 1 whole traces are taken")) << cut;
+    }
+}
+
+TEST(SegY, FollowsTheNumbersOfRevision2) {
+    for (const bool big : {true, false}) {
+        SegyBuilder builder = Small(big);
+        builder.Revision = 2;
+        builder.Samples = builder.Interval = 0;
+        builder.TraceSamples = 999;
+        // A text nobody counts before the traces, a further header in each trace, a trailer behind them.
+        builder.FurtherTexts = {"text"};
+        builder.Traces[0].first.insert(0, std::string(240, 'h'));
+        builder.Traces[1].first.insert(0, std::string(240, 'h'));
+        ByteRow file(big);
+        file.Text(builder.Bytes()).Text(std::string(3200, 't'));
+        file.Put(3200 + 68, 3, 4).Put(3200 + 72, std::bit_cast<std::uint64_t>(62.5), 8);
+        file.Put(3200 + 96, 0x01020304, 4)
+            .Put(3200 + 306, 1, 4)
+            .Put(3200 + 320, 6800, 8)
+            .Put(3200 + 328, 1, 4);
+        const Read read = Read_All(file.Bytes);
+        EXPECT_EQ(read.File.ByteOrder, big ? "big" : "little");
+        ASSERT_EQ(read.File.Traces, 2);
+        EXPECT_EQ(read.File.Interval, 62.5);
+        EXPECT_EQ(read.Samples[1], (std::vector<float>{4, 5, -6}));
+        EXPECT_TRUE(Told(read.File.Assumed, "62.5 microseconds, is no whole number: dt is 62"));
+        EXPECT_TRUE(Told(read.File.Faults, "another sample count; 3 samples are taken."));
     }
 }
 
