@@ -97,6 +97,17 @@ void SpectrumPlot::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
+/// So many that their numbers stand apart.
+void SpectrumPlot::Take_Ticks() {
+    const int room = 3 * fontMetrics().horizontalAdvance("8888") / 2 + 20;
+    Plot->xAxis->ticker()->setTickCount(std::max(2, Plot->width() / room));
+}
+
+void SpectrumPlot::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Take_Ticks();
+}
+
 bool SpectrumPlot::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Leave) {
         Cross->setVisible(false);
@@ -151,6 +162,7 @@ void SpectrumPlot::Set_Log_Frequency(bool log) {
         Plot->xAxis->setTicker(QSharedPointer<QCPAxisTickerLog>(new QCPAxisTickerLog));
     else
         Plot->xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
+    Take_Ticks();
     Show_Whole();
 }
 

@@ -53,10 +53,12 @@ class SpectrumPlot : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Take_Colours();
+    void Take_Ticks();
     void Show_Whole();
     void Follow_Pointer(QMouseEvent* event);
     void Say_Usual();
