@@ -34,21 +34,25 @@ constexpr double most_scale = 10e6;
 constexpr double profile_rim = 10;  ///< before and behind the line
 constexpr double profile_line = 180;
 constexpr double profile_height = 100;
-constexpr double profile_step = 10;  ///< from one elevation line to the next
+constexpr double profile_step = 10;   ///< from one elevation line to the next
 constexpr double grm_stretch = 1.16;  ///< of the arcs of GRM
 constexpr int grm_bedrock_row = 9;
 // Points.
 constexpr SectionRoom section_room = {.Right = 78, .Above = 42};
 constexpr double least_below = 0.1;  ///< of a section's height, below its deepest interface
-constexpr double note_height = 5;  // mm
+constexpr double note_height = 5;    // mm
 constexpr std::size_t remark_letters = 44;
 constexpr std::size_t most_remark_rows = 5;
 
 constexpr std::pair<const char*, std::string LineSheet::*> texts[] = {
-    {"sheet.title", &LineSheet::Title},       {"sheet.client", &LineSheet::Client},
-    {"sheet.place", &LineSheet::Place},       {"sheet.operator", &LineSheet::Operator},
-    {"sheet.date", &LineSheet::Date},         {"sheet.remarks", &LineSheet::Remarks},
-    {"sheet.north", &LineSheet::North},       {"sheet.scale", &LineSheet::Scale},
+    {"sheet.title", &LineSheet::Title},
+    {"sheet.client", &LineSheet::Client},
+    {"sheet.place", &LineSheet::Place},
+    {"sheet.operator", &LineSheet::Operator},
+    {"sheet.date", &LineSheet::Date},
+    {"sheet.remarks", &LineSheet::Remarks},
+    {"sheet.north", &LineSheet::North},
+    {"sheet.scale", &LineSheet::Scale},
     {"sheet.vertical", &LineSheet::VerticalScale},
 };
 constexpr std::pair<const char*, bool LineSheet::*> switches[] = {
@@ -113,8 +117,8 @@ double Deepest_Arc(const Workspace& work, SectionSource source) {
         }
         if (source == SectionSource::Grm && project.GrmData.Has(grm_bedrock_row, receiver))
             depth = grm_stretch * project.GrmData(grm_bedrock_row, receiver);
-        lowest = std::min(
-            lowest, places.Y(project.ReceiverData(ReceiverElevation, receiver)) - stretch * depth);
+        lowest =
+            std::min(lowest, places.Y(project.ReceiverData(ReceiverElevation, receiver)) - stretch * depth);
     }
     return lowest;
 }
@@ -349,8 +353,7 @@ void LineSheet::Lay_Out() {
         block.Top += notes;
         block.Height -= notes;
     }
-    sheet.Parts.push_back(
-        {block, {}, [this](Picture& main, Picture&, Picture&) { Draw_Block(main); }});
+    sheet.Parts.push_back({block, {}, [this](Picture& main, Picture&, Picture&) { Draw_Block(main); }});
     All.push_back(std::move(sheet));
     Outcome = Fits() ? "Horizontal " + Scale_Text(Layout.Scale) + ", vertical " +
                            Scale_Text(Layout.Vertical_Scale()) + ", exaggeration " +
@@ -405,16 +408,14 @@ void LineSheet::Draw_Block(Picture& picture) {
     picture.Clear();
     const Project& project = Program.Work.Project;
     TitleCell what;
-    what.Rows.push_back(
-        {.Text = Title.empty() ? "Line " + project.ProjectName : Title, .Large = true});
+    what.Rows.push_back({.Text = Title.empty() ? "Line " + project.ProjectName : Title, .Large = true});
     const auto labelled = [](TitleCell& cell, const char* name, const std::string& text) {
         if (!text.empty()) cell.Rows.push_back({.Text = std::string(name) + text});
     };
     labelled(what, "Client: ", Client);
     labelled(what, "Place: ", Place);
     what.Rows.push_back({.Text = "File: " + Name_Of(Line)});
-    if (Unsaved)
-        what.Rows.push_back({.Text = "With changes that are not saved", .InColour = colours::Red});
+    if (Unsaved) what.Rows.push_back({.Text = "With changes that are not saved", .InColour = colours::Red});
 
     TitleCell scales;
     scales.Rows.push_back({.Text = "Horizontal " + Scale_Text(Layout.Scale)});
@@ -427,9 +428,9 @@ void LineSheet::Draw_Block(Picture& picture) {
     labelled(scales, "", Time_Scale());
 
     TitleCell when;
-    when.Rows.push_back({.Text = "Date: " + (Date.empty() ? Local_Time_Text(std::chrono::system_clock::now(),
-                                                                            "%Y-%m-%d")
-                                                          : Date)});
+    when.Rows.push_back(
+        {.Text = "Date: " +
+                 (Date.empty() ? Local_Time_Text(std::chrono::system_clock::now(), "%Y-%m-%d") : Date)});
     labelled(when, "Operator: ", Operator);
     std::vector<TitleCell> cells = {what, scales};
     if (!Remarks.empty()) {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "output/sheets/paper_choice.h"
 #include "core/display_choices.h"
 #include "output/sheets/line_layout.h"
+#include "output/sheets/paper_choice.h"
 #include "output/sheets/sheet_source.h"
 
 namespace tarnvik {

@@ -156,7 +156,8 @@ namespace {
 
 void Draw_Section_Page(Session& session, const PagePictures& pictures) {
     if (!session.Report.Shown()) {
-        Draw_Section(session.Work, session.Section.Scale(), {pictures.Main, pictures.Below, pictures.Beside, pictures.Room});
+        Draw_Section(session.Work, session.Section.Scale(),
+                     {pictures.Main, pictures.Below, pictures.Beside, pictures.Room});
         return;
     }
     if (!Page_Can_Be_Drawn(session, Page::Section)) {

@@ -260,13 +260,12 @@ void RecordSheets::Lay_Out() {
     }
     for (std::size_t page = 0; page < pages; ++page) {
         Sheet sheet{Paper.Width(), Paper.Height(), {}};
-        const std::string right =
-            today + "   page " + CStr(static_cast<double>(page + 1)) + " of " + CStr(static_cast<double>(pages));
-        sheet.Parts.push_back({{margin, margin, across, head_height},
-                               {},
-                               [this, head, right](Picture& main, Picture&, Picture&) {
-                                   Draw_Head(head, right, main);
-                               }});
+        const std::string right = today + "   page " + CStr(static_cast<double>(page + 1)) + " of " +
+                                  CStr(static_cast<double>(pages));
+        sheet.Parts.push_back(
+            {{margin, margin, across, head_height},
+             {},
+             [this, head, right](Picture& main, Picture&, Picture&) { Draw_Head(head, right, main); }});
         for (std::size_t cell = 0; cell < each && page * each + cell < Numbers.size(); ++cell) {
             const auto column = static_cast<double>(cell % static_cast<std::size_t>(cells.Columns));
             const auto row = static_cast<double>(cell / static_cast<std::size_t>(cells.Columns));
@@ -276,14 +275,16 @@ void RecordSheets::Lay_Out() {
         }
         All.push_back(std::move(sheet));
     }
-    Outcome = CStr(static_cast<double>(Numbers.size())) + (Numbers.size() == 1 ? " record on " : " records on ") +
-              CStr(static_cast<double>(pages)) + (pages == 1 ? " page" : " pages");
+    Outcome = CStr(static_cast<double>(Numbers.size())) +
+              (Numbers.size() == 1 ? " record on " : " records on ") + CStr(static_cast<double>(pages)) +
+              (pages == 1 ? " page" : " pages");
 }
 
 void RecordSheets::Add_Record(Sheet& sheet, int record, const SheetArea& cell) {
-    sheet.Parts.push_back({{cell.Left, cell.Top, cell.Width, caption_height},
-                           {},
-                           [this, record](Picture& main, Picture&, Picture&) { Draw_Caption(record, main); }});
+    sheet.Parts.push_back(
+        {{cell.Left, cell.Top, cell.Width, caption_height},
+         {},
+         [this, record](Picture& main, Picture&, Picture&) { Draw_Caption(record, main); }});
     sheet.Parts.push_back({{cell.Left, cell.Top + caption_height, cell.Width, cell.Height - caption_height},
                            Layout_Of_Cell(Header),
                            [this, record](Picture& main, Picture& strip_x, Picture& strip_y) {
@@ -322,8 +323,7 @@ void RecordSheets::Draw_Caption(int record, Picture& picture) const {
             parts.push_back("receivers " + CStr(place->Receiver) + " to " + CStr(end->Receiver));
             const auto from = geometry.Receiver_Distance(first);
             const auto to = geometry.Receiver_Distance(last);
-            if (from && to)
-                parts.push_back("from " + Length_Text(*from) + " to " + Length_Text(*to) + unit);
+            if (from && to) parts.push_back("from " + Length_Text(*from) + " to " + Length_Text(*to) + unit);
         }
     } else {
         parts.push_back("FLDR " + CStr(file.Word_Or_Zero(first, words::fldr)));

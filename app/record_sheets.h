@@ -27,10 +27,10 @@ class RecordSheets : public SheetSource {
         int Columns;
         int Rows;
     };
-    static constexpr std::array grids = {Cells{"1", 1, 1},         Cells{"2 side by side", 2, 1},
-                                         Cells{"2 above each other", 1, 2}, Cells{"4 (2 x 2)", 2, 2},
-                                         Cells{"6 (3 x 2)", 3, 2}, Cells{"6 (2 x 3)", 2, 3},
-                                         Cells{"9 (3 x 3)", 3, 3}, Cells{"12 (4 x 3)", 4, 3}};
+    static constexpr std::array grids = {
+        Cells{"1", 1, 1},         Cells{"2 side by side", 2, 1}, Cells{"2 above each other", 1, 2},
+        Cells{"4 (2 x 2)", 2, 2}, Cells{"6 (3 x 2)", 3, 2},      Cells{"6 (2 x 3)", 2, 3},
+        Cells{"9 (3 x 3)", 3, 3}, Cells{"12 (4 x 3)", 4, 3}};
 
     // Fields of the form.
     std::string Records = "all";

@@ -43,7 +43,7 @@ TitleCell Key(const ReportView& view, const std::vector<ReportModel>& models) {
 }
 
 std::vector<TitleCell> Cells_Of(const Workspace& workspace, const ReportView& view,
-                           const std::vector<ReportModel>& models, const ReportFrame& frame) {
+                                const std::vector<ReportModel>& models, const ReportFrame& frame) {
     const ReportChoices& choices = view.Choices;
     const std::string& name = workspace.Project.ProjectName;
     TitleCell what;

@@ -8,7 +8,8 @@
 
 namespace tarnvik {
 
-/// Room around a section in its main picture, points: for the legend on the right, for title and labels above.
+/// Room around a section in its main picture, points: for the legend on the right, for title and labels
+/// above.
 struct SectionRoom {
     double Right = 0;
     double Above = 0;

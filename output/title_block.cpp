@@ -21,10 +21,7 @@ constexpr int smallest_font = 4;
 class BlockPainting {
   public:
     BlockPainting(Picture& picture, const TitlePlace& place)
-        : Place(place),
-          Main(picture),
-          Size(picture.Current_Frame()),
-          Point(picture.Pixels_Per_Point()) {}
+        : Place(place), Main(picture), Size(picture.Current_Frame()), Point(picture.Pixels_Per_Point()) {}
 
     void Draw(const std::vector<TitleCell>& cells) {
         // A narrow page gets smaller letters instead of texts that run into each other.

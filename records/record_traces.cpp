@@ -191,8 +191,8 @@ Colour Pick_Colour(PickOrigin origin) {
     return origin == PickOrigin::Automatic ? automatic : origin == PickOrigin::Moved ? moved : colours::Red;
 }
 
-void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
-                 const ShotColour& shot_colour, bool with_picks) {
+void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path, const ShotColour& shot_colour,
+                 bool with_picks) {
     RecordView& view = workspace.Record;
     if (!view.Overdraw) ecran.Clear();
     // Records that are drawn over one another lie trace upon trace; the scale follows the one drawn last, so

@@ -97,7 +97,8 @@ void JoinedProfiles::Add(const std::vector<std::string>& files) {
             // What the line has depths of: the latest method first.
             Project project;
             Read_Line(file, project);
-            for (const SectionSource source : {SectionSource::Shots, SectionSource::Abc, SectionSource::Grm}) {
+            for (const SectionSource source :
+                 {SectionSource::Shots, SectionSource::Abc, SectionSource::Grm}) {
                 if (Has_Depths(project, source)) line.Source = source;
             }
             Read(line);
@@ -256,10 +257,11 @@ void JoinedProfiles::Lay_Out() {
     if (!Outcome.empty()) return;
     All.push_back({Paper.Width(),
                    Paper.Height(),
-                   {{{0, 0, Paper.Width(), Paper.Height()},
-                     {},
-                     [this](Picture& main, Picture&, Picture&) { Draw_Joined(*this, main); }}}});
-    const ReportRoom room = Room(Paper.Width() * points_a_millimetre, Paper.Height() * points_a_millimetre, 1);
+                   {{{0, 0, Paper.Width(), Paper.Height()}, {}, [this](Picture& main, Picture&, Picture&) {
+                         Draw_Joined(*this, main);
+                     }}}});
+    const ReportRoom room =
+        Room(Paper.Width() * points_a_millimetre, Paper.Height() * points_a_millimetre, 1);
     Outcome = Report_Scale_Fault(room);
     if (Outcome.empty()) {
         const ReportFrame frame = Lay_Out_Report(room);

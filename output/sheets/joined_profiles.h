@@ -26,10 +26,10 @@ struct JoinedLine {
 
     // Read from the file.
     std::string Name;
-    std::string Fault;    ///< why it cannot be drawn; empty where it can
-    ReportCurve Ground;   ///< on its own axis
-    ReportModel Model;    ///< likewise
-    double Begin = 0;     ///< its first and its last distance, on its own axis
+    std::string Fault;   ///< why it cannot be drawn; empty where it can
+    ReportCurve Ground;  ///< on its own axis
+    ReportModel Model;   ///< likewise
+    double Begin = 0;    ///< its first and its last distance, on its own axis
     double End = 0;
     double PlaceOf = 0;  ///< Begin, or of a reversed line End, on the common axis
 

@@ -155,7 +155,8 @@ void JoinedProfiles::Save_Set() {
     if (path.empty()) return;
     if (Name_Of(path).find('.') == std::string::npos) {
         path += ".tvset";
-        if (File_Exists(path) && !Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", AppTitle)) return;
+        if (File_Exists(path) && !Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", AppTitle))
+            return;
     }
     const std::string reason = Write_New(path, Set_Text(Folder_Of(path)));
     if (reason.empty()) {
@@ -179,8 +180,8 @@ std::string JoinedProfiles::Table() const {
         std::vector<double> along(places.begin(), places.end());
         if (line.Reversed) std::reverse(along.begin(), along.end());
         for (const double x : along) {
-            text += Quoted(line.Name) + "," + Number_Or_Blank(line.Joined(x)) + "," + Number_Or_Blank(x) + "," +
-                    Number_Or_Blank(Curve_At(line.Ground, x));
+            text += Quoted(line.Name) + "," + Number_Or_Blank(line.Joined(x)) + "," + Number_Or_Blank(x) +
+                    "," + Number_Or_Blank(Curve_At(line.Ground, x));
             for (int layer = 1; layer <= interfaces; ++layer)
                 text += "," + Number_Or_Blank(line.Model.Elevation_Of(layer, x));
             text += "\r\n";
@@ -199,7 +200,8 @@ void JoinedProfiles::Save_Table() {
     if (path.empty()) return;
     if (Name_Of(path).find('.') == std::string::npos) {
         path += ".csv";
-        if (File_Exists(path) && !Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", AppTitle)) return;
+        if (File_Exists(path) && !Outside.Ask.Ask_Yes(path + " already exists, overwrite ?", AppTitle))
+            return;
     }
     const std::string reason = Write_New(path, Table());
     if (!reason.empty()) Outside.Ask.Say(reason, AppTitle, Icon::Critical);

@@ -13,9 +13,9 @@ namespace {
 
 // Millimetres.
 constexpr double margin = 10;
-constexpr double gap = 2;           ///< between two panels
-constexpr double least_height = 35;  ///< of a panel without elevations
-constexpr double least_width = 20;   ///< of the line
+constexpr double gap = 2;               ///< between two panels
+constexpr double least_height = 35;     ///< of a panel without elevations
+constexpr double least_width = 20;      ///< of the line
 constexpr double share_of_times = 0.4;  ///< of the paper's height, where heights have a choice
 constexpr double hair = 1e-6;
 
@@ -46,8 +46,7 @@ class Measures {
         double right = 0;
         for (const LinePanel& panel : Wish.Panels) {
             right = std::max(right, Area_Around({0, 0, 0, 0}, panel.Layout).Right() +
-                                        panel.Room.Right / points_a_millimetre +
-                                        panel.Behind * Unit(scale));
+                                        panel.Room.Right / points_a_millimetre + panel.Behind * Unit(scale));
         }
         return Origin(scale) + Wish.LineLength * Unit(scale) + right + margin;
     }
@@ -117,9 +116,8 @@ LineLayout Lay_Out_Line(const LineLayoutWish& wish) {
     if (layout.Scale == 0 && wish.VerticalScale > 0) {
         // The elevations take the room by themselves.
         taken.Scale = taken.VerticalScale = 0;
-        const double across = wish.Scale > 0 && Measures(taken).Fits(wish.Scale)
-                                  ? wish.Scale
-                                  : Fitting_Scale(Measures(taken));
+        const double across =
+            wish.Scale > 0 && Measures(taken).Fits(wish.Scale) ? wish.Scale : Fitting_Scale(Measures(taken));
         if (across > 0) {
             double vertical = wish.VerticalScale;
             do {
@@ -128,8 +126,8 @@ LineLayout Lay_Out_Line(const LineLayoutWish& wish) {
             } while (!Measures(taken).Fits(across));
             layout.Scale = across;
             layout.NextVertical = vertical;
-            layout.Fault = fault(across, wish.VerticalScale) + ". " + Scale_Text(vertical) +
-                           " fits for the elevations";
+            layout.Fault =
+                fault(across, wish.VerticalScale) + ". " + Scale_Text(vertical) + " fits for the elevations";
         }
     }
     if (layout.Scale == 0) {
@@ -150,8 +148,8 @@ LineLayout Lay_Out_Line(const LineLayoutWish& wish) {
         SheetArea window;
         window.Left = layout.Origin - panel.Before * unit;
         window.Top = top - around.Top;
-        window.Width = (panel.Before + wish.LineLength + panel.Behind) * unit +
-                       panel.Room.Right / points_a_millimetre;
+        window.Width =
+            (panel.Before + wish.LineLength + panel.Behind) * unit + panel.Room.Right / points_a_millimetre;
         window.Height = (panel.Height > 0 ? panel.Height * unit * layout.Exaggeration : flexible) +
                         panel.Room.Above / points_a_millimetre;
         top = window.Bottom() + around.Bottom() + gap;

@@ -11,9 +11,9 @@ namespace tarnvik {
 /// A page about the line that is to stand on a sheet, as wide as the line is at the sheet's scale.
 struct LinePanel {
     PageLayout Layout = {};
-    double Before = 0;  ///< length units that its window goes on before the beginning of the line
-    double Behind = 0;  ///< likewise behind its end
-    double Height = 0;  ///< length units upwards; 0: no elevations, takes the height that is left
+    double Before = 0;      ///< length units that its window goes on before the beginning of the line
+    double Behind = 0;      ///< likewise behind its end
+    double Height = 0;      ///< length units upwards; 0: no elevations, takes the height that is left
     SectionRoom Room = {};  ///< of its window that belongs to no distance or elevation, points
 };
 
@@ -31,8 +31,8 @@ struct LineLayoutWish {
 
 struct LineLayout {
     double Scale = 0;
-    double Exaggeration = 1;  ///< of heights against distances
-    double Origin = 0;        ///< place of distance 0 on the paper, mm
+    double Exaggeration = 1;         ///< of heights against distances
+    double Origin = 0;               ///< place of distance 0 on the paper, mm
     std::vector<SheetArea> Windows;  ///< of the panels
     SheetArea Block;                 ///< at the foot, between the margins
     std::string Fault;  ///< why the scales asked for do not fit and which one does; another one is laid out

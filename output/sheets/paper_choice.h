@@ -12,9 +12,9 @@ struct PaperChoice {
         double Short;  ///< mm
         double Long;
     };
-    static constexpr std::array sizes = {Size{"A4", 210, 297},     Size{"A3", 297, 420},
-                                         Size{"A2", 420, 594},     Size{"A1", 594, 841},
-                                         Size{"A0", 841, 1189},    Size{"Letter", 215.9, 279.4},
+    static constexpr std::array sizes = {Size{"A4", 210, 297},        Size{"A3", 297, 420},
+                                         Size{"A2", 420, 594},        Size{"A1", 594, 841},
+                                         Size{"A0", 841, 1189},       Size{"Letter", 215.9, 279.4},
                                          Size{"Legal", 215.9, 355.6}, Size{"Own size", 0, 0}};
     static constexpr int own_size = static_cast<int>(sizes.size()) - 1;
 

@@ -245,7 +245,8 @@ TEST_F(Records, AreDrawnFromTheirTracesWithTheLook) {
     const Played whole(Sheets.Sheets().front().Parts.at(2));
     EXPECT_EQ(whole.Main.Current_Frame().Left, (2 * 24 + 1) * trace_width) << "traces 49 to 72";
     EXPECT_EQ(whole.Main.Current_Frame().Bottom, 500);
-    EXPECT_EQ(whole.Main.Of(Drawn::Verb::Line, colours::Red).size(), 0U) << "the demo's headers have no picks";
+    EXPECT_EQ(whole.Main.Of(Drawn::Verb::Line, colours::Red).size(), 0U)
+        << "the demo's headers have no picks";
     EXPECT_FALSE(whole.StripX.Texts().empty()) << "the header";
     {
         RecordFiles files(Program.Work);

@@ -1,4 +1,5 @@
-// Sheets of paper: where the panels of a line stand, names of the files, and profiles of several lines joined.
+// Sheets of paper: where the panels of a line stand, names of the files, and profiles of several lines
+// joined.
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,8 @@ TEST(LineLayout, KeepsTheScaleAndThePanelsUnderEachOther) {
     wish.LineLength = 1200;
     wish.Panels[1].Before = wish.Panels[1].Behind = 1200.0 / 18;
     wish.Scale = 0;
-    EXPECT_NEAR(Lay_Out_Line(wish).Scale, 4000, 1e-6) << "350 mm are left for 1200 m and 133 m around the profile";
+    EXPECT_NEAR(Lay_Out_Line(wish).Scale, 4000, 1e-6)
+        << "350 mm are left for 1200 m and 133 m around the profile";
 }
 
 TEST(LineLayout, TellsWhatDoesNotFitAndWhatDoes) {
@@ -258,12 +260,13 @@ TEST_F(Joined, TableHoldsTheInterfacesAtTheirJoinedPlaces) {
     const auto ground = *Curve_At(Lines[0].Ground, 60);
     const auto row = [&](const std::string& name, double at, bool depths) {
         const auto number = [](double value) { return CStr(Rounded(value * 1000) / 1000); };
-        return name + "," + number(at) + ",60," + number(ground) + "," + (depths ? number(ground - 6) : "") + "," +
-               (depths ? number(ground - 19) : "") + "\r\n";
+        return name + "," + number(at) + ",60," + number(ground) + "," + (depths ? number(ground - 6) : "") +
+               "," + (depths ? number(ground - 19) : "") + "\r\n";
     };
     EXPECT_NE(table.find(row("first", 60, true)), std::string::npos) << table;
     EXPECT_NE(table.find(row("\"second, b\"", 180, false)), std::string::npos);
-    EXPECT_NE(table.find(row("first", 300, true)), std::string::npos) << "reversed: its middle stays the middle";
+    EXPECT_NE(table.find(row("first", 300, true)), std::string::npos)
+        << "reversed: its middle stays the middle";
 }
 
 TEST_F(Joined, DrawingHasItsScaleAndEveryLine) {
@@ -276,7 +279,7 @@ TEST_F(Joined, DrawingHasItsScaleAndEveryLine) {
     const ReportFrame frame = Draw_Joined(Profiles, paper);
     EXPECT_TRUE(frame.Fits);
     const Frame window = paper.Current_Frame();
-    const double across = (window.Right - window.Left) / window.Width;   // m of a pixel
+    const double across = (window.Right - window.Left) / window.Width;  // m of a pixel
     const double upward = (window.Top - window.Bottom) / window.Height;
     EXPECT_NEAR(25.4 / 96 / across, 1, 1e-9) << "a metre is a millimetre";
     EXPECT_NEAR(across / upward, 2, 1e-9);
@@ -285,7 +288,8 @@ TEST_F(Joined, DrawingHasItsScaleAndEveryLine) {
         const ReportCurve ground = line.Joined(line.Ground);
         int drawn = 0;
         for (std::size_t i = 1; i < ground.size(); ++i)
-            drawn += paper.Has_Line(ground[i - 1].X, ground[i - 1].Z, ground[i].X, ground[i].Z, colours::Black);
+            drawn +=
+                paper.Has_Line(ground[i - 1].X, ground[i - 1].Z, ground[i].X, ground[i].Z, colours::Black);
         EXPECT_EQ(drawn, static_cast<int>(ground.size()) - 1) << line.Name;
     }
     const double middle = *Curve_At(Lines[0].Ground, 60);
@@ -295,8 +299,9 @@ TEST_F(Joined, DrawingHasItsScaleAndEveryLine) {
             found = found || (each.X2 == at && std::abs(each.Y2 - (middle - 19)) < 1e-5);
         EXPECT_TRUE(found) << "second interface below the middle shot at " << at;
     }
-    for (const char* text : {"first", "second, b (no depths)", "< first", "Horizontal 1:1000", "Vertical 1:500",
-                             "Vertical exaggeration 2.0", "Layer 1: 600 m/s", "Layer 3: 3800 m/s"})
+    for (const char* text :
+         {"first", "second, b (no depths)", "< first", "Horizontal 1:1000", "Vertical 1:500",
+          "Vertical exaggeration 2.0", "Layer 1: 600 m/s", "Layer 3: 3800 m/s"})
         EXPECT_NE(paper.Printed(text), nullptr) << text;
     EXPECT_EQ(paper.Of(Drawn::Verb::Polygon, Layer_Fill(1)).size(), 2U) << "lines with depths";
     const Drawn* name = paper.Printed("second, b (no depths)");

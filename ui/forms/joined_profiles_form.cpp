@@ -67,14 +67,10 @@ void JoinedProfilesForm::Bind_List(const Ui::JoinedProfilesForm& controls) {
     });
     const auto any = [this] { return Logic.Selected >= 0; };
     const std::pair<QAbstractButton*, std::function<void()>> keys[] = {
-        {controls.Add, [this] { Logic.Choose_Lines(); }},
-        {controls.Remove, [this] { Logic.Remove(); }},
-        {controls.Reload, [this] { Logic.Reload(); }},
-        {controls.Up, [this] { Logic.Move(-1); }},
-        {controls.Down, [this] { Logic.Move(1); }},
-        {controls.Csv, [this] { Logic.Save_Table(); }},
-        {controls.OpenSet, [this] { Logic.Open_Set(); }},
-        {controls.SaveSet, [this] { Logic.Save_Set(); }},
+        {controls.Add, [this] { Logic.Choose_Lines(); }}, {controls.Remove, [this] { Logic.Remove(); }},
+        {controls.Reload, [this] { Logic.Reload(); }},    {controls.Up, [this] { Logic.Move(-1); }},
+        {controls.Down, [this] { Logic.Move(1); }},       {controls.Csv, [this] { Logic.Save_Table(); }},
+        {controls.OpenSet, [this] { Logic.Open_Set(); }}, {controls.SaveSet, [this] { Logic.Save_Set(); }},
         {controls.NewSet, [this] { Logic.New_Set(); }},
     };
     for (const auto& [button, run] : keys) {
@@ -154,9 +150,8 @@ void JoinedProfilesForm::Refresh() {
 }
 
 void JoinedProfilesForm::Take(const std::vector<std::string>& files) {
-    const auto set = std::find_if(files.begin(), files.end(), [](const std::string& file) {
-        return LCase(Right(file, 6)) == ".tvset";
-    });
+    const auto set = std::find_if(files.begin(), files.end(),
+                                  [](const std::string& file) { return LCase(Right(file, 6)) == ".tvset"; });
     if (set != files.end()) {
         const std::string reason = Logic.Read_Set(*set);
         if (!reason.empty()) Logic.Tell(reason);

@@ -47,17 +47,16 @@ void LineSheetForm::Bind(const Ui::LineSheetForm& controls) {
     Fields.Finished_Text(controls.Scale, Logic.Scale, changed);
     Fields.Finished_Text(controls.VerticalScale, Logic.VerticalScale, changed);
     Fields.Text(controls.Outcome, Logic.Outcome);
-    Fields.Shown(controls.TakeFitting, [this] {
-        return Logic.Laid_Out().NextScale > 0 || Logic.Laid_Out().NextVertical > 0;
-    });
+    Fields.Shown(controls.TakeFitting,
+                 [this] { return Logic.Laid_Out().NextScale > 0 || Logic.Laid_Out().NextVertical > 0; });
     Fields.Command(controls.TakeFitting, [this] {
         Logic.Take_Fitting();
         Refresh();
     });
     const std::pair<QLineEdit*, std::string LineSheet::*> texts[] = {
-        {controls.Title, &LineSheet::Title},       {controls.Client, &LineSheet::Client},
-        {controls.Place, &LineSheet::Place},       {controls.Operator, &LineSheet::Operator},
-        {controls.Date, &LineSheet::Date},         {controls.North, &LineSheet::North},
+        {controls.Title, &LineSheet::Title},     {controls.Client, &LineSheet::Client},
+        {controls.Place, &LineSheet::Place},     {controls.Operator, &LineSheet::Operator},
+        {controls.Date, &LineSheet::Date},       {controls.North, &LineSheet::North},
         {controls.Remarks, &LineSheet::Remarks},
     };
     for (const auto& [control, field] : texts)

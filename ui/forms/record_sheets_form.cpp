@@ -39,9 +39,12 @@ void RecordSheetsForm::Bind(const Ui::RecordSheetsForm& controls) {
     Fields.Choice(controls.Grid, Logic.Grid, changed);
     Fields.Choice(controls.Style, Logic.Style, changed);
     const std::pair<QLineEdit*, std::string RecordSheets::*> texts[] = {
-        {controls.Records, &RecordSheets::Records},         {controls.Gain, &RecordSheets::Gain},
-        {controls.Agc, &RecordSheets::Agc},                 {controls.FirstSample, &RecordSheets::FirstSample},
-        {controls.LastSample, &RecordSheets::LastSample},   {controls.Title, &RecordSheets::Title},
+        {controls.Records, &RecordSheets::Records},
+        {controls.Gain, &RecordSheets::Gain},
+        {controls.Agc, &RecordSheets::Agc},
+        {controls.FirstSample, &RecordSheets::FirstSample},
+        {controls.LastSample, &RecordSheets::LastSample},
+        {controls.Title, &RecordSheets::Title},
     };
     for (const auto& [control, field] : texts)
         Fields.Finished_Text(control, Logic.*field, changed);

@@ -85,8 +85,9 @@ SheetPane::SheetPane(Session& session, SheetSource& source, const std::string& t
     Resolution->setToolTip(tr("Pixels an inch of PNG files; PDF, SVG and WMF are drawings and need none"));
     SaveKey = new QPushButton(tr("&Save as..."));
     SaveKey->setObjectName("Save");
-    SaveKey->setToolTip(tr("PDF, PNG, SVG or WMF file; several pages: one PDF, or numbered files of the "
-                           "other kinds (Ctrl+S)"));
+    SaveKey->setToolTip(
+        tr("PDF, PNG, SVG or WMF file; several pages: one PDF, or numbered files of the "
+           "other kinds (Ctrl+S)"));
     SaveKey->setShortcut(Qt::CTRL | Qt::Key_S);
     PrintKey = new QPushButton(tr("&Print..."));
     PrintKey->setObjectName("Print");
@@ -188,8 +189,8 @@ std::string SheetPane::Write(const std::vector<Sheet>& sheets, const std::vector
     };
     Run_Long_Work(this, label, [&](const TraceProgress& progress) {
         const auto all = static_cast<std::int64_t>(sheets.size());
-        reason = Write_Sheets(sheets, files, Dpi(), Font_Family(),
-                              [&](int done) { return progress(done, all); });
+        reason =
+            Write_Sheets(sheets, files, Dpi(), Font_Family(), [&](int done) { return progress(done, all); });
     });
     return reason;
 }
