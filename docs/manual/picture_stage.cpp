@@ -107,7 +107,7 @@ void PictureStage::Take_Window(const QString& name, double part_of_height) {
     Save(name, *Window, part);
 }
 
-void PictureStage::Take_Form(const QString& name, Dialog dialog) {
+void PictureStage::Take_Form(const QString& name, Dialog dialog, int most_height) {
     Display.Show_Fields();
     Settle();
     Form* form = Display.Open_Form(dialog);
@@ -116,6 +116,7 @@ void PictureStage::Take_Form(const QString& name, Dialog dialog) {
                                  (Prompts.Said.empty() ? "" : "; said last: " + Prompts.Said.back()));
     }
     QRect part = form->rect();
+    part.setHeight(std::min(part.height(), most_height));
     // A tool window is as high as the picture beside it; below its last control it is empty.
     const DialogRow* row = Row_Of(dialog);
     if (row != nullptr && row->Place == DialogPlace::Dock)
