@@ -151,8 +151,12 @@ void Show_Curves_And_Profile(Session& session) {
 }
 
 void Start_New_Profile(Session& session) {
+    Start_New_Profile_Of(session, {});
+}
+
+void Start_New_Profile_Of(Session& session, const std::string& records) {
     if (!May_Leave_Project(session)) return;
-    if (!New_Profile(session.Work, session.Outside, session.NewProfile)) return;
+    if (!New_Profile(session.Work, session.Outside, session.NewProfile, records)) return;
     Add_Recent_File(session.Work.Settings, session.Work.Project.CurrentFile);
     session.LeftOutByCount.clear();
     Close_Computing_Dialogs(session);

@@ -49,6 +49,7 @@ void Show_Curves_And_Profile(Session& session);
 
 /// Makes a new project of field records.
 void Start_New_Profile(Session& session);
+void Start_New_Profile_Of(Session& session, const std::string& records);  ///< of this SU file
 /// Another SU file for the project in memory, or for a new one.
 void Load_Records(Session& session);
 /// Picks of the SU headers into the table, the model and the curves.

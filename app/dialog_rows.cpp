@@ -42,6 +42,8 @@ constexpr std::array dialog_rows = {
               true},
     DialogRow{Dialog::resu, "Seismic Profile", "results", DialogPlace::Window, DisplayMode::None, true},
     DialogRow{Dialog::Header, "Header editor", "header_editor", DialogPlace::Window, DisplayMode::None, true},
+    DialogRow{Dialog::Conversion, "Seismograph file conversion", "conversion", DialogPlace::Box,
+              DisplayMode::None, false},
     DialogRow{Dialog::rezize, "SU file utility", "su_utility", DialogPlace::Box, DisplayMode::None, false},
     DialogRow{Dialog::Update_FLDR, "Update FLDR and TRACF", "trace_numbers", DialogPlace::Box,
               DisplayMode::None, true},

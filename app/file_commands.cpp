@@ -14,6 +14,7 @@
 #include "core/settings_file.h"
 #include "core/text/letters.h"
 #include "core/tv4_file.h"
+#include "processing/instruments/conversion.h"
 #include "records/su_loading.h"
 
 namespace tarnvik {
@@ -60,6 +61,28 @@ void Open_Dropped_File(Session& session, const std::string& path) {
     }
     session.Work.Fields.Status = path + ": " + refusal;
     session.Outside.Show.Show_Fields();
+}
+
+void Open_Dropped_Files(Session& session, const std::vector<std::string>& paths) {
+    std::vector<std::string> records;
+    bool foreign = false;
+    for (const std::string& path : paths) {
+        const std::string format = Field_Format_Of(path);
+        if (format.empty()) continue;
+        records.push_back(path);
+        foreign |= format != "SU";
+    }
+    if (!foreign && records.size() < 2) {
+        if (!paths.empty()) Open_Dropped_File(session, paths.front());
+        return;
+    }
+    const std::string made = session.FieldFiles.Make_Of(records);
+    if (made.empty()) return;
+    if (session.Outside.Ask.Ask_Yes("Start a new profile with " + made + " ?", session.Work.AppTitle)) {
+        Start_New_Profile_Of(session, made);
+    } else {
+        Open_Dropped_File(session, made);
+    }
 }
 
 void Save_Data(Session& session) {

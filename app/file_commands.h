@@ -15,6 +15,9 @@ void Open_Recent_File(Session& session, int place);
 /// A file dropped onto the window: a project is opened, records are loaded; for any other file the status
 /// field says what can be dropped.
 void Open_Dropped_File(Session& session, const std::string& path);
+/// Several files, of which the first counts; files of a seismograph, or several SU files, are converted to
+/// one SU file, with which a new profile can begin.
+void Open_Dropped_Files(Session& session, const std::vector<std::string>& paths);
 /// Saves under the name in CurrentFile; does nothing without one.
 void Save_Data(Session& session);
 void Save_Data_As(Session& session);

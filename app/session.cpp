@@ -88,6 +88,11 @@ void Session::Keep_Journals() {
     Work.CompanionFolder = Folder_Of(SettingsFile) + "projects";
 }
 
+void Session::Offer_Conversion() {
+    FieldFiles.Remember_In(SettingsFile);
+    Work.Convert = [this](const std::string& path) { return FieldFiles.Make_Of({path}); };
+}
+
 void Session::Keep_Display_Choices() {
     Work.Choices.Keep_In(Display_Choices_File(SettingsFile));
 }

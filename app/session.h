@@ -24,6 +24,7 @@
 #include "output/coloured_section.h"
 #include "output/section_report.h"
 #include "output/tables/resu.h"
+#include "processing/conversion_dialog.h"
 #include "processing/header_editor.h"
 #include "processing/rezize.h"
 #include "processing/update_fldr.h"
@@ -65,6 +66,9 @@ class Session {
 
     /// From now on each edit is written to a journal beside the settings, for the next start after a kill.
     void Keep_Journals();
+    /// From now on a seismograph's file that is loaded is offered for conversion. Somebody must be there to
+    /// be asked.
+    void Offer_Conversion();
     /// From now on it is remembered beside the settings how each project is looked at, and records met for
     /// the first time are shown so that they can be read.
     void Keep_Display_Choices();
@@ -118,6 +122,7 @@ class Session {
     Header HeaderEditor;  ///< words of the trace headers of any SU file
     rezize SuUtility;     ///< files of another size made of SU files
     Update_FLDR TraceNumbers;
+    Conversion FieldFiles{Outside};  ///< files of seismographs to SU
 
     PictureExport SavePicture{*this};
 

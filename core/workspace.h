@@ -414,6 +414,9 @@ struct Workspace {
     /// Lets the user make a shorter SU file of one that he is loading; answers that file, empty when he made
     /// none. What does it stands above whoever loads.
     std::function<std::string(const std::string& su_file)> Resize;
+    /// Lets the user make an SU file of a seismograph's file that he is loading, likewise. Empty where nobody
+    /// can be asked.
+    std::function<std::string(const std::string& field_file)> Convert;
 };
 
 /// Forgets what is marked on the Dromo picture; nothing is redrawn.

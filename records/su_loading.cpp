@@ -54,14 +54,23 @@ struct Former {
     TextGrid TraceSizes;
 };
 
+/// A file that the conversion takes.
+bool Is_Foreign(const SuCheck& check) {
+    return check.Is == SuCheck::Kind::SegY || check.Is == SuCheck::Kind::Seg2;
+}
+
 /// A path the user chose and that can be used; empty when he gave up.
 std::string Choose_SU_File(Workspace& workspace, Ports& ports) {
     for (;;) {
         const std::string path = ports.Ask.Open_File(
-            {"Load ", "Seismic Unix (SU)|*.SU|All files|*.*|", "*.SU", workspace.Project.ProjectDir});
+            {"Load ",
+             "Seismic Unix (SU)|*.SU|Seismograph files|*.SG2;*.SEG2;*.DAT;*.SGY;*.SEGY|All files|*.*|",
+             "*.SU", workspace.Project.ProjectDir});
         if (path.empty()) return path;
         const std::string refusal = Path_Refusal(path);
         if (refusal.empty()) return path;
+        // What is converted first may have any name.
+        if (workspace.Convert && Is_Foreign(Check_Su_File(path))) return path;
         ports.Ask.Say(refusal, workspace.AppTitle, Icon::Critical);
         if (To_Windows_1252(path).size() > longest_path) return {};
         if (!ports.Ask.Ask_Yes(refusal, "Search another SU file location ?) ")) return {};
@@ -313,6 +322,10 @@ std::string Checked_SU_File(Workspace& workspace, Ports& ports, const std::strin
     if (check.Is == SuCheck::Kind::BigEndian) {
         const std::string copy = Turned_Copy(workspace, ports, path, check);
         return copy.empty() ? copy : Checked_SU_File(workspace, ports, copy);
+    }
+    if (Is_Foreign(check) && workspace.Convert) {
+        const std::string made = workspace.Convert(path);
+        return made.empty() ? made : Checked_SU_File(workspace, ports, made);
     }
     if (check.Refused()) {
         ports.Ask.Say(check.Message(path), workspace.AppTitle, Icon::Critical);

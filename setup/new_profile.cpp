@@ -77,8 +77,22 @@ void Begin_Aside(Workspace& aside, const Workspace& workspace) {
     aside.Record = workspace.Record;
     aside.Grids.size_grid = workspace.Grids.size_grid;
     aside.Resize = workspace.Resize;
+    aside.Convert = workspace.Convert;
     aside.Project.ProjectDir = workspace.Project.ProjectDir;  // where the file dialogs begin
     aside.Project.GeoSpace = workspace.Project.GeoSpace;      // offered as the spacing
+}
+
+/// Whether there are SU files to begin with; the converter is started where there are none yet. False when
+/// the user gave up.
+bool Ask_About_Conversion(const Workspace& workspace, Ports& ports) {
+    const Answer converted = ports.Ask.Message("Did you already convert your field data to SU format",
+                                               workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
+    if (converted != Answer::No) return converted == Answer::Yes;
+    if (ports.Launch.Start(converter, "412", ports.Launch.Program_Folder()) < launch_failure_below) {
+        ports.Ask.Say(std::string(converter) + "Unable to shell application:", workspace.AppTitle,
+                      Icon::Critical);
+    }
+    return ports.Ask.Ask_Yes("Now pick FBP ", workspace.AppTitle);
 }
 
 using FileChanges = std::vector<FileChange>;
@@ -102,8 +116,10 @@ void Build_Grid(Workspace& workspace) {
 }
 
 /// The questions of the flow from the choice of the SU file to the geometry. False when the user gave up.
-bool Set_Up_Aside(Workspace& aside, Ports& ports, rechinfo& dialog) {
-    if (!Load_SU_File(aside, ports) || !Take_Up_Records(aside, ports)) return false;
+bool Set_Up_Aside(Workspace& aside, Ports& ports, rechinfo& dialog, const std::string& records) {
+    const bool loaded =
+        records.empty() ? Load_SU_File(aside, ports) : Load_Chosen_SU_File(aside, ports, records);
+    if (!loaded || !Take_Up_Records(aside, ports)) return false;
     const std::string numbered = aside.Project.SuFile;
     dialog.Clear();
     dialog.Affichage(aside);
@@ -156,17 +172,8 @@ std::string Number_Traces(Workspace& workspace, std::int32_t channels) {
     return {};
 }
 
-bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
-    const Answer converted = ports.Ask.Message("Did you already convert your field data to SU format",
-                                               workspace.AppTitle, Icon::Question, Buttons::YesNoCancel);
-    if (converted == Answer::Cancel) return false;
-    if (converted == Answer::No) {
-        if (ports.Launch.Start(converter, "412", ports.Launch.Program_Folder()) < launch_failure_below) {
-            ports.Ask.Say(std::string(converter) + "Unable to shell application:", workspace.AppTitle,
-                          Icon::Critical);
-        }
-        if (!ports.Ask.Ask_Yes("Now pick FBP ", workspace.AppTitle)) return false;
-    }
+bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog, const std::string& records) {
+    if (records.empty() && !Ask_About_Conversion(workspace, ports)) return false;
 
     Workspace aside;
     Begin_Aside(aside, workspace);
@@ -179,7 +186,7 @@ bool New_Profile(Workspace& workspace, Ports& ports, rechinfo& dialog) {
         numbered.insert(numbered.end(), files.begin(), files.end());
         Note_File_Changes(workspace, number_traces, files);
     };
-    const bool made = Set_Up_Aside(aside, ports, dialog);
+    const bool made = Set_Up_Aside(aside, ports, dialog, records);
     dialog.Leave_Line();
     if (!made) return false;
     aside.Edits.On_Change = nullptr;

@@ -64,6 +64,7 @@ int main(int argc, char** argv) {
     launcher.Set_Parent(&window);
     session.Keep_Journals();
     session.Keep_Display_Choices();
+    session.Offer_Conversion();
     window.show();
     const std::string command_line = Command_Line(QApplication::arguments());
     // The window stands before the first question comes.

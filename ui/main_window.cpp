@@ -346,9 +346,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
     const QList<QUrl> files = event->mimeData()->urls();
     if (files.isEmpty()) return;
     event->acceptProposedAction();
-    const std::string path = files.constFirst().toLocalFile().toStdString();
+    std::vector<std::string> paths;
+    for (const QUrl& file : files)
+        paths.push_back(file.toLocalFile().toStdString());
     // The program that the file comes from waits for the end of the drop; questions come after it.
-    QTimer::singleShot(0, this, [this, path] { Open_Dropped_File(Program, path); });
+    QTimer::singleShot(0, this, [this, paths] { Open_Dropped_Files(Program, paths); });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

@@ -230,20 +230,6 @@ Form* QtDisplay::Open_Form(Dialog dialog) const {
     return found == Open.end() ? nullptr : found->second.Content;
 }
 
-PageLayout QtDisplay::Layout_Of(Page page) const {
-    switch (page) {
-        case Page::Profile:
-            return Profile_Layout();
-        case Page::Record:
-            return Record_Layout();
-        case Page::Section:
-            return Is_Report(*Owner, page) ? Report_Layout() : Section_Layout();
-        case Page::Curves:
-            break;
-    }
-    return Curves_Layout();
-}
-
 DrawPage QtDisplay::Page_Drawing(Page page) {
     return [this, page](Picture& main, Picture& below, Picture& beside) {
         Draw_Page(*Owner, page, PagePictures{main, below, beside});
@@ -273,12 +259,12 @@ bool QtDisplay::Print_Page(Page page) {
     const QSizeF paper = Printer().pageRect(QPrinter::Millimeter).size();
     if (!Scale_May_Change(*Owner, page, paper.width(), paper.height())) return true;
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
-    return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
+    return tarnvik::Print_Page(Printer(), Layout_Of(*Owner, page), family, Page_Drawing(page)).empty();
 }
 
 std::string QtDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
-    return Write_Picture_File(path, format, Layout_Of(page),
+    return Write_Picture_File(path, format, Layout_Of(*Owner, page),
                               QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
                               Page_Titles(page));
 }
@@ -286,7 +272,7 @@ std::string QtDisplay::Save_Page(Page page, const std::string& path, const Pictu
 std::string QtDisplay::Copy_Page(Page page, const PictureFormat& format) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
     const auto made = [&](const char* ending) {
-        return Make_Picture(ending, format, Layout_Of(page),
+        return Make_Picture(ending, format, Layout_Of(*Owner, page),
                             QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
                             Page_Titles(page));
     };

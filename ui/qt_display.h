@@ -62,7 +62,6 @@ class QtDisplay : public SessionDisplay {
     };
     void Forget(Dialog dialog);
     DrawPage Page_Drawing(Page page);
-    PageLayout Layout_Of(Page page) const;
     TitleTexts Page_Titles(Page page);
     QPrinter& Printer();
 

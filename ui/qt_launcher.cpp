@@ -45,11 +45,11 @@ int QtLauncher::Start(const std::string& program, const std::string& arguments, 
     if (found.Program.isEmpty()) return file_not_found;
     const QString text = QString::fromStdString(arguments);
     // A path with blanks that stands for itself is one argument.
-    const QStringList list = found.Before + (!text.isEmpty() && QFileInfo::exists(text)
-                                                 ? QStringList{text}
-                                                 : QProcess::splitCommand(text));
-    const QString where = QFileInfo(QString::fromStdString(folder)).isDir() ? QString::fromStdString(folder)
-                                                                            : QString();
+    const QStringList list =
+        found.Before +
+        (!text.isEmpty() && QFileInfo::exists(text) ? QStringList{text} : QProcess::splitCommand(text));
+    QString where = QString::fromStdString(folder);
+    if (!QFileInfo(where).isDir()) where.clear();
     return QProcess::startDetached(found.Program, list, where) ? launched : file_not_found;
 }
 

@@ -156,6 +156,16 @@ std::string QtPrompts::Open_File(const FileRequest& request) {
         File_Filters(request.Filter).join(";;"), nullptr, QFileDialog::HideNameFilterDetails));
 }
 
+std::vector<std::string> QtPrompts::Open_Files(const FileRequest& request) {
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        Owner(), QString::fromStdString(request.Title), Start_Place(request, LastFolder),
+        File_Filters(request.Filter).join(";;"), nullptr, QFileDialog::HideNameFilterDetails);
+    std::vector<std::string> chosen;
+    for (const QString& path : paths)
+        chosen.push_back(Chosen(path));
+    return chosen;
+}
+
 std::string QtPrompts::Chosen(const QString& path) {
     if (!path.isEmpty()) LastFolder = QFileInfo(path).absolutePath();
     return path.toStdString();

@@ -18,6 +18,7 @@ class QtPrompts : public Prompts {
     std::string Input(const std::string& prompt, const std::string& title,
                       const std::string& initial) override;
     std::string Open_File(const FileRequest& request) override;
+    std::vector<std::string> Open_Files(const FileRequest& request) override;
     std::string Save_File(const FileRequest& request) override;
     std::optional<Colour> Choose_Colour(Colour initial) override;
     std::optional<std::string> Choose_Font(const std::string& initial) override;

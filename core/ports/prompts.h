@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/text_grid.h"
 
@@ -32,6 +34,11 @@ class Prompts {
                               const std::string& initial) = 0;
     /// Path chosen; empty when the dialog was cancelled.
     virtual std::string Open_File(const FileRequest& request) = 0;
+    /// Paths chosen, several at once where the platform can; none when the dialog was cancelled.
+    virtual std::vector<std::string> Open_Files(const FileRequest& request) {
+        std::string path = Open_File(request);
+        return path.empty() ? std::vector<std::string>() : std::vector{std::move(path)};
+    }
     virtual std::string Save_File(const FileRequest& request) = 0;
     virtual std::optional<Colour> Choose_Colour(Colour initial) = 0;
     /// Name of the font chosen; nothing when the dialog was cancelled.

@@ -4,6 +4,7 @@
 #include "ui/forms/abc_grid_form.h"
 #include "ui/forms/auto_pik_form.h"
 #include "ui/forms/confirm_form.h"
+#include "ui/forms/conversion_form.h"
 #include "ui/forms/delay_form.h"
 #include "ui/forms/depth_form.h"
 #include "ui/forms/dip_form.h"
@@ -39,6 +40,10 @@ std::unique_ptr<Form> Make(Session& session, QtDisplay& display) {
     return std::make_unique<FormType>(session, display);
 }
 
+std::unique_ptr<Form> Make_Conversion(Session& session, QtDisplay&) {
+    return std::make_unique<ConversionForm>(session.FieldFiles);
+}
+
 }  // namespace
 
 MakeForm Form_Of(Dialog dialog) {
@@ -63,6 +68,7 @@ MakeForm Form_Of(Dialog dialog) {
         {Dialog::GRM_depth, Make<GrmDepthForm>},
         {Dialog::resu, Make<ResuForm>},
         {Dialog::rechinfo, Make<NewProfileForm>},
+        {Dialog::Conversion, Make_Conversion},
         {Dialog::Header, Make<HeaderForm>},
         {Dialog::rezize, Make<RezizeForm>},
         {Dialog::Update_FLDR, Make<UpdateFldrForm>},

@@ -1,5 +1,5 @@
-// tarnvik-tools: the programs that the main one launches by name, in one. `tarnvik-tools NAME [arguments]`; under
-// the name of a tool it is that tool.
+// tarnvik-tools: the programs that the main one launches by name, in one. `tarnvik-tools NAME [arguments]`;
+// under the name of a tool it is that tool.
 
 #include <QApplication>
 #include <QFileInfo>

@@ -1,6 +1,7 @@
 #include "ui/tools/tool_window.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -21,8 +22,15 @@ ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& plac
         QKeySequence(help_key), this,
         [&session = start.Program, chapter = std::string(row.Chapter)] { Open_Chapter(session, chapter); });
     Content->Refresh();
+    // As large as the form wants to be; by itself a window begins with two thirds of the screen at most.
+    constexpr double share_of_screen = 0.92;
+    resize(Content->sizeHint()
+               .expandedTo(Content->minimumSizeHint())
+               .boundedTo(screen()->availableSize() * share_of_screen));
     const QSettings places_of_windows(Places, QSettings::IniFormat);
-    restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());
+    // A window that was never placed is as large as its form wants, on the screen that there is.
+    if (!restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray()))
+        resize(sizeHint().boundedTo(screen()->availableSize() - QSize(40, 60)));
 }
 
 ToolWindow::~ToolWindow() = default;
