@@ -255,7 +255,7 @@ void Tools(const QString& pictures) {
               {"f=interpreted/demo1.su", "ftr=49", "ltr=72", "fpt=1", "lpt=500"});
     Take_Tool("record_sheets", pictures, "suprint2", {"412"});
     Take_Tool("line_sheet", pictures, "tvmprint", {"412"});
-    Take_Tool("joined_profiles", pictures, "TVProfile", {});
+    Take_Tool("joined_profiles", pictures, "TVProfile", {"interpreted/demo1.tv5", "undulating/demo2.tv5"});
     Take_Tool("merge_files", pictures, "merge_file", {"plain/demo1.su", "interpreted/demo1.su"});
     Take_Tool("csv_files", pictures, "add_csv", {"plain/demo1.csv", "interpreted/demo1.csv"});
 }

@@ -4,7 +4,6 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
-#include <iostream>
 #include <stdexcept>
 
 #include "app/commands.h"
@@ -157,10 +156,7 @@ void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
     const auto rows = Tool_Rows();
     const auto row =
         std::find_if(rows.begin(), rows.end(), [tool](const ToolRow& each) { return each.Name == tool; });
-    if (row == rows.end()) {
-        std::cerr << "make_manual_pictures: there is no tool " << tool << "\n";
-        return;
-    }
+    if (row == rows.end()) throw std::runtime_error("there is no tool " + std::string(tool));
     StagePrompts prompts;
     StageLauncher launcher;
     HeadlessDisplay display;
