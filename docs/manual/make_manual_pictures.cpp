@@ -146,7 +146,7 @@ void Records_And_Tables(const QString& pictures) {
     stage.Take_Form("ruler", Dialog::RulerF);
     stage.Close(Dialog::RulerF);
     stage.Run("History_M");
-    stage.Take_Form("history", Dialog::History);
+    stage.Take_Form("history", Dialog::History, 120);
     stage.Close(Dialog::History);
     stage.Run("headerx");
     stage.Take_Form("header_editor", Dialog::Header);
@@ -195,12 +195,11 @@ void Interpreted_Line(const QString& pictures) {
     line.Results.Date = day;
     stage.Take_Form("results", Dialog::resu);
     stage.Close(Dialog::resu);
-    line.Work.Profile.GivenMaxElevation = 110;
-    line.Work.Profile.GivenMinElevation = 70;
     stage.Run("BI_M");
     line.Work.Fields.Status.clear();
     stage.Take_Window("curves_and_profile");
     stage.Run("S2");
+    line.Work.Fields.Status.clear();
     stage.Take_Window("profile");
     stage.Run("Command13");
     stage.Take_Window("section");
@@ -231,9 +230,8 @@ void Undulating_Line(const QString& pictures) {
     line.Delay.Set_Total_Time(94.5);
     stage.Take_Window("delay_times_window");
     stage.Close(Dialog::DelayF);
-    line.Work.Profile.GivenMaxElevation = 110;
-    line.Work.Profile.GivenMinElevation = 70;
     stage.Run("S3");
+    line.Work.Fields.Status.clear();
     stage.Take_Window("abc_profile");
     line.Outside.Show.Open_Dialog(Dialog::ABCGridF, false);
     stage.Take_Form("abc", Dialog::ABCGridF);
@@ -257,7 +255,7 @@ void Tools(const QString& pictures) {
               {"f=interpreted/demo1.su", "ftr=49", "ltr=72", "fpt=1", "lpt=500"});
     Take_Tool("record_sheets", pictures, "suprint2", {"412"});
     Take_Tool("line_sheet", pictures, "tvmprint", {"412"});
-    Take_Tool("joined_profiles", pictures, "TVProfile", {});
+    Take_Tool("joined_profiles", pictures, "TVProfile", {"interpreted/demo1.tv5", "undulating/demo2.tv5"});
     Take_Tool("merge_files", pictures, "merge_file", {"plain/demo1.su", "interpreted/demo1.su"});
     Take_Tool("csv_files", pictures, "add_csv", {"plain/demo1.csv", "interpreted/demo1.csv"});
 }

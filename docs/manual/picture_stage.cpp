@@ -4,7 +4,6 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
-#include <iostream>
 #include <stdexcept>
 
 #include "app/commands.h"
@@ -107,7 +106,7 @@ void PictureStage::Take_Window(const QString& name, double part_of_height) {
     Save(name, *Window, part);
 }
 
-void PictureStage::Take_Form(const QString& name, Dialog dialog) {
+void PictureStage::Take_Form(const QString& name, Dialog dialog, int most_height) {
     Display.Show_Fields();
     Settle();
     Form* form = Display.Open_Form(dialog);
@@ -116,6 +115,7 @@ void PictureStage::Take_Form(const QString& name, Dialog dialog) {
                                  (Prompts.Said.empty() ? "" : "; said last: " + Prompts.Said.back()));
     }
     QRect part = form->rect();
+    part.setHeight(std::min(part.height(), most_height));
     // A tool window is as high as the picture beside it; below its last control it is empty.
     const DialogRow* row = Row_Of(dialog);
     if (row != nullptr && row->Place == DialogPlace::Dock)
@@ -156,10 +156,7 @@ void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
     const auto rows = Tool_Rows();
     const auto row =
         std::find_if(rows.begin(), rows.end(), [tool](const ToolRow& each) { return each.Name == tool; });
-    if (row == rows.end()) {
-        std::cerr << "make_manual_pictures: there is no tool " << tool << "\n";
-        return;
-    }
+    if (row == rows.end()) throw std::runtime_error("there is no tool " + std::string(tool));
     StagePrompts prompts;
     StageLauncher launcher;
     HeadlessDisplay display;

@@ -70,8 +70,8 @@ class PictureStage {
     void Close(Dialog dialog);
     /// The main window, or a stretch of it from the top (in parts of its height).
     void Take_Window(const QString& name, double part_of_height = 1);
-    /// The form of an open dialog, without the window around it.
-    void Take_Form(const QString& name, Dialog dialog);
+    /// The form of an open dialog, without the window around it; of a long list its upper part alone.
+    void Take_Form(const QString& name, Dialog dialog, int most_height = 10'000);
     /// A control of the main window.
     void Take_Control(const QString& name, const char* object_name);
     /// A dialog that lets its caller wait: runs the command, takes the form and closes the dialog.
