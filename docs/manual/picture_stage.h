@@ -89,8 +89,7 @@ class PictureStage {
     std::unique_ptr<MainWindow> Window;
 };
 
-/// The window of a tool beside the program, on the interpreted demo line and with these arguments. A tool
-/// that is not there is passed over with a word on standard error.
+/// The window of a tool beside the program, on the interpreted demo line and with these arguments.
 void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
                const QStringList& arguments);
 
