@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t most_blocks = 400;
 constexpr int most_rounds = 12;
-constexpr double settled = 1e-6;      ///< change of the fit, in parts of its size
+constexpr double settled = 1e-4;      ///< change of the fit, in parts of its size
 constexpr double even_at_most = 2.5;  ///< loud against quiet parts of a trace without signal
 constexpr double least_quiet_periods = 2;
 
@@ -21,7 +21,8 @@ constexpr std::size_t Triangle(std::size_t row, std::size_t column) {
 }
 
 /// Sum of products, in lanes that the processor adds side by side.
-double Product(const float* a, const float* b, std::size_t count) {
+template <class Value>
+double Product(const Value* a, const Value* b, std::size_t count) {
     constexpr std::size_t lanes = 8;
     double sums[lanes] = {};
     std::size_t i = 0;
@@ -106,15 +107,14 @@ void HumRemover::Prepare(std::span<const float> samples) {
 void HumRemover::Measure_Blocks(std::span<const double> fit) {
     const std::size_t entries = Triangle(Unknowns, 0);
     std::vector<double> energy(Blocks);
+    std::vector<double> pairs(entries);
+    for (std::size_t row = 0; row < Unknowns; ++row) {
+        for (std::size_t column = 0; column <= row; ++column)
+            pairs[Triangle(row, column)] = (row == column ? 1 : 2) * fit[row] * fit[column];
+    }
     for (std::size_t block = 0; block < Blocks; ++block) {
-        double left = Squares[block];
-        const double* products = &Products[block * Unknowns];
-        const double* gram = &Grams[block * entries];
-        for (std::size_t row = 0; row < Unknowns; ++row) {
-            left -= 2 * fit[row] * products[row];
-            for (std::size_t column = 0; column <= row; ++column)
-                left += (row == column ? 1 : 2) * fit[row] * fit[column] * gram[Triangle(row, column)];
-        }
+        const double left = Squares[block] - 2 * Product(fit.data(), &Products[block * Unknowns], Unknowns) +
+                            Product(pairs.data(), &Grams[block * entries], entries);
         energy[block] = std::max(left, 0.0);
     }
     for (std::size_t block = 0; block < Blocks; ++block) {
