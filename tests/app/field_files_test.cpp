@@ -67,6 +67,7 @@ TEST_F(FieldFiles, that_are_dropped_become_one_su_file_and_a_new_profile) {
         if (dialog == Dialog::rechinfo) Program.NewProfile.Ok();
     };
     Prompts.Expect("Start a new profile with " + Folder / "line.su" + " ?", Answer::Yes);
+    Prompts.Expect_Start("The traces of ", Answer::Yes);
     Open_Dropped_Files(Program, {tenth, Folder / "notes.txt", second});
     ASSERT_EQ(Files.Rows(), 3);
     EXPECT_EQ(Files.Text(1, 1), "shot2.dat");
@@ -109,6 +110,7 @@ TEST_F(FieldFiles, chosen_for_a_new_profile_lead_to_the_conversion_and_back) {
     };
     Prompts.Expect("Did you already convert your field data to SU format", Answer::Yes);
     Prompts.Expect_File("Load ", chosen);
+    Prompts.Expect_Start("The traces of ", Answer::Yes);
     Start_New_Profile(Program);
     EXPECT_EQ(Program.Work.Project.GeoSpace, 2.5);
     EXPECT_EQ(Program.Work.Project.SuFile, Folder / "line.su");
