@@ -28,9 +28,7 @@ ToolWindow::ToolWindow(const ToolRow& row, ToolStart& start, const QString& plac
                .expandedTo(Content->minimumSizeHint())
                .boundedTo(screen()->availableSize() * share_of_screen));
     const QSettings places_of_windows(Places, QSettings::IniFormat);
-    // A window that was never placed is as large as its form wants, on the screen that there is.
-    if (!restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray()))
-        resize(sizeHint().boundedTo(screen()->availableSize() - QSize(40, 60)));
+    restoreGeometry(places_of_windows.value("Tools/" + objectName()).toByteArray());
 }
 
 ToolWindow::~ToolWindow() = default;
