@@ -172,6 +172,9 @@ void Take_Tool(const char* name, const QString& pictures, std::string_view tool,
     QEventLoop ready;
     QTimer::singleShot(tool_is_ready_ms, &ready, &QEventLoop::quit);
     ready.exec();
+    // The first picture brings the last sizes, which are drawn behind it.
+    window.grab();
+    PictureStage::Settle();
     Save_Picture(pictures, QString::fromLatin1(name), window, window.rect());
 }
 

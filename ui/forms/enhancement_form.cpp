@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QMimeData>
 #include <QSplitter>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -176,7 +177,8 @@ void EnhancementForm::Tie_Filters(Ui::EnhancementForm& controls) {
     controls.HumHertz->setFixedWidth(width + 12);
     for (QGridLayout* grid : {controls.notchGrid, controls.gainGrid})
         grid->setColumnStretch(0, 1);
-    controls.choicesArea->setFixedWidth(controls.choices->sizeHint().width() + 18);
+    const int scroll_bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    controls.choicesArea->setFixedWidth(controls.choices->sizeHint().width() + scroll_bar + 8);
 }
 
 void EnhancementForm::Tie_Record(Ui::EnhancementForm& controls) {
