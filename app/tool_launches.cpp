@@ -57,11 +57,12 @@ void Launch_Enhancement(Session& session) {
 void Launch_Filter(Session& session) {
     // The filter tool looks the files up in the settings, not on its command line alone.
     Name_Line(session);
-    Start_Tool(session, In_Program_Folder(session, "reverse.exe"), session.Work.Project.SuFile,
+    Start_Tool(session, In_Program_Folder(session, "reverse.exe"), Su_Path(session.Work.Project),
                shell_failure);
 }
 
 void Launch_Trace_Reversal(Session& session) {
+    Name_Line(session);
     Start_Tool(session, In_Program_Folder(session, "reverse.exe"), "", shell_failure);
 }
 
