@@ -1,6 +1,6 @@
 #include "ui/qt_launcher.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -12,6 +12,7 @@
 #include <QUrl>
 
 #include "core/files.h"
+#include "ui/help_window.h"
 #include "ui/running/tool_run.h"
 
 namespace tarnvik {
@@ -89,6 +90,15 @@ ToolResult QtLauncher::Run_In_Order(const std::vector<ToolCommand>& commands, co
 int QtLauncher::Open_Document(const std::string& path) {
     const QFileInfo file(QString::fromStdString(path));
     if (!file.exists()) return file_not_found;
+    const bool page = file.suffix().compare("html", Qt::CaseInsensitive) == 0;
+    if (page && Find_Program("html").empty()) {
+        // A box that waits for an answer keeps all windows from the hand but its own.
+        QWidget* above = QApplication::activeModalWidget();
+        if (above == nullptr) above = Parent;
+        if (Help && Help->parentWidget() != above) delete Help;
+        if (!Help) Help = new HelpWindow(above);
+        return Help->Show_Page(file.absoluteFilePath()) ? launched : file_not_found;
+    }
     return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())) ? launched
                                                                                    : no_program_for_type;
 }

@@ -7,6 +7,8 @@
 
 namespace tarnvik {
 
+class HelpWindow;
+
 /// Programs and documents by the means of the desktop.
 class QtLauncher : public Launcher {
   public:
@@ -28,6 +30,7 @@ class QtLauncher : public Launcher {
 
   private:
     QPointer<QWidget> Parent;
+    QPointer<HelpWindow> Help;  ///< where the desktop has no program for pages
     bool PointSet = false;
 };
 

@@ -1,11 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTest>
+#include <QTextBrowser>
+#include <QToolButton>
 #include <filesystem>
 
 #include "app/documents.h"
 #include "core/files.h"
+#include "ui/help_window.h"
 #include "ui/tools/tool_window.h"
 #include "window_fixture.h"
 
@@ -75,6 +81,42 @@ TEST_F(Help, a_tool_beside_the_program_has_its_chapter) {
         EXPECT_TRUE(std::filesystem::exists(std::string(TARNVIK_MANUAL_SOURCES) + "/" + own.Chapter + ".md"))
             << own.Name << ": " << own.Chapter;
     }
+}
+
+TEST(HelpPages, are_read_walked_and_searched_where_the_desktop_has_no_program_for_them) {
+    const test::TemporaryFolder folder;
+    QImage(3000, 300, QImage::Format_RGB32).save(QString::fromStdString(folder / "wide.png"));
+    const auto page = [&folder](const char* name, const std::string& body) {
+        EXPECT_EQ(Replace_File(folder / name, "<html><body>" + body + "</body></html>"), "");
+        return QString::fromStdString(folder / name);
+    };
+    const QString first = page(
+        "first.html", "<p>Curves</p><p>knee, knee</p><img src=\"wide.png\"><a href=\"second.html\">on</a>");
+    page("second.html", "<p>Depths</p>");
+    page("index.html", "<p>All chapters</p>");
+    HelpWindow window;
+    EXPECT_FALSE(window.Show_Page(first + ".gone"));
+    ASSERT_TRUE(window.Show_Page(first));
+    QApplication::processEvents();
+    auto* pages = window.findChild<QTextBrowser*>("Pages");
+    EXPECT_TRUE(pages->toPlainText().contains("Curves"));
+    EXPECT_EQ(pages->horizontalScrollBar()->maximum(), 0) << "the picture is no wider than the window";
+    auto* wanted = window.findChild<QLineEdit*>("Wanted");
+    QTest::keyClicks(wanted, "knee");
+    QTest::keyClick(wanted, Qt::Key_Return);
+    const int place = pages->textCursor().position();
+    QTest::keyClick(wanted, Qt::Key_Return);
+    EXPECT_GT(pages->textCursor().position(), place);
+    QTest::keyClick(wanted, Qt::Key_Return);
+    EXPECT_EQ(pages->textCursor().position(), place) << "behind the last comes the first";
+    emit pages->anchorClicked(QUrl("second.html"));
+    EXPECT_TRUE(pages->toPlainText().contains("Depths"));
+    QTest::mouseClick(window.findChild<QToolButton*>("Back"), Qt::LeftButton);
+    EXPECT_TRUE(pages->toPlainText().contains("Curves"));
+    QTest::mouseClick(window.findChild<QToolButton*>("Contents"), Qt::LeftButton);
+    EXPECT_TRUE(pages->toPlainText().contains("All chapters"));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace

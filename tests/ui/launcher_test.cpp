@@ -5,6 +5,7 @@
 #include "core/files.h"
 #include "support/test_ports.h"
 #include "ui/qt_launcher.h"
+#include "ui/running/tool_run.h"
 
 namespace tarnvik {
 namespace {
@@ -62,6 +63,30 @@ TEST_F(RealLauncher, a_run_can_be_stopped) {
     EXPECT_EQ(result.Done, 0U);
     EXPECT_FALSE(File_Exists(Folder / "ran"));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+}
+
+TEST_F(RealLauncher, a_tool_of_the_user_goes_before_our_own_of_that_name) {
+    const auto put = [this](const std::string& name) {
+        std::filesystem::create_directories(std::filesystem::path(Folder / name).parent_path());
+        ASSERT_EQ(Replace_File(Folder / name, "#!/bin/sh\n"), "");
+        std::filesystem::permissions(Folder / name, std::filesystem::perms::owner_all);
+    };
+    const QString folder = QString::fromStdString(Folder.Path);
+    const auto found = [&folder](const char* name) {
+        const FoundProgram program = Find_Launched(folder + "/" + name, folder);
+        return (QStringList{QString(program.Program).remove(folder)} + program.Before).join(' ');
+    };
+    EXPECT_EQ(found("reverse.exe"), "");
+    put("tools/tarnvik-tools");
+    EXPECT_EQ(found("reverse.exe"), "/tools/tarnvik-tools reverse");
+    EXPECT_EQ(found("conversion.EXE"), "/tools/tarnvik-tools conversion");
+    EXPECT_EQ(found("no_tool_of_ours.exe"), "");
+    // The place where another installation had it.
+    EXPECT_EQ(Find_Launched("C:\\tarnvik\\SEG2su.exe", folder).Before, QStringList{"SEG2su"});
+    put("tools/reverse");
+    EXPECT_EQ(found("reverse.exe"), "/tools/reverse");
+    put("reverse.exe");
+    EXPECT_EQ(found("reverse.exe"), "/reverse.exe");
 }
 
 }  // namespace
