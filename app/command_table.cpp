@@ -312,7 +312,8 @@ const std::array command_table = {
     Command{.Name = "Italian_M", .Menu = language_menu, .Caption = "Italian", .Run = Choose_Language<'I'>, .Checked = Language<&Settings::LangItalian>},
 
     // Info
-    Command{.Name = "Keys_M", .Menu = info_menu, .Caption = "Keys and mouse", .Shortcut = "F1", .Run = Show_Keys},
+    Command{.Name = "Help_M", .Menu = info_menu, .Caption = "Help on this page", .Tooltip = "Chapter of the manual about what is in front", .Shortcut = help_key, .Run = Open_Help},
+    Command{.Name = "Keys_M", .Menu = info_menu, .Caption = "Keys and mouse", .Shortcut = "Shift+F1", .Run = Show_Keys},
     Command{.Name = "Mnu_Info", .Menu = info_menu, .Caption = "Help file", .Icon = "help", .Run = Open_Manual},
     Command{.Name = "WSH", .Menu = info_menu, .Caption = "Tarnvik history", .Run = Open_History},
     Command{.Name = "video", .Menu = info_menu, .Caption = "Videos", .Run = Open_Video},

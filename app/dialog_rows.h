@@ -19,6 +19,7 @@ enum class DialogPlace {
 struct DialogRow {
     Dialog Which;
     const char* Title = "";
+    const char* Chapter = "";  ///< of the manual: name of its file in docs/manual without the ending
     DialogPlace Place = DialogPlace::Dock;
     /// What a press on the curves means while the dialog has the picture; None for one that never takes it.
     DisplayMode Mode = DisplayMode::None;

@@ -9,7 +9,6 @@
 #include "depth/grm_picture.h"
 #include "output/profile_painting.h"
 #include "output/report_picture.h"
-#include "output/section_picture.h"
 #include "records/record_files.h"
 #include "records/record_header.h"
 #include "records/su_loading.h"
@@ -34,6 +33,20 @@ Page Page_On_Screen(const Session& session) {
 
 bool Is_Report(const Session& session, Page page) {
     return page == Page::Section && session.Report.Shown();
+}
+
+PageLayout Layout_Of(const Session& session, Page page) {
+    switch (page) {
+        case Page::Profile:
+            return Profile_Layout();
+        case Page::Record:
+            return Record_Layout();
+        case Page::Section:
+            return Is_Report(session, page) ? Report_Layout() : Section_Layout();
+        case Page::Curves:
+            break;
+    }
+    return Curves_Layout();
 }
 
 bool Page_Can_Be_Drawn(const Session& session, Page page) {
@@ -143,7 +156,8 @@ namespace {
 
 void Draw_Section_Page(Session& session, const PagePictures& pictures) {
     if (!session.Report.Shown()) {
-        Draw_Section(session.Work, session.Section.Scale(), {pictures.Main, pictures.Below, pictures.Beside});
+        Draw_Section(session.Work, session.Section.Scale(),
+                     {pictures.Main, pictures.Below, pictures.Beside, pictures.Room});
         return;
     }
     if (!Page_Can_Be_Drawn(session, Page::Section)) {
@@ -172,7 +186,7 @@ void Draw_Page(Session& session, Page page, const PagePictures& pictures) {
             break;
         case Page::Record:
             Draw_Traces(session.Work, pictures.Main, Su_Path(session.Work.Project),
-                        Curve_Colours(session.Work));
+                        Curve_Colours(session.Work), pictures.Picks);
             Draw_Time_Scale(session.Work.Record, pictures.Beside);
             Draw_Record_Header(session.Work, pictures.Below, Su_Path(session.Work.Project));
             break;

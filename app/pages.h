@@ -1,11 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/frame.h"
+#include "core/page_layout.h"
 #include "core/ports/display.h"
 #include "core/project.h"
+#include "output/section_picture.h"
 #include "records/record_display.h"
 
 namespace tarnvik {
@@ -20,6 +23,8 @@ struct PagePictures {
     Picture& Below;
     Picture& Beside;
     bool OnPaper = true;  ///< or on the screen, where what moves under the hand stands as marks
+    std::optional<SectionRoom> Room = {};  ///< of a coloured section; nothing: as its letters need it
+    bool Picks = true;                     ///< of a field record
 };
 
 /// The colours of the travel-time curves, for the record that shows them too. The project must outlive the
@@ -32,6 +37,9 @@ Page Page_On_Screen(const Session& session);
 /// True for the section's page while it is that of a report, with a title block and axes of its own: it has
 /// no scale strips.
 bool Is_Report(const Session& session, Page page);
+
+/// How the page's picture and its strips stand on one page.
+PageLayout Layout_Of(const Session& session, Page page);
 
 /// True when the page has something to show.
 bool Page_Can_Be_Drawn(const Session& session, Page page);

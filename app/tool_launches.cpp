@@ -40,11 +40,9 @@ void Name_Line(Session& session) {
     std::string unsaved;
     if (!session.Work.Edits.Is_Saved() && !session.Work.CompanionFolder.empty()) {
         unsaved = session.Work.CompanionFolder + "/unsaved.tv5";
-        Project copy = project;
-        copy.TotalTime -= 1;  // writing raises it
         std::error_code failed;
         std::filesystem::create_directories(session.Work.CompanionFolder, failed);
-        if (!Replace_File(unsaved, Project_Bytes(copy)).empty()) unsaved.clear();
+        if (!Replace_File(unsaved, Project_Bytes(project)).empty()) unsaved.clear();
     }
     Write_Setting(session.SettingsFile, "Tools", unsaved_line_key, unsaved);
 }
@@ -59,11 +57,12 @@ void Launch_Enhancement(Session& session) {
 void Launch_Filter(Session& session) {
     // The filter tool looks the files up in the settings, not on its command line alone.
     Name_Line(session);
-    Start_Tool(session, In_Program_Folder(session, "reverse.exe"), session.Work.Project.SuFile,
+    Start_Tool(session, In_Program_Folder(session, "reverse.exe"), Su_Path(session.Work.Project),
                shell_failure);
 }
 
 void Launch_Trace_Reversal(Session& session) {
+    Name_Line(session);
     Start_Tool(session, In_Program_Folder(session, "reverse.exe"), "", shell_failure);
 }
 

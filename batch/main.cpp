@@ -55,6 +55,8 @@ int Run(int argc, char** argv) {
     Add_Pick(app, request);
     Add_Timebreak(app, request);
     Add_Su_Chain(app, request);
+    Add_Su_Convert(app, request);
+    Add_Filter(app, request);
     Add_Section(app, request);
     Add_Table(app, request);
     Add_Export(app, request);

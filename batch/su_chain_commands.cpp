@@ -1,33 +1,22 @@
 // su-window, su-stack, su-resample and su-shift: SU files rewritten as a whole.
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
-#include <functional>
-#include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <system_error>
 
 #include "batch/commands.h"
 #include "batch/option_checks.h"
-#include "core/files.h"
+#include "batch/su_rewrite.h"
 #include "core/text/number.h"
 #include "processing/rewrite_su.h"
 #include "processing/shift_traces.h"
 #include "processing/su_chain.h"
 #include "records/su_file.h"
-#include "records/su_loading.h"
 
 namespace tarnvik {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-/// What makes the output of a command from its input; a text is the reason why it could not.
-using Make = std::function<std::string(BatchRun& run, const std::string& source, const std::string& target,
-                                       Json& json)>;
 
 std::string Reason_Of(const ChainEnd& end) {
     if (end.Missing) return "Unable to launch  " + end.Tool;
@@ -36,68 +25,6 @@ std::string Reason_Of(const ChainEnd& end) {
 
 ChainTools Tools_Of(BatchRun& run) {
     return {run.Program.Outside.Launch, run.Program.Work.Edits};
-}
-
-/// Takes the records up, with the channels that are told or else found. The reason of a refusal.
-std::string Open(BatchRun& run, const std::string& path, int channels) {
-    Workspace& work = run.Program.Work;
-    if (!File_Exists(path)) return path + ": This file does not exist !";
-    work.Project.SuFile = path;
-    Start_With_SU_File(work, path);
-    work.Record.TwinSuFile.clear();
-    if (!Scan_Channels(work, path) || work.Record.NbTraces < 1)
-        return path + ": no records found in this file";
-    if (channels > 0) Store_If_It_Fits(work.Record.ChannelsPerRecord, channels);
-    if (work.Record.ChannelsPerRecord > 0)
-        work.Record.NbRecords = static_cast<std::int16_t>(
-            CInt(double(work.Record.NbTraces) / work.Record.ChannelsPerRecord).value_or(0));
-    return {};
-}
-
-/// The result under the name of the option; where it cannot be made nothing is left there.
-std::string Write_Result(BatchRun& run, const CommonOptions& common, const std::string& source,
-                         const Make& make, Json& json) {
-    const FreshFile fresh(run.Program.Work.Edits, std::filesystem::absolute(common.Out).string());
-    std::string reason = make(run, source, fresh.Name(), json);
-    if (reason.empty() && SuTraces(fresh.Name()).Length() == 0) reason = "no trace is kept";
-    if (!reason.empty()) return reason;
-    std::error_code failed;
-    std::filesystem::rename(fresh.Name(), fresh.Path(), failed);
-    if (failed) return common.Out + " cannot be written: " + failed.message();
-    Flush_Folder_Of(fresh.Path());
-    return {};
-}
-
-ExitStatus Rewrite(const CommonOptions& common, const std::string& folder, int channels, const Make& make) {
-    BatchRun run(common, folder);
-    Json json;
-    const std::string source = std::filesystem::absolute(common.ProjectFile).string();
-    bool done = false;
-    std::string reason = Open(run, source, channels);
-    if (!reason.empty()) {
-        run.Refuse(reason);
-    } else if (run.May_Write(common.Out)) {
-        reason = Write_Result(run, common, source, make, json);
-        done = reason.empty() || run.Refuse(reason);
-    }
-    if (common.Json) {
-        json["file"] = done ? common.Out : std::string();
-        json["messages"] = run.Prompts.Messages();
-        std::cout << json.dump(1, ' ', false, Json::error_handler_t::replace) << "\n";
-    } else if (done) {
-        std::cout << common.Out << ": " << SuTraces(common.Out).Nb_Traces().value_or(0) << " traces\n";
-    }
-    return done ? Done : Refused;
-}
-
-struct Range {
-    int First = 0;
-    int Last = 0;
-};
-
-Range Range_Of(const std::string& text) {
-    const auto colon = text.find(':');
-    return {CLng(Val(text)).value_or(0), CLng(Val(text.substr(colon + 1))).value_or(0)};
 }
 
 struct WindowOptions {
@@ -120,7 +47,7 @@ std::string Window(BatchRun& run, const WindowOptions& options, const std::strin
     Workspace& work = run.Program.Work;
     const ChainTools tools = Tools_Of(run);
     if (!options.Extract.empty()) {
-        const Range range = Range_Of(options.Extract);
+        const TraceNumbers range = Trace_Numbers(options.Extract);
         const int count = Channels_Kept(source, range.First, range.Last);
         if (count < 1) return "No trace of " + source + " has a channel in this range";
         return Reason_Of(Extract_Channels(tools, source, target, range.First, range.Last, count));
@@ -159,12 +86,13 @@ struct ShiftOptions {
 };
 
 std::string Shift(BatchRun& run, const ShiftOptions& options, const std::string& source,
-                  const std::string& target, Json& json) {
+                  const std::string& target, SuReport& json) {
     const RecordView& view = run.Program.Work.Record;
     const auto samples = Samples_To_Shift(options.Shift, view.SampleInterval);
     if (!samples) return CStr(options.Shift) + " ms is no number of samples of this file";
-    Range range = options.All ? Range{1, view.NbTraces} : Range{options.Trace, options.Trace};
-    if (!options.Traces.empty()) range = Range_Of(options.Traces);
+    TraceNumbers range =
+        options.All ? TraceNumbers{1, view.NbTraces} : TraceNumbers{options.Trace, options.Trace};
+    if (!options.Traces.empty()) range = Trace_Numbers(options.Traces);
     if (range.Last > view.NbTraces) return "this file holds traces 1 to " + CStr(double(view.NbTraces));
     const TraceShift shift = Shift_Trace_Samples(source, target, range.First, range.Last, *samples);
     if (!shift.Failure.empty()) return shift.Failure;
@@ -175,27 +103,8 @@ std::string Shift(BatchRun& run, const ShiftOptions& options, const std::string&
     return {};
 }
 
-CLI::App* Add(CLI::App& app, Request& request, const std::string& name, const std::string& help) {
-    CLI::App* command = app.add_subcommand(name, help);
-    command->add_option("FILE", request.Common.ProjectFile, "field records (.su)")->required();
-    command->add_option("--out", request.Common.Out, "SU file to write")
-        ->required()
-        ->check(Name_Ending_In({".su"}));
-    Add_Answers(*command, request.Common);
-    return command;
-}
-
-/// The command makes its output so.
-void Runs(CLI::App* command, Request& request, Make make, std::shared_ptr<int> channels = nullptr) {
-    command->callback([&request, make, channels] {
-        request.Run = [make, channels](const CommonOptions& common, const std::string& folder) {
-            return Rewrite(common, folder, channels ? *channels : 0, make);
-        };
-    });
-}
-
 void Add_Window(CLI::App& app, Request& request) {
-    CLI::App* command = Add(app, request, "su-window", "a part of an SU file");
+    CLI::App* command = Add_Su_Rewrite(app, request, "su-window", "a part of an SU file");
     auto options = std::make_shared<WindowOptions>();
     auto* extract = command->add_option("--extract", options->Extract, "channels to keep, FIRST:LAST");
     extract->check(First_To_Last());
@@ -215,23 +124,22 @@ void Add_Window(CLI::App& app, Request& request) {
         if (options->Extract.empty() && options->DropRecord < 1 && options->Key.empty() && !options->Until)
             throw CLI::RequiredError("--extract, --drop-record, --key or --tmax");
     });
-    Runs(command, request,
-         [options](BatchRun& run, const std::string& source, const std::string& target, Json&) {
-             return Window(run, *options, source, target);
-         });
+    Runs_Su_Rewrite(command, request,
+                    [options](BatchRun& run, const std::string& source, const std::string& target,
+                              SuReport&) { return Window(run, *options, source, target); });
 }
 
 void Add_Stack(CLI::App& app, Request& request) {
-    CLI::App* command = Add(app, request, "su-stack", "neighbouring records added trace by trace");
+    CLI::App* command = Add_Su_Rewrite(app, request, "su-stack", "neighbouring records added trace by trace");
     auto plan = std::make_shared<StackPlan>();
     auto channels = std::make_shared<int>(0);
     command->add_option("--first", plan->First, "first record, from 1")->required();
     command->add_option("--last", plan->Last, "last record")->required();
     command->add_option("--channels", *channels, "channels of a record; otherwise of the headers")
         ->check(Number_Between(1, 32767));
-    Runs(
+    Runs_Su_Rewrite(
         command, request,
-        [plan](BatchRun& run, const std::string& source, const std::string& target, Json&) {
+        [plan](BatchRun& run, const std::string& source, const std::string& target, SuReport&) {
             return Stack(run, *plan, source, target);
         },
         channels);
@@ -243,7 +151,7 @@ void Add_Resample(CLI::App& app, Request& request) {
         double Interval = 0;
         double Start = 0;
     };
-    CLI::App* command = Add(app, request, "su-resample", "traces at another sample interval");
+    CLI::App* command = Add_Su_Rewrite(app, request, "su-resample", "traces at another sample interval");
     auto options = std::make_shared<ResampleOptions>();
     command->add_option("--nt", options->Samples, "samples of a trace")
         ->required()
@@ -252,15 +160,16 @@ void Add_Resample(CLI::App& app, Request& request) {
         ->required()
         ->check(Number_Between(1, 32767));
     command->add_option("--tmin", options->Start, "time of the first sample, ms")->check(Any_Number());
-    Runs(command, request,
-         [options](BatchRun& run, const std::string& source, const std::string& target, Json&) {
-             return Reason_Of(Resample(Tools_Of(run), source, target, options->Samples, options->Interval,
-                                       options->Start));
-         });
+    Runs_Su_Rewrite(
+        command, request,
+        [options](BatchRun& run, const std::string& source, const std::string& target, SuReport&) {
+            return Reason_Of(
+                Resample(Tools_Of(run), source, target, options->Samples, options->Interval, options->Start));
+        });
 }
 
 void Add_Shift(CLI::App& app, Request& request) {
-    CLI::App* command = Add(app, request, "su-shift", "the samples of traces moved in time");
+    CLI::App* command = Add_Su_Rewrite(app, request, "su-shift", "the samples of traces moved in time");
     auto options = std::make_shared<ShiftOptions>();
     command->add_option("--shift", options->Shift, "ms, later where it is positive")
         ->required()
@@ -270,10 +179,9 @@ void Add_Shift(CLI::App& app, Request& request) {
     which->add_option("--traces", options->Traces, "traces FIRST:LAST")->check(First_To_Last());
     which->add_flag("--all", options->All, "all traces");
     which->require_option(1);
-    Runs(command, request,
-         [options](BatchRun& run, const std::string& source, const std::string& target, Json& json) {
-             return Shift(run, *options, source, target, json);
-         });
+    Runs_Su_Rewrite(command, request,
+                    [options](BatchRun& run, const std::string& source, const std::string& target,
+                              SuReport& json) { return Shift(run, *options, source, target, json); });
 }
 
 }  // namespace

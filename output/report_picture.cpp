@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/text/number.h"
-#include "output/axis_ticks.h"
 #include "output/hatching.h"
+#include "output/report_axes.h"
 
 namespace tarnvik {
 
@@ -85,8 +85,7 @@ class ReportPainting {
         if (Choices.Geophones) Draw_Geophones();
         if (Choices.Shots) Draw_Shots();
         Main.Box(Window.Left, Window.Top, Window.Right, Window.Bottom, colours::Black, false);
-        Draw_Distances();
-        Draw_Elevations();
+        Draw_Report_Axes(Page, LengthUnit, Main);
     }
 
   private:
@@ -359,34 +358,6 @@ class ReportPainting {
             // Enlarged, the ground may lie at the upper edge of the page.
             if (top < 0) continue;
             Main.Print_At(x - Across(size.Width / 2), z + Upward(py - top), text, colours::Black);
-        }
-    }
-
-    void Draw_Distances() {
-        const double tick = Letter / 3;
-        const double widest = std::max(Main.Size_Of(Tick_Text(Window.Right)).Width, 2 * Letter);
-        for (const double at : Axis_Ticks(Window.Left, Window.Right, Page.Right - Page.Left, 1.8 * widest)) {
-            const std::string text = Tick_Text(at);
-            Main.Line(at, Window.Bottom, at, Window.Bottom - Upward(tick), colours::Black);
-            Main.Print_At(at - Across(Main.Size_Of(text).Width / 2), Window.Bottom - Upward(tick), text,
-                          colours::Black);
-        }
-        const std::string name = "Distance (" + LengthUnit + ")";
-        Main.Print_At((Window.Left + Window.Right) / 2 - Across(Main.Size_Of(name).Width / 2),
-                      Window.Bottom - Upward(tick + 1.05 * Letter), name, colours::Black);
-    }
-
-    void Draw_Elevations() {
-        const double tick = Letter / 3;
-        const auto print = [&](double top, const std::string& text) {
-            Main.Print_At(Window.Left - Across(1.5 * tick + Main.Size_Of(text).Width), top, text,
-                          colours::Black);
-        };
-        print(Window.Top, "Elev. (" + LengthUnit + ")");
-        for (const double at : Axis_Ticks(Window.Bottom, Window.Top, Page.Bottom - Page.Top, 2 * Letter)) {
-            Main.Line(Window.Left - Across(tick), at, Window.Left, at, colours::Black);
-            if (Pixel_Y(at) - Page.Top < 1.6 * Letter) continue;  // the axis' name stands there
-            print(at + Upward(Letter / 2), Tick_Text(at));
         }
     }
 

@@ -27,23 +27,6 @@ constexpr std::array round_exaggerations = {1.0, 1.5, 2.0,  2.5,  3.0,  4.0,  5.
                                             6.0, 8.0, 10.0, 15.0, 20.0, 30.0, 50.0};
 constexpr double hair = 1 + 1e-9;
 
-double Round_Scale_Not_Below(double least) {
-    if (!(least > 0)) return 1;
-    double power = std::pow(10, std::floor(std::log10(least)));
-    for (const double step : round_scales) {
-        if (step * power * hair >= least) return step * power;
-    }
-    return 10 * power;
-}
-
-double Round_Exaggeration_Not_Above(double most) {
-    double found = round_exaggerations.front();
-    for (const double each : round_exaggerations) {
-        if (each <= most * hair) found = each;
-    }
-    return std::min(found, most);
-}
-
 /// Sizes of a page in pixels.
 struct Page {
     explicit Page(const ReportRoom& room) {
@@ -92,6 +75,23 @@ double Fitting_Scale(const ReportRoom& room, const Page& page) {
 }
 
 }  // namespace
+
+double Round_Scale_Not_Below(double least) {
+    if (!(least > 0)) return 1;
+    double power = std::pow(10, std::floor(std::log10(least)));
+    for (const double step : round_scales) {
+        if (step * power * hair >= least) return step * power;
+    }
+    return 10 * power;
+}
+
+double Round_Exaggeration_Not_Above(double most) {
+    double found = round_exaggerations.front();
+    for (const double each : round_exaggerations) {
+        if (each <= most * hair) found = each;
+    }
+    return std::min(found, most);
+}
 
 ReportFrame Lay_Out_Report(const ReportRoom& room) {
     const Page page(room);

@@ -43,6 +43,10 @@ ReportFrame Lay_Out_Report(const ReportRoom& room);
 /// empty where it can.
 std::string Report_Scale_Fault(const ReportRoom& room);
 
+/// The next round scale that is no larger drawing than 1 to `least`; the next round exaggeration.
+double Round_Scale_Not_Below(double least);
+double Round_Exaggeration_Not_Above(double most);
+
 /// A scale as the user types it, "1:500" or "500"; 0 for other words.
 double Scale_In(const std::string& text);
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/files.h"
+#include "core/ports/passing_prompts.h"
 #include "core/text/number.h"
 #include "output/elevation_extremes.h"
 #include "output/profile.h"
@@ -50,23 +51,6 @@ void Write_Dat(Workspace& workspace, Ports& ports) {
     ports.Ask.Say(path + " cannot be written: " + reason + ".", workspace.AppTitle, Icon::Critical);
 }
 
-/// Answers for a user who has passed over all warnings before, and remembers the last message.
-class PassingPrompts : public Prompts {
-  public:
-    Answer Message(const std::string& text, const std::string&, Icon, Buttons buttons) override {
-        Last = text;
-        // The questions ask whether to give up.
-        return buttons == Buttons::YesNo ? Answer::No : Answer::Ok;
-    }
-    std::string Input(const std::string&, const std::string&, const std::string&) override { return {}; }
-    std::string Open_File(const FileRequest&) override { return {}; }
-    std::string Save_File(const FileRequest&) override { return {}; }
-    std::optional<Colour> Choose_Colour(Colour) override { return std::nullopt; }
-    std::optional<std::string> Choose_Font(const std::string&) override { return std::nullopt; }
-
-    std::string Last;
-};
-
 }  // namespace
 
 bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files) {
@@ -98,11 +82,15 @@ std::string Make_Section_Again(Workspace& workspace, Ports& ports) {
     const SectionElevations between = {view.Grid->MaxElevation, view.Grid->MinElevation};
     // The source chosen for the next section stays chosen.
     const SectionSource chosen = std::exchange(view.Source, view.Grid->Source);
+    const std::string reason = Make_Section_Unasked(workspace, ports, between);
+    view.Source = chosen;
+    return reason;
+}
+
+std::string Make_Section_Unasked(Workspace& workspace, Ports& ports, SectionElevations between) {
     PassingPrompts prompts;
     Ports passing{prompts, ports.Show, ports.Launch};
-    const bool made = Make_Grid_Of_Source(workspace, passing, between);
-    view.Source = chosen;
-    return made ? std::string() : prompts.Last;
+    return Make_Grid_Of_Source(workspace, passing, between) ? std::string() : prompts.Last;
 }
 
 void Command19(Workspace& workspace, Ports& ports) {

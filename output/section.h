@@ -16,6 +16,10 @@ bool Command13(Workspace& workspace, Ports& ports, const FileRoutines& files);
 /// The parts of it for a run without a screen: question and grid, nothing saved or written.
 bool Make_Section(Workspace& workspace, Ports& ports, SectionElevations between);
 
+/// The same without a question: warnings are passed over. Answers why no section is possible, empty when one
+/// stands.
+std::string Make_Section_Unasked(Workspace& workspace, Ports& ports, SectionElevations between);
+
 /// Makes the section that stands anew, of its own source and between its own elevations, after an option or
 /// the line has changed. Asks nothing: a warning that the user has passed over already is passed over again.
 /// Answers why it is no longer possible, the section being gone then.

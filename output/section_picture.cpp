@@ -48,6 +48,7 @@ class SectionPainting {
           Main(pictures.Main),
           Below(pictures.Below),
           Beside(pictures.Beside),
+          Room(pictures.Room),
           Window(Section_In_Sight(workspace)) {}
 
     void Draw() {
@@ -90,10 +91,14 @@ class SectionPainting {
             std::max(Main.Size_Of(Legend_Title()).Width, Main.Size_Of("00000").Width + 3 * Letter) +
             1.5 * Letter;
         // On a very small picture the section needs the room more.
-        LegendShown = View.ShowScale && frame.Width > 3 * wanted;
-        const double right = LegendShown ? wanted : Letter;
+        LegendShown = View.ShowScale && (Room || frame.Width > 3 * wanted);
+        double right = LegendShown ? wanted : Letter;
         Main.Set_Font_Size(Label_Font());
-        const double above = std::min(frame.Height / 3, 2 * Letter + 2 * Main.Size_Of("S").Height);
+        double above = std::min(frame.Height / 3, 2 * Letter + 2 * Main.Size_Of("S").Height);
+        if (Room) {
+            right = Room->Right * Main.Pixels_Per_Point();
+            above = Room->Above * Main.Pixels_Per_Point();
+        }
         Set_Usual_Font(Main);
         UnitX = (Window.Right - Window.Left) / std::max(1.0, frame.Width - right);
         UnitY = (Window.Top - Window.Bottom) / std::max(1.0, frame.Height - above);
@@ -325,6 +330,7 @@ class SectionPainting {
     Picture& Main;
     Picture& Below;
     Picture& Beside;
+    const std::optional<SectionRoom> Room;
     const SectionWindow Window;
     double Letter = 0;  ///< height of the usual letters, pixels
     double UnitX = 1;   ///< world units of a pixel

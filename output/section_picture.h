@@ -1,16 +1,26 @@
 #pragma once
 
+#include <optional>
+
 #include "core/ports/picture.h"
 #include "core/workspace.h"
 #include "output/colour_scale.h"
 
 namespace tarnvik {
 
+/// Room around a section in its main picture, points: for the legend on the right, for title and labels
+/// above.
+struct SectionRoom {
+    double Right = 0;
+    double Above = 0;
+};
+
 /// The section and its scale strips, below and on the left.
 struct SectionPictures {
     Picture& Main;
     Picture& Below;
     Picture& Beside;
+    std::optional<SectionRoom> Room = {};  ///< nothing: as the letters need it
 };
 
 /// Draws the part of the section in sight: cells, ground, shots, geophones, the user's labels, the legend of

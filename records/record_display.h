@@ -36,10 +36,10 @@ bool Open_Record(Workspace& workspace, const std::string& path);
 /// Scale and thinning for a picture of this size, and what the headers tell of the record.
 void Measure_Record(Workspace& workspace, const Frame& frame, const std::string& path);
 
-/// The traces alone, with pick marks, shot marker and, when they are wanted, the travel times. Draws on any
-/// picture, so that a file or a page shows what the screen shows.
+/// The traces alone, with pick marks where they are wanted, shot marker and, when they are wanted, the travel
+/// times. Draws on any picture, so that a file or a page shows what the screen shows.
 void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
-                 const ShotColour& shot_colour = {});
+                 const ShotColour& shot_colour = {}, bool with_picks = true);
 
 /// Shows the picks of some traces of the file anew on the record that stands on ecran, without drawing its
 /// traces. Draws the whole record where that does not do: one of them has died or come back to life, or

@@ -191,8 +191,8 @@ Colour Pick_Colour(PickOrigin origin) {
     return origin == PickOrigin::Automatic ? automatic : origin == PickOrigin::Moved ? moved : colours::Red;
 }
 
-void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
-                 const ShotColour& shot_colour) {
+void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path, const ShotColour& shot_colour,
+                 bool with_picks) {
     RecordView& view = workspace.Record;
     if (!view.Overdraw) ecran.Clear();
     // Records that are drawn over one another lie trace upon trace; the scale follows the one drawn last, so
@@ -232,7 +232,7 @@ void Draw_Traces(Workspace& workspace, Picture& ecran, const std::string& path,
     Mark_Shots(workspace, ecran, spread, first, last);
     ecran.Keep_Background();
     Overlay overlay(workspace, ecran, file, spread);
-    overlay.Mark(first, picks);
+    if (with_picks) overlay.Mark(first, picks);
     overlay.Travel_Times(shot_colour);
 }
 

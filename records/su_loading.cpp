@@ -63,9 +63,7 @@ bool Is_Foreign(const SuCheck& check) {
 std::string Choose_SU_File(Workspace& workspace, Ports& ports) {
     for (;;) {
         const std::string path = ports.Ask.Open_File(
-            {"Load ",
-             "Seismic Unix (SU)|*.SU|Seismograph files|*.SG2;*.SEG2;*.DAT;*.SGY;*.SEGY|All files|*.*|",
-             "*.SU", workspace.Project.ProjectDir});
+            {"Load ", "Seismic Unix (SU)|*.SU|All files|*.*|", "*.SU", workspace.Project.ProjectDir});
         if (path.empty()) return path;
         const std::string refusal = Path_Refusal(path);
         if (refusal.empty()) return path;

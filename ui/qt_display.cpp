@@ -10,10 +10,12 @@
 #include <QPrinterInfo>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "app/dialog_rows.h"
+#include "app/documents.h"
 #include "app/pages.h"
 #include "app/session.h"
 #include "ui/main_window.h"
@@ -104,6 +106,16 @@ std::optional<Tab> QtDisplay::Tab_In_Sight() const {
     return Window->Tab_In_Sight();
 }
 
+std::optional<Dialog> QtDisplay::Dialog_In_Front() const {
+    const QWidget* focus = QApplication::focusWidget();
+    const QWidget* window = QApplication::activeWindow();
+    for (const auto& [dialog, open] : Open) {
+        if (!open.Shell) continue;
+        if (open.Shell == window || (focus != nullptr && open.Shell->isAncestorOf(focus))) return dialog;
+    }
+    return std::nullopt;
+}
+
 void QtDisplay::Forget(Dialog dialog) {
     const auto found = Open.find(dialog);
     if (found == Open.end()) return;
@@ -132,10 +144,16 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     Form* form = made.get();
     const QString title = QString::fromUtf8(row->Title);
     form->Close_Me = [this, dialog] { Close_Dialog(dialog); };
+    // A tool window has the keys of the main one; a window of its own must bring this along.
+    const auto help_by_key = [this, row](QWidget* shell) {
+        new QShortcut(QKeySequence(help_key), shell,
+                      [this, chapter = std::string(row->Chapter)] { Open_Chapter(*Owner, chapter); });
+    };
 
     if (modal || row->Place == DialogPlace::Box) {
         auto* box = new QDialog(Window);
         box->setWindowTitle(title);
+        help_by_key(box);
         auto* layout = new QVBoxLayout(box);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSizeConstraint(QLayout::SetMinimumSize);
@@ -155,6 +173,7 @@ void QtDisplay::Open_Dialog(Dialog dialog, bool modal) {
     if (row->Place == DialogPlace::Window) {
         made->setParent(Window, Qt::Window);
         made->setWindowTitle(title);
+        help_by_key(form);
         made->setObjectName("Window" + QString::number(static_cast<int>(dialog)));
         made.release();
         Window->Place_Window(form);
@@ -211,20 +230,6 @@ Form* QtDisplay::Open_Form(Dialog dialog) const {
     return found == Open.end() ? nullptr : found->second.Content;
 }
 
-PageLayout QtDisplay::Layout_Of(Page page) const {
-    switch (page) {
-        case Page::Profile:
-            return Profile_Layout();
-        case Page::Record:
-            return Record_Layout();
-        case Page::Section:
-            return Is_Report(*Owner, page) ? Report_Layout() : Section_Layout();
-        case Page::Curves:
-            break;
-    }
-    return Curves_Layout();
-}
-
 DrawPage QtDisplay::Page_Drawing(Page page) {
     return [this, page](Picture& main, Picture& below, Picture& beside) {
         Draw_Page(*Owner, page, PagePictures{main, below, beside});
@@ -254,12 +259,12 @@ bool QtDisplay::Print_Page(Page page) {
     const QSizeF paper = Printer().pageRect(QPrinter::Millimeter).size();
     if (!Scale_May_Change(*Owner, page, paper.width(), paper.height())) return true;
     const QString family = QString::fromStdString(Owner->Work.Settings.FontName);
-    return tarnvik::Print_Page(Printer(), Layout_Of(page), family, Page_Drawing(page)).empty();
+    return tarnvik::Print_Page(Printer(), Layout_Of(*Owner, page), family, Page_Drawing(page)).empty();
 }
 
 std::string QtDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
-    return Write_Picture_File(path, format, Layout_Of(page),
+    return Write_Picture_File(path, format, Layout_Of(*Owner, page),
                               QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
                               Page_Titles(page));
 }
@@ -267,7 +272,7 @@ std::string QtDisplay::Save_Page(Page page, const std::string& path, const Pictu
 std::string QtDisplay::Copy_Page(Page page, const PictureFormat& format) {
     if (!Page_Can_Be_Drawn(*Owner, page)) return "nothing is drawn";
     const auto made = [&](const char* ending) {
-        return Make_Picture(ending, format, Layout_Of(page),
+        return Make_Picture(ending, format, Layout_Of(*Owner, page),
                             QString::fromStdString(Owner->Work.Settings.FontName), Page_Drawing(page),
                             Page_Titles(page));
     };

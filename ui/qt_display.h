@@ -31,6 +31,7 @@ class QtDisplay : public SessionDisplay {
     void Show_Marks(Canvas canvas, MarkLayer layer, std::vector<Mark> marks) override;
     void Select_Tab(Tab tab) override;
     std::optional<Tab> Tab_In_Sight() const override;
+    std::optional<Dialog> Dialog_In_Front() const override;
     void Open_Dialog(Dialog dialog, bool modal) override;
     void Close_Dialog(Dialog dialog) override;
     void Bring_To_Front(Dialog dialog) override;
@@ -61,7 +62,6 @@ class QtDisplay : public SessionDisplay {
     };
     void Forget(Dialog dialog);
     DrawPage Page_Drawing(Page page);
-    PageLayout Layout_Of(Page page) const;
     TitleTexts Page_Titles(Page page);
     QPrinter& Printer();
 

@@ -46,6 +46,7 @@ TracePreview::TracePreview(QWidget* parent) : QWidget(parent), Plot(new QCustomP
     Plot->yAxis->setLabel(tr("Time (ms)"));
     Plot->xAxis->setVisible(false);
     Plot->xAxis2->setVisible(true);
+    Plot->xAxis2->setTickLabels(true);
     Plot->xAxis2->setLabel(tr("Trace"));
     Plot->xAxis2->grid()->setVisible(false);
     Plot->axisRect()->setupFullAxesBox(false);

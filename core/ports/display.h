@@ -112,6 +112,8 @@ class Display {
     virtual void Select_Tab(Tab tab) = 0;
     /// The tab in sight; nothing without a window.
     virtual std::optional<Tab> Tab_In_Sight() const { return std::nullopt; }
+    /// The dialog that has the keyboard; nothing while the main window has it, and without a window.
+    virtual std::optional<Dialog> Dialog_In_Front() const { return std::nullopt; }
     /// Opens a dialog; a modal one returns when it is closed.
     virtual void Open_Dialog(Dialog dialog, bool modal) = 0;
     virtual void Close_Dialog(Dialog dialog) = 0;

@@ -42,10 +42,11 @@ struct FieldFile {
     std::optional<std::int64_t> Shot;  ///< number of the first shot by the headers
     std::vector<std::string> Assumed;  ///< how it was read where the file leaves a choice; a sentence each
     std::vector<std::string> Faults;   ///< what is wrong with it; a sentence each
-    std::vector<std::string> Notes;    ///< lines of text that came with it (text header, NOTE strings)
-    bool Usable = false;               ///< traces can be taken from it; otherwise Faults tells why not
-    std::vector<FieldTrace> Preview;   ///< first traces
-    std::int64_t Written = 0;          ///< traces that a conversion took from it
+    std::vector<std::string>
+        Notes;  ///< lines of text that came with it (text header, strings of the file and of its first trace)
+    bool Usable = false;              ///< traces can be taken from it; otherwise Faults tells why not
+    std::vector<FieldTrace> Preview;  ///< first traces
+    std::int64_t Written = 0;         ///< traces that a conversion took from it
 };
 
 }  // namespace tarnvik

@@ -387,6 +387,7 @@ const std::vector<Row>& Rows() {
         {"German_M", nothing, language(&Settings::LangGerman)},
         {"Italian_M", nothing, language(&Settings::LangItalian)},
 
+        {"Help_M", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
         {"Keys_M", nothing, Opens(Dialog::Keys)},
         {"Mnu_Info", nothing, [](W& w) { return w.Said("You must install tv16.pdf"); }},
         {"Dark_M", nothing, [](W& w) { return w.Program.Work.Fields.DarkWindows; }},

@@ -79,6 +79,11 @@ TEST_F(Commands, the_filter_finds_the_field_records_in_the_settings) {
     Run_Command(Program, "filtr");
     EXPECT_NE(Read_File(Folder / "Tarnvik32.INI")->find("SU=/data/a.su"), std::string::npos);
     EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/data/a.su|.");
+    // A project names its records beside it without a folder; the tool runs in another one.
+    Program.Work.Project.CurrentFile = "/lines/a.tv5";
+    Program.Work.Project.SuFile = "a.su";
+    Run_Command(Program, "filtr");
+    EXPECT_EQ(World.Launcher.Started.back(), "./reverse.exe|/lines/a.su|.");
     // What is not saved is in a copy that the tools print.
     ASSERT_TRUE(Open_File_Named(Program, Project_File()));
     Program.Work.CompanionFolder = Folder / "projects";

@@ -1,5 +1,6 @@
 #include <map>
 
+#include "app/session.h"
 #include "ui/form.h"
 #include "ui/forms/abc_grid_form.h"
 #include "ui/forms/auto_pik_form.h"

@@ -7,16 +7,11 @@
 namespace tarnvik {
 
 std::string HeadlessDisplay::Save_Page(Page page, const std::string& path, const PictureFormat& format) {
-    const PageLayout layout = page == Page::Curves      ? Curves_Layout()
-                              : page == Page::Profile   ? Profile_Layout()
-                              : Is_Report(*Owner, page) ? Report_Layout()
-                              : page == Page::Section   ? Section_Layout()
-                                                        : Record_Layout();
     PictureFormat with_title = format;
     // A report has a title block of its own.
     if (Is_Report(*Owner, page)) with_title.TitleBlock = false;
     return Write_Picture_File(
-        path, with_title, layout, QString::fromStdString(Owner->Work.Settings.FontName),
+        path, with_title, Layout_Of(*Owner, page), QString::fromStdString(Owner->Work.Settings.FontName),
         [this, page](Picture& main, Picture& strip_x, Picture& strip_y) {
             Draw_Page(*Owner, page, {main, strip_x, strip_y});
         },

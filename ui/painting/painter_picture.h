@@ -10,19 +10,11 @@
 #include <utility>
 #include <vector>
 
+#include "core/page_layout.h"
 #include "core/ports/picture.h"
 #include "ui/painting/pixel_figures.h"
 
 namespace tarnvik {
-
-/// Room around the world window of a picture, in points. Figures end at the window; texts may run into the
-/// room and are moved so far that none is cut.
-struct PictureMargins {
-    double Left = 0;
-    double Top = 0;
-    double Right = 0;
-    double Bottom = 0;
-};
 
 /// The verbs of a picture on any painter: screen, image, page or file. Coordinates of the painter are device
 /// pixels. Rasters get whole-pixel lines, vector devices the exact places. World coordinates that are no

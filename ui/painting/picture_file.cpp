@@ -63,26 +63,6 @@ QByteArray Bitmap_Bytes(const QImage& image, const char* format) {
 
 }  // namespace
 
-PageLayout Curves_Layout() {
-    return {{.Left = 22, .Top = 6, .Right = 22, .Bottom = 14}, 30, 44};
-}
-
-PageLayout Profile_Layout() {
-    return {{.Left = 6, .Top = 6, .Right = 6, .Bottom = 6}, 0, 44};
-}
-
-PageLayout Section_Layout() {
-    return {{.Left = 0, .Top = 4, .Right = 6, .Bottom = 0}, 34, 52};
-}
-
-PageLayout Report_Layout() {
-    return {};
-}
-
-PageLayout Record_Layout() {
-    return {{.Left = 0, .Top = 0, .Right = 1, .Bottom = 1}, 0, 56, 24, 50};
-}
-
 void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
                const PageLayout& layout, const QString& font_family, const DrawPage& draw) {
     double below = layout.StripX * pixels_per_point;
@@ -192,17 +172,11 @@ void Draw_Titled_Page(QPainter& painter, const QRectF& area, double density, boo
 
 }  // namespace
 
-MadePicture Make_Picture(const std::string& ending, const PictureFormat& format, const PageLayout& layout,
-                         const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
+MadePicture Make_Drawing(const std::string& ending, const PictureFormat& format,
+                         const std::function<void(const DrawingPaper&)>& paint) {
     const QSizeF paper = QSizeF(format.Width, format.Height) / format.Dpi;  // inches
-    const auto paint = [&](QPainter& painter, const QSizeF& size, double dots_an_inch, bool raster) {
-        const QRectF area(QPointF(0, 0), size);
-        const double density = dots_an_inch / points_an_inch;
-        if (format.TitleBlock && title) {
-            Draw_Titled_Page(painter, area, density, raster, layout, font_family, draw, title);
-        } else {
-            Draw_Page(painter, area, density, raster, layout, font_family, draw);
-        }
+    const auto paint_on = [&](QPainter& painter, const QSizeF& size, double dots_an_inch, bool raster) {
+        paint({painter, QRectF(QPointF(0, 0), size), dots_an_inch / points_an_inch, raster});
     };
     MadePicture made;
     if (ending == ".png" || ending == ".jpg" || ending == ".jpeg" || ending == ".bmp") {
@@ -213,7 +187,7 @@ MadePicture Make_Picture(const std::string& ending, const PictureFormat& format,
         image.setDotsPerMeterY(dots_a_metre);
         image.fill(Qt::white);
         QPainter painter(&image);
-        paint(painter, image.size(), format.Dpi, true);
+        paint_on(painter, image.size(), format.Dpi, true);
         painter.end();
         made.Bytes = Bitmap_Bytes(image, ending.c_str() + 1);
     } else if (ending == ".svg") {
@@ -226,7 +200,7 @@ MadePicture Make_Picture(const std::string& ending, const PictureFormat& format,
         generator.setSize(nominal);
         generator.setViewBox(QRect(QPoint(0, 0), nominal * svg_grid));
         QPainter painter(&generator);
-        paint(painter, nominal * svg_grid, svg_grid * pixels_an_inch, false);
+        paint_on(painter, nominal * svg_grid, svg_grid * pixels_an_inch, false);
     } else if (ending == ".pdf") {
         QBuffer buffer(&made.Bytes);
         buffer.open(QIODevice::WriteOnly);
@@ -238,12 +212,12 @@ MadePicture Make_Picture(const std::string& ending, const PictureFormat& format,
         writer.setPageMargins(QMarginsF(0, 0, 0, 0));
         QPainter painter;
         if (!painter.begin(&writer)) return {{}, "The page cannot be printed"};
-        paint(painter, QSizeF(writer.width(), writer.height()), writer.logicalDpiX(), false);
+        paint_on(painter, QSizeF(writer.width(), writer.height()), writer.logicalDpiX(), false);
         if (!painter.end()) return {{}, "The page cannot be printed"};
     } else if (ending == ".wmf") {
         MetafileDevice device(paper);
         QPainter painter(&device);
-        paint(painter, device.Size(), device.Dots_An_Inch(), false);
+        paint_on(painter, device.Size(), device.Dots_An_Inch(), false);
         painter.end();
         made.Bytes = device.Bytes();
     } else {
@@ -251,6 +225,18 @@ MadePicture Make_Picture(const std::string& ending, const PictureFormat& format,
     }
     if (made.Bytes.isEmpty()) made.Reason = "The picture cannot be made";
     return made;
+}
+
+MadePicture Make_Picture(const std::string& ending, const PictureFormat& format, const PageLayout& layout,
+                         const QString& font_family, const DrawPage& draw, const TitleTexts& title) {
+    return Make_Drawing(ending, format, [&](const DrawingPaper& paper) {
+        if (format.TitleBlock && title) {
+            Draw_Titled_Page(paper.Painter, paper.Area, paper.Density, paper.Raster, layout, font_family,
+                             draw, title);
+        } else {
+            Draw_Page(paper.Painter, paper.Area, paper.Density, paper.Raster, layout, font_family, draw);
+        }
+    });
 }
 
 std::string Write_Picture_File(const std::string& path, const PictureFormat& format, const PageLayout& layout,

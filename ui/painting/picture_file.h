@@ -8,32 +8,15 @@
 #include <vector>
 
 #include "core/frame.h"
+#include "core/page_layout.h"
 #include "core/ports/display.h"
+#include "core/sheet.h"
 #include "ui/painting/painter_picture.h"
 
 namespace tarnvik {
 
-/// How a picture and its scale strips stand on one page: the strip of x under the picture, or a header above
-/// it in its place, the strip of y left of it. Sizes in points; a strip of size 0 is not there.
-struct PageLayout {
-    PictureMargins Margins;  ///< of the picture itself
-    double StripX = 0;       ///< height of the strip under the picture
-    double StripY = 0;       ///< width of the strip beside it
-    double StripYRoom = 0;   ///< width of its right part that is for texts alone
-    double Header = 0;  ///< height of the header above picture and strip of y; its left margin is as wide
-                        ///< as that strip
-};
-
-/// The layouts of the program's pictures; the screen uses the same numbers.
-PageLayout Curves_Layout();
-PageLayout Profile_Layout();
-PageLayout Record_Layout();
-PageLayout Section_Layout();
-/// The section page of a report has its axes and its margins in the picture itself.
-PageLayout Report_Layout();
-
 /// Draws the page on three pictures. A strip that the layout lacks swallows what is drawn on it.
-using DrawPage = std::function<void(Picture& main, Picture& strip_x, Picture& strip_y)>;
+using DrawPage = DrawPart;
 
 /// One page on a painter whose coordinates are pixels.
 void Draw_Page(QPainter& painter, const QRectF& area, double pixels_per_point, bool raster,
@@ -56,6 +39,17 @@ struct MadePicture {
     QByteArray Bytes;
     std::string Reason;
 };
+
+/// What a picture file is painted on: an area in pixels of the painter, `Density` of them a point.
+struct DrawingPaper {
+    QPainter& Painter;
+    QRectF Area;
+    double Density = 1;
+    bool Raster = true;
+};
+/// A picture file of any drawing, of the kinds of Make_Picture; the size alone counts of the format.
+MadePicture Make_Drawing(const std::string& ending, const PictureFormat& format,
+                         const std::function<void(const DrawingPaper&)>& paint);
 
 /// The page as a picture of the kind that the ending tells: ".png", ".jpg", ".jpeg" or ".bmp", or ".svg",
 /// ".pdf" or ".wmf", which get the size that the pixels of `format` have on paper. A title block stands under

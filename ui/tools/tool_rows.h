@@ -21,6 +21,7 @@ struct ToolRow {
     std::string_view Name;   ///< that it is launched by, without ".exe"
     std::string_view Title;  ///< of its window
     std::unique_ptr<Form> (*Make)(ToolStart& start);
+    const char* Chapter = "";  ///< of the manual: name of its file in docs/manual without the ending
 };
 
 std::span<const ToolRow> Tool_Rows();

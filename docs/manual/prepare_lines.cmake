@@ -1,0 +1,43 @@
+# The demo lines as they are interpreted by ./run without a display: from BATCH, DEMO and COMPANIONS
+# into WORK.
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+foreach(folder plain interpreted)
+  configure_file(${DEMO}/demo1.tv5 ${WORK}/${folder}/demo1.tv5 COPYONLY)
+  configure_file(${DEMO}/demo1.su ${WORK}/${folder}/demo1.su COPYONLY)
+endforeach()
+configure_file(${DEMO}/demo2.tv5 ${WORK}/undulating/demo2.tv5 COPYONLY)
+configure_file(${DEMO}/demo1.su ${WORK}/line/demo1.su COPYONLY)
+foreach(companion default.lvl tarnvik.lvl tarnvik.clr)
+  configure_file(${COMPANIONS}/${companion} ${WORK}/${companion} COPYONLY)
+endforeach()
+
+function(step)
+  execute_process(COMMAND ${BATCH} ${ARGN} WORKING_DIRECTORY ${WORK} RESULT_VARIABLE status OUTPUT_VARIABLE told
+    ERROR_VARIABLE messages)
+  if(NOT status EQUAL 0)
+    list(JOIN ARGN " " line)
+    message(FATAL_ERROR "tarnvik-batch ${line}: ${told}${messages}")
+  endif()
+endfunction()
+
+foreach(stretch "2;1;1;4;--start-at-shot" "2;2;5;9" "2;3;10;24" "3;1;8;12;--start-at-shot" "3;2;4;7" "3;3;1;3"
+    "3;1;13;17;--start-at-shot" "3;2;18;21" "3;3;22;24" "4;1;20;24;--start-at-shot" "4;2;16;19" "4;3;1;15")
+  list(POP_FRONT stretch shot layer first last)
+  step(velocity interpreted/demo1.tv5 --shot ${shot} --layer ${layer} --from ${first} --to ${last} ${stretch} --record --save)
+endforeach()
+step(depth interpreted/demo1.tv5 --method intercept --record --save)
+foreach(folder plain interpreted)
+  step(table ${folder}/demo1.tv5 resu --out ${folder}/demo1.csv)
+endforeach()
+
+step(velocity undulating/demo2.tv5 --shot 2 --layer 1 --from 1 --to 20 --start-at-shot --record --save)
+step(velocity undulating/demo2.tv5 --shot 3 --layer 1 --from 30 --to 48 --start-at-shot --record --save)
+step(truevelocity undulating/demo2.tv5 --shots 1,4 --from 1 --to 48 --layer 2 --for 2,3 --record --save)
+step(delay undulating/demo2.tv5 --fixed 2,3 --moving 1,4 --shifts 20,24 --total-time 94.5 --record --save --grm-file)
+step(abc undulating/demo2.tv5 --layers 2 --record --save)
+set(film)
+foreach(receiver 1 48)
+  list(APPEND film --cell 4,${receiver},899 --cell 5,${receiver},900 --cell 6,${receiver},2400 --cell 7,${receiver},0.01)
+endforeach()
+step(grm-depth undulating/demo2.tv5 --xy 6 --vref 2400 ${film} --record)
