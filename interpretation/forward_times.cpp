@@ -17,12 +17,10 @@ constexpr double room_beside = 0.02;  ///< of the length, left and right
 constexpr double room_below = 0.15;   ///< of the greatest depth, below the deepest interface
 
 /// The part of the section that the waves use.
-SectionWindow Window_Of(const ForwardRequest& request) {
-    SectionWindow window;
-    window.Left = window.Top = std::numeric_limits<double>::infinity();
-    window.Right = window.Bottom = -window.Left;
-    window.Top = -std::numeric_limits<double>::infinity();
-    window.Bottom = std::numeric_limits<double>::infinity();
+GroundWindow Window_Of(const ForwardRequest& request) {
+    GroundWindow window;
+    window.Left = window.Bottom = std::numeric_limits<double>::infinity();
+    window.Right = window.Top = -std::numeric_limits<double>::infinity();
     for (const auto* places : {&request.Shots, &request.Receivers}) {
         for (const LinePlace& place : *places) {
             window.Left = std::min(window.Left, place.X);
@@ -34,8 +32,10 @@ SectionWindow Window_Of(const ForwardRequest& request) {
     const double length = std::max(window.Right - window.Left, 1e-6);
     window.Left -= room_beside * length;
     window.Right += room_beside * length;
-    for (const LineValues::Knot& knot : request.Section.Ground.All())
+    for (const LineValues::Knot& knot : request.Section.Ground.All()) {
         window.Top = std::max(window.Top, knot.Value);
+        window.Bottom = std::min(window.Bottom, knot.Value);
+    }
     for (const LineValues& line : request.Section.Interfaces) {
         for (const LineValues::Knot& knot : line.All())
             window.Bottom = std::min(window.Bottom, knot.Value);
@@ -52,7 +52,7 @@ ForwardResult First_Arrivals(const ForwardRequest& request, const ForwardProgres
     result.Times.assign(request.Shots.size(), std::vector<double>(request.Receivers.size(), -1));
     if (request.Shots.empty() || request.Receivers.empty() || request.Section.Velocities.empty())
         return result;
-    SectionWindow window = Window_Of(request);
+    GroundWindow window = Window_Of(request);
     const double area = (window.Right - window.Left) * (window.Top - window.Bottom);
     result.Cell = std::sqrt(area / std::max(request.Nodes, 1000.0));
     window.Top += 2 * result.Cell;  // the square above the highest ground

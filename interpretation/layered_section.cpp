@@ -56,7 +56,7 @@ double LayeredSection::Distance_To_Interface(double x, double z) const {
     return nearest;
 }
 
-SlownessGrid Grid_Of_Section(const LayeredSection& section, const SectionWindow& window, double cell) {
+SlownessGrid Grid_Of_Section(const LayeredSection& section, const GroundWindow& window, double cell) {
     constexpr double ms_a_second = 1000;
     SlownessGrid grid;
     grid.Left = window.Left;

@@ -40,7 +40,7 @@ struct LayeredSection {
 };
 
 /// Part of the section that a grid covers.
-struct SectionWindow {
+struct GroundWindow {
     double Left = 0;
     double Right = 0;
     double Top = 0;  ///< elevation
@@ -51,6 +51,6 @@ struct SectionWindow {
 /// the mean velocity of its parts, by which a wave along the interface comes less late than by the mean of
 /// their slownesses. Above ground the first layer goes on for one square, so that a wave along a slope does
 /// not run up stairs.
-SlownessGrid Grid_Of_Section(const LayeredSection& section, const SectionWindow& window, double cell);
+SlownessGrid Grid_Of_Section(const LayeredSection& section, const GroundWindow& window, double cell);
 
 }  // namespace tarnvik
