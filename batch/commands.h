@@ -43,6 +43,8 @@ void Add_Timebreak(CLI::App& app, Request& request);
 void Add_Su_Chain(CLI::App& app, Request& request);
 void Add_Su_Convert(CLI::App& app, Request& request);
 void Add_Filter(CLI::App& app, Request& request);
+/// Calculated against picked times.
+void Add_Forward(CLI::App& app, Request& request);
 void Add_Section(CLI::App& app, Request& request);
 void Add_Table(CLI::App& app, Request& request);
 void Add_Export(CLI::App& app, Request& request);

@@ -58,6 +58,7 @@ int Run(int argc, char** argv) {
     Add_Su_Convert(app, request);
     Add_Filter(app, request);
     Add_Section(app, request);
+    Add_Forward(app, request);
     Add_Table(app, request);
     Add_Export(app, request);
     Add_Import(app, request);
