@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QImageReader>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBrowser>
@@ -31,17 +32,29 @@ class PageBrowser : public QTextBrowser {
         setPalette(paper);
         setOpenLinks(false);
         document()->setDocumentMargin(14);
+        document()->setDefaultStyleSheet(
+            "h1, h2, h3 { color: #1f4e79; } a { color: #1f5f99; text-decoration: none; }"
+            "td { padding-right: 12px; padding-bottom: 3px; } th { text-align: left; }"
+            "pre { background-color: #f2f4f6; } blockquote { background-color: #fdf7ea; }");
     }
 
   protected:
+    /// The page in the words that this kind of text knows: a block that it does not know would join the one
+    /// before it.
+    static QByteArray Simpler(const QVariant& page) {
+        QString text = QString::fromUtf8(page.toByteArray());
+        static const QRegularExpression head("<head>.*</head>",
+                                             QRegularExpression::DotMatchesEverythingOption);
+        static const QRegularExpression columns("</?(colgroup|col)( [^>]*)?/?>");
+        static const QRegularExpression blocks("<(/?)(figure|nav)( [^>]*)?>");
+        static const QRegularExpression caption("<figcaption[^>]*>");
+        text.remove(head).remove(columns).replace("</span>", "</span> &nbsp; ");
+        text.replace(caption, "<br><i>").replace("</figcaption>", "</i>").replace(blocks, "<\\1p>");
+        return text.toUtf8();
+    }
     QVariant loadResource(int type, const QUrl& name) override {
         const QUrl place = source().resolved(name);
-        if (type == QTextDocument::StyleSheetResource) {
-            return QString(
-                "h1, h2, h3 { color: #1f4e79; } a { color: #1f5f99; text-decoration: none; }"
-                "th, td { padding: 2px 10px 2px 0; } th { text-align: left; }"
-                "pre { background-color: #f2f4f6; } blockquote { background-color: #fdf7ea; }");
-        }
+        if (type == QTextDocument::HtmlResource) return Simpler(QTextBrowser::loadResource(type, name));
         if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
         QImageReader reader(place.toLocalFile());
         const QSize size = reader.size();
